@@ -1,0 +1,10 @@
+// Gives a window the captions of the language file.
+#pragma once
+
+class QWidget;
+
+/// Replaces the captions, list entries and dialog titles of `window`, which is found in the caption
+/// tables by its objectName ("frmPage"); called at the end of the window's construction. Does
+/// nothing unless the language flag is set, and nothing to a window without a table. A text that
+/// the language file lacks stays as it was.
+void LoadCaptions(QWidget* window);

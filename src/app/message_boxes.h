@@ -1,0 +1,23 @@
+// The message boxes of all windows. Each belongs to its window, blocks it, and shows a text that
+// the caller has looked up.
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+class QWidget;
+
+/// How a message box looks. The defaults are the plain box: no icon, the window's caption as title.
+struct MessageBoxStyle {
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
+  QString title;        ///< Empty: the window's caption.
+  QString informative;  ///< A line below the text that says more; empty: none.
+};
+
+/// Shows `text` with one OK button and returns when it was pressed.
+void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style = {});
+
+enum class SaveAnswer { kYes, kNo, kCancel };
+
+/// Asks whether unsaved work is to be saved; Escape and the close box mean Cancel.
+SaveAnswer AskToSave(QWidget* window);

@@ -1,0 +1,52 @@
+#include "core/file_checks.h"
+
+#include <QFile>
+
+#include "core/files.h"
+#include "core/text.h"
+
+namespace Brivon1 {
+namespace {
+
+/// How a kind of file begins. The rows stand in line `rows_line`, the columns in the next one.
+struct FileKind {
+  const char* header;
+  int rows_line;  // 0: the header carries no dimension
+};
+
+constexpr FileKind kMessageFile{kMessageHeader, 2};
+constexpr FileKind kScheduleFile{kScheduleHeader, 5};
+constexpr FileKind kScrollingFile{kScrollingHeader, 0};
+
+std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
+  QFile file(path);
+  if (!FileExists(path) || file.size() < kShortestFile || !file.open(QIODevice::ReadOnly)) {
+    return std::nullopt;
+  }
+  LineReader lines(file);
+  const std::optional<QByteArray> header = lines.Next();
+  if (!header || TrimBlanks(*header) != kind.header) return std::nullopt;
+  if (kind.rows_line == 0) return Dimension{};
+  for (int line = 2; line < kind.rows_line; ++line) lines.Next();
+  const auto next_number = [&] {
+    return LeadingNumber16(ValueAfterEquals(lines.Next().value_or(QByteArray())));
+  };
+  Dimension dimension;
+  dimension.rows = next_number();
+  dimension.columns = next_number();
+  return dimension;
+}
+
+}  // namespace
+
+std::optional<Dimension> IsMessageFile(const QString& path) {
+  return CheckFile(path, kMessageFile);
+}
+
+std::optional<Dimension> IsScheduleFile(const QString& path) {
+  return CheckFile(path, kScheduleFile);
+}
+
+bool IsScrollingFile(const QString& path) { return CheckFile(path, kScrollingFile).has_value(); }
+
+}  // namespace Brivon1

@@ -1,0 +1,34 @@
+// The three file-type checks: does a file begin as a message, schedule or scrolling file does, and
+// for which panel dimension was it made?
+#pragma once
+
+#include <optional>
+
+#include <QByteArray>
+#include <QString>
+
+namespace Brivon1 {
+
+inline constexpr const char* kMessageHeader = "*** Brivon Message File ***";
+inline constexpr const char* kScheduleHeader = "*** Brivon Schedule File ***";
+inline constexpr const char* kScrollingHeader = "*** Brivon Shift Message File ***";
+
+/// The size of a panel, or of the panel that a file was made for.
+struct Dimension {
+  qint16 rows = 0;
+  qint16 columns = 0;  ///< Dot columns.
+
+  bool operator==(const Dimension&) const = default;
+};
+
+/// The dimension of a page message file, or nothing where `path` names none: a missing file, one of
+/// fewer than 30 bytes, or another header line. The dimension's range is not checked.
+std::optional<Dimension> IsMessageFile(const QString& path);
+
+/// The same for a schedule file.
+std::optional<Dimension> IsScheduleFile(const QString& path);
+
+/// Whether `path` names a scrolling message file.
+bool IsScrollingFile(const QString& path);
+
+}  // namespace Brivon1

@@ -1,0 +1,52 @@
+// Reading and saving the system's files. Reading is bounded, because any bytes may stand in a file;
+// a save is whole or does not happen, because the old file is all that an operator has.
+#pragma once
+
+#include <optional>
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+namespace Brivon1 {
+
+/// Shorter files than this hold no header line and are no file of this system.
+inline constexpr qint64 kShortestFile = 30;
+
+/// The longest line, in bytes, that is read; a file with a longer one is refused.
+inline constexpr qint64 kLongestLine = 1 << 20;
+
+/// Reads a text file line by line. A line ends with CR LF or LF, the last one also with the file.
+class LineReader {
+ public:
+  /// `device` is open for reading and outlives the reader.
+  explicit LineReader(QIODevice& device) : device_(device) {}
+
+  /// The next line without its end, or nothing at the end of the file, after a line of more than
+  /// kLongestLine bytes, and after a read error.
+  std::optional<QByteArray> Next();
+
+ private:
+  QIODevice& device_;
+  bool ended_ = false;
+};
+
+/// Whether `path` names an ordinary file (or a link to one); folders, devices and pipes are none.
+bool FileExists(const QString& path);
+
+/// How a save ended.
+enum class SaveResult {
+  kSaved,
+  kInvalidPath,        ///< No such folder, no permission, a folder in place of the file.
+  kDriveNotAvailable,  ///< The bytes could not be written: a full or failing disk.
+};
+
+/// Replaces the file at `path` by `content`, whole: it is written beside the file, flushed, and
+/// renamed over it. On any failure the old file stays as it was.
+SaveResult SaveWholeFile(const QString& path, const QByteArray& content);
+
+/// The English message for a failed save, "Invalid path!" or "Drive not available!"; empty for a
+/// save that succeeded.
+QString SaveFailureText(SaveResult result);
+
+}  // namespace Brivon1

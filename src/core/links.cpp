@@ -1,0 +1,30 @@
+#include "core/links.h"
+
+#include "core/waits.h"
+
+namespace Brivon1 {
+
+QByteArray SerialSettings(int baud_rate) { return QByteArray::number(baud_rate) + ",N,8,1"; }
+
+bool OpenSerialPort(SerialPort& port, const Configuration& configuration) {
+  return port.Open(SerialDevice(configuration, configuration.com_port),
+                   SerialSettings(configuration.baud_rate));
+}
+
+bool CloseSerialPort(SerialPort& port) {
+  port.Close();
+  return true;
+}
+
+bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port) {
+  socket.Connect(host, port);
+  WaitMilliseconds(clock, kConnectTime);
+  return socket.IsConnected();
+}
+
+bool CloseTcpLink(TcpSocket& socket) {
+  socket.Close();
+  return true;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,1 @@
+#include "core/panel_connection.h"

@@ -1,0 +1,2 @@
+// The real link of a window that sends: its serial port, its socket and its tick timer.
+#pragma once

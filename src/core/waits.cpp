@@ -1,0 +1,64 @@
+#include "core/waits.h"
+
+#include "core/framing.h"
+
+namespace Brivon1 {
+namespace {
+
+constexpr qint16 kCounterCeiling = 30000;
+
+}  // namespace
+
+void TickTimer::Tick() {
+  if (ack_tick_counter < kCounterCeiling) ack_tick_counter += kInterval;
+  if (waiting && wait_tick_counter < kCounterCeiling) wait_tick_counter += kInterval;
+}
+
+bool WaitForAck(PanelLink& link, TickTimer& timer, int id) {
+  timer.ack_tick_counter = 0;
+  timer.Enable();
+  if (id == 0) {
+    timer.last_ack_status = 1;
+    return true;
+  }
+  const QByteArray expected = Acknowledgement(id);
+  QByteArray received;
+  bool abandoned = false;
+  while (true) {
+    // Past eight bytes the text can never be eight long again: its length is all that still counts.
+    received = (received + link.ReadAvailable()).left(expected.size() + 1);
+    if (received.size() == expected.size()) {
+      timer.ProcessEvents();
+      break;
+    }
+    if (timer.ack_tick_counter >= kAckTimeout) break;
+    abandoned = link.IsLost() || !timer.WaitForEvent();
+    if (abandoned) break;
+  }
+  timer.Disable();
+  if (abandoned || timer.ack_tick_counter >= kAckTimeout) {
+    timer.last_ack_status = -1;
+  } else {
+    timer.last_ack_status = received == expected ? 1 : 0;
+  }
+  return timer.last_ack_status == 1;
+}
+
+void WaitTicks(TickTimer& timer, int milliseconds) {
+  timer.wait_tick_counter = 0;
+  timer.waiting = true;
+  timer.Enable();
+  while (timer.wait_tick_counter < milliseconds && timer.WaitForEvent()) {
+  }
+  timer.Disable();
+  timer.waiting = false;
+}
+
+void WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds) {
+  const qint64 noted = clock.Milliseconds();
+  for (qint64 passed = 0; passed < milliseconds; passed = clock.Milliseconds() - noted) {
+    if (!clock.WaitForEvent(milliseconds - passed)) return;
+  }
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,27 @@
+// The waits on which all pacing of the panel protocol rests. They keep the window alive, sleep
+// until something happens, and end early only when the line is lost or the program ends.
+#pragma once
+
+#include "core/link.h"
+
+namespace Brivon1 {
+
+/// The tick counter at which an acknowledgement wait gives up; with 100 ms ticks, after 1100 ms.
+inline constexpr qint16 kAckTimeout = 1001;
+
+/// How often a frame that expects an acknowledgement is sent before it counts as failed.
+inline constexpr int kAttempts = 5;
+
+/// Waits for the acknowledgement of panel `id` and sets the timer's last_ack_status. True when
+/// exactly the eight expected bytes arrived, and at once, without reading, for panel 0, which never
+/// answers. Any other eight bytes end the wait with false and status 0; more or fewer than eight
+/// run into the time-out, false and status -1, as a lost line does at once.
+bool WaitForAck(PanelLink& link, TickTimer& timer, int id);
+
+/// Waits until the given number of milliseconds of ticks has passed, 0 to 30000.
+void WaitTicks(TickTimer& timer, int milliseconds);
+
+/// Waits until the given number of milliseconds has passed on the clock.
+void WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds);
+
+}  // namespace Brivon1

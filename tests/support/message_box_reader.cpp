@@ -1,0 +1,48 @@
+#include "support/message_box_reader.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
+#include <QTimer>
+
+MessageBoxReader::MessageBoxReader() { qApp->installEventFilter(this); }
+
+MessageBoxReader::~MessageBoxReader() { qApp->removeEventFilter(this); }
+
+QStringList MessageBoxReader::Texts() const {
+  QStringList texts;
+  for (const SeenMessageBox& box : seen_) texts.append(box.text);
+  return texts;
+}
+
+bool MessageBoxReader::eventFilter(QObject* object, QEvent* event) {
+  auto* box = qobject_cast<QMessageBox*>(object);
+  if (box != nullptr && event->type() == QEvent::Show) {
+    QTimer::singleShot(0, box, [this, box] {
+      seen_.append({box->text(), box->windowTitle(), box->icon(), box->informativeText(),
+                    box->standardButtons(), box->parentWidget()});
+      QAbstractButton* button = answers_.isEmpty() ? nullptr : box->button(answers_.takeFirst());
+      if (button == nullptr) button = box->button(QMessageBox::Ok);
+      if (button == nullptr) button = box->button(QMessageBox::Cancel);
+      button->click();
+    });
+  }
+  return QObject::eventFilter(object, event);
+}
+
+ModalWindowDriver::ModalWindowDriver(const QString& object_name, std::function<void(QWidget*)> body)
+    : object_name_(object_name), body_(std::move(body)) {
+  qApp->installEventFilter(this);
+}
+
+ModalWindowDriver::~ModalWindowDriver() { qApp->removeEventFilter(this); }
+
+bool ModalWindowDriver::eventFilter(QObject* object, QEvent* event) {
+  auto* window = qobject_cast<QWidget*>(object);
+  if (window != nullptr && event->type() == QEvent::Show && window->isWindow() &&
+      window->objectName() == object_name_) {
+    ++count_;
+    QTimer::singleShot(0, window, [this, window] { body_(window); });
+  }
+  return QObject::eventFilter(object, event);
+}
