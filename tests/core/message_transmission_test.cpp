@@ -204,6 +204,12 @@ TEST_F(MessageTransmission, ALineLostInMidTransferEndsTheAttemptsAtOnce) {
   EXPECT_EQ(link_.Written().size(), 2);
 }
 
+TEST_F(MessageTransmission, TheEndOfTheProgramEndsTheAttemptsAtOnce) {
+  timer_.EndProgram();
+  EXPECT_FALSE(Send(File({"<L01>", "<L02>"}), 26, {2, 96}));
+  EXPECT_EQ(link_.Written().size(), 1);
+}
+
 TEST_F(MessageTransmission, WhatTheLinkHasReceivedBeforeALineIsDiscarded) {
   link_.Receive("<ID1A>\r\nleft over");
   link_.AnswerAfter(70, "<ID1A>\r\n");
