@@ -166,6 +166,13 @@ QString TextOf(const Cell& cell, const QDateTime& clock) {
   return QString(CharacterOf(cell.character));
 }
 
+// Backgrounds of neighbouring cells meet without a seam, which antialiasing would leave.
+void FillCell(QPainter* painter, const QRectF& place, const QColor& colour) {
+  painter->setRenderHint(QPainter::Antialiasing, false);
+  painter->fillRect(place, colour);
+  painter->setRenderHint(QPainter::Antialiasing, true);
+}
+
 void DrawGlyph(QPainter* painter, const QRectF& place, const QPainterPath& glyph,
                const Look& look) {
   QTransform to_place;
@@ -181,11 +188,11 @@ void DrawGlyph(QPainter* painter, const QRectF& place, const QPainterPath& glyph
       painter->fillPath(path, look.first);
       break;
     case Effect::kLitBackground:
-      painter->fillRect(place, look.second);
+      FillCell(painter, place, look.second);
       painter->fillPath(path, look.first);
       break;
     case Effect::kShadow:
-      painter->fillRect(place, look.second);
+      FillCell(painter, place, look.second);
       painter->fillPath(path.translated(kEdgeReach, kEdgeReach), kBackground);
       painter->fillPath(path, look.first);
       break;

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QHeaderView>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -19,6 +20,9 @@ enum TrafficColumn { kTimeColumn, kFrameColumn, kAnswerColumn, kMeaningColumn, k
 
 constexpr qsizetype kMostVisibleBytes = 2000;
 constexpr qint64 kMinuteMs = 60'000;
+constexpr QSize kUsualSize(960, 720);
+constexpr int kLeastTrafficLines = 5;
+constexpr double kMostOfScreen = 0.9;
 
 // What a panel is and holds, in one line.
 QString Facts(const PanelEngine& engine, int id) {
@@ -48,10 +52,12 @@ QString VisibleText(const QByteArray& bytes) {
   QString text;
   for (const char byte : bytes.first(qMin(bytes.size(), kMostVisibleBytes))) {
     const auto value = static_cast<unsigned char>(byte);
-    if (value < 0x20) {
-      text += QChar(ushort(0x2400 + value));  // the picture of the control character
-    } else if (value == 0x7F) {
-      text += QChar(0x2421);
+    if (byte == '\r') {
+      text += QLatin1String("<CR>");
+    } else if (byte == '\n') {
+      text += QLatin1String("<LF>");
+    } else if (value < 0x20 || (value >= 0x7F && value < 0xA0)) {
+      text += QStringLiteral("<%1>").arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
     } else {
       text += QLatin1Char(byte);
     }
@@ -99,6 +105,8 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
           });
   for (const FrameRecord& record : engine_->Frames()) AddTraffic(record);
   Refresh();
+
+  resize(kUsualSize.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
 
 void PanelWindow::SetLines(const QString& text) { lines_->setText(text); }
@@ -116,6 +124,7 @@ QWidget* PanelWindow::MakePanels() {
     place.facts->setObjectName(QStringLiteral("facts_%1").arg(id));
     place.facts->setTextInteractionFlags(Qt::TextSelectableByMouse);
     place.facts->setAlignment(Qt::AlignHCenter);
+    place.facts->setWordWrap(true);
 
     // A panel that is too wide for the window is scrolled by itself.
     auto* scroll = new QScrollArea;
@@ -152,7 +161,9 @@ QWidget* PanelWindow::MakeTraffic() {
   traffic_->setTabKeyNavigation(false);
   traffic_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   traffic_->verticalHeader()->hide();
-  traffic_->verticalHeader()->setDefaultSectionSize(traffic_->fontMetrics().height() + 6);
+  const int line_height = traffic_->fontMetrics().height() + 6;
+  traffic_->verticalHeader()->setDefaultSectionSize(line_height);
+  traffic_->setMinimumHeight((kLeastTrafficLines + 2) * line_height);
   QHeaderView* header = traffic_->horizontalHeader();
   header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header->setHighlightSections(false);
@@ -160,7 +171,7 @@ QWidget* PanelWindow::MakeTraffic() {
   const int character = traffic_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
   header->resizeSection(kTimeColumn, 14 * character);
   header->resizeSection(kFrameColumn, 48 * character);
-  header->resizeSection(kAnswerColumn, 14 * character);
+  header->resizeSection(kAnswerColumn, 17 * character);
 
   auto* copy = new QAction(QStringLiteral("Copy"), traffic_);
   copy->setShortcut(QKeySequence::Copy);

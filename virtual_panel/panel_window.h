@@ -52,7 +52,8 @@ class PanelWindow : public QMainWindow {
   QTimer clock_timer_;
 };
 
-// Bytes as a reader can see them: control characters as their pictures, long texts cut.
+// Bytes as a reader can see them: "<CR>", "<LF>", other control characters as "<07>", a long text
+// cut.
 QString VisibleText(const QByteArray& bytes);
 
 }  // namespace VirtualPanel
