@@ -11,7 +11,8 @@ namespace {
 
 constexpr qreal kMargin = 8;
 constexpr qreal kGap = 6;
-constexpr qreal kSymbolSize = 36;
+constexpr qreal kSymbolSize = 40;
+constexpr qreal kAboveSymbol = 10;
 
 // Smaller letters than these cost more than the symbol is worth.
 constexpr qreal kSmallestWithSymbol = 0.85;
@@ -28,7 +29,7 @@ QRectF CaptionButton::SymbolArea() const {
   const qreal side = std::min({kSymbolSize, inside.width(), inside.height()});
   if (symbol_ == LauncherSymbol::kNone) return {};
   const QPointF at = wide ? QPointF(inside.left(), inside.center().y() - side / 2)
-                          : QPointF(inside.center().x() - side / 2, inside.top());
+                          : QPointF(inside.center().x() - side / 2, inside.top() + kAboveSymbol);
   const QRectF area(at, QSizeF(side, side));
   QRectF caption = inside;
   if (wide) {

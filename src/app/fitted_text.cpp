@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <QToolTip>
 
 namespace {
 
@@ -102,6 +104,15 @@ TextFit DrawFittedText(QPainter* painter, const QRectF& area, Qt::Alignment alig
   }
   painter->restore();
   return fit;
+}
+
+bool FittedLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip &&
+      !FitText(font(), text(), QRectF(contentsRect()).size()).complete) {
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    return true;
+  }
+  return QLabel::event(event);
 }
 
 void FittedLabel::paintEvent(QPaintEvent* /*event*/) {

@@ -6,7 +6,6 @@
 #include <QString>
 
 class QPainter;
-class QTextLayout;
 
 /// How a caption was made to fit.
 struct TextFit {
@@ -27,7 +26,7 @@ inline constexpr qreal kSmallestScale = 0.6;
 TextFit DrawFittedText(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
                        const QString& text, bool mnemonic);
 
-/// A label of fixed place that fits its text into its size.
+/// A label of fixed place that fits its text into its size; what had to be cut, its tool tip shows.
 class FittedLabel : public QLabel {
   Q_OBJECT
 
@@ -35,5 +34,6 @@ class FittedLabel : public QLabel {
   using QLabel::QLabel;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
