@@ -115,7 +115,8 @@ class PanelEngine : public QObject {
   std::optional<int> RunningPage(int id) const;
   std::optional<int> ShownPage(int id) const;
   StoredPage ShownRows(int id) const;
-  QDateTime Clock(int id) const;     // the panel's own date and time; invalid: no such panel
+  // The panel's own date and time, a wall-clock reading held as UTC; invalid: no such panel.
+  QDateTime Clock(int id) const;
   qint64 ClockOffset(int id) const;  // by how many ms it is ahead of the machine's
   QDateTime Now() const { return now_(); }
 
@@ -129,7 +130,7 @@ class PanelEngine : public QObject {
  private:
   struct Member {
     Panel panel;
-    QDateTime clock_set_to;   // wall-clock time, held as UTC so that no summer time disturbs it
+    QDateTime clock_set_to;
     qint64 clock_set_at = 0;  // in the time source's milliseconds
   };
 
