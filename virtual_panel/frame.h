@@ -10,7 +10,7 @@
 namespace VirtualPanel {
 
 // A longer frame is dropped up to its line end; only its beginning is kept, to be recorded.
-inline constexpr qsizetype kMaximumFrameSize = 64 * 1024;
+inline constexpr qsizetype kMaximumFrameSize = 65'536;
 inline constexpr qsizetype kKeptOfTooLongFrame = 256;
 
 struct ReceivedFrame {

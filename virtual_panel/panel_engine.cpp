@@ -154,7 +154,7 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
     notes.append(QStringLiteral("no panel %1 on this line").arg(frame.addressee));
   }
 
-  const QList<Answer> answers = AnswerWith(acknowledgement);
+  QList<Answer> answers = AnswerWith(acknowledgement);
 
   FrameRecord record;
   record.time = now_();
@@ -169,7 +169,7 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
   if (!notes.isEmpty()) {
     record.description += QStringLiteral(": ") + notes.join(QStringLiteral("; "));
   }
-  for (const Answer& answer : answers) record.answer += answer.bytes;
+  for (const Answer& answer : std::as_const(answers)) record.answer += answer.bytes;
   Remember(record);
 
   Q_EMIT FrameReceived(record);

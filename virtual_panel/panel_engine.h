@@ -87,10 +87,10 @@ class PanelEngine : public QObject {
 
   // What is remembered of the traffic: the last frames, and no more bytes of them than this.
   static constexpr int kMostRememberedFrames = 10'000;
-  static constexpr qint64 kMostRememberedBytes = 16 * 1024 * 1024;
+  static constexpr qint64 kMostRememberedBytes = 16'777'216;
   // A panel's memory: a row that does not fit is acknowledged and dropped.
   static constexpr int kMostPages = 1000;
-  static constexpr qint64 kMostStoredBytes = 64 * 1024 * 1024;
+  static constexpr qint64 kMostStoredBytes = 67'108'864;
 
   // Of several panels with the same ID the first is taken.
   explicit PanelEngine(
