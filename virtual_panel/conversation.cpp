@@ -7,7 +7,7 @@ namespace {
 
 // A flood keeps this much on its way: enough to be without a gap, little enough to be stopped at
 // once.
-constexpr qint64 kFloodAhead = 16 * 1024;
+constexpr qint64 kFloodAhead = 16'384;
 constexpr qsizetype kFloodPiece = 4096;
 constexpr char kFloodByte = 'U';
 

@@ -32,7 +32,7 @@ class Conversation : public QObject {
  public:
   // What is held for an other end that does not read; an answer beyond it is lost, as on a real
   // line.
-  static constexpr qint64 kMostUnsent = 256 * 1024;
+  static constexpr qint64 kMostUnsent = 262'144;
   static constexpr qsizetype kMostWaitingSteps = 10'000;
 
   // The engine and the outlet must outlive the conversation.

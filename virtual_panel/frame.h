@@ -10,7 +10,7 @@
 namespace VirtualPanel {
 
 // A longer frame is dropped up to its line end; only its beginning is kept, to be recorded.
-inline constexpr qsizetype kMaximumFrameSize = 64 * 1024;
+inline constexpr qsizetype kMaximumFrameSize = 65'536;
 inline constexpr qsizetype kKeptOfTooLongFrame = 256;
 
 struct ReceivedFrame {
@@ -50,7 +50,8 @@ struct Frame {
   int page = -1;    // delete page, run page, message line
   int row = -1;     // message line, as sent: 0 to 99
   QByteArray text;  // message line: everything between the page code and the line end
-  QDateTime clock;  // set clock, in the panel's own time
+  QDateTime
+      clock;  // set clock: a wall-clock reading, held as UTC so that no summer time disturbs it
 };
 
 // Reads one frame, with or without its line end. Anything that is no known frame is kNotUnderstood;

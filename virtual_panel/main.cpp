@@ -46,6 +46,9 @@ void QuitOnSignals(QCoreApplication* application) {
   action.sa_handler = PassSignalOn;
   ::sigaction(SIGINT, &action, nullptr);
   ::sigaction(SIGTERM, &action, nullptr);
+  // Whoever started the program may stop listening to it.
+  action.sa_handler = SIG_IGN;
+  ::sigaction(SIGPIPE, &action, nullptr);
 }
 
 void Say(const QString& line) {
@@ -82,6 +85,8 @@ bool WriteWhole(const QString& path, const QByteArray& bytes, QString* error) {
 }
 
 struct Options {
+  QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                          QStringLiteral("Show this text.")};
   QCommandLineOption panel{QStringLiteral("panel"),
                            QStringLiteral("A panel, such as 1:4x96:tri (may be repeated)."),
                            QStringLiteral("ID:ROWSxCOLUMNS:mono|tri")};
@@ -126,12 +131,11 @@ class Program {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "LED text panels on the desk: what they are sent is acknowledged and shown."));
-    const QCommandLineOption help = parser.addHelpOption();
-    parser.addOptions({options_.panel, options_.tcp, options_.serial, options_.baud, options_.pty,
-                       options_.headless, options_.log, options_.state, options_.picture,
-                       options_.fault, options_.clock_answer});
+    parser.addOptions({options_.help, options_.panel, options_.tcp, options_.serial, options_.baud,
+                       options_.pty, options_.headless, options_.log, options_.state,
+                       options_.picture, options_.fault, options_.clock_answer});
     if (!parser.parse(application_->arguments())) return Complain(parser.errorText());
-    if (parser.isSet(help)) {
+    if (parser.isSet(options_.help)) {
       std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
       return EXIT_SUCCESS;
     }
@@ -139,12 +143,17 @@ class Program {
       return Complain(
           QStringLiteral("\"%1\": not an option").arg(parser.positionalArguments().first()));
     }
+    const bool has_window = !parser.isSet(options_.headless);
+    if (has_window && qobject_cast<QApplication*>(application_) == nullptr) {
+      // "--headless" was there, but as the value of another option.
+      return Complain(QStringLiteral("\"--headless\" is no value for an option"));
+    }
     QString error;
     if (!MakeEngine(parser, &error) || !StartRecords(parser, &error) ||
         !OpenLines(parser, &error)) {
       return Complain(error);
     }
-    if (!parser.isSet(options_.headless)) ShowWindow(parser.value(options_.picture));
+    if (has_window) ShowWindow(parser.value(options_.picture));
     Say(QStringLiteral("ready"));
     return QCoreApplication::exec();
   }
@@ -344,7 +353,7 @@ class Program {
 // Options that need no display.
 bool WantsNoWindow(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    for (const char* option : {"--headless", "-headless", "--help", "-h", "--help-all"}) {
+    for (const char* option : {"--headless", "--help", "-h"}) {
       if (std::strcmp(argv[i], option) == 0) return true;
     }
   }

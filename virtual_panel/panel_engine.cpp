@@ -120,16 +120,13 @@ QDateTime PanelEngine::Clock(int id) const {
   const Member* member = FindMember(id);
   if (member == nullptr) return {};
   const qint64 elapsed = now_().toMSecsSinceEpoch() - member->clock_set_at;
-  const QDateTime clock = member->clock_set_to.addMSecs(elapsed);
-  return QDateTime(clock.date(), clock.time());
+  return member->clock_set_to.addMSecs(elapsed);
 }
 
 qint64 PanelEngine::ClockOffset(int id) const {
   const Member* member = FindMember(id);
   if (member == nullptr) return 0;
-  const QDateTime now = now_();
-  const qint64 elapsed = now.toMSecsSinceEpoch() - member->clock_set_at;
-  return WallClock(now).msecsTo(member->clock_set_to.addMSecs(elapsed));
+  return WallClock(now_()).msecsTo(Clock(id));
 }
 
 QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& line) {
@@ -157,7 +154,7 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
     notes.append(QStringLiteral("no panel %1 on this line").arg(frame.addressee));
   }
 
-  const QList<Answer> answers = AnswerWith(acknowledgement);
+  QList<Answer> answers = AnswerWith(acknowledgement);
 
   FrameRecord record;
   record.time = now_();
@@ -172,7 +169,7 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
   if (!notes.isEmpty()) {
     record.description += QStringLiteral(": ") + notes.join(QStringLiteral("; "));
   }
-  for (const Answer& answer : answers) record.answer += answer.bytes;
+  for (const Answer& answer : std::as_const(answers)) record.answer += answer.bytes;
   Remember(record);
 
   Q_EMIT FrameReceived(record);
@@ -215,7 +212,7 @@ bool PanelEngine::Obey(const Frame& frame, Member* member, QString* note) {
     case Meaning::kMessageLine:
       return StoreRow(frame, &panel, note);
     case Meaning::kSetClock:
-      member->clock_set_to = WallClock(frame.clock);
+      member->clock_set_to = frame.clock;
       member->clock_set_at = now_().toMSecsSinceEpoch();
       return true;
     case Meaning::kTooLong:

@@ -87,10 +87,10 @@ class PanelEngine : public QObject {
 
   // What is remembered of the traffic: the last frames, and no more bytes of them than this.
   static constexpr int kMostRememberedFrames = 10'000;
-  static constexpr qint64 kMostRememberedBytes = 16 * 1024 * 1024;
+  static constexpr qint64 kMostRememberedBytes = 16'777'216;
   // A panel's memory: a row that does not fit is acknowledged and dropped.
   static constexpr int kMostPages = 1000;
-  static constexpr qint64 kMostStoredBytes = 64 * 1024 * 1024;
+  static constexpr qint64 kMostStoredBytes = 67'108'864;
 
   // Of several panels with the same ID the first is taken.
   explicit PanelEngine(
@@ -115,7 +115,8 @@ class PanelEngine : public QObject {
   std::optional<int> RunningPage(int id) const;
   std::optional<int> ShownPage(int id) const;
   StoredPage ShownRows(int id) const;
-  QDateTime Clock(int id) const;     // the panel's own date and time; invalid: no such panel
+  // The panel's own date and time, a wall-clock reading held as UTC; invalid: no such panel.
+  QDateTime Clock(int id) const;
   qint64 ClockOffset(int id) const;  // by how many ms it is ahead of the machine's
   QDateTime Now() const { return now_(); }
 
@@ -129,7 +130,7 @@ class PanelEngine : public QObject {
  private:
   struct Member {
     Panel panel;
-    QDateTime clock_set_to;   // wall-clock time, held as UTC so that no summer time disturbs it
+    QDateTime clock_set_to;
     qint64 clock_set_at = 0;  // in the time source's milliseconds
   };
 

@@ -14,8 +14,6 @@ class PanelView : public QWidget {
   // The engine must outlive the view and have a panel with this ID.
   PanelView(const PanelEngine* engine, int id, QWidget* parent = nullptr);
 
-  QSize sizeHint() const override;
-
   // Takes over what the panel shows now.
   void Refresh();
   const PanelPicture& Picture() const { return picture_; }

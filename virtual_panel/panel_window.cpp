@@ -22,6 +22,8 @@ constexpr qsizetype kMostVisibleBytes = 2000;
 constexpr qint64 kMinuteMs = 60'000;
 constexpr QSize kUsualSize(960, 720);
 constexpr int kLeastTrafficLines = 5;
+// Smaller dots cannot be read: a panel that is too wide for them is scrolled.
+constexpr double kLeastDotPixels = 2;
 constexpr double kMostOfScreen = 0.9;
 
 // What a panel is and holds, in one line.
@@ -75,6 +77,7 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   splitter->setStretchFactor(0, 3);
   splitter->setStretchFactor(1, 1);
   splitter->setChildrenCollapsible(false);
+  splitter->setSizes({kUsualSize.height() * 2 / 3, kUsualSize.height() / 3});
   auto* centre = new QWidget;
   auto* layout = new QVBoxLayout(centre);
   layout->addWidget(splitter);
@@ -132,18 +135,48 @@ QWidget* PanelWindow::MakePanels() {
     scroll->setWidgetResizable(true);
     scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(place.view);
-    scroll->setMinimumHeight(place.view->minimumHeight() +
-                             scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    layout->addWidget(scroll, engine_->FindPanel(id)->description.rows);
+    place.scroll = scroll;
+    layout->addWidget(scroll);
     layout->addWidget(place.facts);
+    layout->addStretch();
     places_.append(place);
   }
-  auto* scroll = new QScrollArea;
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setWidgetResizable(true);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setWidget(panels);
-  return scroll;
+  panels_ = new QScrollArea;
+  panels_->setFrameShape(QFrame::NoFrame);
+  panels_->setWidgetResizable(true);
+  panels_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  panels_->setWidget(panels);
+  panels_->installEventFilter(this);
+  return panels_;
+}
+
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == panels_ && event->type() == QEvent::Resize) Arrange();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void PanelWindow::Arrange() {
+  // Room for the scroll bar is always left, so that it cannot come and go by its own effect.
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const double width = panels_->width() - bar;
+  const int spacing = panels_->widget()->layout()->spacing();
+
+  double free_height = panels_->height();
+  double wanted_height = 0;
+  for (const Place& place : std::as_const(places_)) {
+    const QSizeF dots = SizeInDots(place.view->Picture().description);
+    free_height -= place.facts->heightForWidth(qRound(width)) + 2 * spacing;
+    wanted_height += dots.height() * qMax(width / dots.width(), kLeastDotPixels);
+  }
+  const double shrink = wanted_height > free_height ? free_height / wanted_height : 1;
+  for (const Place& place : std::as_const(places_)) {
+    const QSizeF dots = SizeInDots(place.view->Picture().description);
+    const double fitting = width / dots.width();
+    const bool is_too_wide = fitting < kLeastDotPixels;
+    const double dot = is_too_wide ? kLeastDotPixels : qMax(fitting * shrink, kLeastDotPixels);
+    place.view->setMinimumWidth(is_too_wide ? qRound(dots.width() * dot) : 0);
+    place.scroll->setFixedHeight(qRound(dots.height() * dot) + (is_too_wide ? bar : 0));
+  }
 }
 
 QWidget* PanelWindow::MakeTraffic() {

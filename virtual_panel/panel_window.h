@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QList>
 #include <QMainWindow>
+#include <QScrollArea>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -28,15 +29,21 @@ class PanelWindow : public QMainWindow {
   // The window shows the engine's latest change.
   void Refreshed();
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   struct Place {
     int id = 0;
     PanelView* view = nullptr;
+    QScrollArea* scroll = nullptr;  // around the view
     QLabel* facts = nullptr;
   };
 
   QWidget* MakePanels();
   QWidget* MakeTraffic();
+  // Makes all panels as large as fits the window.
+  void Arrange();
   void Refresh();
   void Blink();
   void StartTimers();
@@ -45,8 +52,9 @@ class PanelWindow : public QMainWindow {
 
   PanelEngine* engine_;
   QList<Place> places_;
-  QTableWidget* traffic_;
-  QLabel* lines_;
+  QScrollArea* panels_ = nullptr;
+  QTableWidget* traffic_ = nullptr;
+  QLabel* lines_ = nullptr;
   QTimer refresh_timer_;
   QTimer blink_timer_;
   QTimer clock_timer_;

@@ -149,7 +149,7 @@ void PtyLine::TakeInOpenings() {
 
 void PtyLine::Read() {
   if (openings_ >= 0) TakeInOpenings();
-  std::array<char, 16 * 1024> bytes{};
+  std::array<char, 16'384> bytes{};
   const ssize_t size = ::read(master_, bytes.data(), bytes.size());
   if (size > 0) conversation_.Receive(QByteArrayView(bytes.data(), size));
 }

@@ -7,7 +7,7 @@
 namespace VirtualPanel {
 namespace {
 
-constexpr qint64 kReadAhead = 64 * 1024;
+constexpr qint64 kReadAhead = 65'536;
 
 class SocketOutlet : public Outlet {
  public:

@@ -169,13 +169,19 @@ TEST_F(EngineTest, ObeysABroadcastSilentlyOnEveryPanel) {
 }
 
 TEST_F(EngineTest, SetsEveryClockAndLetsThemRun) {
-  EXPECT_EQ(engine_.Clock(26), kStart);
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2026, 11, 21), QTime(10, 30, 0), Qt::UTC));
   EXPECT_EQ(Exchange("<T2503053140709>\r\n"), "<ID03>\r\n");
-  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9)));
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9), Qt::UTC));
   now_ = now_.addSecs(3600);
-  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9)));
-  EXPECT_EQ(engine_.Clock(3), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9)));
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9), Qt::UTC));
+  EXPECT_EQ(engine_.Clock(3), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9), Qt::UTC));
   EXPECT_FALSE(engine_.Clock(4).isValid());
+}
+
+TEST_F(EngineTest, KeepsAClockThatNoSummerTimeDisturbs) {
+  // An hour that summer time skips in many places.
+  Exchange("<T2603290023000>\r\n");
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2026, 3, 29), QTime(2, 30), Qt::UTC));
 }
 
 TEST_F(EngineTest, AnswersTheClockByTheLowestIdUnlessToldOtherwise) {

@@ -237,6 +237,7 @@ TEST_F(ProgramTest, RefusesBadUseInWords) {
   EXPECT_TRUE(Refusal(Words("--headless --state /no/such/folder/state"))
                   .contains(QStringLiteral("/no/such")));
   EXPECT_TRUE(Refusal(Words("--headless --picture p.png")).contains(QStringLiteral("window")));
+  EXPECT_TRUE(Refusal(Words("--pty --headless")).contains(QStringLiteral("no value")));
   EXPECT_TRUE(Refusal(Words("--headless --loud")).contains(QStringLiteral("loud")));
   EXPECT_TRUE(Refusal(Words("--headless stray")).contains(QStringLiteral("\"stray\"")));
   EXPECT_TRUE(

@@ -136,8 +136,29 @@ TEST(WidePanel, IsScrolledInsteadOfWideningTheWindow) {
   window.resize(800, 600);
   window.show();
   EXPECT_EQ(window.width(), 800);
-  EXPECT_GE(window.findChild<PanelView*>(QStringLiteral("panel_1"))->width(), 4500);
-  EXPECT_LE(window.findChild<PanelView*>(QStringLiteral("panel_2"))->width(), 800);
+  const auto width = [&](const char* name) {
+    return window.findChild<PanelView*>(QLatin1String(name))->width();
+  };
+  EXPECT_TRUE(WaitUntil([&] { return width("panel_1") >= 6000; }));
+  EXPECT_LE(width("panel_2"), 800);
+}
+
+TEST(SeveralPanels, ShrinkAndGrowWithTheWindow) {
+  PanelEngine engine({{1, 4, 96, true}, {2, 4, 96, true}, {3, 8, 96, true}});
+  PanelWindow window(&engine);
+  window.show();
+  const auto is_shown_whole = [&] {
+    const auto* last = window.findChild<QLabel*>(QStringLiteral("facts_3"));
+    return last->visibleRegion().boundingRect().height() == last->height();
+  };
+  const auto height = [&] {
+    return window.findChild<PanelView*>(QStringLiteral("panel_3"))->height();
+  };
+  window.resize(700, 700);
+  EXPECT_TRUE(WaitUntil(is_shown_whole));
+  const int small = height();
+  window.resize(1400, 1400);
+  EXPECT_TRUE(WaitUntil([&] { return height() > small * 3 / 2 && is_shown_whole(); }));
 }
 
 TEST(VisibleText, WritesControlCharactersOut) {
