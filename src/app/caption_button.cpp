@@ -10,6 +10,7 @@
 namespace {
 
 constexpr qreal kMargin = 8;
+constexpr qreal kPlainMargin = 3;  // of a button that never has a symbol
 constexpr qreal kGap = 6;
 constexpr qreal kSymbolSize = 40;
 constexpr qreal kAboveSymbol = 10;
@@ -20,7 +21,8 @@ constexpr qreal kSmallestWithSymbol = 0.85;
 }  // namespace
 
 QRectF CaptionButton::Inside() const {
-  return QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  const qreal above = symbol_ == LauncherSymbol::kNone ? kPlainMargin : kMargin;
+  return QRectF(rect()).adjusted(kMargin, above, -kMargin, -above);
 }
 
 QRectF CaptionButton::SymbolArea() const {

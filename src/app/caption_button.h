@@ -1,5 +1,5 @@
-// A large button with a symbol over its caption. A caption that is longer than one line is wrapped
-// and written smaller, because a button of the launcher's row cannot grow with it.
+// A button that keeps its size: a caption that is longer than its line is wrapped and written
+// smaller. A large one can show a symbol with its caption.
 #pragma once
 
 #include <QPushButton>

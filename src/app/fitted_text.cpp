@@ -119,5 +119,6 @@ void FittedLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setFont(font());
   painter.setPen(palette().color(foregroundRole()));
-  DrawFittedText(&painter, contentsRect(), alignment(), text(), false);
+  // A label with a buddy shows the buddy's shortcut.
+  DrawFittedText(&painter, contentsRect(), alignment(), text(), buddy() != nullptr);
 }

@@ -14,13 +14,6 @@ frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::fr
 
 frmPage::~frmPage() = default;
 
-void frmPage::setVisible(bool visible) {
-  QDialog::setVisible(visible);
-  // A dialog selects the text of its first field when it is shown; here the caret stands behind it.
-  ui_->txtPage->deselect();
-  ui_->txtPage->end(false);
-}
-
 void frmPage::accept() {
   Brivon1::DialogText = ui_->txtPage->text().trimmed();
   Brivon1::DialogAccepted = true;

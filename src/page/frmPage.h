@@ -18,7 +18,6 @@ class frmPage : public QDialog {
   explicit frmPage(QWidget* parent);
   ~frmPage() override;
 
-  void setVisible(bool visible) override;
   void accept() override;
   void reject() override;
 
