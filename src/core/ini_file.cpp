@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QFile>
+#include <QFileInfo>
 
 #include "core/files.h"
 #include "core/text.h"
@@ -48,11 +49,15 @@ IniFile::IniFile(const QByteArray& content) {
   Index();
 }
 
-IniFile IniFile::Load(const QString& path) {
+IniFile IniFile::Load(const QString& path) { return Read(path).value_or(IniFile()); }
+
+std::optional<IniFile> IniFile::Read(const QString& path) {
+  if (!FileExists(path)) return QFileInfo::exists(path) ? std::nullopt : std::optional(IniFile());
   QFile file(path);
-  if (!FileExists(path) || !file.open(QIODevice::ReadOnly)) return {};
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
   const QByteArray content = file.read(kLargestFile + 1);
-  return content.size() > kLargestFile ? IniFile() : IniFile(content);
+  if (content.size() > kLargestFile || file.error() != QFileDevice::NoError) return std::nullopt;
+  return IniFile(content);
 }
 
 void IniFile::Index() {
@@ -105,23 +110,23 @@ void IniFile::SetValue(QByteArrayView section, QByteArrayView key, QByteArrayVie
   }
   QByteArray line_end = lines_.isEmpty() ? QByteArray() : LineEnd(lines_.front()).toByteArray();
   if (line_end.isEmpty()) line_end = "\r\n";
-  if (!lines_.isEmpty() && LineEnd(lines_.last()).isEmpty()) lines_.last() += line_end;
   new_line += line_end;
   const auto end = section_ends_.constFind(Trimmed(section).toByteArray().toLower());
-  if (end == section_ends_.constEnd()) {
-    lines_.append('[' + section.toByteArray() + ']' + line_end);
-    lines_.append(new_line);
-  } else {
-    lines_.insert(*end, new_line);
-  }
+  const bool has_section = end != section_ends_.constEnd();
+  const qsizetype at = has_section ? *end : lines_.size();
+  if (at > 0 && LineEnd(lines_[at - 1]).isEmpty()) lines_[at - 1] += line_end;
+  lines_.insert(at, new_line);
+  if (!has_section) lines_.insert(at, '[' + section.toByteArray() + ']' + line_end);
   Index();
 }
 
 void IniFile::RemoveKey(QByteArrayView section, QByteArrayView key) {
-  const auto found = keys_.constFind(HashKey(section, key));
-  if (found == keys_.constEnd()) return;
-  lines_.removeAt(*found);
-  Index();
+  const QByteArray hash_key = HashKey(section, key);
+  for (auto found = keys_.constFind(hash_key); found != keys_.constEnd();
+       found = keys_.constFind(hash_key)) {
+    lines_.removeAt(*found);
+    Index();
+  }
 }
 
 }  // namespace Brivon1
