@@ -1,6 +1,7 @@
 #include "core/ini_file.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QFile>
 #include <QFileInfo>
@@ -22,7 +23,12 @@ QByteArrayView Trimmed(QByteArrayView text) {
 }
 
 QByteArray HashKey(QByteArrayView section, QByteArrayView key) {
-  return (Trimmed(section).toByteArray() + '\n' + Trimmed(key).toByteArray()).toLower();
+  section = Trimmed(section);
+  key = Trimmed(key);
+  QByteArray hash_key;
+  hash_key.reserve(section.size() + 1 + key.size());
+  hash_key.append(section).append('\n').append(key);
+  return std::move(hash_key).toLower();
 }
 
 QByteArrayView WithoutQuotes(QByteArrayView value) {
@@ -64,8 +70,9 @@ void IniFile::Index() {
   keys_.clear();
   section_ends_.clear();
   QByteArray section;
-  bool in_section =
-      false;  // keys before the first section, or in its namesake further down, have none
+  qsizetype* section_end = nullptr;  // of this section, until the next one is entered
+  // Keys before the first section have none, nor have those of its namesake further down.
+  bool in_section = false;
   for (qsizetype i = 0; i < lines_.size(); ++i) {
     QByteArrayView line = lines_[i];
     if (i == 0 && line.startsWith(QByteArrayView("\xEF\xBB\xBF"))) line = line.sliced(3);
@@ -77,7 +84,8 @@ void IniFile::Index() {
       in_section = !section_ends_.contains(section);
     }
     if (!in_section || line.isEmpty()) continue;
-    section_ends_[section] = i + 1;
+    if (line.front() == '[') section_end = &section_ends_[section];
+    *section_end = i + 1;
     const qsizetype equals = line.indexOf('=');
     if (line.front() == '[' || line.front() == ';' || equals < 0) continue;
     const QByteArray key = HashKey(section, line.first(equals));
