@@ -1,14 +1,18 @@
 #include "app/task_windows.h"
 
+#include "core/frmCommand.h"
+#include "page/frmMsgEditor.h"
+
 namespace {
 
-// The entry that opens a window of class `Window`, such as
-// Opens<frmCommand>("butCommand") for one whose constructor takes its owner.
+// The entry that opens a window of class `Window`, whose constructor takes its owner.
 template <typename Window>
-[[maybe_unused]] TaskWindow Opens(const char* button) {
+TaskWindow Opens(const char* button) {
   return {button, [] { return std::make_unique<Window>(nullptr); }};
 }
 
 }  // namespace
 
-std::vector<TaskWindow> TaskWindows() { return {}; }
+std::vector<TaskWindow> TaskWindows() {
+  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmCommand>("butCommand")};
+}

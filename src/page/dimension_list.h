@@ -5,16 +5,9 @@
 #include <QString>
 
 #include "core/configuration_store.h"
+#include "core/dimension.h"
 
 namespace Brivon1 {
-
-/// The size of a panel.
-struct Dimension {
-  qint16 rows = 0;
-  qint16 columns = 0;  ///< Dot columns.
-
-  bool operator==(const Dimension&) const = default;
-};
 
 /// The sizes of the configured panels, each once, in the order of the lowest ID that has it.
 QList<Dimension> DistinctDimensions(const Configuration& configuration);

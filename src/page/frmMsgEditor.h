@@ -1,0 +1,74 @@
+// The page message editor: composes one page for a display panel, every character with its own
+// size, colour and blinking, and keeps it in a message file.
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+
+#include "page/page_message.h"
+
+class QPushButton;
+class QTimer;
+
+namespace Ui {
+class frmMsgEditor;
+}
+
+class frmMsgEditor : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit frmMsgEditor(QWidget* parent = nullptr);
+  ~frmMsgEditor() override;
+
+  /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
+  void reject() override;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void FillLists();
+  void ConnectButtons();
+  void ConnectRows();
+  void ConnectTimers();
+  void AddShortcut(const QKeySequence& keys, QPushButton* button);
+
+  void New();
+  void Open();
+  void Save();
+  void SaveAs();
+  void Send();
+
+  /// Asks about unsaved work. False: whatever was to follow is not to happen.
+  bool MayLeavePage();
+
+  /// Saves to the current file name, or asks for one where it is only the name of a file that was
+  /// refused. False where nothing was saved.
+  bool SaveToCurrentName();
+  bool SaveToChosenName();
+  bool SaveTo(const QString& path);
+
+  void SetFileName(const QString& path);
+  void LayOutPage();
+
+  void TypeText(int row, const QString& text);
+  void PasteText(int row, const QString& text);
+  void PressMoveKey(int row, Brivon1::MoveKey key);
+  void ClickRow(int row, double x);
+  void EnterRow(int row);
+
+  /// Shows what became of the current row, its cursor first of all.
+  void ShowEdit();
+  void SetCursorShown(bool shown);
+  void ReturnKeyboardToRow();
+
+  std::unique_ptr<Ui::frmMsgEditor> ui_;
+  QTimer* cursor_timer_;
+  QTimer* blink_timer_;
+  Brivon1::PageMessage page_;
+  bool cursor_shown_ = false;
+  bool blinking_hidden_ = false;
+  bool name_was_refused_ = false;
+};

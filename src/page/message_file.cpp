@@ -1,0 +1,90 @@
+#include "page/message_file.h"
+
+#include <QFile>
+
+#include "core/text.h"
+#include "page/attribute_codes.h"
+
+namespace Brivon1 {
+namespace {
+
+constexpr int kLinesBeforeRows = 3;
+constexpr int kFewestRows = 1;
+constexpr int kFewestColumns = 10;
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+QByteArray RowLine(int number, const PageRow& row) {
+  QByteArray line = "<L" + ZeroPadded(number, 2) + '>';
+  AttributeWriter writer;
+  for (qsizetype at = 0; at < row.Length(); ++at) {
+    writer.Append(row.Text()[at], row.AttributesAt(at), line);
+  }
+  return line;
+}
+
+/// Either size alone makes a page: one of no rows but 80 columns is an empty page.
+bool IsReadable(const Dimension& dimension) {
+  return dimension.rows >= 0 && dimension.columns >= 0 && dimension.rows <= kMaxRows &&
+         (dimension.rows >= kFewestRows || dimension.columns >= kFewestColumns);
+}
+
+/// A row tag, "<L7>" or "<L07>", at the beginning of `rest`; length 0 where none stands there.
+struct RowTag {
+  qsizetype length = 0;
+  int number = 0;
+};
+
+RowTag ReadRowTag(QByteArrayView rest) {
+  if (rest.size() < 4 || !rest.startsWith("<L")) return {};
+  if (IsDigit(rest[2]) && rest[3] == '>') return {4, rest[2] - '0'};
+  if (rest.size() >= 5 && rest[4] == '>') return {5, LeadingNumber(rest.sliced(2, 2), -99, 99)};
+  return {};
+}
+
+/// Adds the characters of one row line to `row`. False where a tag names another row than `number`.
+bool ReadRowLine(QByteArrayView line, int number, Attributes& attributes, PageRow& row) {
+  while (!line.isEmpty()) {
+    const RowTag tag = ReadRowTag(line);
+    if (tag.length > 0 && tag.number != number) return false;
+    qsizetype code = tag.length > 0 ? tag.length : ReadAttributeCode(line, attributes);
+    if (code == 0) {
+      row.Append(line.front(), attributes);
+      code = 1;
+    }
+    line = line.sliced(code);
+  }
+  return true;
+}
+
+}  // namespace
+
+SaveResult SaveMessageFile(const QString& path, const PageMessage& page) {
+  QByteArray content = QByteArray(kMessageHeader) + "\r\n";
+  content += "Row = " + QByteArray::number(page.Rows()) + "\r\n";
+  content += "Col = " + QByteArray::number(page.Columns()) + "\r\n";
+  for (int number = 1; number <= page.Rows(); ++number) {
+    content += RowLine(number, page.Row(number)) + "\r\n";
+  }
+  return SaveWholeFile(path, content);
+}
+
+std::optional<LoadedPage> LoadMessageFile(const QString& path) {
+  const std::optional<Dimension> dimension = IsMessageFile(path);
+  if (!dimension || !IsReadable(*dimension)) return std::nullopt;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+  LineReader lines(file);
+  for (int line = 0; line < kLinesBeforeRows; ++line) lines.Next();
+
+  LoadedPage page{*dimension, {}};
+  Attributes attributes;  // carried on from row to row
+  for (int number = 1; number <= dimension->rows; ++number) {
+    const std::optional<QByteArray> line = lines.Next();
+    PageRow& row = page.rows[static_cast<std::size_t>(number - 1)];
+    if (!line || !ReadRowLine(*line, number, attributes, row)) return std::nullopt;
+  }
+  return page;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,28 @@
+// The page message file (".msg"): a header, the page's size, and one line per row in which codes
+// stand between the characters.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+#include "core/files.h"
+#include "page/page_message.h"
+
+namespace Brivon1 {
+
+/// What a message file holds.
+struct LoadedPage {
+  Dimension dimension;
+  PageRows rows;  ///< All cursors at column 0; the rows above dimension.rows are empty.
+};
+
+/// Saves the page, whole or not at all.
+SaveResult SaveMessageFile(const QString& path, const PageMessage& page);
+
+/// Reads a page, or gives nothing where the file is none: no message header, a size of less than 1
+/// row and less than 10 dot columns, a negative size or more than twelve rows, fewer row lines than
+/// rows, or a row tag out of order. Rows are read whole, however long.
+std::optional<LoadedPage> LoadMessageFile(const QString& path);
+
+}  // namespace Brivon1

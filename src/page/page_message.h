@@ -1,0 +1,117 @@
+// The page that the page editor works on: up to twelve rows, the attributes for what is typed next,
+// and the rules by which keys, clicks and insertions change them.
+#pragma once
+
+#include <array>
+
+#include <QByteArrayView>
+
+#include "core/configuration_store.h"
+#include "core/file_checks.h"
+#include "page/page_row.h"
+
+namespace Brivon1 {
+
+/// A page always has all rows, of which its dimension says how many are shown.
+using PageRows = std::array<PageRow, kMaxRows>;
+
+/// The width, in dots, that a panel needs for one character.
+inline constexpr int kDotsPerCharacter = 5;
+
+/// The width of a character's cell on the screen, in pixels.
+inline constexpr int kCellWidth = 12;
+
+/// The keys that move in a row or between rows, or delete; with their codes on the keyboard.
+enum class MoveKey {
+  kEnd = 35,
+  kHome = 36,
+  kLeft = 37,
+  kUp = 38,
+  kRight = 39,
+  kDown = 40,
+  kDelete = 46
+};
+
+class PageMessage {
+ public:
+  static constexpr char kBackspace = 8;
+  static constexpr char kEnter = 13;
+  static constexpr QByteArrayView kDate = "DD MMM YYYY";
+  static constexpr QByteArrayView kTime = "HH:MM";
+
+  /// Starts an empty page of this size. The modified flag and the attributes stay as they are.
+  void Begin(Dimension dimension);
+
+  /// Replaces the page by one that was read from a file: the cursor of each row stands at its end,
+  /// and nothing is modified.
+  void TakeOver(Dimension dimension, PageRows rows);
+
+  qint16 Rows() const { return dimension_.rows; }
+  qint16 Columns() const { return dimension_.columns; }
+
+  /// How many characters a row may hold.
+  qint16 MaxCharsPerRow() const {
+    return static_cast<qint16>(dimension_.columns / kDotsPerCharacter);
+  }
+
+  /// Row `number`, counted from 1 to kMaxRows.
+  const PageRow& Row(int number) const { return rows_[static_cast<std::size_t>(number - 1)]; }
+
+  /// The row that has the keyboard, counted from 1.
+  qint16 CurrentRow() const { return current_row_; }
+
+  /// Makes a shown row the current one; any other number is ignored.
+  void SetCurrentRow(int number);
+
+  /// Whether the current row takes no further character.
+  bool IsRowFull() const;
+
+  /// The attributes of characters typed from now on. The index is a place in kColourNames or
+  /// kSizeNames; one outside is ignored.
+  const Attributes& CurrentAttributes() const { return attributes_; }
+  void ChooseColour(int index);
+  void ChooseSize(int index);
+  void ChooseBlink(bool blinking);
+
+  /// The typing rule. Backspace removes, Enter does nothing, any other control character is no
+  /// typing at all; whatever else is inserted at the cursor if the row has room. Marks the page
+  /// modified, whatever the effect.
+  void TypeKey(char character);
+
+  /// A key whose character cannot be stored: changes nothing, marks the page modified.
+  void RefuseKey() { modified_ = true; }
+
+  /// Types the placeholder of a graphic symbol, "~" and its letter.
+  void InsertGraphic(char letter);
+
+  /// Types the placeholder of the date or of the time.
+  void InsertDate() { TypeAll(kDate); }
+  void InsertTime() { TypeAll(kTime); }
+
+  /// What a key does that moves or deletes. It never marks the page modified.
+  void PressMoveKey(MoveKey key);
+
+  /// A click on row `number`, `x` pixels from its left edge: makes the row current and puts its
+  /// cursor to the nearest cell boundary within the text.
+  void Click(int number, double x);
+
+  bool IsModified() const { return modified_; }
+  void SetModified(bool modified) { modified_ = modified; }
+
+ private:
+  PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
+  void TypeAll(QByteArrayView characters);
+
+  Dimension dimension_;
+  PageRows rows_;
+  qint16 current_row_ = 1;
+  Attributes attributes_;
+  bool modified_ = false;
+};
+
+/// Whether a character is a control character, which is a key and never text.
+constexpr bool IsControlCharacter(char character) {
+  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,45 @@
+#include "page/page_row.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Brivon1 {
+
+Attributes PageRow::AttributesAt(qsizetype position) const {
+  return {size_[position], colour_[position], blink_[position]};
+}
+
+void PageRow::SetCursor(qsizetype column) {
+  // A file may hold a longer row than a 16-bit column reaches.
+  constexpr qsizetype kLastColumn = std::numeric_limits<qint16>::max();
+  cursor_ = static_cast<qint16>(std::clamp<qsizetype>(column, 0, std::min(Length(), kLastColumn)));
+}
+
+void PageRow::InsertAt(qsizetype position, char character, const Attributes& attributes) {
+  text_.insert(position, character);
+  size_.insert(position, attributes.size);
+  colour_.insert(position, attributes.colour);
+  blink_.insert(position, attributes.blink);
+}
+
+void PageRow::Insert(char character, const Attributes& attributes) {
+  InsertAt(cursor_, character, attributes);
+  Right();
+}
+
+void PageRow::Append(char character, const Attributes& attributes) {
+  InsertAt(Length(), character, attributes);
+}
+
+void PageRow::Backspace() {
+  if (cursor_ == 0) return;
+  Left();
+  Delete();
+}
+
+void PageRow::Delete() {
+  if (cursor_ >= Length()) return;
+  for (QByteArray* part : {&text_, &size_, &colour_, &blink_}) part->remove(cursor_, 1);
+}
+
+}  // namespace Brivon1

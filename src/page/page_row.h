@@ -1,0 +1,57 @@
+// One line of text in which every character has its own size, colour and blinking, and the cursor
+// of whoever edits it. A page has twelve, a scrolling message is one.
+#pragma once
+
+#include <QByteArray>
+
+#include "page/attribute_codes.h"
+
+namespace Brivon1 {
+
+class PageRow {
+ public:
+  /// Four texts of equal length; position p of each belongs to character p.
+  const QByteArray& Text() const { return text_; }
+  const QByteArray& Size() const { return size_; }
+  const QByteArray& Colour() const { return colour_; }
+  const QByteArray& Blink() const { return blink_; }
+
+  qsizetype Length() const { return text_.size(); }
+
+  /// The attributes of the character at `position`, 0 to Length() - 1.
+  Attributes AttributesAt(qsizetype position) const;
+
+  /// The number of characters in front of the cursor.
+  qint16 Cursor() const { return cursor_; }
+
+  /// Puts the cursor to a column; one outside the text is cut to its nearest end.
+  void SetCursor(qsizetype column);
+
+  void Home() { SetCursor(0); }
+  void End() { SetCursor(Length()); }
+  void Left() { SetCursor(cursor_ - 1); }
+  void Right() { SetCursor(cursor_ + 1); }
+
+  /// Inserts a character at the cursor and moves the cursor behind it.
+  void Insert(char character, const Attributes& attributes);
+
+  /// Adds a character behind the last one; the cursor stays.
+  void Append(char character, const Attributes& attributes);
+
+  /// Removes the character left of the cursor; nothing at column 0.
+  void Backspace();
+
+  /// Removes the character right of the cursor; nothing at the end.
+  void Delete();
+
+ private:
+  void InsertAt(qsizetype position, char character, const Attributes& attributes);
+
+  QByteArray text_;
+  QByteArray size_;
+  QByteArray colour_;
+  QByteArray blink_;
+  qint16 cursor_ = 0;
+};
+
+}  // namespace Brivon1

@@ -1,0 +1,149 @@
+#include "page/row_area.h"
+
+#include <algorithm>
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+namespace {
+
+using Brivon1::kCellWidth;
+using Brivon1::kMaxRows;
+
+constexpr int kFirstLeft = 5;
+constexpr int kRowDistance = kCellHeight + 4;
+constexpr int kTop = 4;
+constexpr int kAreaHeight = kTop + kMaxRows * kRowDistance;
+constexpr int kUsualWidth = RowWidth(60);
+constexpr int kLeastWidth = RowWidth(20);
+constexpr int kTallestNumber = 14;
+
+/// What stays in sight beside the cursor, in pixels.
+constexpr int kSight = 2 * kCellWidth;
+
+QString Numbered(QLatin1String name, int number) {
+  return QStringLiteral("%1(%2)").arg(name).arg(number);
+}
+
+}  // namespace
+
+RowArea::RowArea(QWidget* parent)
+    : QWidget(parent), clip_(new QFrame(this)), clipped_(new QWidget(clip_)), left_(kFirstLeft) {
+  clip_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+  auto* frame_layout = new QHBoxLayout(clip_);
+  frame_layout->setContentsMargins(0, 0, 0, 0);
+  frame_layout->addWidget(clipped_);
+  clipped_->setMinimumSize(kLeastWidth, kAreaHeight);
+  clipped_->installEventFilter(this);
+
+  auto* gutter = new QWidget(this);
+  QFont font = gutter->font();
+  font.setPixelSize(std::min(kTallestNumber, QFontInfo(font).pixelSize()));
+  gutter->setFont(font);
+  const int frame = clip_->frameWidth();
+  const int width = QFontMetrics(font).horizontalAdvance(QStringLiteral(" 12 "));
+  gutter->setFixedSize(width, kAreaHeight + 2 * frame);
+  for (int number = 1; number <= kMaxRows; ++number) {
+    auto* label = new QLabel(QString::number(number), gutter);
+    label->setObjectName(Numbered(QLatin1String("lblRowNumber"), number));
+    label->setAlignment(Qt::AlignCenter);
+    label->setGeometry(0, frame + kTop + (number - 1) * kRowDistance, width, kCellHeight);
+    label->hide();
+    numbers_[static_cast<std::size_t>(number - 1)] = label;
+  }
+
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(gutter, 0, Qt::AlignTop);
+  layout->addWidget(clip_, 1, Qt::AlignTop);
+  clipped_->resize(kUsualWidth, kAreaHeight);
+}
+
+void RowArea::Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar) {
+  page_ = &page;
+  scroll_bar_ = &scroll_bar;
+  scroll_bar.setSingleStep(kCellWidth);
+  connect(&scroll_bar, &QScrollBar::valueChanged, this,
+          [this](int value) { SetLeft(kFirstLeft - value); });
+  for (int number = 1; number <= kMaxRows; ++number) {
+    auto* surface = new RowSurface(page.Row(number), clipped_);
+    surface->setObjectName(Numbered(QLatin1String("Picture1"), number));
+    surface->setAccessibleName(QStringLiteral("Row %1").arg(number));
+    surface->hide();
+    surfaces_[static_cast<std::size_t>(number - 1)] = surface;
+  }
+  UpdateScrollBar();
+}
+
+void RowArea::LayOutRows() {
+  for (int number = 1; number <= kMaxRows; ++number) {
+    RowSurface& surface = Surface(number);
+    const bool shown = number <= page_->Rows();
+    numbers_[static_cast<std::size_t>(number - 1)]->setVisible(shown);
+    surface.setVisible(shown);
+    surface.setGeometry(kFirstLeft, kTop + (number - 1) * kRowDistance,
+                        RowWidth(page_->MaxCharsPerRow()), kCellHeight);
+    surface.RedrawRow();
+  }
+  SetLeft(kFirstLeft);
+  MarkCurrentRow();
+}
+
+void RowArea::MoveRows(int pixels) { SetLeft(left_ + pixels); }
+
+void RowArea::SetLeft(int left) {
+  left_ = left;
+  for (RowSurface* surface : surfaces_) surface->move(left_, surface->y());
+  UpdateScrollBar();
+}
+
+void RowArea::UpdateScrollBar() {
+  if (page_ == nullptr) return;
+  const int page_width = page_->Rows() > 0 ? 2 * kFirstLeft + RowWidth(page_->MaxCharsPerRow()) : 0;
+  const QSignalBlocker blocker(scroll_bar_);
+  scroll_bar_->setRange(0, std::max(0, page_width - clipped_->width()));
+  scroll_bar_->setPageStep(clipped_->width());
+  scroll_bar_->setValue(kFirstLeft - left_);
+  scroll_bar_->setEnabled(scroll_bar_->maximum() > 0);
+}
+
+void RowArea::MarkCurrentRow() {
+  for (int number = 1; number <= kMaxRows; ++number) {
+    const bool current = number == page_->CurrentRow() && number <= page_->Rows();
+    Surface(number).setFocusPolicy(current ? Qt::StrongFocus : Qt::ClickFocus);
+    QLabel* label = numbers_[static_cast<std::size_t>(number - 1)];
+    label->setAutoFillBackground(current);
+    label->setBackgroundRole(current ? QPalette::Highlight : QPalette::NoRole);
+    label->setForegroundRole(current ? QPalette::HighlightedText : QPalette::NoRole);
+  }
+}
+
+int RowArea::LastLeft(int width) const {
+  return std::min(width - RowWidth(page_->MaxCharsPerRow()) - kFirstLeft, kFirstLeft);
+}
+
+void RowArea::FollowCursor() {
+  const int width = clipped_->width();
+  const int cursor = page_->Row(page_->CurrentRow()).Cursor() * kCellWidth;
+  const bool in_sight = cursor + left_ >= 0 && cursor + left_ < width;
+  const bool within_page = left_ <= kFirstLeft && left_ >= LastLeft(width);
+  if (in_sight && !within_page) return;  // moved there by hand
+  // Some room on both sides of the cursor, but none beyond the ends of the page.
+  const int left = std::clamp(left_, kSight - cursor, std::max(width - kSight, kSight) - cursor);
+  SetLeft(std::clamp(left, LastLeft(width), kFirstLeft));
+}
+
+bool RowArea::eventFilter(QObject* object, QEvent* event) {
+  if (object == clipped_ && event->type() == QEvent::Resize && page_ != nullptr) {
+    // A page that was shown to its end is not torn from the border of a wider area.
+    const int width_before = static_cast<QResizeEvent*>(event)->oldSize().width();
+    const bool at_end = left_ <= kFirstLeft && left_ >= LastLeft(width_before);
+    SetLeft(at_end ? std::max(left_, LastLeft(clipped_->width())) : left_);
+  }
+  return QWidget::eventFilter(object, event);
+}

@@ -1,0 +1,400 @@
+#include "page/message_file.h"
+
+#include <sys/stat.h>
+
+#include <random>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "no_room.h"
+#include "page_of.h"
+
+namespace {
+
+using Brivon1::IsMessageFile;
+using Brivon1::LoadedPage;
+using Brivon1::LoadMessageFile;
+using Brivon1::PageMessage;
+using Brivon1::SaveMessageFile;
+using Brivon1::SaveResult;
+
+class MessageFile : public testing::Test {
+ protected:
+  QString Path(const QString& name = QStringLiteral("page.msg")) { return folder_.filePath(name); }
+
+  QString Write(const QByteArray& content) {
+    QFile file(Path());
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(file.write(content), content.size());
+    return Path();
+  }
+
+  QByteArray Read() {
+    QFile file(Path());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+  }
+
+  std::optional<LoadedPage> Load(const QByteArray& content) {
+    return LoadMessageFile(Write(content));
+  }
+
+  /// Loads a file of one row of 80 columns whose row line is `line`.
+  std::optional<LoadedPage> LoadRow(const QByteArray& line) {
+    return Load("*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n" + line + "\r\n");
+  }
+
+  std::string LoadedRow(const QByteArray& line) {
+    const auto page = LoadRow(line);
+    return page ? Shown(page->rows[0]) : "refused";
+  }
+
+  QByteArray Saved(const PageMessage& page) {
+    EXPECT_EQ(SaveMessageFile(Path(), page), SaveResult::kSaved);
+    return Read();
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(MessageFile, IsWrittenWithHeaderSizeAndOneLinePerRow) {
+  PageMessage page = PageOf(4, 80);
+  Type(page, "Hi");
+  page.SetCurrentRow(3);
+  page.ChooseSize(2);
+  page.ChooseColour(15);
+  Type(page, "X");
+  EXPECT_EQ(Saved(page),
+            "*** Brivon Message File ***\r\n"
+            "Row = 4\r\n"
+            "Col = 80\r\n"
+            "<L01><SA><CA>Hi\r\n"
+            "<L02>\r\n"
+            "<L03><SC><CP>X\r\n"
+            "<L04>\r\n");
+}
+
+TEST_F(MessageFile, APageOfTwelveRowsIsWrittenWithTwoDigitTags) {
+  PageMessage page = PageOf(12, 3000);
+  page.SetCurrentRow(12);
+  Type(page, "~Z");
+  EXPECT_EQ(Saved(page),
+            "*** Brivon Message File ***\r\nRow = 12\r\nCol = 3000\r\n"
+            "<L01>\r\n<L02>\r\n<L03>\r\n<L04>\r\n<L05>\r\n<L06>\r\n<L07>\r\n<L08>\r\n<L09>\r\n"
+            "<L10>\r\n<L11>\r\n<L12><SA><CA>~Z\r\n");
+}
+
+TEST_F(MessageFile, APageOfNoRowsIsItsThreeFirstLines) {
+  EXPECT_EQ(Saved(PageOf(0, 80)), "*** Brivon Message File ***\r\nRow = 0\r\nCol = 80\r\n");
+}
+
+TEST_F(MessageFile, ASteadyRedAbFollowedByBlinkingRedCInSizeAIsWrittenWithOneMoreSizeCode) {
+  PageMessage page = PageOf(1, 80);
+  Type(page, "AB");
+  page.ChooseBlink(true);
+  Type(page, "C");
+  EXPECT_EQ(Saved(page),
+            "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01><SA><CA>AB<SE>C\r\n");
+}
+
+TEST_F(MessageFile, EverySizeAndColourHasItsCodeAndTheSizeStandsFirst) {
+  PageMessage page = PageOf(1, 200);
+  for (int i = 0; i < 16; ++i) {
+    page.ChooseSize(i % 4);
+    page.ChooseBlink(i >= 8);
+    page.ChooseColour(i);
+    page.TypeKey(static_cast<char>('a' + i));
+  }
+  EXPECT_EQ(Saved(page),
+            "*** Brivon Message File ***\r\nRow = 1\r\nCol = 200\r\n<L01>"
+            "<SA><CA>a<SB><CB>b<SC><CC>c<SD><CD>d<SA><CE>e<SB><CF>f<SC><CG>g<SD><CH>h"
+            "<SE><CI>i<SF><CJ>j<SG><CK>k<SH><CL>l<SE><CM>m<SF><CN>n<SG><CO>o<SH><CP>p\r\n");
+}
+
+TEST_F(MessageFile, TheFirstCharacterGetsBothCodesEvenWhereAHandMadeFileGaveItAnUnknownLetter) {
+  auto loaded = LoadRow("<L01><SA><CZ>x");
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(Shown(loaded->rows[0]), "x|A|Z|N");
+  PageMessage page;
+  page.TakeOver(loaded->dimension, loaded->rows);
+  EXPECT_EQ(Saved(page),
+            "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01><SA><CZ>x\r\n");
+}
+
+TEST_F(MessageFile, AFileOfFewerThan30BytesIsRefusedEvenIfItsHeaderIsRight) {
+  const QString path = Write("*** Brivon Message File ***\r\n");  // 29 bytes
+  EXPECT_FALSE(IsMessageFile(path));
+  EXPECT_FALSE(LoadMessageFile(path));
+}
+
+TEST_F(MessageFile, AHeaderLineWithBlanksAroundItIsAcceptedOneInLowerCaseIsRefused) {
+  EXPECT_TRUE(Load("  *** Brivon Message File ***\t \r\nRow = 1\r\nCol = 80\r\n<L01>\r\n"));
+  EXPECT_FALSE(Load("*** brivon message file ***\r\nRow = 1\r\nCol = 80\r\n<L01>\r\n"));
+}
+
+TEST_F(MessageFile, RowEquals2IsReadAs2WithAndWithoutBlanksAndRowXIsReadAs0) {
+  for (const char* row : {"Row=2", "Row = 2", "Row =2", "anything =  2 rows"}) {
+    const auto page = Load(QByteArray("*** Brivon Message File ***\r\n") + row +
+                           "\r\nCol = 80\r\n<L01>a\r\n<L02>b\r\n");
+    ASSERT_TRUE(page) << row;
+    EXPECT_EQ(page->dimension.rows, 2) << row;
+    EXPECT_EQ(Shown(page->rows[1]), "b|A|A|N") << row;
+  }
+  const auto page = Load("*** Brivon Message File ***\r\nRow = x\r\nCol = 80\r\n<L01>a\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->dimension.rows, 0);
+}
+
+TEST_F(MessageFile, Row0WithCol9IsRefusedRow0WithCol10IsAcceptedAndGivesAnEmptyPage) {
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 0\r\nCol = 9\r\n"));
+  const auto page = Load("*** Brivon Message File ***\r\nRow = 0\r\nCol = 10\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->dimension, (Brivon1::Dimension{0, 10}));
+  for (const auto& row : page->rows) EXPECT_EQ(row.Length(), 0);
+  EXPECT_TRUE(Load("*** Brivon Message File ***\r\nRow = 1\r\nCol = 0\r\n<L01>abc\r\n"));
+}
+
+TEST_F(MessageFile, ARowLineL02AtThePlaceOfRow1MakesTheWholeLoadFail) {
+  EXPECT_EQ(LoadedRow("<L02>abc"), "refused");
+  EXPECT_EQ(LoadedRow("abc<L02>"), "refused");
+  EXPECT_EQ(LoadedRow("<L2>abc"), "refused");
+  EXPECT_EQ(LoadedRow("<L0>abc"), "refused");
+  EXPECT_EQ(LoadedRow("<Lxy>abc"), "refused");
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 2\r\nCol = 80\r\n<L01>a\r\n<L03>b\r\n"));
+}
+
+TEST_F(MessageFile, L1AbcAndL01AbcLoadTheSameRow) {
+  EXPECT_EQ(LoadedRow("<L1>ABC"), "ABC|AAA|AAA|NNN");
+  EXPECT_EQ(LoadedRow("<L01>ABC"), "ABC|AAA|AAA|NNN");
+  EXPECT_EQ(LoadedRow("<L 1>ABC"), "ABC|AAA|AAA|NNN");
+  EXPECT_EQ(LoadedRow("ABC"), "ABC|AAA|AAA|NNN");
+  EXPECT_EQ(LoadedRow("<L01>A<L01>B<L1>C"), "ABC|AAA|AAA|NNN");
+}
+
+TEST_F(MessageFile, ALessThanSignWithCAnyCharacterAndGreaterThanCannotBeToldFromAColourCode) {
+  PageMessage page = PageOf(1, 80);
+  Type(page, "a<C9>b");
+  EXPECT_EQ(Saved(page),
+            "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01><SA><CA>a<C9>b\r\n");
+  const auto loaded = LoadMessageFile(Path());
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(Shown(loaded->rows[0]), "ab|AA|A9|NN");
+}
+
+TEST_F(MessageFile, ALessThanSignNearTheEndOfARowIsReadAsText) {
+  EXPECT_EQ(LoadedRow("<L01>a<CB"), "a<CB|AAAA|AAAA|NNNN");
+  EXPECT_EQ(LoadedRow("<L01>a<"), "a<|AA|AA|NN");
+  EXPECT_EQ(LoadedRow("<L01>a<L1"), "a<L1|AAAA|AAAA|NNNN");
+}
+
+TEST_F(MessageFile, ALessThanSignThatBeginsNoCodeIsText) {
+  EXPECT_EQ(LoadedRow("<L01><X><SAB><"), "<X><SAB><|AAAAAAAAA|AAAAAAAAA|NNNNNNNNN");
+  EXPECT_EQ(LoadedRow("<L01><sA>"), "<sA>|AAAA|AAAA|NNNN");
+}
+
+TEST_F(MessageFile, SzIsDroppedWithoutChangingTheSize) {
+  EXPECT_EQ(LoadedRow("<L01><SG>a<SZ>b<SI>c<Sa>d"), "abcd|CCCC|AAAA|BBBB");
+}
+
+TEST_F(MessageFile, ASizeCodeWhoseThirdCharacterIsNoLetterAToHIsDroppedAndChangesNothing) {
+  EXPECT_EQ(LoadedRow("<L01><SB>a<S1>b<S >c<S>>d"), "abcd|BBBB|AAAA|NNNN");
+}
+
+TEST_F(MessageFile, TheEightSizeCodesSetSizeAndBlinking) {
+  EXPECT_EQ(LoadedRow("<L01><SA>a<SB>b<SC>c<SD>d<SE>e<SF>f<SG>g<SH>h<SA>i"),
+            "abcdefghi|ABCDABCDA|AAAAAAAAA|NNNNBBBBN");
+}
+
+TEST_F(MessageFile, AttributesReadOnRow1ApplyToTheStartOfRow2) {
+  const auto page = Load(
+      "*** Brivon Message File ***\r\nRow = 3\r\nCol = 80\r\n"
+      "<L01><SH><CK>a\r\n<L02>b<CB>c\r\n<L03><SA>d\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(Shown(page->rows[0]), "a|D|K|B");
+  EXPECT_EQ(Shown(page->rows[1]), "bc|DD|KB|BB");
+  EXPECT_EQ(Shown(page->rows[2]), "d|A|B|N");
+}
+
+TEST_F(MessageFile, ANegativeRowOrColumnValueIsAFailedRead) {
+  const QString path = Write("*** Brivon Message File ***\r\nRow = -1\r\nCol = 80\r\n<L01>a\r\n");
+  EXPECT_TRUE(IsMessageFile(path));
+  EXPECT_FALSE(LoadMessageFile(path));
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 1\r\nCol = -80\r\n<L01>a\r\n"));
+}
+
+TEST_F(MessageFile, MoreThanTwelveRowsAreAFailedRead) {
+  QByteArray thirteen = "*** Brivon Message File ***\r\nRow = 13\r\nCol = 80\r\n";
+  for (int i = 0; i < 13; ++i) thirteen += "a\r\n";
+  EXPECT_FALSE(Load(thirteen));
+  EXPECT_TRUE(Load(thirteen.replace("Row = 13", "Row = 12")));
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 99999\r\nCol = 80\r\n<L01>a\r\n"));
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 65537\r\nCol = 80\r\n<L01>a\r\n"));
+}
+
+TEST_F(MessageFile, FewerRowLinesThanRowsAreAFailedRead) {
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 2\r\nCol = 80\r\n<L01>a\r\n"));
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n"));
+  EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 12"));
+}
+
+TEST_F(MessageFile, LinesBehindTheLastRowAreLeftAlone) {
+  const auto page =
+      Load("*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01>a\r\n<L07>b\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(Shown(page->rows[0]), "a|A|A|N");
+  EXPECT_EQ(page->rows[1].Length(), 0);
+}
+
+TEST_F(MessageFile, LinesMayEndWithALineFeedAloneAndTheLastOneWithTheFile) {
+  const auto page = Load("*** Brivon Message File ***\nRow = 2\nCol = 80\n<L01>a\n<L02>b");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(Shown(page->rows[0]), "a|A|A|N");
+  EXPECT_EQ(Shown(page->rows[1]), "b|A|A|N");
+}
+
+TEST_F(MessageFile, ARowLineThatIsTooLongForTheColumnsIsLoadedInFull) {
+  const auto page = Load("*** Brivon Message File ***\r\nRow = 1\r\nCol = 10\r\n<L01>abcdefgh\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->rows[0].Text(), "abcdefgh");
+}
+
+TEST_F(MessageFile, RowsOf100000CharactersAreLoadedWholeWithinASecond) {
+  QByteArray content = "*** Brivon Message File ***\r\nRow = 12\r\nCol = 3000\r\n";
+  for (int i = 0; i < 12; ++i) content += QByteArray(100000, static_cast<char>('a' + i)) + "\r\n";
+  Write(content);
+  QElapsedTimer clock;
+  clock.start();
+  const auto page = LoadMessageFile(Path());
+  EXPECT_LT(clock.elapsed(), 1000);
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->rows[11].Text(), QByteArray(100000, 'l'));
+}
+
+TEST_F(MessageFile, All256ByteValuesSurviveLoadingAndSaving) {
+  QByteArray all;
+  for (int value = 0; value < 256; ++value) {
+    if (value != '\n') all.append(static_cast<char>(value));
+  }
+  const QByteArray content =
+      "*** Brivon Message File ***\r\nRow = 2\r\nCol = 3000\r\n<L01><SA><CA>" + all +
+      "\r\n<L02><SA><CA>ends with a return\r\r\n";
+  const auto loaded = Load(content);
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(loaded->rows[0].Text(), all);
+  PageMessage page;
+  page.TakeOver(loaded->dimension, loaded->rows);
+  EXPECT_EQ(Saved(page), content);
+}
+
+TEST_F(MessageFile, AHundredMegabytesWithoutALineEndAreRefusedWithinASecond) {
+  const QByteArray beginnings[] = {"", "*** Brivon Message File ***\r\n",
+                                   "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01>"};
+  for (const QByteArray& beginning : beginnings) {
+    QFile file(Write(beginning));
+    ASSERT_TRUE(file.resize(100 * 1024 * 1024));
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_FALSE(LoadMessageFile(Path()));
+    EXPECT_LT(clock.elapsed(), 1000);
+  }
+}
+
+TEST_F(MessageFile, WhatIsNoFileIsRefused) {
+  EXPECT_FALSE(LoadMessageFile(Write("")));
+  EXPECT_FALSE(LoadMessageFile(QString()));
+  EXPECT_FALSE(LoadMessageFile(folder_.path()));
+  EXPECT_FALSE(LoadMessageFile(Path(QStringLiteral("missing.msg"))));
+  EXPECT_FALSE(LoadMessageFile(Path() + QStringLiteral("/below a file.msg")));
+  EXPECT_FALSE(LoadMessageFile(QStringLiteral("/dev/zero")));
+  EXPECT_FALSE(LoadMessageFile(QStringLiteral("/proc/self/mem")));
+  const QString pipe = Path(QStringLiteral("pipe.msg"));
+  ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+  EXPECT_FALSE(LoadMessageFile(pipe));  // nobody writes: opening it would wait for ever
+}
+
+TEST_F(MessageFile, RandomBytesGiveABoundedPageOrARefusal) {
+  std::mt19937 random(99);
+  const QByteArray header = "*** Brivon Message File ***\r\n";
+  const QByteArray alphabet = "<<<>>>LSC0112AEHZ=\r\n\n \t\x80\xff";
+  int accepted = 0;
+  for (int file = 0; file < 2000; ++file) {
+    QByteArray content;
+    if (file % 4 != 0) content = header;
+    if (file % 4 >= 2) content += "Row = " + QByteArray::number(random() % 15) + "\r\nCol = 80\r\n";
+    const auto length = random() % 400;
+    for (unsigned i = 0; i < length; ++i) {
+      content +=
+          file % 2 == 0
+              ? static_cast<char>(random() % 256)
+              : alphabet[static_cast<qsizetype>(random() % static_cast<unsigned>(alphabet.size()))];
+    }
+    const auto page = Load(content);
+    if (!page) continue;
+    ++accepted;
+    ASSERT_GE(page->dimension.rows, 0);
+    ASSERT_LE(page->dimension.rows, 12);
+    qsizetype characters = 0;
+    for (const auto& row : page->rows) {
+      ExpectEqualLengths(row);
+      characters += row.Length();
+    }
+    ASSERT_LE(characters, content.size());
+  }
+  EXPECT_GT(accepted, 100);
+}
+
+TEST_F(MessageFile, RandomPagesAreReadBackAsTheyWereWritten) {
+  std::mt19937 random(3);
+  const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };
+  for (int round = 0; round < 200; ++round) {
+    const auto rows = static_cast<qint16>(1 + below(12));
+    PageMessage page = PageOf(rows, 480);
+    for (int key = 0; key < 300; ++key) {
+      page.SetCurrentRow(1 + below(static_cast<unsigned>(rows)));
+      page.ChooseColour(below(16));
+      page.ChooseSize(below(4));
+      page.ChooseBlink(below(2) == 0);
+      const char character = static_cast<char>(below(256));
+      if (character != '<') page.TypeKey(character);
+    }
+    Saved(page);
+    const auto loaded = LoadMessageFile(Path());
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->dimension, (Brivon1::Dimension{rows, 480}));
+    for (int row = 1; row <= 12; ++row) {
+      ASSERT_EQ(Shown(loaded->rows[static_cast<std::size_t>(row - 1)]), Shown(page.Row(row)));
+    }
+  }
+}
+
+TEST_F(MessageFile, ASaveThatFindsNoRoomLeavesTheOldFileWhole) {
+  Write("the old file");
+  PageMessage page = PageOf(1, 3000);
+  Type(page, QByteArray(500, 'x'));
+  SaveResult result;
+  {
+    const NoRoom no_room;
+    result = SaveMessageFile(Path(), page);
+  }
+  EXPECT_EQ(result, SaveResult::kDriveNotAvailable);
+  EXPECT_EQ(Read(), "the old file");
+  EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList(QStringLiteral("page.msg")));
+}
+
+TEST_F(MessageFile, ASaveToAPathThatCannotBeIsAnInvalidPath) {
+  const PageMessage page = PageOf(1, 80);
+  Write("a file");
+  EXPECT_EQ(SaveMessageFile(QString(), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(folder_.path(), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(Path() + QStringLiteral("/page.msg"), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(Path(QStringLiteral("no/page.msg")), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(QStringLiteral("/proc/page.msg"), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(Read(), "a file");
+}
+
+}  // namespace
