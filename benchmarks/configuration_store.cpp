@@ -2,8 +2,6 @@
 // millisecond.
 #include "core/configuration_store.h"
 
-#include <algorithm>
-#include <chrono>
 #include <vector>
 
 #include <QDir>
@@ -11,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+
+#include "measure.h"
 
 namespace {
 
@@ -46,20 +46,6 @@ void ReadBytes(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read the configuration");
   benchmark::DoNotOptimize(file.readAll());
-}
-
-template <typename Work>
-double Microseconds(const Work& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
-      .count();
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 void LoadAgainstReading(benchmark::State& state) {
