@@ -150,6 +150,12 @@ TEST_F(MessageFile, RowEquals2IsReadAs2WithAndWithoutBlanksAndRowXIsReadAs0) {
   EXPECT_EQ(page->dimension.rows, 0);
 }
 
+TEST_F(MessageFile, OfALineWithoutAnEqualsSignTheWholeLineIsTheValue) {
+  const auto page = Load("*** Brivon Message File ***\r\n 2 rows\r\n80\r\n<L01>a\r\n<L02>b\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->dimension, (Brivon1::Dimension{2, 80}));
+}
+
 TEST_F(MessageFile, Row0WithCol9IsRefusedRow0WithCol10IsAcceptedAndGivesAnEmptyPage) {
   EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 0\r\nCol = 9\r\n"));
   const auto page = Load("*** Brivon Message File ***\r\nRow = 0\r\nCol = 10\r\n");

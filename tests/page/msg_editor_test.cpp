@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QClipboard>
@@ -881,6 +883,11 @@ TEST_F(MsgEditor, ALongPathDoesNotWidenTheWindow) {
   EXPECT_EQ(FileName(), path);
   EXPECT_EQ(Find<QLabel>("lblFileName")->toolTip(), path);
   EXPECT_EQ(window_.minimumSizeHint().width(), least);
+  // The end of the path is in sight: another name looks different.
+  auto* label = Find<QLabel>("lblFileName");
+  const QImage shown = label->grab().toImage();
+  label->setText(path.chopped(5) + Text("b.msg"));
+  EXPECT_NE(label->grab().toImage(), shown);
 }
 
 TEST_F(MsgEditor, APageOfNoRowsCanBeOpenedAndSaved) {
@@ -934,6 +941,15 @@ TEST_F(MsgEditor, WhatIsNoMessageFileIsRefusedWithItsMessage) {
   Open(huge.fileName());
   EXPECT_EQ(boxes.Texts(), QStringList(Text("Error in Opening file!")));
   EXPECT_EQ(RowLines(), "<L01><SA><CA>old\r\n");
+}
+
+TEST_F(MsgEditor, APipeIsNoFileAndIsNotWaitedFor) {
+  const QString pipe = folder_.Path(Text("pipe.msg"));
+  ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+  const MessageBoxReader boxes;
+  Open(pipe);
+  EXPECT_EQ(boxes.Texts(), QStringList(Text("File not found!")));
+  EXPECT_EQ(FileName(), QString());
 }
 
 TEST_F(MsgEditor, MessagesAreLookedUpInTheLanguageFile) {
