@@ -72,7 +72,11 @@ class MsgEditor : public testing::Test {
     });
     Press("butNew");
     EXPECT_EQ(dimension.Count(), 1);
+    Activate();
   }
+
+  /// The window becomes the active one again, as a desktop makes it when a dialog closes.
+  void Activate() { QApplication::setActiveWindow(&window_); }
 
   /// Presses a button and enters a name into the file dialog that it opens; an empty one cancels.
   void Choose(const char* button, const QString& path) {
@@ -92,6 +96,7 @@ class MsgEditor : public testing::Test {
     });
     Press(button);
     dialogs_ += driver.Count();
+    Activate();
   }
 
   void Open(const QString& path) { Choose("butOpen", path); }
@@ -115,8 +120,9 @@ class MsgEditor : public testing::Test {
     const MessageBoxReader boxes;  // answers with Cancel
     const ModalWindowDriver send(Text("frmSendMsg"), [](QWidget* dialog) { dialog->close(); });
     Press("butSend");
-    EXPECT_EQ(boxes.Seen().size() + send.Count(), 1);
-    return !boxes.Seen().isEmpty();
+    const bool asked = boxes.Texts().contains(Text(kQuestion));
+    EXPECT_EQ(send.Count(), asked ? 0 : 1);
+    return asked;
   }
 
   QImage Picture(int row) { return Row(row)->grab().toImage(); }
@@ -821,7 +827,7 @@ TEST_F(MsgEditor, TheStandardKeysObeyTheStateOfTheirButtons) {
   const auto dialogs_opened_by = [this](Qt::Key key, Qt::KeyboardModifiers modifiers) {
     const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
     const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
-    QApplication::setActiveWindow(&window_);
+    Activate();
     QTest::keyClick(&window_, key, modifiers);
     return file.Count() + 10 * dimension.Count();
   };
@@ -834,6 +840,26 @@ TEST_F(MsgEditor, TheStandardKeysObeyTheStateOfTheirButtons) {
   EXPECT_EQ(dialogs_opened_by(Qt::Key_S, Qt::ControlModifier), 0);
   EXPECT_NE(folder_.Read(Text("NEW.MSG")), "");
   EXPECT_FALSE(Asks());
+}
+
+TEST_F(MsgEditor, UndoAndRedoKeysTakeEditsBackAndMakeThemAgain) {
+  New(2, 80);
+  Keys("abc");
+  Key(Qt::Key_Down);
+  QGuiApplication::clipboard()->setText(Text("paste"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Row(2)->accessibleDescription(), QString());
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(window_.focusWidget(), Row(1));
+  EXPECT_EQ(Cursor(1), 2);
+  EXPECT_EQ(Cursor(2), -1);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>ab\r\n<L02>\r\n");
+  Row(1)->setFocus();
+  Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  Key(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(window_.focusWidget(), Row(2));
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n<L02><SA><CA>paste\r\n");
 }
 
 TEST_F(MsgEditor, TheShiftButtonsMoveAllRowsBy10PixelsWithoutBound) {
