@@ -3,6 +3,8 @@
 // that an edited file takes effect at once.
 #pragma once
 
+#include <optional>
+
 #include <QString>
 
 #include "core/ini_file.h"
@@ -19,9 +21,12 @@ class LanguageFile {
   /// Reads the file; a missing one has no values.
   LanguageFile();
 
-  /// The value of a key, cut to 255 characters; `missing`, cut likewise, where the file, the
-  /// section or the key is missing. A key with nothing behind its "=" yields an empty text. The
-  /// file's bytes are UTF-8 where all of them are valid UTF-8, else of the system's code page.
+  /// The value of a key, cut to 255 characters; nothing where the file, the section or the key is
+  /// missing. A key with nothing behind its "=" yields an empty text. The file's bytes are UTF-8
+  /// where all of them are valid UTF-8, else of the system's code page.
+  std::optional<QString> Find(const QString& section, const QString& key) const;
+
+  /// The same, with `missing`, cut likewise, in place of what is missing.
   QString Value(const QString& section, const QString& key, const QString& missing) const;
 
  private:

@@ -37,6 +37,7 @@ const char* CodePage::NameFor(const QLocale& locale) {
     case QLocale::Croatian:
     case QLocale::Romanian:
     case QLocale::Albanian:
+    case QLocale::Turkmen:
       return "windows-1250";
     case QLocale::Bosnian:
     case QLocale::Serbian:
@@ -50,17 +51,24 @@ const char* CodePage::NameFor(const QLocale& locale) {
     case QLocale::Kirghiz:
     case QLocale::Mongolian:
     case QLocale::Tatar:
+    case QLocale::Tajik:
+    case QLocale::Bashkir:
+    case QLocale::Sakha:
       return "windows-1251";
     case QLocale::Greek:
       return "windows-1253";
     case QLocale::Turkish:
-    case QLocale::Azerbaijani:
       return "windows-1254";
+    case QLocale::Azerbaijani:
+    case QLocale::Uzbek:
+      return locale.script() == QLocale::CyrillicScript ? "windows-1251" : "windows-1254";
     case QLocale::Hebrew:
       return "windows-1255";
     case QLocale::Arabic:
     case QLocale::Persian:
     case QLocale::Urdu:
+    case QLocale::Uighur:
+    case QLocale::CentralKurdish:
       return "windows-1256";
     case QLocale::Estonian:
     case QLocale::Latvian:

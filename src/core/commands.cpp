@@ -13,10 +13,10 @@ QString Title() { return QStringLiteral("Command"); }
 
 /// Sends `frame` up to five times; every failed attempt, also the last, is followed by a pause.
 bool SendWithPauses(Transmission& transmission, int id, const QByteArray& frame) {
-  for (int attempt = 1; attempt <= kAttempts && !transmission.link.IsLost(); ++attempt) {
+  for (int attempt = 1; attempt <= kAttempts; ++attempt) {
     transmission.link.Write(frame);
     if (WaitForAck(transmission.link, transmission.timer, id)) return true;
-    if (transmission.link.IsLost()) break;
+    if (!MayTryAgain(transmission.link, transmission.timer)) break;
     WaitTicks(transmission.timer, transmission.configuration.delay_period);
   }
   return false;

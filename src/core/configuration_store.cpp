@@ -33,6 +33,9 @@ QString& FolderOverride() {
 /// The text after the first ","; the whole text where there is none.
 QByteArrayView AfterComma(QByteArrayView text) { return text.sliced(text.indexOf(',') + 1); }
 
+/// A dimension is digits alone: one with a minus sign is none.
+qint16 Digits(QByteArrayView text) { return static_cast<qint16>(LeadingNumber(text, 0, 32767)); }
+
 }  // namespace
 
 SendMode Configuration::Mode() const {
@@ -47,9 +50,8 @@ PanelEntry ReadPanelEntry(QByteArrayView value) {
   PanelEntry entry;
   const qsizetype x = text.indexOf('x');
   if (x >= 0) {
-    entry.rows = LeadingNumber16(text.first(x));
-    entry.columns =
-        LeadingNumber16(text.sliced(x + 1).first(std::min(kColumnDigits, text.size() - x - 1)));
+    entry.rows = Digits(text.first(x));
+    entry.columns = Digits(text.sliced(x + 1).first(std::min(kColumnDigits, text.size() - x - 1)));
   }
   // The address is what follows the second ",". A value of two fields leaves its colour word there,
   // which is harmless: an address is only used when it holds a ".".

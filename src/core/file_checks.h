@@ -7,19 +7,13 @@
 #include <QByteArray>
 #include <QString>
 
+#include "core/dimension.h"
+
 namespace Brivon1 {
 
 inline constexpr const char* kMessageHeader = "*** Brivon Message File ***";
 inline constexpr const char* kScheduleHeader = "*** Brivon Schedule File ***";
 inline constexpr const char* kScrollingHeader = "*** Brivon Shift Message File ***";
-
-/// The size of a panel, or of the panel that a file was made for.
-struct Dimension {
-  qint16 rows = 0;
-  qint16 columns = 0;  ///< Dot columns.
-
-  bool operator==(const Dimension&) const = default;
-};
 
 /// The dimension of a page message file, or nothing where `path` names none: a missing file, one of
 /// fewer than 30 bytes, or another header line. The dimension's range is not checked.

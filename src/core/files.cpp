@@ -1,13 +1,42 @@
 #include "core/files.h"
 
+#include <cerrno>
+
 #include <QFileInfo>
 #include <QSaveFile>
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace Brivon1 {
+namespace {
+
+/// Whether a system call failed because of the disk and not because of the path.
+bool IsDiskFailure(int error) {
+  return error == ENOSPC || error == EIO || error == EROFS || error == ENXIO || error == ENODEV
+#ifdef EDQUOT
+         || error == EDQUOT
+#endif
+      ;
+}
+
+/// Whether what was flushed has reached the disk: a disk that is full or failing may say so only
+/// now, and the toolkit would not ask.
+bool IsOnDisk([[maybe_unused]] const QSaveFile& file) {
+#ifdef Q_OS_UNIX
+  return fsync(file.handle()) == 0 || !IsDiskFailure(errno);
+#else
+  return true;
+#endif
+}
+
+}  // namespace
 
 std::optional<QByteArray> LineReader::Next() {
   if (ended_) return std::nullopt;
-  QByteArray line = device_.readLine(kLongestLine + 1);
+  constexpr qint64 kLongestEnd = 2;
+  // One more, because the toolkit counts a terminating zero.
+  QByteArray line = device_.readLine(kLongestLine + kLongestEnd + 1);
   if (line.isEmpty()) {
     ended_ = true;
     return std::nullopt;
@@ -15,7 +44,8 @@ std::optional<QByteArray> LineReader::Next() {
   if (line.endsWith('\n')) {
     line.chop(1);
     if (line.endsWith('\r')) line.chop(1);
-  } else if (line.size() >= kLongestLine) {
+  }
+  if (line.size() > kLongestLine) {
     ended_ = true;
     return std::nullopt;
   }
@@ -28,15 +58,17 @@ SaveResult SaveWholeFile(const QString& path, const QByteArray& content) {
   const QFileInfo target(path);
   if (path.isEmpty() || (target.exists() && !target.isFile())) return SaveResult::kInvalidPath;
   QSaveFile file(path);
+  errno = 0;
   if (!file.open(QIODevice::WriteOnly)) {
-    return file.error() == QFileDevice::ResourceError ? SaveResult::kDriveNotAvailable
-                                                      : SaveResult::kInvalidPath;
+    return IsDiskFailure(errno) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
   }
-  if (file.write(content) != content.size() || !file.flush()) {
+  if (file.write(content) != content.size() || !file.flush() || !IsOnDisk(file)) {
     file.cancelWriting();
     return SaveResult::kDriveNotAvailable;
   }
-  return file.commit() ? SaveResult::kSaved : SaveResult::kDriveNotAvailable;
+  errno = 0;
+  if (file.commit()) return SaveResult::kSaved;
+  return IsDiskFailure(errno) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
 }
 
 QString SaveFailureText(SaveResult result) {

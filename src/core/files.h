@@ -38,11 +38,12 @@ bool FileExists(const QString& path);
 enum class SaveResult {
   kSaved,
   kInvalidPath,        ///< No such folder, no permission, a folder in place of the file.
-  kDriveNotAvailable,  ///< The bytes could not be written: a full or failing disk.
+  kDriveNotAvailable,  ///< The bytes could not be written: a full, failing or read-only disk.
 };
 
 /// Replaces the file at `path` by `content`, whole: it is written beside the file, flushed, and
-/// renamed over it. On any failure the old file stays as it was.
+/// renamed over it. On any failure the old file stays as it was. A link stays, its target is
+/// replaced. A replaced file keeps its permissions.
 SaveResult SaveWholeFile(const QString& path, const QByteArray& content);
 
 /// The English message for a failed save, "Invalid path!" or "Drive not available!"; empty for a

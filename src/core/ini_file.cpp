@@ -1,8 +1,10 @@
 #include "core/ini_file.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QFile>
+#include <QFileInfo>
 
 #include "core/files.h"
 #include "core/text.h"
@@ -21,7 +23,12 @@ QByteArrayView Trimmed(QByteArrayView text) {
 }
 
 QByteArray HashKey(QByteArrayView section, QByteArrayView key) {
-  return (Trimmed(section).toByteArray() + '\n' + Trimmed(key).toByteArray()).toLower();
+  section = Trimmed(section);
+  key = Trimmed(key);
+  QByteArray hash_key;
+  hash_key.reserve(section.size() + 1 + key.size());
+  hash_key.append(section).append('\n').append(key);
+  return std::move(hash_key).toLower();
 }
 
 QByteArrayView WithoutQuotes(QByteArrayView value) {
@@ -48,19 +55,24 @@ IniFile::IniFile(const QByteArray& content) {
   Index();
 }
 
-IniFile IniFile::Load(const QString& path) {
+IniFile IniFile::Load(const QString& path) { return Read(path).value_or(IniFile()); }
+
+std::optional<IniFile> IniFile::Read(const QString& path) {
+  if (!FileExists(path)) return QFileInfo::exists(path) ? std::nullopt : std::optional(IniFile());
   QFile file(path);
-  if (!FileExists(path) || !file.open(QIODevice::ReadOnly)) return {};
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
   const QByteArray content = file.read(kLargestFile + 1);
-  return content.size() > kLargestFile ? IniFile() : IniFile(content);
+  if (content.size() > kLargestFile || file.error() != QFileDevice::NoError) return std::nullopt;
+  return IniFile(content);
 }
 
 void IniFile::Index() {
   keys_.clear();
   section_ends_.clear();
   QByteArray section;
-  bool in_section =
-      false;  // keys before the first section, or in its namesake further down, have none
+  qsizetype* section_end = nullptr;  // of this section, until the next one is entered
+  // Keys before the first section have none, nor have those of its namesake further down.
+  bool in_section = false;
   for (qsizetype i = 0; i < lines_.size(); ++i) {
     QByteArrayView line = lines_[i];
     if (i == 0 && line.startsWith(QByteArrayView("\xEF\xBB\xBF"))) line = line.sliced(3);
@@ -72,7 +84,8 @@ void IniFile::Index() {
       in_section = !section_ends_.contains(section);
     }
     if (!in_section || line.isEmpty()) continue;
-    section_ends_[section] = i + 1;
+    if (line.front() == '[') section_end = &section_ends_[section];
+    *section_end = i + 1;
     const qsizetype equals = line.indexOf('=');
     if (line.front() == '[' || line.front() == ';' || equals < 0) continue;
     const QByteArray key = HashKey(section, line.first(equals));
@@ -105,23 +118,23 @@ void IniFile::SetValue(QByteArrayView section, QByteArrayView key, QByteArrayVie
   }
   QByteArray line_end = lines_.isEmpty() ? QByteArray() : LineEnd(lines_.front()).toByteArray();
   if (line_end.isEmpty()) line_end = "\r\n";
-  if (!lines_.isEmpty() && LineEnd(lines_.last()).isEmpty()) lines_.last() += line_end;
   new_line += line_end;
   const auto end = section_ends_.constFind(Trimmed(section).toByteArray().toLower());
-  if (end == section_ends_.constEnd()) {
-    lines_.append('[' + section.toByteArray() + ']' + line_end);
-    lines_.append(new_line);
-  } else {
-    lines_.insert(*end, new_line);
-  }
+  const bool has_section = end != section_ends_.constEnd();
+  const qsizetype at = has_section ? *end : lines_.size();
+  if (at > 0 && LineEnd(lines_[at - 1]).isEmpty()) lines_[at - 1] += line_end;
+  lines_.insert(at, new_line);
+  if (!has_section) lines_.insert(at, '[' + section.toByteArray() + ']' + line_end);
   Index();
 }
 
 void IniFile::RemoveKey(QByteArrayView section, QByteArrayView key) {
-  const auto found = keys_.constFind(HashKey(section, key));
-  if (found == keys_.constEnd()) return;
-  lines_.removeAt(*found);
-  Index();
+  const QByteArray hash_key = HashKey(section, key);
+  for (auto found = keys_.constFind(hash_key); found != keys_.constEnd();
+       found = keys_.constFind(hash_key)) {
+    lines_.removeAt(*found);
+    Index();
+  }
 }
 
 }  // namespace Brivon1

@@ -25,6 +25,10 @@ class IniFile {
   /// 4 MiB.
   static IniFile Load(const QString& path);
 
+  /// The same for a file that is to be changed and saved: an empty one where the file is missing,
+  /// and nothing where there is one that was not read whole, so that no save can cut it short.
+  static std::optional<IniFile> Read(const QString& path);
+
   /// The value of a key, or nothing when the section or the key is missing. At most `longest` bytes
   /// are returned, as a caller's buffer would hold them.
   std::optional<QByteArray> Value(QByteArrayView section, QByteArrayView key,
@@ -38,7 +42,8 @@ class IniFile {
   /// else in a new section at the end of the file. `value` holds no line end.
   void SetValue(QByteArrayView section, QByteArrayView key, QByteArrayView value);
 
-  /// Deletes the line of a key, if there is one.
+  /// Deletes the line of a key, if there is one, and the repetitions behind it in the same section,
+  /// which would come to light otherwise.
   void RemoveKey(QByteArrayView section, QByteArrayView key);
 
   /// The whole file.

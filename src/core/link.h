@@ -71,6 +71,7 @@ class TickTimer {
   qint16 wait_tick_counter = 0;  ///< Milliseconds since WaitTicks began.
   bool waiting = false;          ///< True while WaitTicks runs.
   qint16 last_ack_status = 0;    ///< 1 acknowledged, 0 a wrong answer, -1 no answer in time.
+  bool program_ends = false;     ///< Set by the first wait that the program's end cut short.
 };
 
 class MillisecondClock {

@@ -47,8 +47,10 @@ PanelListEntry ReadPanelListLine(const QByteArray& line) {
   entry.id = LeadingNumber(line.mid(kIdAt, kIdDigits), 0, kPanelIds - 1);
   // The dimension stands behind the ID, so the "x" is the first one of the line.
   const qsizetype x = line.indexOf('x');
-  entry.rows = LeadingNumber16(line.mid(kIdAt + kIdDigits, x - kIdAt - kIdDigits));
-  entry.columns = LeadingNumber16(line.mid(x + 1));
+  if (x >= kIdAt + kIdDigits) {
+    entry.rows = LeadingNumber16(line.mid(kIdAt + kIdDigits, x - kIdAt - kIdDigits));
+    entry.columns = LeadingNumber16(line.mid(x + 1));
+  }
   entry.endpoint = ReadEndpoint(line);
   return entry;
 }

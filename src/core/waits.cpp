@@ -7,6 +7,11 @@ namespace {
 
 constexpr qint16 kCounterCeiling = 30000;
 
+bool SleepUntilEvent(TickTimer& timer) {
+  timer.program_ends = !timer.WaitForEvent();
+  return !timer.program_ends;
+}
+
 }  // namespace
 
 void TickTimer::Tick() {
@@ -32,7 +37,7 @@ bool WaitForAck(PanelLink& link, TickTimer& timer, int id) {
       break;
     }
     if (timer.ack_tick_counter >= kAckTimeout) break;
-    abandoned = link.IsLost() || !timer.WaitForEvent();
+    abandoned = link.IsLost() || !SleepUntilEvent(timer);
     if (abandoned) break;
   }
   timer.Disable();
@@ -44,11 +49,15 @@ bool WaitForAck(PanelLink& link, TickTimer& timer, int id) {
   return timer.last_ack_status == 1;
 }
 
+bool MayTryAgain(const PanelLink& link, const TickTimer& timer) {
+  return !link.IsLost() && !timer.program_ends;
+}
+
 void WaitTicks(TickTimer& timer, int milliseconds) {
   timer.wait_tick_counter = 0;
   timer.waiting = true;
   timer.Enable();
-  while (timer.wait_tick_counter < milliseconds && timer.WaitForEvent()) {
+  while (timer.wait_tick_counter < milliseconds && SleepUntilEvent(timer)) {
   }
   timer.Disable();
   timer.waiting = false;

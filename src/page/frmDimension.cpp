@@ -1,5 +1,50 @@
 #include "page/frmDimension.h"
 
-frmDimension::frmDimension(QWidget* parent) : QDialog(parent) {
-  setObjectName(QStringLiteral("frmDimension"));
+#include "app/caption_loader.h"
+#include "app/message_boxes.h"
+#include "app/module_language.h"
+#include "core/configuration_store.h"
+#include "core/dialog_results.h"
+#include "ui_frmDimension.h"
+
+frmDimension::frmDimension(QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmDimension>()) {
+  ui_->setupUi(this);
+  connect(ui_->butOK, &QPushButton::clicked, this, &frmDimension::accept);
+  connect(ui_->butCancel, &QPushButton::clicked, this, &frmDimension::reject);
+  connect(ui_->List1, &QListWidget::itemDoubleClicked, this, &frmDimension::accept);
+  LoadCaptions(this);
+  ui_->List1->setAccessibleName(ui_->FrameDimension->title());
+
+  Brivon1::LoadConfiguration();
+  dimensions_ = Brivon1::DistinctDimensions(Brivon1::Store());
+  for (const Brivon1::Dimension& dimension : dimensions_) {
+    ui_->List1->addItem(Brivon1::DimensionText(dimension));
+  }
+  ui_->List1->setCurrentRow(0);
+  if (!dimensions_.isEmpty()) return;
+
+  ui_->butOK->setEnabled(false);
+  // This dialog is not on screen yet, so that the box stands over the window that asked for it.
+  MessageBoxStyle style;
+  style.title = windowTitle();
+  ShowMessage(parent != nullptr ? parent : this,
+              ModuleLanguage::TranslateMessage(QStringLiteral("System haven't config. yet!")),
+              style);
+}
+
+frmDimension::~frmDimension() = default;
+
+void frmDimension::accept() {
+  const int chosen = ui_->List1->currentRow();
+  if (chosen < 0) return;
+  Brivon1::SelectedRows = dimensions_[chosen].rows;
+  Brivon1::SelectedCols = dimensions_[chosen].columns;
+  Brivon1::DialogAccepted = true;
+  QDialog::accept();
+}
+
+void frmDimension::reject() {
+  Brivon1::DialogAccepted = false;
+  QDialog::reject();
 }

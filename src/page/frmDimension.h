@@ -1,7 +1,16 @@
 // The dialog that asks which panel size a new page or schedule is made for.
 #pragma once
 
+#include <memory>
+
 #include <QDialog>
+#include <QList>
+
+#include "page/dimension_list.h"
+
+namespace Ui {
+class frmDimension;
+}
 
 /// OK leaves DialogAccepted true and the chosen size in SelectedRows and SelectedCols; Cancel
 /// leaves DialogAccepted false.
@@ -9,5 +18,15 @@ class frmDimension : public QDialog {
   Q_OBJECT
 
  public:
+  /// Reloads the configuration. When no panel is configured it says so before it returns, in a
+  /// message box over `parent`, and the dialog can only be cancelled.
   explicit frmDimension(QWidget* parent);
+  ~frmDimension() override;
+
+  void accept() override;
+  void reject() override;
+
+ private:
+  const std::unique_ptr<Ui::frmDimension> ui_;
+  QList<Brivon1::Dimension> dimensions_;
 };

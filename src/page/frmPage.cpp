@@ -1,3 +1,26 @@
 #include "page/frmPage.h"
 
-frmPage::frmPage(QWidget* parent) : QDialog(parent) { setObjectName(QStringLiteral("frmPage")); }
+#include "app/caption_loader.h"
+#include "core/dialog_results.h"
+#include "ui_frmPage.h"
+
+frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmPage>()) {
+  ui_->setupUi(this);
+  ui_->txtPage->setText(QStringLiteral("001"));
+  connect(ui_->butOk, &QPushButton::clicked, this, &frmPage::accept);
+  connect(ui_->butCancel, &QPushButton::clicked, this, &frmPage::reject);
+  LoadCaptions(this);
+}
+
+frmPage::~frmPage() = default;
+
+void frmPage::accept() {
+  Brivon1::DialogText = ui_->txtPage->text().trimmed();
+  Brivon1::DialogAccepted = true;
+  QDialog::accept();
+}
+
+void frmPage::reject() {
+  Brivon1::DialogAccepted = false;
+  QDialog::reject();
+}

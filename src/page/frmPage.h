@@ -1,7 +1,13 @@
 // The dialog that asks for a page number.
 #pragma once
 
+#include <memory>
+
 #include <QDialog>
+
+namespace Ui {
+class frmPage;
+}
 
 /// OK leaves DialogAccepted true and the trimmed text in DialogText, unchecked; Cancel leaves
 /// DialogAccepted false.
@@ -10,4 +16,11 @@ class frmPage : public QDialog {
 
  public:
   explicit frmPage(QWidget* parent);
+  ~frmPage() override;
+
+  void accept() override;
+  void reject() override;
+
+ private:
+  const std::unique_ptr<Ui::frmPage> ui_;
 };

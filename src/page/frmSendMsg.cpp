@@ -1,5 +1,107 @@
 #include "page/frmSendMsg.h"
 
-frmSendMsg::frmSendMsg(QWidget* parent, const QString& /*file_name*/) : QDialog(parent) {
-  setObjectName(QStringLiteral("frmSendMsg"));
+#include <QPushButton>
+
+#include "app/caption_loader.h"
+#include "app/file_dialogs.h"
+#include "app/message_boxes.h"
+#include "app/module_language.h"
+#include "core/files.h"
+#include "core/text.h"
+#include "ui_frmSendMsg.h"
+
+using Brivon1::Dimension;
+using Brivon1::SendMode;
+using ModuleLanguage::TranslateMessage;
+
+namespace {
+
+/// The page number as it goes on the wire: the number that the text begins with, at least three
+/// digits long.
+QByteArray PageDigits(const QString& text) {
+  return Brivon1::ZeroPadded(Brivon1::LeadingNumber(text.toLatin1(), 0, 2147483647), 3);
+}
+
+QString OpenError() {
+  return TranslateMessage(QStringLiteral("Error in opening file")) + QLatin1Char('!');
+}
+
+}  // namespace
+
+frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmSendMsg>()) {
+  ui_->setupUi(this);
+  FillPanelList(ui_->ComboID);
+  ui_->lblFileName->setText(file_name);
+  if (const auto dimension = Brivon1::IsMessageFile(file_name)) ShowFile(file_name, *dimension);
+  session_ = new SendingSession(
+      this, {ui_->butBrowse, ui_->ComboID, ui_->txtPage, ui_->butSend, ui_->butDone});
+  connect(ui_->butBrowse, &QPushButton::clicked, this, &frmSendMsg::Browse);
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmSendMsg::Send);
+  connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
+  LoadCaptions(this);
+  (file_name.isEmpty() ? static_cast<QWidget*>(ui_->butBrowse) : ui_->ComboID)->setFocus();
+}
+
+frmSendMsg::~frmSendMsg() = default;
+
+void frmSendMsg::ShowFile(const QString& path, Dimension dimension) {
+  ui_->lblFileName->setText(path);
+  ui_->lblRow->setText(QString::number(dimension.rows));
+  ui_->lblCol->setText(QString::number(dimension.columns));
+}
+
+void frmSendMsg::Browse() {
+  const QString path = ShowFileDialog(this, QStringLiteral("Browse"),
+                                      QStringLiteral("Message File|*.msg|All|*.*"), 1);
+  if (path.isEmpty()) return;
+  if (const auto dimension = Brivon1::IsMessageFile(path)) {
+    ShowFile(path, *dimension);
+  } else {
+    ShowMessage(this, OpenError());
+  }
+}
+
+void frmSendMsg::Send() {
+  session_->Run([this] { SendFile(); });
+  ui_->lblSendStatus->clear();
+}
+
+void frmSendMsg::SendFile() {
+  const QString path = ui_->lblFileName->text();
+  if (!Brivon1::FileExists(path)) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("File not found")) + QLatin1Char('!'));
+    return;
+  }
+  const auto panel = SelectedPanel(ui_->ComboID);
+  if (!panel) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid ID Selection!")));
+    return;
+  }
+  if (ui_->txtPage->text().isEmpty()) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Page Value!")));
+    return;
+  }
+  const auto dimension = Brivon1::IsMessageFile(path);
+  if (!dimension) {
+    ShowMessage(this, OpenError());
+    return;
+  }
+  const Dimension panel_dimension{panel->rows, panel->columns};
+  if (*dimension != panel_dimension) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Dimension not matched!")));
+    return;
+  }
+  if (Brivon1::Store().Mode() == SendMode::kTcp && !panel->endpoint.IsUsable()) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("IP address is null or invaild")));
+    return;
+  }
+  const QByteArray page = PageDigits(ui_->txtPage->text());
+  const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
+  session_->Transmit(panel->endpoint, show_status, {}, [&](Brivon1::Transmission& transmission) {
+    const bool sent =
+        Brivon1::SendMessageFile(transmission, path, panel->id, page, panel_dimension);
+    ShowMessage(this, TranslateMessage(sent ? QStringLiteral("Transmission finished!")
+                                            : QStringLiteral("Transmission failure!")));
+  });
 }

@@ -634,8 +634,8 @@ TEST_F(MsgEditor, ASaveOntoAFullDiskLeavesTheOldFileTheNameAndTheModifiedFlag) {
 }
 
 TEST_F(MsgEditor, AnOperationThatWasToFollowAFailedSaveDoesNotHappen) {
-  Brivon1::SetProgramFolder(folder_.Write(Text("a file"), "x"));  // nothing can be below a file
   New(1, 80);
+  ASSERT_TRUE(QDir().mkdir(folder_.Path(Text("NEW.MSG"))));  // a folder in place of the file
   Keys("x");
   const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
   const ModalWindowDriver open(Text("CMDialog1"), [](QWidget* w) { w->close(); });

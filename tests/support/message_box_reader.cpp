@@ -3,6 +3,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTest>
 #include <QTimer>
 
 MessageBoxReader::MessageBoxReader() { qApp->installEventFilter(this); }
@@ -46,3 +49,17 @@ bool ModalWindowDriver::eventFilter(QObject* object, QEvent* event) {
   }
   return QObject::eventFilter(object, event);
 }
+
+FileChooser::FileChooser(const QString& path)
+    : ModalWindowDriver(QStringLiteral("CMDialog1"), [this, path](QWidget* window) {
+        auto* dialog = qobject_cast<QFileDialog*>(window);
+        title_ = dialog->windowTitle();
+        filter_ = dialog->selectedNameFilter();
+        if (path.isEmpty()) {
+          QTest::keyClick(dialog, Qt::Key_Escape);
+          return;
+        }
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+      }) {}

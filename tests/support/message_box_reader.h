@@ -57,3 +57,18 @@ class ModalWindowDriver : public QObject {
   std::function<void(QWidget*)> body_;
   int count_ = 0;
 };
+
+/// Answers every file dialog that is opened while it lives with `path`, entered in its name box; an
+/// empty path cancels it.
+class FileChooser : public ModalWindowDriver {
+ public:
+  explicit FileChooser(const QString& path);
+
+  /// The title and the selected filter of the dialog seen last.
+  QString Title() const { return title_; }
+  QString Filter() const { return filter_; }
+
+ private:
+  QString title_;
+  QString filter_;
+};

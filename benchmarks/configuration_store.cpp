@@ -1,0 +1,87 @@
+// Loading a "brivon.ini" of 256 panels, against merely reading its bytes. The load stays below one
+// millisecond.
+#include "core/configuration_store.h"
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr double kLimit = 1000;  // microseconds for a load
+
+/// A program folder whose "brivon.ini" configures every panel, with the longest addresses.
+class FullProgramFolder {
+ public:
+  FullProgramFolder() {
+    Brivon1::SetProgramFolder(folder_.path());
+    QByteArray ini = "; every panel of the line\r\n[Dimension Config]\r\n";
+    for (int id = 0; id < Brivon1::kPanelIds; ++id) {
+      ini += Brivon1::PanelKey(id) + "=12x300,Tri,192.168.100." + QByteArray::number(id) +
+             ":21000\r\n";
+    }
+    ini +=
+        "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=TCPIP\r\n"
+        "[Language]\r\nLanguage=1\r\n";
+    QFile file(Brivon1::ConfigurationPath());
+    if (!file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size()) {
+      qFatal("cannot write the configuration");
+    }
+  }
+  ~FullProgramFolder() { Brivon1::SetProgramFolder(QString()); }
+  FullProgramFolder(const FullProgramFolder&) = delete;
+  FullProgramFolder& operator=(const FullProgramFolder&) = delete;
+
+ private:
+  QTemporaryDir folder_;
+};
+
+void ReadBytes(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read the configuration");
+  benchmark::DoNotOptimize(file.readAll());
+}
+
+template <typename Work>
+double Microseconds(const Work& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
+      .count();
+}
+
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+void LoadAgainstReading(benchmark::State& state) {
+  const FullProgramFolder folder;
+  const QString path = Brivon1::ConfigurationPath();
+  std::vector<double> loads;
+  std::vector<double> reads;
+  for ([[maybe_unused]] const auto round : state) {
+    reads.push_back(Microseconds([&] { ReadBytes(path); }));
+    loads.push_back(Microseconds([] { Brivon1::LoadConfiguration(); }));
+  }
+  if (!Brivon1::Store().panels[255].IsConfigured()) state.SkipWithError("the load read nothing");
+  const double load = Median(loads);
+  const double read = Median(reads);
+  state.counters["load_us"] = load;
+  state.counters["read_us"] = read;
+  state.counters["ratio"] = load / read;
+  state.counters["limit_us"] = kLimit;
+  if (load >= kLimit) state.SkipWithError("a load takes a millisecond or more");
+}
+BENCHMARK(LoadAgainstReading)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds Brivon and the virtual panel, lays out a program folder in
+# build/brivon/, and starts both; the panel ends with the program. Without a display, an operator's
+# whole way is gone by itself on a virtual one, with pictures in build/journey/.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+tools/install_missing.sh ${WAYLAND_DISPLAY:+qt6-wayland}
+cmake --preset release >/dev/null
+cmake --build --preset release --target brivon virtual_panel brivon_journey
+
+built=build/release
+folder=$PWD/build/brivon
+mkdir -p "$folder"
+install -m 755 "$built/src/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
+cp -r samples/messages samples/languages "$folder/"
+# The configuration is the operator's: it is laid out once and never overwritten.
+if [ ! -e "$folder/brivon.ini" ]; then
+  sed "s|^;Com2=.*|Com2=$folder/panel-line|" samples/brivon.ini >"$folder/brivon.ini"
+fi
+
+if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  echo "No display: going an operator's way on a virtual one."
+  exec xvfb-run -a -s "-screen 0 1600x1200x24" "$built/tests/journey/brivon_journey" \
+    --panel-program "$folder/virtual_panel" --samples samples --pictures build/journey
+fi
+
+panel=
+trap '[ -z "$panel" ] || kill "$panel" 2>/dev/null || true' EXIT
+"$folder/virtual_panel" --panel 1:4x96:tri --panel 2:12x192:mono \
+  --tcp 127.0.0.1:2101 --pty "$folder/panel-line" &
+panel=$!
+"$folder/brivon"

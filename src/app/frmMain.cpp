@@ -1,0 +1,99 @@
+#include "app/frmMain.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
+
+#include "app/caption_loader.h"
+#include "app/launcher_layout.h"
+#include "app/module_language.h"
+#include "core/configuration_store.h"
+#include "core/ini_file.h"
+#include "ui_frmMain.h"
+
+namespace {
+
+constexpr int kEnglish = 1;
+constexpr int kLanguageFile = 2;
+
+// Ends an event loop when a window is closed; a minimised one is still open.
+class CloseWatcher : public QObject {
+ public:
+  explicit CloseWatcher(QEventLoop* loop) : loop_(loop) {}
+
+  bool eventFilter(QObject* window, QEvent* event) override {
+    if (event->type() == QEvent::Hide && !event->spontaneous()) loop_->quit();
+    return QObject::eventFilter(window, event);
+  }
+
+ private:
+  QEventLoop* loop_;
+};
+
+}  // namespace
+
+frmMain::frmMain(std::vector<TaskWindow> windows)
+    : ui_(std::make_unique<Ui::frmMain>()), windows_(std::move(windows)) {
+  ui_->setupUi(this);
+  SetUpButtons();
+
+  Brivon1::LoadConfiguration();
+  const int language = Brivon1::IniFile::Load(Brivon1::ConfigurationPath())
+                           .Integer("Language", "Language", kEnglish);
+  if (language == kLanguageFile) {
+    ModuleLanguage::SetLanguageActive(true);
+    LoadCaptions(this);
+    resize(Brivon1::kTranslatedWidth / Brivon1::kTwipsPerPixel, height());
+  }
+  LayOut();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::SetUpButtons() {
+  ui_->butMsgEdit->SetSymbol(LauncherSymbol::kMessage);
+  ui_->butShiftMsg->SetSymbol(LauncherSymbol::kScrolling);
+  ui_->butSchEdit->SetSymbol(LauncherSymbol::kSchedule);
+  ui_->butConfigEdit->SetSymbol(LauncherSymbol::kConfig);
+  ui_->butCommand->SetSymbol(LauncherSymbol::kCommand);
+  ui_->butEnd->SetSymbol(LauncherSymbol::kExit);
+
+  for (const TaskWindow& task : windows_) {
+    auto* button = findChild<QPushButton*>(QString::fromLatin1(task.button));
+    button->setEnabled(true);
+    connect(button, &QPushButton::clicked, this, [this, &task] { Open(task); });
+  }
+  // Not quit(): that would ask the windows first.
+  connect(ui_->butEnd, &QPushButton::clicked, this, [] { QCoreApplication::exit(); });
+}
+
+void frmMain::resizeEvent(QResizeEvent* /*event*/) { LayOut(); }
+
+void frmMain::LayOut() {
+  const int button_width = Brivon1::LauncherButtonPixels(width());
+  int left = 0;
+  for (QWidget* button :
+       {ui_->butMsgEdit, ui_->butSchEdit, ui_->butConfigEdit, ui_->butCommand, ui_->butEnd}) {
+    button->setGeometry(left, button->y(), button_width, button->height());
+    left += button_width;
+  }
+  // The labels stay where they are and take the room that there is.
+  const int margin = ui_->butShiftMsg->x();
+  for (QWidget* label : {ui_->lblTitle, ui_->lblInfo}) {
+    label->resize(width() - margin - label->x(), label->height());
+  }
+  ui_->lblInfo->resize(ui_->lblInfo->width(), height() - margin - ui_->lblInfo->y());
+}
+
+void frmMain::Open(const TaskWindow& task) {
+  if (open_window_ != nullptr) return;  // one window at a time, however the click came
+  const std::unique_ptr<QWidget> window = task.create();
+  open_window_ = window.get();
+  QEventLoop loop;
+  CloseWatcher watcher(&loop);
+  window->installEventFilter(&watcher);
+  window->setAttribute(Qt::WA_DeleteOnClose, false);  // it is deleted here
+  window->setWindowModality(Qt::ApplicationModal);
+  window->show();
+  if (window->isVisible()) loop.exec();
+}

@@ -1,0 +1,14 @@
+// The symbols on the launcher's buttons, drawn in the colours of the palette so that they are sharp
+// at any resolution and readable in any theme.
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+
+class QPainter;
+
+enum class LauncherSymbol { kNone, kMessage, kScrolling, kSchedule, kConfig, kCommand, kExit };
+
+/// Draws a symbol into the square `area`: its outline in `line`, what it holds in `accent`.
+void DrawLauncherSymbol(QPainter* painter, LauncherSymbol symbol, const QRectF& area,
+                        const QColor& line, const QColor& accent);

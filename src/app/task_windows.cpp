@@ -1,0 +1,18 @@
+#include "app/task_windows.h"
+
+#include "core/frmCommand.h"
+#include "page/frmMsgEditor.h"
+
+namespace {
+
+// The entry that opens a window of class `Window`, whose constructor takes its owner.
+template <typename Window>
+TaskWindow Opens(const char* button) {
+  return {button, [] { return std::make_unique<Window>(nullptr); }};
+}
+
+}  // namespace
+
+std::vector<TaskWindow> TaskWindows() {
+  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmCommand>("butCommand")};
+}

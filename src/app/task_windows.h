@@ -1,0 +1,16 @@
+// Which window each button of the launcher opens.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include <QWidget>
+
+struct TaskWindow {
+  const char* button;                                ///< The button's name.
+  std::function<std::unique_ptr<QWidget>()> create;  ///< Makes the window, without an owner.
+};
+
+/// The task windows of the program. A button without one is disabled.
+std::vector<TaskWindow> TaskWindows();

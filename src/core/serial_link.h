@@ -1,0 +1,39 @@
+// The serial port of a window that sends: the rules' SerialPort over the toolkit's QSerialPort.
+#pragma once
+
+#include <QObject>
+#include <QSerialPort>
+
+#include "core/link.h"
+
+namespace Brivon1 {
+
+class SerialLink : public QObject, public SerialPort {
+  Q_OBJECT
+
+ public:
+  /// The port object is a child named "Comm1".
+  explicit SerialLink(QObject* parent);
+
+  bool Open(const QString& device, const QByteArray& settings) override;
+  void Write(const QByteArray& bytes) override;
+  QByteArray ReadAvailable() override;
+  bool IsLost() const override { return is_lost_; }
+  void Close() override;
+  QString FailureReason() const override { return failure_reason_; }
+
+ Q_SIGNALS:
+  /// Bytes have arrived, or the line was lost.
+  void Happened();
+
+ private:
+  void HandleError(QSerialPort::SerialPortError error);
+  void Lose();
+
+  QSerialPort* port_;
+  bool is_lost_ = false;
+  QByteArray saved_;  // what had arrived when the line was lost
+  QString failure_reason_;
+};
+
+}  // namespace Brivon1

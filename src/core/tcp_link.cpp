@@ -1,0 +1,64 @@
+#include "core/tcp_link.h"
+
+#include <QNetworkProxy>
+
+namespace Brivon1 {
+namespace {
+
+constexpr qint64 kReadBuffer = 64 * 1024;  // what a panel may send while nobody reads
+constexpr int kLongestDrain = 1000;        // milliseconds for the last bytes to leave at a close
+
+}  // namespace
+
+TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this)) {
+  socket_->setObjectName(QStringLiteral("Winsock1"));
+  socket_->setProxy(QNetworkProxy::NoProxy);
+  socket_->setReadBufferSize(kReadBuffer);
+  connect(socket_, &QTcpSocket::readyRead, this, &TcpLink::Happened);
+  connect(socket_, &QTcpSocket::disconnected, this, &TcpLink::Happened);
+  connect(socket_, &QTcpSocket::connected, this,
+          [this] { socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1); });
+}
+
+void TcpLink::Connect(const QString& host, int port) {
+  if (socket_->state() != QAbstractSocket::UnconnectedState) socket_->abort();
+  endpoint_ = QStringLiteral("%1:%2").arg(host).arg(port);
+  socket_->connectToHost(host, static_cast<quint16>(port));
+}
+
+bool TcpLink::IsConnected() const { return socket_->state() == QAbstractSocket::ConnectedState; }
+
+void TcpLink::Write(const QByteArray& bytes) {
+  if (!IsConnected()) return;
+  if (socket_->write(bytes) != bytes.size()) {
+    socket_->abort();
+  } else {
+    socket_->flush();
+  }
+}
+
+QByteArray TcpLink::ReadAvailable() {
+  if (IsConnected()) socket_->waitForReadyRead(0);
+  return socket_->isOpen() ? socket_->readAll() : QByteArray();
+}
+
+void TcpLink::Close() {
+  if (socket_->state() == QAbstractSocket::UnconnectedState) return;
+  if (IsConnected()) {
+    socket_->disconnectFromHost();
+    if (socket_->state() == QAbstractSocket::UnconnectedState ||
+        socket_->waitForDisconnected(kLongestDrain)) {
+      return;
+    }
+  }
+  socket_->abort();
+}
+
+QString TcpLink::FailureReason() const {
+  const bool is_trying = socket_->state() == QAbstractSocket::HostLookupState ||
+                         socket_->state() == QAbstractSocket::ConnectingState;
+  return endpoint_ + QStringLiteral(": ") +
+         (is_trying ? QStringLiteral("no answer within 500 ms") : socket_->errorString());
+}
+
+}  // namespace Brivon1

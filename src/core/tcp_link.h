@@ -1,0 +1,35 @@
+// The TCP client of a window that sends: the rules' TcpSocket over the toolkit's QTcpSocket.
+#pragma once
+
+#include <QObject>
+#include <QTcpSocket>
+
+#include "core/link.h"
+
+namespace Brivon1 {
+
+class TcpLink : public QObject, public TcpSocket {
+  Q_OBJECT
+
+ public:
+  /// The socket object is a child named "Winsock1".
+  explicit TcpLink(QObject* parent);
+
+  void Connect(const QString& host, int port) override;
+  bool IsConnected() const override;
+  void Write(const QByteArray& bytes) override;
+  QByteArray ReadAvailable() override;
+  bool IsLost() const override { return !IsConnected(); }
+  void Close() override;
+  QString FailureReason() const override;
+
+ Q_SIGNALS:
+  /// Bytes have arrived, or the connection was lost.
+  void Happened();
+
+ private:
+  QTcpSocket* socket_;
+  QString endpoint_;
+};
+
+}  // namespace Brivon1

@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything, and runs all tests. Takes a preset's name
+# (release unless told otherwise).
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+preset=${1:-release}
+tools/install_missing.sh
+cmake --preset "$preset" >/dev/null
+cmake --build --preset "$preset"
+QT_QPA_PLATFORM=offscreen ctest --preset "$preset"

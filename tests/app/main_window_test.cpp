@@ -1,0 +1,351 @@
+// The launcher: start-up, layout, its buttons and its end.
+#include <QCloseEvent>
+#include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "app/caption_button.h"
+#include "app/frmMain.h"
+#include "app/module_language.h"
+#include "core/configuration_store.h"
+#include "support/message_box_reader.h"
+#include "support/program_folder.h"
+
+namespace {
+
+QString Text(const char* text) { return QString::fromUtf8(text); }
+
+constexpr const char* kRow[] = {"butMsgEdit", "butSchEdit", "butConfigEdit", "butCommand",
+                                "butEnd"};
+
+// A task window of the test's own, which counts how often it is made and destroyed.
+class Task : public QDialog {
+ public:
+  Task() {
+    setObjectName(QStringLiteral("task"));
+    ++made_;
+  }
+  ~Task() override { ++destroyed_; }
+
+  static inline int made_ = 0;
+  static inline int destroyed_ = 0;
+};
+
+class MainWindowTest : public testing::Test {
+ protected:
+  MainWindowTest() { Task::made_ = Task::destroyed_ = 0; }
+
+  void Language(const QByteArray& value) {
+    folder_.Write(Text("brivon.ini"), "[Language]\r\nLanguage=" + value + "\r\n");
+  }
+
+  static std::vector<TaskWindow> Tasks() {
+    std::vector<TaskWindow> tasks;
+    for (const char* button : {"butMsgEdit", "butCommand"}) {
+      tasks.push_back({button, [] { return std::make_unique<Task>(); }});
+    }
+    return tasks;
+  }
+
+  static CaptionButton* Button(const QWidget& window, const char* name) {
+    return window.findChild<CaptionButton*>(Text(name));
+  }
+
+  static QString Label(const QWidget& window, const char* name) {
+    return window.findChild<QLabel*>(Text(name))->text();
+  }
+
+  TemporaryProgramFolder folder_;
+};
+
+TEST_F(MainWindowTest, Language2TheFiveRowButtonsAreRelaidToEqualWidthsOf1780Twips) {
+  const frmMain english;
+  const QRect designed = Button(english, "butShiftMsg")->geometry();
+  Language("2");
+  const frmMain window;
+  EXPECT_EQ(window.width(), 600);  // 9000 twips
+  int left = 0;
+  for (const char* name : kRow) {
+    const QRect place = Button(window, name)->geometry();
+    EXPECT_EQ(place.width(), 119) << name;  // 1780 twips are 118.67 pixels
+    EXPECT_EQ(place.left(), left) << name;
+    left += 119;
+  }
+  // The button of the scrolling message stays where it was designed.
+  EXPECT_EQ(Button(window, "butShiftMsg")->geometry(), designed);
+}
+
+TEST_F(MainWindowTest, Language1MissingOrAnyOtherValueNoTextIsReadFromTheLanguageFile) {
+  folder_.Write(Text("langSetting.INI"), "[frmMain]\r\nbutMsgEdit.Caption=Meldung\r\n");
+  for (const char* value : {"1", "0", "-2", "two", "", "3", "22", "x2"}) {
+    Language(value);
+    const frmMain window;
+    EXPECT_FALSE(ModuleLanguage::IsLanguageActive()) << value;
+    EXPECT_EQ(Button(window, "butMsgEdit")->text(), Text("Message")) << value;
+    EXPECT_EQ(window.width(), 560);
+  }
+  folder_.Write(Text("brivon.ini"), "[Other]\r\nLanguage=2\r\n");
+  const frmMain window;
+  EXPECT_FALSE(ModuleLanguage::IsLanguageActive());
+}
+
+TEST_F(MainWindowTest, AMissingConfigurationIsNoErrorAndEnglish) {
+  MessageBoxReader reader;
+  const frmMain window;
+  EXPECT_FALSE(ModuleLanguage::IsLanguageActive());
+  EXPECT_TRUE(reader.Seen().isEmpty());
+}
+
+TEST_F(MainWindowTest, PressingButEndWhileNothingIsSavedEndsTheProgramWithoutAsking) {
+  // A window that would refuse to be closed, as one with unsaved work does.
+  class Stubborn : public QWidget {
+   public:
+    void closeEvent(QCloseEvent* event) override {
+      ++asked_;
+      event->ignore();
+    }
+    int asked_ = 0;
+  };
+  Stubborn unsaved;
+  unsaved.show();
+  frmMain window;
+  window.show();
+  MessageBoxReader reader;
+  QTimer::singleShot(0, &window,
+                     [&] { QTest::mouseClick(Button(window, "butEnd"), Qt::LeftButton); });
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_EQ(unsaved.asked_, 0);
+  EXPECT_TRUE(reader.Seen().isEmpty());
+}
+
+TEST_F(MainWindowTest, StartUpLoadsTheConfigurationStore) {
+  folder_.Write(Text("brivon.ini"), "[Dimension Config]\r\nID007=8x96,Tri\r\n");
+  const frmMain window;
+  EXPECT_EQ(Brivon1::Store().panels[7].rows, 8);
+}
+
+TEST_F(MainWindowTest, Language2ItsTextsComeFromTheLanguageFileButNotItsCaption) {
+  Language("2");
+  folder_.Write(Text("langSetting.INI"),
+                "[frmMain]\r\nbutMsgEdit.Caption=Meldung\r\nbutSchEdit.Caption=Plan\r\n"
+                "butCommand.Caption=Befehl\r\nbutConfigEdit.Caption=Daten\r\n"
+                "butEnd.Caption=Ende\r\nbutShiftMsg.Caption=Lauftext\r\nfrmMain.Caption=Titel\r\n"
+                "lblTitle.Caption=Steuerung\r\nlblInfo.Caption=Mehr\r\n");
+  const frmMain window;
+  EXPECT_TRUE(ModuleLanguage::IsLanguageActive());
+  EXPECT_EQ(Button(window, "butMsgEdit")->text(), Text("Meldung"));
+  EXPECT_EQ(Button(window, "butSchEdit")->text(), Text("Plan"));
+  EXPECT_EQ(Button(window, "butCommand")->text(), Text("Befehl"));
+  EXPECT_EQ(Button(window, "butConfigEdit")->text(), Text("Daten"));
+  EXPECT_EQ(Button(window, "butEnd")->text(), Text("Ende"));
+  EXPECT_EQ(Button(window, "butShiftMsg")->text(), Text("Scrolling Message"));
+  EXPECT_EQ(Label(window, "lblTitle"), Text("Steuerung"));
+  EXPECT_EQ(Label(window, "lblInfo"), Text("Mehr"));
+  EXPECT_EQ(window.windowTitle(), Text("Brivon V.M.2.41M"));
+}
+
+TEST_F(MainWindowTest, Language2WithoutALanguageFileIsEnglishButAsWide) {
+  Language("2");
+  const frmMain window;
+  EXPECT_TRUE(ModuleLanguage::IsLanguageActive());
+  EXPECT_EQ(Button(window, "butMsgEdit")->text(), Text("Message"));
+  EXPECT_EQ(window.width(), 600);
+}
+
+TEST_F(MainWindowTest, NothingSetsTheLanguageFlagBack) {
+  Language("2");
+  const frmMain first;
+  Language("1");
+  const frmMain second;
+  EXPECT_TRUE(ModuleLanguage::IsLanguageActive());
+}
+
+TEST_F(MainWindowTest, CaptionsAndToolTipsAreTheBuiltInOnes) {
+  const frmMain window;
+  const char* expected[][3] = {{"butMsgEdit", "Message", "Edit Page Message"},
+                               {"butShiftMsg", "Scrolling Message", ""},
+                               {"butSchEdit", "Schedule", "Edit Page Sequence"},
+                               {"butConfigEdit", "Config", "System Config"},
+                               {"butCommand", "Command", "LED Display Control Command"},
+                               {"butEnd", "Exit", "Exit"}};
+  for (const auto& [name, caption, tip] : expected) {
+    EXPECT_EQ(Button(window, name)->text(), Text(caption));
+    EXPECT_EQ(Button(window, name)->toolTip(), Text(tip));
+  }
+  EXPECT_EQ(window.windowTitle(), Text("Brivon V.M.2.41M"));
+  EXPECT_EQ(Label(window, "lblTitle"), Text("Multi-Line Control Program"));
+  EXPECT_FALSE(Label(window, "lblInfo").isEmpty());
+}
+
+TEST_F(MainWindowTest, EveryResizeLaysTheRowOutAndNothingOverlaps) {
+  frmMain window;
+  window.show();
+  const QRect designed = Button(window, "butShiftMsg")->geometry();
+  for (const QSize size : {QSize(800, 300), QSize(480, 200), QSize(10, 10), QSize(1203, 640)}) {
+    window.resize(size);
+    const int expected = (3 * window.width() - 20 + 7) / 15;
+    int left = 0;
+    for (const char* name : kRow) {
+      EXPECT_EQ(Button(window, name)->width(), expected);
+      EXPECT_EQ(Button(window, name)->x(), left);
+      left += expected;
+    }
+    EXPECT_EQ(Button(window, "butShiftMsg")->geometry(), designed);
+    const QList<QWidget*> parts = window.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    EXPECT_EQ(parts.size(), 8);
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+      EXPECT_TRUE(window.rect().contains(parts[i]->geometry()))
+          << parts[i]->objectName().toStdString();
+      for (qsizetype j = 0; j < i; ++j) {
+        EXPECT_FALSE(parts[i]->geometry().intersects(parts[j]->geometry()));
+      }
+    }
+  }
+}
+
+TEST_F(MainWindowTest, AButtonWithoutAWindowIsDisabled) {
+  const frmMain window(Tasks());
+  EXPECT_TRUE(Button(window, "butMsgEdit")->isEnabled());
+  EXPECT_TRUE(Button(window, "butCommand")->isEnabled());
+  EXPECT_TRUE(Button(window, "butEnd")->isEnabled());
+  EXPECT_FALSE(Button(window, "butShiftMsg")->isEnabled());
+  EXPECT_FALSE(Button(window, "butSchEdit")->isEnabled());
+  EXPECT_FALSE(Button(window, "butConfigEdit")->isEnabled());
+}
+
+TEST_F(MainWindowTest, TheProgramsOwnTaskWindowsHaveAButton) {
+  const frmMain window;
+  for (const TaskWindow& task : TaskWindows()) {
+    ASSERT_NE(Button(window, task.button), nullptr) << task.button;
+    EXPECT_TRUE(Button(window, task.button)->isEnabled());
+  }
+}
+
+TEST_F(MainWindowTest, ATaskWindowIsModalToTheApplicationWithoutAnOwner) {
+  frmMain window(Tasks());
+  window.show();
+  bool modal = false;
+  bool owned = true;
+  const ModalWindowDriver driver(Text("task"), [&](QWidget* task) {
+    modal =
+        QApplication::activeModalWidget() == task && task->windowModality() == Qt::ApplicationModal;
+    owned = task->parentWidget() != nullptr;
+    task->close();
+  });
+  QTest::mouseClick(Button(window, "butMsgEdit"), Qt::LeftButton);
+  EXPECT_EQ(driver.Count(), 1);
+  EXPECT_TRUE(modal);
+  EXPECT_FALSE(owned);
+}
+
+TEST_F(MainWindowTest, TheClickReturnsWhenTheWindowIsClosedAndAClosedWindowIsCreatedAfresh) {
+  frmMain window(Tasks());
+  window.show();
+  const ModalWindowDriver driver(Text("task"), [](QWidget* task) {
+    EXPECT_EQ(Task::made_, Task::destroyed_ + 1);
+    qobject_cast<QDialog*>(task)->accept();
+  });
+  Button(window, "butMsgEdit")->click();
+  EXPECT_EQ(Task::made_, 1);
+  EXPECT_EQ(Task::destroyed_, 1);
+  Button(window, "butCommand")->click();
+  Button(window, "butMsgEdit")->click();
+  EXPECT_EQ(Task::made_, 3);
+  EXPECT_EQ(Task::destroyed_, 3);
+}
+
+TEST_F(MainWindowTest, NoTwoTaskWindowsAreEverOpenAtOnce) {
+  frmMain window(Tasks());
+  window.show();
+  const ModalWindowDriver driver(Text("task"), [&](QWidget* task) {
+    Button(window, "butCommand")->click();
+    QTest::mouseClick(Button(window, "butMsgEdit"), Qt::LeftButton);
+    EXPECT_EQ(Task::made_, 1);
+    task->close();
+  });
+  Button(window, "butMsgEdit")->click();
+  EXPECT_EQ(driver.Count(), 1);
+}
+
+TEST_F(MainWindowTest, TheProgramCanBeEndedWhileATaskWindowIsOpen) {
+  frmMain window(Tasks());
+  window.show();
+  const ModalWindowDriver driver(Text("task"), [](QWidget*) { QCoreApplication::exit(); });
+  QTimer::singleShot(0, &window, [&] { Button(window, "butMsgEdit")->click(); });
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_EQ(Task::destroyed_, 1);
+}
+
+TEST_F(MainWindowTest, EnterPressesTheFocusedButton) {
+  frmMain window(Tasks());
+  window.show();
+  const ModalWindowDriver driver(Text("task"), [](QWidget* task) { task->close(); });
+  QTest::keyClick(Button(window, "butCommand"), Qt::Key_Return);
+  QTest::keyClick(Button(window, "butCommand"), Qt::Key_Enter);
+  EXPECT_EQ(driver.Count(), 2);
+}
+
+TEST_F(MainWindowTest, EscapeDoesNothing) {
+  frmMain window(Tasks());
+  window.show();
+  QTest::keyClick(Button(window, "butCommand"), Qt::Key_Escape);
+  QTest::keyClick(&window, Qt::Key_Escape);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(Task::made_, 0);
+}
+
+TEST_F(MainWindowTest, TabAndArrowKeysGoThroughTheButtonsInTheirOrder) {
+  std::vector<TaskWindow> all;
+  const char* order[] = {"butMsgEdit", "butShiftMsg", "butSchEdit", "butConfigEdit", "butCommand"};
+  for (const char* button : order) all.push_back({button, [] { return std::make_unique<Task>(); }});
+  frmMain window(all);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const int key : {Qt::Key_Tab, Qt::Key_Right, Qt::Key_Down}) {
+    Button(window, "butMsgEdit")->setFocus();
+    for (const char* name : order) {
+      ASSERT_EQ(window.focusWidget()->objectName(), Text(name));
+      QTest::keyClick(window.focusWidget(), static_cast<Qt::Key>(key));
+    }
+    EXPECT_EQ(window.focusWidget()->objectName(), Text("butEnd"));
+  }
+}
+
+TEST_F(MainWindowTest, ALongCaptionStaysWholeInTheButtonAndIsNotCut) {
+  Language("2");
+  folder_.Write(Text("langSetting.INI"),
+                "[frmMain]\r\nbutMsgEdit.Caption=Seitenmeldung bearbeiten und speichern\r\n");
+  const frmMain window;
+  const CaptionButton* button = Button(window, "butMsgEdit");
+  EXPECT_EQ(button->text(), Text("Seitenmeldung bearbeiten und speichern"));
+  EXPECT_TRUE(button->Fit().complete);
+  EXPECT_TRUE(button->Fit().whole);
+}
+
+TEST_F(MainWindowTest, EveryCaptionOfTheSampleLanguagesFitsItsButtonWithoutABrokenWord) {
+  Language("2");
+  for (const char* language : {"deutsch", "espanol"}) {
+    QFile sample(QStringLiteral(BRIVON_SAMPLES "/languages/%1/langSetting.INI")
+                     .arg(QLatin1String(language)));
+    ASSERT_TRUE(sample.open(QIODevice::ReadOnly));
+    folder_.Write(Text("langSetting.INI"), sample.readAll());
+    const frmMain window;
+    EXPECT_NE(Button(window, "butEnd")->text(), Text("Exit"));
+    for (const CaptionButton* button : window.findChildren<CaptionButton*>()) {
+      EXPECT_TRUE(button->Fit().whole) << button->text().toStdString();
+      EXPECT_EQ(button->Fit().scale, 1) << button->text().toStdString();
+    }
+    for (const char* name : {"lblTitle", "lblInfo"}) {
+      const auto* label = window.findChild<QLabel*>(Text(name));
+      EXPECT_TRUE(FitText(label->font(), label->text(), label->size()).whole) << name;
+    }
+  }
+}
+
+}  // namespace

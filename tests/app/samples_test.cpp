@@ -1,0 +1,127 @@
+// The files that are shipped as samples: complete, and read by the program as they are meant.
+#include <map>
+
+#include <QFile>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include "app/caption_tables.h"
+#include "app/module_language.h"
+#include "core/configuration_store.h"
+#include "page/display_feature.h"
+#include "support/program_folder.h"
+
+namespace {
+
+using ModuleLanguage::CaptionKeys;
+using ModuleLanguage::CaptionTables;
+
+QByteArray Sample(const QString& name) {
+  QFile file(QStringLiteral(BRIVON_SAMPLES "/") + name);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+  return file.readAll();
+}
+
+// The keys of a file by section, each as often as it stands there.
+std::map<QString, QStringList> KeysIn(const QByteArray& content) {
+  std::map<QString, QStringList> keys;
+  QString section;
+  for (const QString& whole : QString::fromUtf8(content).split(u'\n')) {
+    const QString line = whole.trimmed();
+    if (line.startsWith(u'[')) section = line.mid(1, line.size() - 2);
+    if (line.isEmpty() || line.startsWith(u'[') || line.startsWith(u';')) continue;
+    keys[section].append(line.section(u'=', 0, 0));
+  }
+  for (auto& [name, list] : keys) list.sort();
+  return keys;
+}
+
+std::map<QString, QStringList> ExpectedKeys() {
+  std::map<QString, QStringList> keys;
+  for (const auto& table : CaptionTables()) {
+    for (const QString& key : CaptionKeys(table)) {
+      // No feature has a ninth or tenth code.
+      if (key == QLatin1String("ListFeature.List(8)")) continue;
+      if (key == QLatin1String("ListFeature.List(9)")) continue;
+      keys[QString::fromLatin1(table.window)].append(key);
+    }
+  }
+  for (const auto& message : ModuleLanguage::Messages()) {
+    QStringList& list = keys[QString::fromLatin1(message.section)];
+    list.append(QString::fromLatin1(message.key));
+    list.removeDuplicates();  // some messages share a key with a caption
+  }
+  for (auto& [name, list] : keys) list.sort();
+  return keys;
+}
+
+class SampleLanguageTest : public testing::TestWithParam<const char*> {
+ protected:
+  QByteArray Content() const {
+    return Sample(QStringLiteral("languages/%1/langSetting.INI").arg(QLatin1String(GetParam())));
+  }
+};
+
+TEST_P(SampleLanguageTest, NoKeyIsMissingAndNoneIsUnknown) {
+  const auto expected = ExpectedKeys();
+  const auto found = KeysIn(Content());
+  EXPECT_EQ(expected.size(), 11U);
+  EXPECT_EQ(found.size(), expected.size());
+  for (const auto& [section, keys] : expected) {
+    ASSERT_TRUE(found.contains(section)) << section.toStdString();
+    EXPECT_EQ(found.at(section).join(u'\n').toStdString(), keys.join(u'\n').toStdString());
+  }
+}
+
+TEST_P(SampleLanguageTest, EveryValueIsTextThatIsNotCut) {
+  TemporaryProgramFolder folder;
+  folder.UseLanguage(Content());
+  ASSERT_TRUE(Content().isValidUtf8());
+  const ModuleLanguage::LanguageFile file;
+  for (const auto& [section, keys] : ExpectedKeys()) {
+    for (const QString& key : keys) {
+      const QString value = file.Value(section, key, QString());
+      EXPECT_FALSE(value.isEmpty()) << key.toStdString();
+      EXPECT_LT(value.size(), 255) << key.toStdString();
+    }
+  }
+}
+
+TEST_P(SampleLanguageTest, EveryFeatureNameLeadsToItsOwnCode) {
+  TemporaryProgramFolder folder;
+  folder.UseLanguage(Content());
+  const ModuleLanguage::LanguageFile file;
+  for (int n = 0; n < 8; ++n) {
+    const QString name = file.Value(QStringLiteral("frmDelay"),
+                                    QStringLiteral("ListFeature.List(%1)").arg(n), QString());
+    EXPECT_EQ(Brivon1::FeatureCode(name), QChar(u'A' + n)) << name.toStdString();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::Values("deutsch", "espanol"),
+                         [](const auto& test) { return std::string(test.param); });
+
+TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
+  TemporaryProgramFolder folder;
+  folder.Configure(Sample(QStringLiteral("brivon.ini")));
+  const Brivon1::Configuration& store = Brivon1::Store();
+  EXPECT_EQ(store.panels[1].rows, 4);
+  EXPECT_EQ(store.panels[1].columns, 96);
+  EXPECT_EQ(store.panels[1].colour_type, Brivon1::kTri);
+  EXPECT_EQ(store.panels[1].address, "127.0.0.1:2101");
+  EXPECT_EQ(store.panels[2].rows, 12);
+  EXPECT_EQ(store.panels[2].columns, 192);
+  EXPECT_EQ(store.panels[2].colour_type, Brivon1::kMono);
+  EXPECT_EQ(store.panels[2].address, "127.0.0.1:2101");
+  int configured = 0;
+  for (const auto& panel : store.panels) configured += panel.IsConfigured() ? 1 : 0;
+  EXPECT_EQ(configured, 2);
+  EXPECT_EQ(store.Mode(), Brivon1::SendMode::kTcp);
+  EXPECT_EQ(store.baud_rate, 9600);
+  EXPECT_EQ(store.com_port, 2);
+  EXPECT_EQ(store.delay_period, 300);
+  EXPECT_TRUE(store.serial_devices.empty());
+}
+
+}  // namespace

@@ -1,0 +1,359 @@
+// Goes the way of an operator, by key and mouse, through the real windows: composes a page, saves
+// it, sends it, polls the panel, sets its clock, runs and deletes pages; over TCP and over a serial
+// line, in English and from a language file. The virtual panel runs as the program that it is; what
+// it holds afterwards is compared, byte for byte, with what was typed. Every step is printed, every
+// window leaves a picture, and any step that fails makes the program fail.
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+
+#include "app/frmMain.h"
+#include "app/module_language.h"
+#include "support/message_box_reader.h"
+#include "support/program_folder.h"
+
+namespace {
+
+/// The virtual panel's program, started for the journey and ended with it.
+class PanelProgram {
+ public:
+  PanelProgram(const QString& program, const TemporaryProgramFolder& folder, const QString& picture)
+      : line_(folder.Path(QStringLiteral("panel-line"))),
+        state_(folder.Path(QStringLiteral("panel-state.json"))) {
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.start(
+        program, {QStringLiteral("--panel"), QStringLiteral("1:4x96:tri"),
+                  QStringLiteral("--panel"), QStringLiteral("2:12x192:mono"),
+                  QStringLiteral("--tcp"), QStringLiteral("127.0.0.1:0"), QStringLiteral("--pty"),
+                  line_, QStringLiteral("--state"), state_, QStringLiteral("--picture"), picture});
+    while (!output_.contains("ready\n") && process_.waitForReadyRead(10000)) {
+      output_ += process_.readAllStandardOutput();
+    }
+  }
+
+  ~PanelProgram() {
+    process_.terminate();
+    process_.waitForFinished(5000);
+  }
+
+  PanelProgram(const PanelProgram&) = delete;
+  PanelProgram& operator=(const PanelProgram&) = delete;
+
+  bool IsReady() const { return output_.contains("ready\n"); }
+
+  QString SerialDevice() const { return line_; }
+
+  /// The address that it says it listens on, "127.0.0.1:" and its port.
+  QByteArray TcpAddress() const {
+    const qsizetype from = output_.indexOf("127.0.0.1:");
+    return output_.mid(from, output_.indexOf('\n', from) - from);
+  }
+
+  /// What a panel holds, by the program's own account.
+  QJsonObject Panel(int id) const {
+    QFile file(state_);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QJsonArray panels =
+        QJsonDocument::fromJson(file.readAll()).object()[QStringLiteral("panels")].toArray();
+    for (const QJsonValue& panel : panels) {
+      if (panel[QStringLiteral("id")].toInt() == id) return panel.toObject();
+    }
+    return {};
+  }
+
+  /// The rows of a stored page, from row 1.
+  QStringList Page(int id, int page) const {
+    const QJsonObject rows =
+        Panel(id)[QStringLiteral("pages")].toObject()[QString::number(page)].toObject();
+    QStringList texts;
+    for (int row = 1; row <= rows.size(); ++row) {
+      texts.append(rows[QString::number(row)].toString());
+    }
+    return texts;
+  }
+
+ private:
+  QProcess process_;
+  QString line_;
+  QString state_;
+  QByteArray output_;
+};
+
+class Journey {
+ public:
+  Journey(const QString& panel_program, QString samples, const QString& pictures)
+      : samples_(std::move(samples)),
+        pictures_(pictures),
+        panel_(panel_program, folder_, pictures_.filePath(QStringLiteral("virtual_panel.png"))) {}
+
+  /// The number of steps that failed.
+  int Run() {
+    Step("the virtual panel is ready", panel_.IsReady());
+    if (failures_ > 0) return failures_;
+    OverTcp();
+    OverTheSerialLine();
+    InAnotherLanguage();
+    std::printf("%d steps, %d failed\n", steps_, failures_);
+    return failures_;
+  }
+
+ private:
+  void Step(const char* what, bool succeeded) {
+    ++steps_;
+    if (!succeeded) ++failures_;
+    std::printf("%-7s %s\n", succeeded ? "ok" : "FAILED", what);
+    std::fflush(stdout);
+  }
+
+  void TakePicture(QWidget* window, const char* name) {
+    const bool shown = QTest::qWaitForWindowExposed(window);
+    QCoreApplication::processEvents();
+    const QString file = pictures_.filePath(QString::fromLatin1(name) + QStringLiteral(".png"));
+    if (!shown || !window->grab().save(file)) Step("a picture was taken", false);
+  }
+
+  void Configure(const char* send_mode, int language) {
+    folder_.Write(QStringLiteral("brivon.ini"),
+                  "[Dimension Config]\r\nID001=4x96,Tri," + panel_.TcpAddress() +
+                      "\r\nID002=12x192,Mono," + panel_.TcpAddress() +
+                      "\r\n[Communication]\r\nSendMode=" + send_mode +
+                      "\r\nBaudrate=9600\r\nComPort=2\r\nDelay Period=100\r\n[Serial Ports]\r\n"
+                      "Com2=" +
+                      panel_.SerialDevice().toLocal8Bit() +
+                      "\r\n[Language]\r\nLanguage=" + QByteArray::number(language) + "\r\n");
+  }
+
+  template <typename T>
+  static T* Find(QWidget* window, const char* name) {
+    T* control = window->findChild<T*>(QString::fromLatin1(name));
+    if (control == nullptr) qFatal("there is no control %s", name);
+    return control;
+  }
+
+  static void Click(QWidget* window, const char* name) {
+    QTest::mouseClick(Find<QPushButton>(window, name), Qt::LeftButton);
+  }
+
+  static void Choose(QWidget* window, const char* name, int index) {
+    auto* list = Find<QComboBox>(window, name);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Home);
+    for (int i = 0; i < index; ++i) QTest::keyClick(list, Qt::Key_Down);
+  }
+
+  static QWidget* Row(QWidget* window, int row) {
+    return Find<QWidget>(window, QByteArray("Picture1(" + QByteArray::number(row) + ")").data());
+  }
+
+  /// Opens a task window from the launcher and lets `visit` work in it.
+  void Visit(frmMain& launcher, const char* button, const char* window_name,
+             const std::function<void(QWidget*)>& visit) {
+    const ModalWindowDriver driver(QString::fromLatin1(window_name), visit);
+    Click(&launcher, button);
+    Step((QByteArray(window_name) + " was opened from the launcher").data(), driver.Count() == 1);
+  }
+
+  void ComposeAPage(QWidget* editor) {
+    const ModalWindowDriver sizes(QStringLiteral("frmDimension"), [this](QWidget* dialog) {
+      TakePicture(dialog, "frmDimension");
+      QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    Click(editor, "butNew");
+    Step("a new page of 4 rows and 96 dot columns", sizes.Count() == 1);
+
+    Choose(editor, "ComboColor", 1);
+    Choose(editor, "ComboSize", 2);
+    QTest::mouseClick(Row(editor, 1), Qt::LeftButton);
+    QTest::keyClicks(Row(editor, 1), QStringLiteral("Welcome "));
+    QTest::mouseClick(Find<QWidget>(editor, "chkBlink"), Qt::LeftButton);
+    QTest::keyClicks(Row(editor, 1), QStringLiteral("all"));
+    QTest::mouseClick(Find<QWidget>(editor, "chkBlink"), Qt::LeftButton);
+    QTest::keyClick(Row(editor, 1), Qt::Key_Down);
+    Choose(editor, "ComboColor", 3);
+    Choose(editor, "ComboSize", 1);
+    QTest::keyClicks(Row(editor, 2), QStringLiteral("Lane 2 closed!"));
+    QTest::keyClick(Row(editor, 2), Qt::Key_Backspace);
+    QTest::keyClick(Row(editor, 2), Qt::Key_Down);
+    Choose(editor, "ComboColor", 2);
+    Choose(editor, "ComboSize", 0);
+    QTest::mouseClick(Row(editor, 3), Qt::LeftButton);
+    Click(editor, "cmdAddDate");
+    QTest::keyClick(Row(editor, 3), Qt::Key_Down);
+    Click(editor, "cmdAddTime");
+    QTest::keyClicks(Row(editor, 4), QStringLiteral(" "));
+    auto* graphics = Find<QComboBox>(editor, "ComboGraphic");
+    graphics->setFocus();
+    QTest::keyClick(graphics, Qt::Key_C);
+    QTest::keyClick(graphics, Qt::Key_Return);
+  }
+
+  void SaveThePage(QWidget* editor) {
+    page_file_ = folder_.Path(QStringLiteral("welcome.msg"));
+    const FileChooser chooser(page_file_);
+    Click(editor, "butSaveAs");
+    TakePicture(editor, "frmMsgEditor");
+    Step("the saved file holds what was typed",
+         folder_.Read(QStringLiteral("welcome.msg")) ==
+             "*** Brivon Message File ***\r\nRow = 4\r\nCol = 96\r\n"
+             "<L01><SC><CB>Welcome <SG>all\r\n"
+             "<L02><SB><CD>Lane 2 closed\r\n"
+             "<L03><SA><CC>DD MMM YYYY\r\n"
+             "<L04><SA><CC>HH:MM ~C\r\n");
+  }
+
+  /// Sends the editor's page to the first panel as page `page`.
+  void SendThePage(QWidget* editor, const QString& page) {
+    MessageBoxReader boxes;
+    const ModalWindowDriver dialogs(QStringLiteral("frmSendMsg"), [&](QWidget* dialog) {
+      Choose(dialog, "ComboID", 0);
+      auto* number = Find<QLineEdit>(dialog, "txtPage");
+      number->setFocus();
+      number->selectAll();
+      QTest::keyClicks(number, page);
+      TakePicture(dialog, "frmSendMsg");
+      QTest::keyClick(number, Qt::Key_Return);
+      QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    Click(editor, "butSend");
+    Step("the send dialog says that the transmission is finished",
+         boxes.Texts() == QStringList{QStringLiteral("Transmission finished!")});
+    const QStringList rows{QStringLiteral("<SC><CB>Welcome <SG>all "),
+                           QStringLiteral("<SB><CD>Lane 2 closed "),
+                           QStringLiteral("<SA><CC><DD> "), QStringLiteral("<SA><CC><DT> <GC> ")};
+    Step("the panel holds exactly the rows that were sent",
+         QTest::qWaitFor([&] { return panel_.Page(1, page.toInt()) == rows; }));
+  }
+
+  /// Carries out the command in a row of the list and checks the message box.
+  void Command(QWidget* window, int row, const QString& page, const char* text) {
+    MessageBoxReader boxes;
+    const ModalWindowDriver pages(QStringLiteral("frmPage"), [&](QWidget* dialog) {
+      auto* number = Find<QLineEdit>(dialog, "txtPage");
+      number->selectAll();
+      QTest::keyClicks(number, page);
+      TakePicture(dialog, "frmPage");
+      QTest::keyClick(number, Qt::Key_Return);
+    });
+    auto* list = Find<QListWidget>(window, "ListCommand");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(row)).center());
+    TakePicture(window, "frmCommand");
+    Click(window, "butSend");
+    Step(text, boxes.Texts() == QStringList{QString::fromLatin1(text)});
+  }
+
+  void OverTcp() {
+    std::printf("-- over TCP\n");
+    Configure("TCPIP", 1);
+    frmMain launcher;
+    launcher.show();
+    TakePicture(&launcher, "frmMain");
+    Visit(launcher, "butMsgEdit", "frmMsgEditor", [this](QWidget* editor) {
+      ComposeAPage(editor);
+      SaveThePage(editor);
+      SendThePage(editor, QStringLiteral("7"));
+      Click(editor, "butExit");
+    });
+    Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
+      Command(window, 0, QString(), "Command is sent successfully!");
+      Command(window, 1, QString(), "Set Clock Finished!");
+      Command(window, 4, QStringLiteral("7"), "Page 7 is running.");
+      Step("the panel runs page 7", QTest::qWaitFor([this] {
+             return panel_.Panel(1)[QStringLiteral("running_page")].toInt() == 7;
+           }));
+      Click(window, "butDone");
+    });
+  }
+
+  void OverTheSerialLine() {
+    std::printf("-- over a serial line\n");
+    Configure("RS232", 1);
+    frmMain launcher;
+    launcher.show();
+    Visit(launcher, "butMsgEdit", "frmMsgEditor", [this](QWidget* editor) {
+      const FileChooser chooser(page_file_);
+      Click(editor, "butOpen");
+      SendThePage(editor, QStringLiteral("12"));
+      QTest::keyClick(editor, Qt::Key_Escape);
+    });
+    Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
+      Command(window, 0, QString(), "Command is sent successfully!");
+      Command(window, 1, QString(), "Set clock is done!");
+      Command(window, 3, QStringLiteral("12"), "Page 12 is deleted.");
+      Step("the panel has deleted page 12 and kept page 7", QTest::qWaitFor([this] {
+             return panel_.Page(1, 12).isEmpty() && panel_.Page(1, 7).size() == 4;
+           }));
+      Click(window, "butDone");
+    });
+  }
+
+  void InAnotherLanguage() {
+    std::printf("-- in German\n");
+    QFile texts(samples_ + QStringLiteral("/languages/deutsch/langSetting.INI"));
+    Step("the sample language file is there", texts.open(QIODevice::ReadOnly));
+    folder_.Write(QStringLiteral("langSetting.INI"), texts.readAll());
+    Configure("TCPIP", 2);
+    frmMain launcher;
+    launcher.show();
+    TakePicture(&launcher, "frmMain-deutsch");
+    Visit(launcher, "butMsgEdit", "frmMsgEditor", [this](QWidget* editor) {
+      const FileChooser chooser(page_file_);
+      Click(editor, "butOpen");
+      TakePicture(editor, "frmMsgEditor-deutsch");
+      Step("the editor speaks German",
+           editor->windowTitle() == ModuleLanguage::ReadLangString(
+                                        QStringLiteral("frmMsgEditor"),
+                                        QStringLiteral("frmMsgEditor.Caption"), QString()) &&
+               !editor->windowTitle().isEmpty());
+      Click(editor, "butExit");
+    });
+    Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
+      TakePicture(window, "frmCommand-deutsch");
+      Click(window, "butDone");
+    });
+  }
+
+  TemporaryProgramFolder folder_;
+  QString samples_;
+  QDir pictures_;
+  PanelProgram panel_;
+  QString page_file_;
+  int steps_ = 0;
+  int failures_ = 0;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QCommandLineParser options;
+  const QCommandLineOption panel_program(QStringLiteral("panel-program"),
+                                         QStringLiteral("The virtual panel."),
+                                         QStringLiteral("FILE"));
+  const QCommandLineOption samples(QStringLiteral("samples"), QStringLiteral("The sample files."),
+                                   QStringLiteral("FOLDER"));
+  const QCommandLineOption pictures(QStringLiteral("pictures"),
+                                    QStringLiteral("Where the pictures go."),
+                                    QStringLiteral("FOLDER"));
+  options.addOptions({panel_program, samples, pictures});
+  options.addHelpOption();
+  options.process(application);
+  if (!QDir().mkpath(options.value(pictures))) qFatal("cannot make the folder of the pictures");
+  Journey journey(options.value(panel_program), options.value(samples), options.value(pictures));
+  return journey.Run() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}

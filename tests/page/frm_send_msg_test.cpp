@@ -1,0 +1,441 @@
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSerialPort>
+#include <QTcpSocket>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "page/frmSendMsg.h"
+#include "support/message_box_reader.h"
+#include "support/panel_bench.h"
+
+namespace {
+
+const QString kFinished = QStringLiteral("Transmission finished!");
+const QString kFailure = QStringLiteral("Transmission failure!");
+const QString kNoLink = QStringLiteral("Cannot create TCP link!");
+const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
+
+/// The dialog as an operator has it before him.
+class Dialog {
+ public:
+  explicit Dialog(const QString& file_name) : window(nullptr, file_name) {
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+  }
+
+  template <typename T>
+  T* Find(const char* name) {
+    T* control = window.findChild<T*>(QString::fromLatin1(name));
+    EXPECT_NE(control, nullptr) << name;
+    return control;
+  }
+
+  void Click(const char* name) { QTest::mouseClick(Find<QPushButton>(name), Qt::LeftButton); }
+
+  void ChoosePanel(int index) { Find<QComboBox>("ComboID")->setCurrentIndex(index); }
+
+  void TypePage(const QString& page) {
+    auto* box = Find<QLineEdit>("txtPage");
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_Delete);
+    QTest::keyClicks(box, page);
+  }
+
+  /// Presses "Send" and returns the texts of the message boxes that followed.
+  QStringList Send() {
+    const MessageBoxReader boxes;
+    Click("butSend");
+    return boxes.Texts();
+  }
+
+  bool IsReady() {
+    for (const char* name : {"butBrowse", "ComboID", "txtPage", "butSend", "butDone"}) {
+      if (!Find<QWidget>(name)->isEnabled()) return false;
+    }
+    return window.cursor().shape() == Qt::ArrowCursor &&
+           Find<QLabel>("lblSendStatus")->text().isEmpty();
+  }
+
+  frmSendMsg window;
+};
+
+class SendMessage : public testing::TestWithParam<LineKind> {
+ protected:
+  SendMessage() : bench_(GetParam(), {{26, 4, 96, true}}) {
+    path_ = bench_.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  }
+
+  void ExpectTheNextSendWorks(Dialog& dialog) {
+    EXPECT_TRUE(dialog.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+    bench_.Fail({});
+    EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+    EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 4);
+    EXPECT_TRUE(dialog.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+  }
+
+  PanelBench bench_;
+  QString path_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Links, SendMessage, testing::Values(LineKind::kTcp, LineKind::kSerial),
+                         LineName);
+
+TEST_P(SendMessage, EveryRowArrivesAsItStandsInTheFile) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  dialog.TypePage(QStringLiteral("7"));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{
+                                 "<ID1A><L01><P007><SA><CA>Row 01 \r\n",
+                                 "<ID1A><L02><P007><SA><CB>Row 02 \r\n",
+                                 "<ID1A><L03><P007><SA><CC>Row 03 \r\n",
+                                 "<ID1A><L04><P007><SA><CD>Row 04 \r\n",
+                             }));
+  dialog.TypePage(QStringLiteral("1"));
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, TheBoxIsPlainAndBearsTheWindowsCaption) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  ASSERT_EQ(boxes.Seen().size(), 1);
+  EXPECT_EQ(boxes.Seen()[0].text, kFinished);
+  EXPECT_EQ(boxes.Seen()[0].title, QStringLiteral("Send Message"));
+  EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::NoIcon);
+  EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Ok);
+  EXPECT_EQ(boxes.Seen()[0].parent, &dialog.window);
+}
+
+TEST_P(SendMessage, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  int seen = 0;
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [&] {
+                     ++seen;
+                     EXPECT_FALSE(dialog.Find<QPushButton>("butSend")->isEnabled());
+                     EXPECT_FALSE(dialog.Find<QPushButton>("butDone")->isEnabled());
+                     EXPECT_FALSE(dialog.Find<QComboBox>("ComboID")->isEnabled());
+                     EXPECT_EQ(dialog.window.cursor().shape(), Qt::WaitCursor);
+                     EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(),
+                               QStringLiteral(" Sending Line %1").arg(seen));
+                     dialog.window.close();
+                     QTest::keyClick(&dialog.window, Qt::Key_Escape);
+                     EXPECT_TRUE(dialog.window.isVisible());
+                   });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(seen, 4);
+  EXPECT_TRUE(dialog.window.isVisible());
+  EXPECT_TRUE(dialog.IsReady());
+  QTest::keyClick(&dialog.window, Qt::Key_Escape);
+  EXPECT_FALSE(dialog.window.isVisible());
+}
+
+TEST_P(SendMessage, ASecondPressWhileItSendsDoesNothing) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [&] {
+                     dialog.Click("butSend");
+                     QTest::keyClick(&dialog.window, Qt::Key_Return);
+                   });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().size(), 4);
+}
+
+TEST_P(SendMessage, ASilentPanelFailsAfterFiveAttemptsAtTheFirstRow) {
+  bench_.Fail({.silent = true});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<ID1A><L01><P001><SA><CA>Row 01 \r\n"));
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, APanelThatAnswersOnTheThirdAttemptGetsEveryRow) {
+  bench_.Fail({.silent_answers = 2});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().size(), 6);
+  EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 4);
+}
+
+TEST_P(SendMessage, GarbledAnswersAreRefusedFiveTimesAtOnce) {
+  bench_.Fail({.garbage = true});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  EXPECT_EQ(bench_.Frames().size(), 5);
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, LowerCaseAnswersAreRefused) {
+  bench_.Fail({.lower_case = true});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+}
+
+TEST_P(SendMessage, AnswersInPiecesAndLateAreAccepted) {
+  bench_.Fail({.pieces = 3, .piece_pause_ms = 40, .late_ms = 60});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().size(), 4);
+}
+
+TEST_P(SendMessage, AnEndlessAnswerFailsAndTheNextSendWorks) {
+  bench_.Fail({.flood = true});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, ALineLostAfterRow2FailsOnceAndTheNextSendWorks) {
+  bench_.Fail({.close_after_frame = 2});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << "one message, not one for each error";
+  EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 2);
+  if (GetParam() == LineKind::kSerial) bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, TheWholeProgramCanBeEndedWhileItSends) {
+  bench_.Fail({.silent = true});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [] { QCoreApplication::exit(3); });
+  QTimer::singleShot(0, &dialog.window, [&] { dialog.Click("butSend"); });
+  EXPECT_EQ(QCoreApplication::exec(), 3);
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_P(SendMessage, AStrayByteInFrontOfEveryAnswerFails) {
+  bench_.Fail({.stray_byte = true});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  EXPECT_EQ(bench_.Frames().size(), 5);
+}
+
+TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  const quint16 port = bench.Tcp().Port();
+  bench.Tcp().Close();
+  Dialog dialog(path);
+  dialog.ChoosePanel(0);
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  EXPECT_EQ(boxes.Texts(), QStringList{kNoLink});
+  EXPECT_EQ(boxes.Seen().value(0).informative,
+            QStringLiteral("127.0.0.1:%1: Connection refused").arg(port));
+  EXPECT_TRUE(dialog.IsReady());
+  ASSERT_TRUE(bench.Tcp().Listen(QHostAddress(QHostAddress::LocalHost), port));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
+TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
+  PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
+  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  bench.Pty().Unplug();
+  Dialog dialog(path);
+  dialog.ChoosePanel(0);
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
+  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(
+      bench.Folder().Path(QStringLiteral("panel-line")) + QStringLiteral(": ")))
+      << boxes.Seen().value(0).informative.toStdString();
+  EXPECT_TRUE(dialog.IsReady());
+  bench.PlugIn();
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
+TEST(SendMessageOverSerial, ABaudRateOf0IsAPortThatCannotBeOpened) {
+  PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
+  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  bench.Folder().Configure(ini.replace("Baudrate=9600", "Baudrate=fast"));
+  Dialog dialog(path);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kNoPort});
+}
+
+TEST(SendMessageOverSerial, AHandWrittenBaudRateWorks) {
+  PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
+  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  bench.Folder().Configure(ini.replace("Baudrate=9600", "Baudrate=115200"));
+  Dialog dialog(path);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
+/// The dialog in front of panels that are never reached: what it refuses before it opens a link.
+class SendMessageChecks : public testing::Test {
+ protected:
+  SendMessageChecks() {
+    folder_.Configure(
+        "[Dimension Config]\r\nID001=4x96,Tri,192.168.0.1:80\r\nID002=2x96,Mono\r\n"
+        "[Communication]\r\nSendMode=TCPIP\r\n");
+    path_ = folder_.Write(QStringLiteral("page.msg"), SampleMessageFile(2, 96));
+  }
+
+  TemporaryProgramFolder folder_;
+  QString path_;
+};
+
+TEST_F(SendMessageChecks, ThePanelListHasOneEntryForEachConfiguredPanelAndNoneIsSelected) {
+  Dialog dialog(path_);
+  auto* list = dialog.Find<QComboBox>("ComboID");
+  ASSERT_EQ(list->count(), 2);
+  EXPECT_EQ(list->itemText(0), QStringLiteral("ID001     4x96     Tri-Color     192.168.0.1:80"));
+  EXPECT_EQ(list->itemText(1), QStringLiteral("ID002     2x96     Mono-Color     Mono"));
+  EXPECT_EQ(list->currentIndex(), -1);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid ID Selection!")});
+}
+
+TEST_F(SendMessageChecks, WithNoPanelConfiguredTheListIsEmptyAndSendReportsInvalidIdSelection) {
+  folder_.Configure("");
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->count(), 0);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid ID Selection!")});
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_F(SendMessageChecks, A2RowFileCannotBeSentToA4RowPanel) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Dimension not matched!")});
+}
+
+TEST_F(SendMessageChecks, APanelWithoutAnAddressIsRefusedInTcpMode) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(1);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("IP address is null or invaild")});
+}
+
+TEST_F(SendMessageChecks, AnEmptyPageIsRefused) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(1);
+  dialog.TypePage(QString());
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid Page Value!")});
+}
+
+TEST_F(SendMessageChecks, NeitherSendModeSendsNothingAndSaysNothing) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID002=2x96,Mono\r\n[Communication]\r\nSendMode=rs232\r\n");
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList());
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_F(SendMessageChecks, AMissingFileIsNotFound) {
+  Dialog dialog(folder_.Path(QStringLiteral("gone.msg")));
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
+}
+
+TEST_F(SendMessageChecks, WithoutAFileThereIsNoneToFind) {
+  Dialog dialog((QString()));
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
+}
+
+TEST_F(SendMessageChecks, AFileWhoseHeaderIsWrongIsRefusedAtSend) {
+  Dialog dialog(folder_.Write(QStringLiteral("bad.msg"), QByteArray(100, 'x')));
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Error in opening file!")});
+}
+
+TEST_F(SendMessageChecks, AFileWhoseHeaderIsWrongIsRefusedAtBrowse) {
+  const QString bad = folder_.Write(QStringLiteral("bad.msg"), QByteArray(100, 'x'));
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  const FileChooser chooser(bad);
+  dialog.Click("butBrowse");
+  EXPECT_EQ(chooser.Title(), QStringLiteral("Browse"));
+  EXPECT_EQ(chooser.Filter(), QStringLiteral("Message File (*.msg)"));
+  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Error in opening file!")});
+  EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
+}
+
+TEST_F(SendMessageChecks, BrowseShowsTheChosenFileWithItsDimension) {
+  const QString other = folder_.Write(QStringLiteral("other.msg"), SampleMessageFile(4, 128));
+  Dialog dialog((QString()));
+  const FileChooser chooser(other);
+  dialog.Click("butBrowse");
+  EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), other);
+  EXPECT_EQ(dialog.Find<QLabel>("lblRow")->text(), QStringLiteral("4"));
+  EXPECT_EQ(dialog.Find<QLabel>("lblCol")->text(), QStringLiteral("128"));
+}
+
+TEST_F(SendMessageChecks, ABrowseThatIsCancelledChangesNothing) {
+  Dialog dialog(path_);
+  const FileChooser chooser((QString()));
+  dialog.Click("butBrowse");
+  EXPECT_EQ(chooser.Count(), 1);
+  EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
+}
+
+TEST_F(SendMessageChecks, AChosenFileThatDoesNotExistIsNotFoundAndNothingElseChanges) {
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  const FileChooser chooser(folder_.Path(QStringLiteral("gone.msg")));
+  dialog.Click("butBrowse");
+  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
+}
+
+TEST_F(SendMessageChecks, AFileHandedOverShowsItsDimensionAtOnce) {
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
+  EXPECT_EQ(dialog.Find<QLabel>("lblRow")->text(), QStringLiteral("2"));
+  EXPECT_EQ(dialog.Find<QLabel>("lblCol")->text(), QStringLiteral("96"));
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtPage")->text(), QStringLiteral("001"));
+}
+
+TEST_F(SendMessageChecks, MessagesComeFromTheLanguageFile) {
+  folder_.UseLanguage("[Message]\r\nmsgNotFound=Datei fehlt\r\n");
+  Dialog dialog((QString()));
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Datei fehlt!")});
+}
+
+struct PageText {
+  const char* typed;
+  const char* sent;
+};
+
+class PageOnTheWire : public testing::TestWithParam<PageText> {};
+
+INSTANTIATE_TEST_SUITE_P(SendMessage, PageOnTheWire,
+                         testing::Values(PageText{"0", "000"}, PageText{"500", "500"},
+                                         PageText{"7", "007"}, PageText{"abc", "000"},
+                                         PageText{"12x", "012"}, PageText{"00012", "012"},
+                                         PageText{"1234", "1234"}, PageText{"-5", "000"}));
+
+TEST_P(PageOnTheWire, IsTheLeadingNumberInAtLeastThreeDigits) {
+  PanelBench bench(LineKind::kTcp, {{1, 1, 96, true}});
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(1, 96)));
+  dialog.ChoosePanel(0);
+  dialog.TypePage(QString::fromLatin1(GetParam().typed));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench.Frames(), QList<QByteArray>{QByteArray("<ID01><L01><P") + GetParam().sent +
+                                              "><SA><CA>Row 01 \r\n"});
+}
+
+}  // namespace

@@ -1,0 +1,61 @@
+#include "support/panel_bench.h"
+
+#include <QTest>
+
+std::string LineName(const testing::TestParamInfo<LineKind>& line) {
+  return line.param == LineKind::kTcp ? "Tcp" : "Serial";
+}
+
+PanelBench::PanelBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels)
+    : kind_(kind), panels_(panels), engine_(panels), tcp_(&engine_), pty_(&engine_) {
+  if (kind == LineKind::kTcp && !tcp_.Listen()) qFatal("cannot listen on loopback");
+  if (kind == LineKind::kSerial) PlugIn();
+  Configure();
+}
+
+void PanelBench::PlugIn() {
+  if (!pty_.IsPlugged() && !pty_.Open(folder_.Path(QStringLiteral("panel-line")))) {
+    qFatal("cannot open a pseudo-terminal");
+  }
+}
+
+void PanelBench::Configure(int delay_period) {
+  QByteArray ini = "[Dimension Config]\r\n";
+  for (const VirtualPanel::PanelDescription& panel : panels_) {
+    ini += QStringLiteral("ID%1=%2x%3,%4,127.0.0.1:%5\r\n")
+               .arg(panel.id, 3, 10, QLatin1Char('0'))
+               .arg(panel.rows)
+               .arg(panel.columns)
+               .arg(panel.tri_colour ? QStringLiteral("Tri") : QStringLiteral("Mono"))
+               .arg(tcp_.Port() == 0 ? 9 : tcp_.Port())
+               .toLatin1();
+  }
+  ini += "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=";
+  ini += kind_ == LineKind::kTcp ? "TCPIP" : "RS232";
+  ini += "\r\nDelay Period=" + QByteArray::number(delay_period) + "\r\n";
+  ini +=
+      "[Serial Ports]\r\nCom2=" + folder_.Path(QStringLiteral("panel-line")).toLocal8Bit() + "\r\n";
+  folder_.Configure(ini);
+}
+
+bool PanelBench::IsReleased() {
+  return kind_ == LineKind::kTcp ? QTest::qWaitFor([this] { return tcp_.ConnectionCount() == 0; })
+                                 : QTest::qWaitFor([this] { return !pty_.IsInUse(); });
+}
+
+QList<QByteArray> PanelBench::Frames() const {
+  QList<QByteArray> frames;
+  for (const VirtualPanel::FrameRecord& record : engine_.Frames()) frames.append(record.bytes);
+  return frames;
+}
+
+QByteArray SampleMessageFile(int rows, int columns) {
+  QByteArray file = "*** Brivon Message File ***\r\nRow = " + QByteArray::number(rows) +
+                    "\r\nCol = " + QByteArray::number(columns) + "\r\n";
+  for (int row = 1; row <= rows; ++row) {
+    const QByteArray number = QByteArray::number(row).rightJustified(2, '0');
+    file +=
+        "<L" + number + "><SA><C" + static_cast<char>('A' + row - 1) + ">Row " + number + "\r\n";
+  }
+  return file;
+}

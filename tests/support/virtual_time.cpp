@@ -1,0 +1,103 @@
+#include "support/virtual_time.h"
+
+#include <utility>
+
+void VirtualTime::Schedule(qint64 after, std::function<void()> action) {
+  due_.emplace(now_ + after, std::move(action));
+}
+
+void VirtualTime::Advance(qint64 limit) {
+  const qint64 end = limit < 0 ? -1 : now_ + limit;
+  if (due_.empty() || (end >= 0 && due_.begin()->first > end)) {
+    if (end < 0) qFatal("a wait for something that never comes");
+    now_ = end;
+    return;
+  }
+  auto next = due_.extract(due_.begin());
+  now_ = next.key();
+  next.mapped()();
+}
+
+void VirtualTime::Note(const QString& what) {
+  timeline_.append(QStringLiteral("@%1 %2").arg(now_).arg(what));
+}
+
+void VirtualTickTimer::Enable() {
+  if (std::exchange(enabled_, true)) return;
+  ++run_;
+  ScheduleTick();
+}
+
+void VirtualTickTimer::Disable() { enabled_ = false; }
+
+void VirtualTickTimer::ScheduleTick() {
+  time_.Schedule(kInterval, [this, run = run_] {
+    if (!enabled_ || run != run_) return;
+    time_.Note(QStringLiteral("tick"));
+    Tick();
+    ScheduleTick();
+  });
+}
+
+bool VirtualTickTimer::WaitForEvent() {
+  if (program_ends_) return false;
+  time_.Advance();
+  return true;
+}
+
+bool VirtualClock::WaitForEvent(qint64 at_most) {
+  time_.Advance(at_most);
+  return true;
+}
+
+void ScriptedLink::AnswerAfter(qint64 after, const QByteArray& bytes) {
+  answers_.append(QList<Event>{{after, bytes, false}});
+}
+
+void ScriptedLink::StaySilent() { answers_.append(QList<Event>()); }
+
+void ScriptedLink::AndAfter(qint64 after, const QByteArray& bytes) {
+  answers_.last().append({after, bytes, false});
+}
+
+void ScriptedLink::LoseAfter(qint64 after) {
+  answers_.append(QList<Event>{{after, QByteArray(), true}});
+}
+
+void ScriptedLink::Write(const QByteArray& bytes) {
+  QByteArray shown = bytes;
+  time_.Note(QStringLiteral("send ") +
+             QString::fromLatin1(shown.replace("\r", "[CR]").replace("\n", "[LF]")));
+  written_.append(bytes);
+  if (answers_.isEmpty()) return;
+  for (const Event& event : answers_.takeFirst()) {
+    time_.Schedule(event.after, [this, event] {
+      if (event.lose) {
+        lost_ = true;
+      } else {
+        input_ += event.bytes;
+      }
+    });
+  }
+}
+
+QByteArray ScriptedLink::ReadAvailable() {
+  ++reads_;
+  return std::exchange(input_, {});
+}
+
+void ScriptedLink::Close() {
+  time_.Note(QStringLiteral("close"));
+  connected_ = false;
+}
+
+void ScriptedLink::Connect(const QString& host, int port) {
+  time_.Note(QStringLiteral("connect %1 port %2").arg(host).arg(port));
+  if (accepts_after >= 0) time_.Schedule(accepts_after, [this] { connected_ = true; });
+}
+
+QStringList TicksAt(int first, int last) {
+  QStringList ticks;
+  for (int at = first; at <= last; at += 100) ticks.append(QStringLiteral("@%1 tick").arg(at));
+  return ticks;
+}

@@ -1,0 +1,121 @@
+// A world in which time passes only when a wait asks for it: a tick timer, a clock, and a scripted
+// line, whose every move is written down with the millisecond at which it happened.
+#pragma once
+
+#include <functional>
+#include <map>
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include "core/link.h"
+
+class VirtualTime {
+ public:
+  qint64 Now() const { return now_; }
+
+  /// Lets `action` happen `after` milliseconds from now.
+  void Schedule(qint64 after, std::function<void()> action);
+
+  /// Moves to the next moment at which something is due, at most to `limit` (-1: no limit), and
+  /// lets it happen. A wait for nothing at all is a mistake that ends the test program.
+  void Advance(qint64 limit = -1);
+
+  /// Writes down "@<now> <what>".
+  void Note(const QString& what);
+  const QStringList& Timeline() const { return timeline_; }
+
+ private:
+  qint64 now_ = 0;
+  std::multimap<qint64, std::function<void()>> due_;
+  QStringList timeline_;
+};
+
+class VirtualTickTimer : public Brivon1::TickTimer {
+ public:
+  explicit VirtualTickTimer(VirtualTime& time) : time_(time) {}
+
+  void Enable() override;
+  void Disable() override;
+  bool WaitForEvent() override;
+  void ProcessEvents() override {}
+
+  bool IsEnabled() const { return enabled_; }
+
+  /// Waits answer from now on as they do when the program ends.
+  void EndProgram() { program_ends_ = true; }
+
+ private:
+  void ScheduleTick();
+
+  VirtualTime& time_;
+  bool enabled_ = false;
+  int run_ = 0;  // ticks of an earlier run do not count
+  bool program_ends_ = false;
+};
+
+class VirtualClock : public Brivon1::MillisecondClock {
+ public:
+  explicit VirtualClock(VirtualTime& time) : time_(time) {}
+
+  qint64 Milliseconds() const override { return 1000000 + time_.Now(); }
+  bool WaitForEvent(qint64 at_most) override;
+
+ private:
+  VirtualTime& time_;
+};
+
+/// A line whose other end does what the test says.
+class ScriptedLink : public Brivon1::TcpSocket {
+ public:
+  explicit ScriptedLink(VirtualTime& time) : time_(time) {}
+
+  /// What the other end does about the next frame that has no answer yet: it sends `bytes` after
+  /// `after` milliseconds.
+  void AnswerAfter(qint64 after, const QByteArray& bytes);
+
+  /// The other end takes the next frame in silence.
+  void StaySilent();
+
+  /// More bytes for the answer given last.
+  void AndAfter(qint64 after, const QByteArray& bytes);
+
+  /// The line is lost that long after the next frame.
+  void LoseAfter(qint64 after);
+
+  /// Bytes that are already waiting on the line.
+  void Receive(const QByteArray& bytes) { input_ += bytes; }
+
+  const QList<QByteArray>& Written() const { return written_; }
+  int Reads() const { return reads_; }
+
+  void Write(const QByteArray& bytes) override;
+  QByteArray ReadAvailable() override;
+  bool IsLost() const override { return lost_; }
+  void Close() override;
+  QString FailureReason() const override { return {}; }
+
+  void Connect(const QString& host, int port) override;
+  bool IsConnected() const override { return connected_; }
+
+  qint64 accepts_after = 0;  ///< Milliseconds until a connection stands; -1 never.
+
+ private:
+  struct Event {
+    qint64 after;
+    QByteArray bytes;
+    bool lose;
+  };
+
+  VirtualTime& time_;
+  QList<QList<Event>> answers_;
+  QByteArray input_;
+  QList<QByteArray> written_;
+  int reads_ = 0;
+  bool lost_ = false;
+  bool connected_ = false;
+};
+
+/// "@100 tick", "@200 tick", ... for every 100 ms from `first` to `last`.
+QStringList TicksAt(int first, int last);

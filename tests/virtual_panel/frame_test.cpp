@@ -1,0 +1,195 @@
+#include "frame.h"
+
+#include <gtest/gtest.h>
+
+#include "message_text.h"
+
+namespace VirtualPanel {
+namespace {
+
+QList<QByteArray> Feed(FrameSplitter* splitter, QByteArrayView bytes) {
+  QList<QByteArray> frames;
+  for (const ReceivedFrame& frame : splitter->Feed(bytes)) frames.append(frame.bytes);
+  return frames;
+}
+
+TEST(FrameSplitter, CutsAtEveryLineEnd) {
+  FrameSplitter splitter;
+  EXPECT_EQ(Feed(&splitter, "<ID01><?>\r\n<ID02><?>\n<ID0"),
+            (QList<QByteArray>{"<ID01><?>\r\n", "<ID02><?>\n"}));
+  EXPECT_EQ(Feed(&splitter, "3><?>\r"), QList<QByteArray>{});
+  EXPECT_EQ(Feed(&splitter, "\n"), QList<QByteArray>{"<ID03><?>\r\n"});
+}
+
+TEST(FrameSplitter, TakesBytesOneByOne) {
+  FrameSplitter splitter;
+  QList<QByteArray> frames;
+  for (const char byte : QByteArrayView("<ID01><D*>\r\n<ID01><?>\r\n")) {
+    frames += Feed(&splitter, QByteArrayView(&byte, 1));
+  }
+  EXPECT_EQ(frames, (QList<QByteArray>{"<ID01><D*>\r\n", "<ID01><?>\r\n"}));
+}
+
+TEST(FrameSplitter, PassesOverEmptyLines) {
+  FrameSplitter splitter;
+  EXPECT_EQ(Feed(&splitter, "\r\n\n\r\n<ID01><?>\r\n"), QList<QByteArray>{"<ID01><?>\r\n"});
+}
+
+TEST(FrameSplitter, DropsAnEndlessLineUpToItsEndAndRecordsIt) {
+  FrameSplitter splitter;
+  const QByteArray piece(4096, 'x');
+  for (int i = 0; i < 1000; ++i) EXPECT_TRUE(splitter.Feed(piece).isEmpty());
+  const QList<ReceivedFrame> frames = splitter.Feed("\r\n<ID01><?>\r\n");
+  ASSERT_EQ(frames.size(), 2);
+  EXPECT_TRUE(frames[0].too_long);
+  EXPECT_EQ(frames[0].bytes, QByteArray(256, 'x'));
+  EXPECT_FALSE(frames[1].too_long);
+  EXPECT_EQ(frames[1].bytes, "<ID01><?>\r\n");
+}
+
+TEST(FrameSplitter, TakesTheLongestFrameWhole) {
+  FrameSplitter splitter;
+  const QByteArray longest = QByteArray(64 * 1024 - 2, 'x') + "\r\n";
+  const QList<ReceivedFrame> taken = splitter.Feed(longest);
+  ASSERT_EQ(taken.size(), 1);
+  EXPECT_FALSE(taken[0].too_long);
+  EXPECT_EQ(taken[0].bytes, longest);
+  const QList<ReceivedFrame> dropped = splitter.Feed('x' + longest);
+  ASSERT_EQ(dropped.size(), 1);
+  EXPECT_TRUE(dropped[0].too_long);
+}
+
+TEST(ParseFrame, ReadsEveryCommand) {
+  const Frame poll = ParseFrame("<ID1A><?>\r\n");
+  EXPECT_EQ(poll.meaning, Meaning::kPoll);
+  EXPECT_EQ(poll.addressee, 26);
+  EXPECT_EQ(ParseFrame("<IDFF><D*>\r\n").meaning, Meaning::kDeleteAll);
+  EXPECT_EQ(ParseFrame("<IDFF><D*>\r\n").addressee, 255);
+
+  const Frame deletion = ParseFrame("<IDC8><D007>\r\n");
+  EXPECT_EQ(deletion.meaning, Meaning::kDeletePage);
+  EXPECT_EQ(deletion.addressee, 200);
+  EXPECT_EQ(deletion.page, 7);
+
+  const Frame run = ParseFrame("<ID00><RP120>\r\n");
+  EXPECT_EQ(run.meaning, Meaning::kRunPage);
+  EXPECT_EQ(run.addressee, kEveryPanel);
+  EXPECT_EQ(run.page, 120);
+}
+
+TEST(ParseFrame, ReadsTheClock) {
+  const Frame frame = ParseFrame("<T2503053140709>\r\n");
+  EXPECT_EQ(frame.meaning, Meaning::kSetClock);
+  EXPECT_EQ(frame.addressee, kNobody);
+  EXPECT_EQ(frame.clock, QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9), Qt::UTC));
+}
+
+TEST(ParseFrame, RefusesAClockThatCannotBe) {
+  for (const char* text :
+       {"<T2513053140709>", "<T2502303140709>", "<T2503057140709>", "<T2503053240709>",
+        "<T2503053146009>", "<T2503053140760>", "<T250305314070>", "<T25030531407099>",
+        "<T250305314070x>", "<T2503053140709"}) {
+    EXPECT_EQ(ParseFrame(text).meaning, Meaning::kNotUnderstood) << text;
+  }
+}
+
+TEST(ParseFrame, ReadsAMessageLine) {
+  const Frame frame = ParseFrame("<ID03><L04><P007><SA><CB>Hello > <DD> \r\n");
+  EXPECT_EQ(frame.meaning, Meaning::kMessageLine);
+  EXPECT_EQ(frame.addressee, 3);
+  EXPECT_EQ(frame.row, 4);
+  EXPECT_EQ(frame.page, 7);
+  EXPECT_EQ(frame.text, "<SA><CB>Hello > <DD> ");
+}
+
+TEST(ParseFrame, ReadsAMessageLineWithAOneDigitLineCode) {
+  // The sender copies five characters, so the first one of the text stands in front of the page
+  // code.
+  const Frame frame = ParseFrame("<ID03><L1>A<P001>ABC \r\n");
+  EXPECT_EQ(frame.meaning, Meaning::kMessageLine);
+  EXPECT_EQ(frame.row, 1);
+  EXPECT_EQ(frame.page, 1);
+  EXPECT_EQ(frame.text, "ABC ");
+
+  const Frame empty = ParseFrame("<ID03><L2><P001> \r\n");
+  EXPECT_EQ(empty.row, 2);
+  EXPECT_EQ(empty.text, " ");
+}
+
+TEST(ParseFrame, TakesAnyPageNumber) {
+  EXPECT_EQ(ParseFrame("<ID03><L01><P000>x \r\n").page, 0);
+  EXPECT_EQ(ParseFrame("<ID03><L01><P500>x \r\n").page, 500);
+  EXPECT_EQ(ParseFrame("<ID03><L01><P1234>x \r\n").page, 1234);
+  EXPECT_EQ(ParseFrame("<ID03><L01><P99999999999999999999>x \r\n").meaning,
+            Meaning::kNotUnderstood);
+}
+
+TEST(ParseFrame, KeepsTheAddressOfWhatItDoesNotUnderstand) {
+  for (const char* text : {"<ID0A>", "<ID0A>hello", "<ID0A><?", "<ID0A><D>", "<ID0A><D1",
+                           "<ID0A><D12>x", "<ID0A><RP>", "<ID0A><L2>scrolling", "<ID0A><P001>text",
+                           "<ID0A><L01><Pabc>x", "<ID0A><T2503053140709>"}) {
+    const Frame frame = ParseFrame(text);
+    EXPECT_EQ(frame.meaning, Meaning::kNotUnderstood) << text;
+    EXPECT_EQ(frame.addressee, 10) << text;
+  }
+}
+
+TEST(ParseFrame, IsForNobodyWithoutAnUpperCaseAddress) {
+  for (const char* text : {"", "\r\n", "<", "<ID", "<ID0A", "<ID0a><?>", "<IDG0><?>", "<id0A><?>",
+                           "x<ID0A><?>", "<?>", "<ID0AA><?>"}) {
+    EXPECT_EQ(ParseFrame(text).addressee, kNobody) << text;
+  }
+}
+
+TEST(AddressPrefix, HasTwoUpperCaseDigits) {
+  EXPECT_EQ(AddressPrefix(7), "<ID07>");
+  EXPECT_EQ(AddressPrefix(15), "<ID0F>");
+  EXPECT_EQ(AddressPrefix(16), "<ID10>");
+  EXPECT_EQ(AddressPrefix(26), "<ID1A>");
+  EXPECT_EQ(AddressPrefix(255), "<IDFF>");
+}
+
+TEST(ParseCells, CarriesSizeColourAndBlinking) {
+  const QList<Cell> cells = ParseCells("a<SC><CB>b<SF>c<SA>d");
+  ASSERT_EQ(cells.size(), 4);
+  EXPECT_EQ(cells[0], (Cell{Cell::Kind::kCharacter, 'a', 'A', 'A', false}));
+  EXPECT_EQ(cells[1], (Cell{Cell::Kind::kCharacter, 'b', 'C', 'B', false}));
+  EXPECT_EQ(cells[2], (Cell{Cell::Kind::kCharacter, 'c', 'B', 'B', true}));
+  EXPECT_EQ(cells[3], (Cell{Cell::Kind::kCharacter, 'd', 'A', 'B', false}));
+}
+
+TEST(ParseCells, ReadsEverySizeLetter) {
+  const QList<Cell> cells = ParseCells("<SA>1<SB>2<SC>3<SD>4<SE>5<SF>6<SG>7<SH>8");
+  ASSERT_EQ(cells.size(), 8);
+  QByteArray sizes;
+  QByteArray blinks;
+  for (const Cell& cell : cells) {
+    sizes += cell.size;
+    blinks += cell.blinking ? 'B' : 'N';
+  }
+  EXPECT_EQ(sizes, "ABCDABCD");
+  EXPECT_EQ(blinks, "NNNNBBBB");
+}
+
+TEST(ParseCells, ReadsGraphicsDateAndTime) {
+  const QList<Cell> cells = ParseCells("<CC><GA><DD><DT>");
+  ASSERT_EQ(cells.size(), 3);
+  EXPECT_EQ(cells[0], (Cell{Cell::Kind::kGraphic, 'A', 'A', 'C', false}));
+  EXPECT_EQ(cells[1].kind, Cell::Kind::kDate);
+  EXPECT_EQ(cells[2].kind, Cell::Kind::kTime);
+}
+
+TEST(ParseCells, DropsASizeItDoesNotKnow) {
+  const QList<Cell> cells = ParseCells("<SB><SZ>x");
+  ASSERT_EQ(cells.size(), 1);
+  EXPECT_EQ(cells[0], (Cell{Cell::Kind::kCharacter, 'x', 'B', 'A', false}));
+}
+
+TEST(ParseCells, ShowsWhatIsNoCode) {
+  QByteArray shown;
+  for (const Cell& cell : ParseCells("<<SA><X1><D1><S")) shown += cell.character;
+  EXPECT_EQ(shown, "<<X1><D1><S");
+}
+
+}  // namespace
+}  // namespace VirtualPanel

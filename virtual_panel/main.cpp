@@ -1,0 +1,381 @@
+// A panel on the desk: speaks the panels' side of the protocol over TCP, a serial port or a
+// pseudo-terminal, and shows in a window what real panels would show.
+
+#include <signal.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFile>
+#include <QSaveFile>
+#include <QSocketNotifier>
+
+#include "engine_json.h"
+#include "panel_window.h"
+#include "pty_line.h"
+#include "serial_line.h"
+#include "tcp_line.h"
+
+namespace VirtualPanel {
+namespace {
+
+constexpr int kBadUse = 2;
+constexpr quint16 kUsualPort = 2101;
+constexpr int kReplugMs = 1000;
+
+int signal_sockets[2] = {-1, -1};
+
+void PassSignalOn(int /*number*/) {
+  const char byte = 1;
+  [[maybe_unused]] const ssize_t size = ::write(signal_sockets[0], &byte, 1);
+}
+
+// Ends the event loop in an orderly way on SIGINT and SIGTERM.
+void QuitOnSignals(QCoreApplication* application) {
+  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signal_sockets) != 0) return;
+  auto* notifier = new QSocketNotifier(signal_sockets[1], QSocketNotifier::Read, application);
+  QObject::connect(notifier, &QSocketNotifier::activated, application, &QCoreApplication::quit);
+  struct sigaction action = {};
+  action.sa_handler = PassSignalOn;
+  ::sigaction(SIGINT, &action, nullptr);
+  ::sigaction(SIGTERM, &action, nullptr);
+  // Whoever started the program may stop listening to it.
+  action.sa_handler = SIG_IGN;
+  ::sigaction(SIGPIPE, &action, nullptr);
+}
+
+void Say(const QString& line) {
+  std::fputs((line + QLatin1Char('\n')).toLocal8Bit().constData(), stdout);
+  std::fflush(stdout);
+}
+
+int Complain(const QString& line) {
+  std::fputs(
+      (QStringLiteral("virtual_panel: ") + line + QLatin1Char('\n')).toLocal8Bit().constData(),
+      stderr);
+  return kBadUse;
+}
+
+// "ADDRESS:PORT", "[ADDRESS]:PORT" or "PORT".
+bool ParseAddress(const QString& text, QHostAddress* address, quint16* port) {
+  const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
+  QString host = colon < 0 ? QStringLiteral("127.0.0.1") : text.left(colon);
+  if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
+    host = host.mid(1, host.size() - 2);
+  }
+  if (host == QLatin1String("localhost")) host = QStringLiteral("127.0.0.1");
+  bool is_number = false;
+  *port = text.mid(colon + 1).toUShort(&is_number);
+  return is_number && address->setAddress(host);
+}
+
+bool WriteWhole(const QString& path, const QByteArray& bytes, QString* error) {
+  QSaveFile file(path);
+  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    return true;
+  *error = path + QStringLiteral(": ") + file.errorString();
+  return false;
+}
+
+struct Options {
+  QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                          QStringLiteral("Show this text.")};
+  QCommandLineOption panel{QStringLiteral("panel"),
+                           QStringLiteral("A panel, such as 1:4x96:tri (may be repeated)."),
+                           QStringLiteral("ID:ROWSxCOLUMNS:mono|tri")};
+  QCommandLineOption tcp{
+      QStringLiteral("tcp"),
+      QStringLiteral("Listen on a TCP port; port 0 takes any free one. Without any "
+                     "line: 127.0.0.1:%1.")
+          .arg(kUsualPort),
+      QStringLiteral("[ADDRESS:]PORT")};
+  QCommandLineOption serial{QStringLiteral("serial"), QStringLiteral("Answer on a serial port."),
+                            QStringLiteral("DEVICE")};
+  QCommandLineOption baud{QStringLiteral("baud"), QStringLiteral("Its baud rate (9600)."),
+                          QStringLiteral("N"), QStringLiteral("9600")};
+  QCommandLineOption pty{QStringLiteral("pty"),
+                         QStringLiteral("Make a pseudo-terminal and a symbolic link to it."),
+                         QStringLiteral("LINK")};
+  QCommandLineOption headless{QStringLiteral("headless"), QStringLiteral("Without a window.")};
+  QCommandLineOption log{QStringLiteral("log"),
+                         QStringLiteral("Append one line of JSON for every frame."),
+                         QStringLiteral("FILE")};
+  QCommandLineOption state{QStringLiteral("state"),
+                           QStringLiteral("Keep the panels' pages and clocks there as JSON."),
+                           QStringLiteral("FILE")};
+  QCommandLineOption picture{QStringLiteral("picture"),
+                             QStringLiteral("Keep a picture (PNG) of the window there."),
+                             QStringLiteral("FILE")};
+  QCommandLineOption fault{QStringLiteral("fault"),
+                           QStringLiteral("Be faulty (may be repeated): %1.")
+                               .arg(FaultNames().join(QStringLiteral(", "))),
+                           QStringLiteral("NAME[:N]")};
+  QCommandLineOption clock_answer{
+      QStringLiteral("clock-answer"),
+      QStringLiteral("The panel that acknowledges the set-clock frame (the lowest ID), or none."),
+      QStringLiteral("ID|none")};
+};
+
+class Program {
+ public:
+  explicit Program(QCoreApplication* application) : application_(application) {}
+
+  int Run() {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "LED text panels on the desk: what they are sent is acknowledged and shown."));
+    parser.addOptions({options_.help, options_.panel, options_.tcp, options_.serial, options_.baud,
+                       options_.pty, options_.headless, options_.log, options_.state,
+                       options_.picture, options_.fault, options_.clock_answer});
+    if (!parser.parse(application_->arguments())) return Complain(parser.errorText());
+    if (parser.isSet(options_.help)) {
+      std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
+      return EXIT_SUCCESS;
+    }
+    if (!parser.positionalArguments().isEmpty()) {
+      return Complain(
+          QStringLiteral("\"%1\": not an option").arg(parser.positionalArguments().first()));
+    }
+    const bool has_window = !parser.isSet(options_.headless);
+    if (has_window && qobject_cast<QApplication*>(application_) == nullptr) {
+      // "--headless" was there, but as the value of another option.
+      return Complain(QStringLiteral("\"--headless\" is no value for an option"));
+    }
+    QString error;
+    if (!MakeEngine(parser, &error) || !StartRecords(parser, &error) ||
+        !OpenLines(parser, &error)) {
+      return Complain(error);
+    }
+    if (has_window) ShowWindow(parser.value(options_.picture));
+    Say(QStringLiteral("ready"));
+    return QCoreApplication::exec();
+  }
+
+ private:
+  bool MakeEngine(const QCommandLineParser& parser, QString* error) {
+    QList<PanelDescription> panels;
+    for (const QString& text : parser.values(options_.panel)) {
+      const auto panel = ParsePanelDescription(text, error);
+      if (!panel) return false;
+      for (const PanelDescription& other : std::as_const(panels)) {
+        if (other.id != panel->id) continue;
+        *error =
+            QStringLiteral("panel \"%1\": there is a panel %2 already").arg(text).arg(panel->id);
+        return false;
+      }
+      panels.append(*panel);
+    }
+    if (panels.isEmpty()) panels.append(PanelDescription{});
+    engine_ = std::make_unique<PanelEngine>(panels);
+
+    Faults faults;
+    for (const QString& text : parser.values(options_.fault)) {
+      if (!ParseFault(text, &faults, error)) return false;
+    }
+    engine_->SetFaults(faults);
+
+    if (parser.isSet(options_.clock_answer)) {
+      const QString text = parser.value(options_.clock_answer);
+      if (text == QLatin1String("none")) {
+        engine_->SetClockAnswer(std::nullopt);
+        return true;
+      }
+      bool is_number = false;
+      const int id = text.toInt(&is_number);
+      if (!is_number || engine_->FindPanel(id) == nullptr) {
+        *error = QStringLiteral("clock answer \"%1\": no such panel").arg(text);
+        return false;
+      }
+      engine_->SetClockAnswer(id);
+    }
+    return true;
+  }
+
+  bool StartRecords(const QCommandLineParser& parser, QString* error) {
+    if (parser.isSet(options_.picture) && parser.isSet(options_.headless)) {
+      *error = QStringLiteral("a picture needs the window: not with --headless");
+      return false;
+    }
+    if (parser.isSet(options_.log)) {
+      log_.setFileName(parser.value(options_.log));
+      if (!log_.open(QIODevice::WriteOnly | QIODevice::Append)) {
+        *error = log_.fileName() + QStringLiteral(": ") + log_.errorString();
+        return false;
+      }
+      QObject::connect(engine_.get(), &PanelEngine::FrameReceived, application_,
+                       [this](const FrameRecord& record) {
+                         log_.write(LogLine(record));
+                         log_.flush();
+                       });
+    }
+    if (parser.isSet(options_.state)) {
+      const QString path = parser.value(options_.state);
+      if (!WriteWhole(path, StateDocument(*engine_), error)) return false;
+      // Before the answer is sent: whoever has read an answer finds what it was for.
+      QObject::connect(engine_.get(), &PanelEngine::Changed, application_, [this, path] {
+        QString reason;
+        if (!WriteWhole(path, StateDocument(*engine_), &reason)) Complain(reason);
+      });
+    }
+    return true;
+  }
+
+  bool OpenLines(const QCommandLineParser& parser, QString* error) {
+    QStringList addresses = parser.values(options_.tcp);
+    const QStringList links = parser.values(options_.pty);
+    const QStringList devices = parser.values(options_.serial);
+    if (addresses.isEmpty() && links.isEmpty() && devices.isEmpty()) {
+      addresses.append(QStringLiteral("127.0.0.1:%1").arg(kUsualPort));
+    }
+    for (const QString& text : std::as_const(addresses)) {
+      if (!OpenTcp(text, error)) return false;
+    }
+    for (const QString& link : links) {
+      if (!OpenPty(link, error)) return false;
+    }
+    bool is_number = false;
+    const qint32 baud_rate = parser.value(options_.baud).toInt(&is_number);
+    if (!is_number || baud_rate <= 0) {
+      *error = QStringLiteral("baud rate \"%1\": not a number").arg(parser.value(options_.baud));
+      return false;
+    }
+    for (const QString& device : devices) {
+      if (!OpenSerial(device, baud_rate, error)) return false;
+    }
+    return true;
+  }
+
+  bool OpenTcp(const QString& text, QString* error) {
+    QHostAddress address;
+    quint16 port = 0;
+    if (!ParseAddress(text, &address, &port)) {
+      *error = QStringLiteral("TCP address \"%1\": expected ADDRESS:PORT or PORT").arg(text);
+      return false;
+    }
+    auto line = std::make_unique<TcpLine>(engine_.get());
+    if (!line->Listen(address, port)) {
+      *error = QStringLiteral("TCP address \"%1\": %2").arg(text, line->ErrorString());
+      return false;
+    }
+    const QString host = address.protocol() == QAbstractSocket::IPv6Protocol
+                             ? QLatin1Char('[') + address.toString() + QLatin1Char(']')
+                             : address.toString();
+    Announce(QStringLiteral("listening on tcp %1:%2").arg(host).arg(line->Port()));
+    lines_.push_back(std::move(line));
+    return true;
+  }
+
+  bool OpenPty(const QString& link, QString* error) {
+    auto line = std::make_unique<PtyLine>(engine_.get());
+    PtyLine* pty = line.get();
+    const auto announcement = [pty, link] {
+      return QStringLiteral("pty %1 -> %2").arg(link, pty->DeviceName());
+    };
+    if (!pty->Open(link)) {
+      *error = QStringLiteral("pseudo-terminal ") + pty->ErrorString();
+      return false;
+    }
+    Announce(announcement());
+    // A fault may have pulled it: after a while somebody plugs it in again.
+    QObject::connect(pty, &PtyLine::Unplugged, pty, [pty, link, announcement] {
+      QTimer::singleShot(kReplugMs, pty, [pty, link, announcement] {
+        if (pty->Open(link)) {
+          Say(announcement());
+        } else {
+          Complain(QStringLiteral("pseudo-terminal ") + pty->ErrorString());
+        }
+      });
+    });
+    lines_.push_back(std::move(line));
+    return true;
+  }
+
+  bool OpenSerial(const QString& device, qint32 baud_rate, QString* error) {
+    auto line = std::make_unique<SerialLine>(engine_.get());
+    SerialLine* serial = line.get();
+    if (!serial->Open(device, baud_rate)) {
+      *error = QStringLiteral("serial port %1: %2").arg(device, serial->ErrorString());
+      return false;
+    }
+    Announce(QStringLiteral("serial %1 at %2 baud").arg(device).arg(baud_rate));
+    QObject::connect(
+        serial, &SerialLine::Unplugged, serial, [serial, device, baud_rate](const QString& why) {
+          Complain(QStringLiteral("serial port %1: %2").arg(device, why));
+          auto* again = new QTimer(serial);
+          QObject::connect(again, &QTimer::timeout, serial, [serial, device, baud_rate, again] {
+            if (!serial->Open(device, baud_rate)) return;
+            Say(QStringLiteral("serial %1 at %2 baud").arg(device).arg(baud_rate));
+            again->deleteLater();
+          });
+          again->start(kReplugMs);
+        });
+    lines_.push_back(std::move(line));
+    return true;
+  }
+
+  void Announce(const QString& line) {
+    announced_.append(line);
+    Say(line);
+  }
+
+  void ShowWindow(const QString& picture_path) {
+    window_ = std::make_unique<PanelWindow>(engine_.get());
+    window_->SetLines(announced_.join(QStringLiteral("   \u00B7   ")));
+    window_->show();
+    if (picture_path.isEmpty()) return;
+    const auto write_picture = [this, picture_path] {
+      QSaveFile file(picture_path);
+      if (!file.open(QIODevice::WriteOnly) || !window_->grab().save(&file, "PNG") ||
+          !file.commit()) {
+        Complain(picture_path + QStringLiteral(": ") + file.errorString());
+      }
+    };
+    QObject::connect(window_.get(), &PanelWindow::Refreshed, application_, write_picture);
+    write_picture();
+  }
+
+  QCoreApplication* application_;
+  Options options_;
+  std::unique_ptr<PanelEngine> engine_;
+  QFile log_;
+  std::vector<std::unique_ptr<QObject>> lines_;
+  QStringList announced_;
+  std::unique_ptr<PanelWindow> window_;
+};
+
+// Options that need no display.
+bool WantsNoWindow(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    for (const char* option : {"--headless", "--help", "-h"}) {
+      if (std::strcmp(argv[i], option) == 0) return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+}  // namespace VirtualPanel
+
+int main(int argc, char** argv) {
+  std::unique_ptr<QCoreApplication> application;
+  if (VirtualPanel::WantsNoWindow(argc, argv)) {
+    application = std::make_unique<QCoreApplication>(argc, argv);
+  } else {
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+      return VirtualPanel::Complain(QStringLiteral("there is no display: use --headless"));
+    }
+    application = std::make_unique<QApplication>(argc, argv);
+  }
+  QCoreApplication::setApplicationName(QStringLiteral("virtual_panel"));
+  VirtualPanel::QuitOnSignals(application.get());
+  VirtualPanel::Program program(application.get());
+  return program.Run();
+}

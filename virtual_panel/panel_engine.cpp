@@ -1,0 +1,290 @@
+#include "panel_engine.h"
+
+#include <utility>
+
+namespace VirtualPanel {
+namespace {
+
+constexpr char kGarbage[] = "#?#?#?#?";
+constexpr char kStrayByte = '\xFF';
+
+// The wall-clock reading of a local time, counted as UTC: a panel's clock knows no summer time.
+QDateTime WallClock(const QDateTime& time) { return QDateTime(time.date(), time.time(), Qt::UTC); }
+
+QString Describe(const Frame& frame) {
+  switch (frame.meaning) {
+    case Meaning::kPoll:
+      return QStringLiteral("poll");
+    case Meaning::kDeleteAll:
+      return QStringLiteral("delete all pages");
+    case Meaning::kDeletePage:
+      return QStringLiteral("delete page %1").arg(frame.page);
+    case Meaning::kRunPage:
+      return QStringLiteral("run page %1").arg(frame.page);
+    case Meaning::kMessageLine:
+      return QStringLiteral("page %1, row %2").arg(frame.page).arg(frame.row);
+    case Meaning::kSetClock:
+      return QStringLiteral("set clock to ") +
+             frame.clock.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    case Meaning::kTooLong:
+      return QStringLiteral("too long");
+    case Meaning::kNotUnderstood:
+      break;
+  }
+  return QStringLiteral("not understood");
+}
+
+QByteArray LowerCaseDigits(QByteArray acknowledgement) {
+  // "<IDhh>": only the digits change their case.
+  for (const qsizetype at : {3, 4}) {
+    const char digit = acknowledgement[at];
+    if (digit >= 'A' && digit <= 'F') acknowledgement[at] = static_cast<char>(digit - 'A' + 'a');
+  }
+  return acknowledgement;
+}
+
+}  // namespace
+
+PanelEngine::PanelEngine(const QList<PanelDescription>& panels, TimeSource now, QObject* parent)
+    : QObject(parent), now_(std::move(now)) {
+  const QDateTime start = now_();
+  for (const PanelDescription& description : panels) {
+    Member member;
+    member.panel.description = description;
+    member.clock_set_to = WallClock(start);
+    member.clock_set_at = start.toMSecsSinceEpoch();
+    members_.emplace(description.id, std::move(member));
+  }
+  if (!members_.empty()) clock_answer_ = members_.begin()->first;
+}
+
+QList<Answer> PanelEngine::Receive(FrameSplitter* splitter, QByteArrayView bytes,
+                                   const QString& line) {
+  QList<Answer> answers;
+  const QList<ReceivedFrame> frames = splitter->Feed(bytes);
+  for (const ReceivedFrame& frame : frames) answers += Handle(frame, line);
+  return answers;
+}
+
+QList<Answer> PanelEngine::Receive(QByteArrayView bytes) {
+  return Receive(&own_splitter_, bytes, QString());
+}
+
+void PanelEngine::SetFaults(const Faults& faults) {
+  faults_ = faults;
+  answers_swallowed_ = 0;
+  frames_since_faults_ = 0;
+}
+
+QList<int> PanelEngine::PanelIds() const {
+  QList<int> ids;
+  for (const auto& [id, member] : members_) ids.append(id);
+  return ids;
+}
+
+const PanelEngine::Member* PanelEngine::FindMember(int id) const {
+  const auto found = members_.find(id);
+  return found == members_.end() ? nullptr : &found->second;
+}
+
+const Panel* PanelEngine::FindPanel(int id) const {
+  const Member* member = FindMember(id);
+  return member == nullptr ? nullptr : &member->panel;
+}
+
+QMap<int, QByteArray> PanelEngine::Page(int id, int page) const {
+  QMap<int, QByteArray> texts;
+  const Panel* panel = FindPanel(id);
+  if (panel == nullptr) return texts;
+  const StoredPage rows = panel->pages.value(page);
+  for (auto row = rows.cbegin(); row != rows.cend(); ++row) texts.insert(row.key(), row->text);
+  return texts;
+}
+
+std::optional<int> PanelEngine::RunningPage(int id) const {
+  const Panel* panel = FindPanel(id);
+  return panel == nullptr ? std::nullopt : panel->running_page;
+}
+
+std::optional<int> PanelEngine::ShownPage(int id) const {
+  const Panel* panel = FindPanel(id);
+  return panel == nullptr ? std::nullopt : panel->ShownPage();
+}
+
+StoredPage PanelEngine::ShownRows(int id) const {
+  const auto page = ShownPage(id);
+  return page ? FindPanel(id)->pages.value(*page) : StoredPage();
+}
+
+QDateTime PanelEngine::Clock(int id) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr) return {};
+  const qint64 elapsed = now_().toMSecsSinceEpoch() - member->clock_set_at;
+  return member->clock_set_to.addMSecs(elapsed);
+}
+
+qint64 PanelEngine::ClockOffset(int id) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr) return 0;
+  return WallClock(now_()).msecsTo(Clock(id));
+}
+
+QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& line) {
+  Frame frame = ParseFrame(received.bytes);
+  if (received.too_long) {
+    // It was dropped on its way in: no panel has it, so none answers.
+    frame = Frame{};
+    frame.meaning = Meaning::kTooLong;
+  }
+
+  QStringList notes;
+  bool obeyed = false;
+  QByteArray acknowledgement;
+  const bool is_for_all = frame.addressee == kEveryPanel || frame.meaning == Meaning::kSetClock;
+  for (auto& [id, member] : members_) {
+    if (!is_for_all && frame.addressee != id) continue;
+    QString note;
+    if (Obey(frame, &member, &note)) obeyed = true;
+    if (!note.isEmpty() && !notes.contains(note)) notes.append(note);
+    if (frame.addressee == id || (frame.meaning == Meaning::kSetClock && clock_answer_ == id)) {
+      acknowledgement = AddressPrefix(id) + "\r\n";
+    }
+  }
+  if (frame.addressee > 0 && FindMember(frame.addressee) == nullptr) {
+    notes.append(QStringLiteral("no panel %1 on this line").arg(frame.addressee));
+  }
+
+  QList<Answer> answers = AnswerWith(acknowledgement);
+
+  FrameRecord record;
+  record.time = now_();
+  record.line = line;
+  record.bytes = received.bytes;
+  record.addressee = frame.addressee;
+  record.meaning = frame.meaning;
+  record.page = frame.page;
+  record.row = frame.row;
+  record.obeyed = obeyed;
+  record.description = Describe(frame);
+  if (!notes.isEmpty()) {
+    record.description += QStringLiteral(": ") + notes.join(QStringLiteral("; "));
+  }
+  for (const Answer& answer : std::as_const(answers)) record.answer += answer.bytes;
+  Remember(record);
+
+  Q_EMIT FrameReceived(record);
+  if (obeyed && frame.meaning != Meaning::kPoll) Q_EMIT Changed();
+  return answers;
+}
+
+bool PanelEngine::Obey(const Frame& frame, Member* member, QString* note) {
+  Panel& panel = member->panel;
+  switch (frame.meaning) {
+    case Meaning::kPoll:
+      return true;
+    case Meaning::kDeleteAll:
+      panel.pages.clear();
+      panel.stored_bytes = 0;
+      panel.running_page.reset();
+      panel.last_received_page.reset();
+      return true;
+    case Meaning::kDeletePage: {
+      const auto page = panel.pages.find(frame.page);
+      if (page == panel.pages.end()) {
+        *note = QStringLiteral("was not stored");
+      } else {
+        for (const StoredRow& row : std::as_const(*page)) panel.stored_bytes -= row.text.size();
+        panel.pages.erase(page);
+      }
+      if (panel.ShownPage() == frame.page) {
+        // The display goes blank; it does not fall back to another page.
+        panel.running_page.reset();
+        panel.last_received_page.reset();
+      } else if (panel.last_received_page == frame.page) {
+        panel.last_received_page.reset();
+      }
+      return true;
+    }
+    case Meaning::kRunPage:
+      panel.running_page = frame.page;
+      if (!panel.pages.contains(frame.page)) *note = QStringLiteral("an empty page");
+      return true;
+    case Meaning::kMessageLine:
+      return StoreRow(frame, &panel, note);
+    case Meaning::kSetClock:
+      member->clock_set_to = frame.clock;
+      member->clock_set_at = now_().toMSecsSinceEpoch();
+      return true;
+    case Meaning::kTooLong:
+    case Meaning::kNotUnderstood:
+      break;
+  }
+  return false;
+}
+
+bool PanelEngine::StoreRow(const Frame& frame, Panel* panel, QString* note) {
+  if (frame.row < 1 || frame.row > panel->description.rows) {
+    *note = QStringLiteral("ignored, panel %1 has rows 1 to %2")
+                .arg(panel->description.id)
+                .arg(panel->description.rows);
+    return false;
+  }
+  const auto page = panel->pages.constFind(frame.page);
+  const bool is_new_page = page == panel->pages.constEnd();
+  const qint64 replaced = is_new_page ? 0 : page->value(frame.row).text.size();
+  const qint64 stored_bytes = panel->stored_bytes - replaced + frame.text.size();
+  if ((is_new_page && panel->pages.size() >= kMostPages) || stored_bytes > kMostStoredBytes) {
+    *note = QStringLiteral("ignored, the memory of panel %1 is full").arg(panel->description.id);
+    return false;
+  }
+  // The sender closes every row with one blank of its own, which is not shown.
+  QByteArrayView shown(frame.text);
+  if (shown.endsWith(' ')) shown.chop(1);
+  panel->pages[frame.page].insert(frame.row, {frame.text, ParseCells(shown)});
+  panel->stored_bytes = stored_bytes;
+  panel->last_received_page = frame.page;
+  return true;
+}
+
+QList<Answer> PanelEngine::AnswerWith(const QByteArray& acknowledgement) {
+  QList<Answer> answers;
+  int time = faults_.late_ms;
+
+  bool is_answered = !acknowledgement.isEmpty() && !faults_.silent;
+  if (is_answered && answers_swallowed_ < faults_.silent_answers) {
+    ++answers_swallowed_;
+    is_answered = false;
+  }
+  if (is_answered) {
+    QByteArray bytes = faults_.garbage ? QByteArray(kGarbage) : acknowledgement;
+    if (faults_.lower_case && !faults_.garbage) bytes = LowerCaseDigits(bytes);
+    if (faults_.stray_byte) bytes.prepend(kStrayByte);
+
+    const qsizetype pieces = qBound(qsizetype(1), qsizetype(faults_.pieces), bytes.size());
+    for (qsizetype piece = 0; piece < pieces; ++piece) {
+      const qsizetype begin = bytes.size() * piece / pieces;
+      const qsizetype end = bytes.size() * (piece + 1) / pieces;
+      if (piece > 0) time += faults_.piece_pause_ms;
+      answers.append({Answer::Step::kSend, bytes.sliced(begin, end - begin), time});
+    }
+  }
+  if (faults_.flood) answers.append({Answer::Step::kFlood, {}, time});
+
+  ++frames_since_faults_;
+  if (faults_.close_after_frame > 0 && frames_since_faults_ == faults_.close_after_frame) {
+    answers.append({Answer::Step::kClose, {}, time});
+  }
+  return answers;
+}
+
+void PanelEngine::Remember(const FrameRecord& record) {
+  ++frame_count_;
+  frames_.append(record);
+  remembered_bytes_ += record.bytes.size();
+  while (frames_.size() > kMostRememberedFrames || remembered_bytes_ > kMostRememberedBytes) {
+    remembered_bytes_ -= frames_.first().bytes.size();
+    frames_.removeFirst();
+  }
+}
+
+}  // namespace VirtualPanel

@@ -1,0 +1,286 @@
+#include "panel_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace VirtualPanel {
+namespace {
+
+enum TrafficColumn { kTimeColumn, kFrameColumn, kAnswerColumn, kMeaningColumn, kTrafficColumns };
+
+constexpr qsizetype kMostVisibleBytes = 2000;
+constexpr qint64 kMinuteMs = 60'000;
+constexpr QSize kUsualSize(960, 720);
+constexpr int kLeastTrafficLines = 5;
+// Smaller dots cannot be read: a panel that is too wide for them is scrolled.
+constexpr double kLeastDotPixels = 2;
+constexpr double kMostOfScreen = 0.9;
+
+// What a panel is and holds, in one line.
+QString Facts(const PanelEngine& engine, int id) {
+  const Panel* panel = engine.FindPanel(id);
+  const PanelDescription& description = panel->description;
+  QString page = QStringLiteral("no page shown");
+  if (panel->running_page) {
+    page = QStringLiteral("running page %1").arg(*panel->running_page);
+  } else if (panel->last_received_page) {
+    page = QStringLiteral("showing page %1, last received").arg(*panel->last_received_page);
+  }
+  const qsizetype count = panel->pages.size();
+  const QStringList facts = {
+      QStringLiteral("ID %1").arg(id, 3, 10, QLatin1Char('0')),
+      QStringLiteral("%1x%2").arg(description.rows).arg(description.columns),
+      description.tri_colour ? QStringLiteral("Tri") : QStringLiteral("Mono"),
+      QLocale::c().toString(engine.Clock(id), QStringLiteral("ddd dd MMM yyyy HH:mm")),
+      page,
+      count == 1 ? QStringLiteral("1 page stored") : QStringLiteral("%1 pages stored").arg(count),
+  };
+  return facts.join(QStringLiteral("   \u00B7   "));
+}
+
+}  // namespace
+
+QString VisibleText(const QByteArray& bytes) {
+  QString text;
+  for (const char byte : bytes.first(qMin(bytes.size(), kMostVisibleBytes))) {
+    const auto value = static_cast<unsigned char>(byte);
+    if (byte == '\r') {
+      text += QLatin1String("<CR>");
+    } else if (byte == '\n') {
+      text += QLatin1String("<LF>");
+    } else if (value < 0x20 || (value >= 0x7F && value < 0xA0)) {
+      text += QStringLiteral("<%1>").arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
+    } else {
+      text += QLatin1Char(byte);
+    }
+  }
+  if (bytes.size() > kMostVisibleBytes) text += QChar(0x2026);
+  return text;
+}
+
+PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
+    : QMainWindow(parent), engine_(engine) {
+  setWindowTitle(QStringLiteral("Virtual panel"));
+  auto* splitter = new QSplitter(Qt::Vertical);
+  splitter->addWidget(MakePanels());
+  splitter->addWidget(MakeTraffic());
+  splitter->setStretchFactor(0, 3);
+  splitter->setStretchFactor(1, 1);
+  splitter->setChildrenCollapsible(false);
+  splitter->setSizes({kUsualSize.height() * 2 / 3, kUsualSize.height() / 3});
+  auto* centre = new QWidget;
+  auto* layout = new QVBoxLayout(centre);
+  layout->addWidget(splitter);
+  setCentralWidget(centre);
+  lines_ = new QLabel;
+  lines_->setObjectName(QStringLiteral("lines"));
+  lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  statusBar()->addWidget(lines_, 1);
+
+  blink_timer_.setObjectName(QStringLiteral("blink_timer"));
+  clock_timer_.setObjectName(QStringLiteral("clock_timer"));
+  blink_timer_.setParent(this);
+  clock_timer_.setParent(this);
+  for (QTimer* timer : {&refresh_timer_, &blink_timer_, &clock_timer_}) timer->setSingleShot(true);
+  blink_timer_.setTimerType(Qt::PreciseTimer);
+  connect(&refresh_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
+  connect(&blink_timer_, &QTimer::timeout, this, &PanelWindow::Blink);
+  connect(&clock_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
+  // Many frames that come at once are shown at once.
+  const auto refresh_soon = [this] {
+    if (!refresh_timer_.isActive()) refresh_timer_.start(0);
+  };
+  connect(engine_, &PanelEngine::Changed, this, refresh_soon);
+  connect(engine_, &PanelEngine::FrameReceived, this,
+          [this, refresh_soon](const FrameRecord& record) {
+            AddTraffic(record);
+            refresh_soon();
+          });
+  for (const FrameRecord& record : engine_->Frames()) AddTraffic(record);
+  Refresh();
+
+  resize(kUsualSize.boundedTo(screen()->availableSize() * kMostOfScreen));
+}
+
+void PanelWindow::SetLines(const QString& text) { lines_->setText(text); }
+
+QWidget* PanelWindow::MakePanels() {
+  auto* panels = new QWidget;
+  auto* layout = new QVBoxLayout(panels);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (const int id : engine_->PanelIds()) {
+    Place place;
+    place.id = id;
+    place.view = new PanelView(engine_, id);
+    place.view->setObjectName(QStringLiteral("panel_%1").arg(id));
+    place.facts = new QLabel;
+    place.facts->setObjectName(QStringLiteral("facts_%1").arg(id));
+    place.facts->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    place.facts->setAlignment(Qt::AlignHCenter);
+    place.facts->setWordWrap(true);
+
+    // A panel that is too wide for the window is scrolled by itself.
+    auto* scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidget(place.view);
+    place.scroll = scroll;
+    layout->addWidget(scroll);
+    layout->addWidget(place.facts);
+    layout->addStretch();
+    places_.append(place);
+  }
+  panels_ = new QScrollArea;
+  panels_->setFrameShape(QFrame::NoFrame);
+  panels_->setWidgetResizable(true);
+  panels_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  panels_->setWidget(panels);
+  panels_->installEventFilter(this);
+  return panels_;
+}
+
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == panels_ && event->type() == QEvent::Resize) Arrange();
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void PanelWindow::Arrange() {
+  // Room for the scroll bar is always left, so that it cannot come and go by its own effect.
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const double width = panels_->width() - bar;
+  const int spacing = panels_->widget()->layout()->spacing();
+
+  double free_height = panels_->height();
+  double wanted_height = 0;
+  for (const Place& place : std::as_const(places_)) {
+    const QSizeF dots = SizeInDots(place.view->Picture().description);
+    free_height -= place.facts->heightForWidth(qRound(width)) + 2 * spacing;
+    wanted_height += dots.height() * qMax(width / dots.width(), kLeastDotPixels);
+  }
+  const double shrink = wanted_height > free_height ? free_height / wanted_height : 1;
+  for (const Place& place : std::as_const(places_)) {
+    const QSizeF dots = SizeInDots(place.view->Picture().description);
+    const double fitting = width / dots.width();
+    const bool is_too_wide = fitting < kLeastDotPixels;
+    const double dot = is_too_wide ? kLeastDotPixels : qMax(fitting * shrink, kLeastDotPixels);
+    place.view->setMinimumWidth(is_too_wide ? qRound(dots.width() * dot) : 0);
+    place.scroll->setFixedHeight(qRound(dots.height() * dot) + (is_too_wide ? bar : 0));
+  }
+}
+
+QWidget* PanelWindow::MakeTraffic() {
+  traffic_ = new QTableWidget(0, kTrafficColumns);
+  traffic_->setObjectName(QStringLiteral("traffic"));
+  traffic_->setAccessibleName(QStringLiteral("Traffic"));
+  traffic_->setHorizontalHeaderLabels({QStringLiteral("Time"), QStringLiteral("Frame"),
+                                       QStringLiteral("Answer"), QStringLiteral("Meaning")});
+  traffic_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  traffic_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  traffic_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  traffic_->setAlternatingRowColors(true);
+  traffic_->setShowGrid(false);
+  traffic_->setWordWrap(false);
+  traffic_->setTabKeyNavigation(false);
+  traffic_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  traffic_->verticalHeader()->hide();
+  const int line_height = traffic_->fontMetrics().height() + 6;
+  traffic_->verticalHeader()->setDefaultSectionSize(line_height);
+  traffic_->setMinimumHeight((kLeastTrafficLines + 2) * line_height);
+  QHeaderView* header = traffic_->horizontalHeader();
+  header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  header->setHighlightSections(false);
+  header->setStretchLastSection(true);
+  const int character = traffic_->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+  header->resizeSection(kTimeColumn, 14 * character);
+  header->resizeSection(kFrameColumn, 48 * character);
+  header->resizeSection(kAnswerColumn, 17 * character);
+
+  auto* copy = new QAction(QStringLiteral("Copy"), traffic_);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this, &PanelWindow::CopyTraffic);
+  traffic_->addAction(copy);
+  traffic_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  return traffic_;
+}
+
+void PanelWindow::Refresh() {
+  for (const Place& place : std::as_const(places_)) {
+    place.view->Refresh();
+    place.facts->setText(Facts(*engine_, place.id));
+  }
+  StartTimers();
+  Q_EMIT Refreshed();
+}
+
+void PanelWindow::Blink() {
+  for (const Place& place : std::as_const(places_)) {
+    if (place.view->IsBlinking()) place.view->update();
+  }
+  StartTimers();
+}
+
+void PanelWindow::StartTimers() {
+  // To the next change of phase, so that nothing drifts.
+  bool is_blinking = false;
+  for (const Place& place : std::as_const(places_)) is_blinking |= place.view->IsBlinking();
+  const qint64 now = engine_->Now().toMSecsSinceEpoch();
+  if (is_blinking) {
+    blink_timer_.start(static_cast<int>(kBlinkMs - now % kBlinkMs));
+  } else {
+    blink_timer_.stop();
+  }
+  // To the next minute of any panel: their clocks show no seconds.
+  qint64 to_next_minute = kMinuteMs;
+  for (const Place& place : std::as_const(places_)) {
+    const qint64 of_day = engine_->Clock(place.id).time().msecsSinceStartOfDay();
+    to_next_minute = qMin(to_next_minute, kMinuteMs - of_day % kMinuteMs);
+  }
+  clock_timer_.start(static_cast<int>(to_next_minute));
+}
+
+void PanelWindow::AddTraffic(const FrameRecord& record) {
+  const QScrollBar* bar = traffic_->verticalScrollBar();
+  const bool was_at_end = bar->value() == bar->maximum();
+  while (traffic_->rowCount() >= kMostTrafficLines) traffic_->removeRow(0);
+  const int row = traffic_->rowCount();
+  traffic_->insertRow(row);
+  const QStringList texts = {
+      record.time.toString(QStringLiteral("HH:mm:ss.zzz")),
+      VisibleText(record.bytes),
+      record.answer.isEmpty() ? QStringLiteral("-") : VisibleText(record.answer),
+      record.description,
+  };
+  for (int column = 0; column < kTrafficColumns; ++column) {
+    auto* item = new QTableWidgetItem(texts[column]);
+    item->setToolTip(texts[column]);
+    traffic_->setItem(row, column, item);
+  }
+  if (was_at_end) traffic_->scrollToBottom();
+}
+
+void PanelWindow::CopyTraffic() {
+  QStringList lines;
+  for (int row = 0; row < traffic_->rowCount(); ++row) {
+    if (!traffic_->item(row, kTimeColumn)->isSelected()) continue;
+    QStringList texts;
+    for (int column = 0; column < kTrafficColumns; ++column) {
+      texts.append(traffic_->item(row, column)->text());
+    }
+    lines.append(texts.join(QLatin1Char('\t')));
+  }
+  QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+}  // namespace VirtualPanel
