@@ -2,7 +2,8 @@
 // pseudo-terminal, against a bare blocking loop that exchanges the same frames; and the processor
 // time of a send to a panel that never answers. The pauses that the protocol demands are not part
 // of the figures: no "Delay Period" is configured, and a connection is made once, beforehand.
-#include <fcntl.h>
+#include <arpa/inet.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <pty.h>
 #include <sys/resource.h>
@@ -16,7 +17,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QTcpServer>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -164,42 +164,68 @@ void Compare(benchmark::State& state, Brivon1::PanelConnection& connection,
   if (ratio > kMostOfBare) state.SkipWithError("too slow beside the bare loop");
 }
 
-void PageOverTcp(benchmark::State& state) {
-  QTcpServer server;
-  if (!server.listen(QHostAddress(QHostAddress::LocalHost))) qFatal("cannot listen");
-  const auto accept = [&] {
-    if (!server.waitForNewConnection(5000)) qFatal("nobody connects");
-    QTcpSocket* socket = server.nextPendingConnection();
-    const int line = ::dup(static_cast<int>(socket->socketDescriptor()));
-    ::fcntl(line, F_SETFL, ::fcntl(line, F_GETFL) & ~O_NONBLOCK);
-    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    socket->setParent(nullptr);
-    return std::pair(socket, line);
-  };
-  QTcpSocket bare_client;
-  bare_client.connectToHost(QHostAddress(QHostAddress::LocalHost), server.serverPort());
-  bare_client.waitForConnected(5000);
-  bare_client.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-  const auto [bare_socket, bare_panel_line] = accept();
-  const int bare_line = ::dup(static_cast<int>(bare_client.socketDescriptor()));
-  ::fcntl(bare_line, F_SETFL, ::fcntl(bare_line, F_GETFL) & ~O_NONBLOCK);
+/// A port on loopback whose connections are plain descriptors.
+class LoopbackPort {
+ public:
+  LoopbackPort() : listener_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address = Address(0);
+    socklen_t size = sizeof address;
+    if (::bind(listener_, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
+        ::listen(listener_, 4) != 0 ||
+        ::getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size) != 0) {
+      qFatal("cannot listen");
+    }
+    port = ntohs(address.sin_port);
+  }
 
+  ~LoopbackPort() { ::close(listener_); }
+
+  LoopbackPort(const LoopbackPort&) = delete;
+  LoopbackPort& operator=(const LoopbackPort&) = delete;
+
+  int Connect() const {
+    const int line = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_in address = Address(port);
+    if (::connect(line, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+      qFatal("cannot connect");
+    }
+    return WithoutDelay(line);
+  }
+
+  int Accept() const { return WithoutDelay(::accept(listener_, nullptr, nullptr)); }
+
+  quint16 port;
+
+ private:
+  static sockaddr_in Address(quint16 number) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(number);
+    return address;
+  }
+
+  static int WithoutDelay(int line) {
+    const int on = 1;
+    ::setsockopt(line, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+    return line;
+  }
+
+  int listener_;
+};
+
+void PageOverTcp(benchmark::State& state) {
+  const LoopbackPort port;
+  const int bare_line = port.Connect();
+  const PromptPanel bare_panel(port.Accept());
   const Brivon1::Configuration configuration = OnePanel();
   Brivon1::PanelConnection connection(nullptr);
-  server.pauseAccepting();
-  const bool open =
-      connection.Open(Brivon1::SendMode::kTcp, configuration, {"127.0.0.1", server.serverPort()});
-  server.resumeAccepting();
-  if (!open) qFatal("cannot connect");
-  const auto [socket, panel_line] = accept();
-  {
-    const PromptPanel bare_panel(bare_panel_line);
-    const PromptPanel panel(panel_line);
-    Compare(state, connection, configuration, bare_line);
+  if (!connection.Open(Brivon1::SendMode::kTcp, configuration, {"127.0.0.1", port.port})) {
+    qFatal("cannot connect");
   }
+  const PromptPanel panel(port.Accept());
+  Compare(state, connection, configuration, bare_line);
   ::close(bare_line);
-  delete socket;
-  delete bare_socket;
 }
 BENCHMARK(PageOverTcp)->Iterations(400)->Unit(benchmark::kMicrosecond);
 
