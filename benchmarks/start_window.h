@@ -1,28 +1,48 @@
-// A program that ends as soon as its window has been drawn for the first time.
+// A program that says when its window came onto the screen and when it had been drawn, as
+// nanoseconds of the system's monotonic clock, and ends.
 #pragma once
 
+#include <chrono>
+#include <cstdio>
 #include <memory>
 
 #include <QApplication>
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
 
-class EndWhenDrawn : public QObject {
+inline void SayNow() {
+  std::printf("%lld\n",
+              static_cast<long long>(std::chrono::steady_clock::now().time_since_epoch().count()));
+}
+
+class ShowWatcher : public QObject {
  public:
   bool eventFilter(QObject* object, QEvent* event) override {
-    // Behind the paint event, so that the drawing itself is part of the time.
-    if (event->type() == QEvent::Paint) QTimer::singleShot(0, qApp, [] { QApplication::exit(0); });
+    if (event->type() == QEvent::Expose && !is_shown_) {
+      is_shown_ = true;
+      SayNow();
+      // Behind the drawing, which the event itself sets off.
+      QTimer::singleShot(0, qApp, [] {
+        SayNow();
+        QApplication::exit(0);
+      });
+    }
     return QObject::eventFilter(object, event);
   }
+
+ private:
+  bool is_shown_ = false;
 };
 
 template <typename MakeWindow>
 int RunUntilDrawn(int argc, char** argv, const MakeWindow& make_window) {
   QApplication application(argc, argv);
-  EndWhenDrawn end;
+  ShowWatcher watcher;
   const auto window = make_window();
-  window->installEventFilter(&end);
+  window->winId();
+  window->windowHandle()->installEventFilter(&watcher);
   window->show();
   return QApplication::exec();
 }

@@ -159,9 +159,7 @@ void Compare(benchmark::State& state, Brivon1::PanelConnection& connection,
   const double ratio = Median(brivon) / Median(bare);
   state.counters["brivon_us"] = Median(brivon);
   state.counters["bare_us"] = Median(bare);
-  state.counters["ratio"] = ratio;
-  state.counters["limit"] = kMostOfBare;
-  if (ratio > kMostOfBare) state.SkipWithError("too slow beside the bare loop");
+  Report(state, "ratio", ratio, kMostOfBare);
 }
 
 /// A port on loopback whose connections are plain descriptors.
@@ -275,9 +273,7 @@ void SendToASilentPanel(benchmark::State& state) {
   ::close(line.slave);
   state.counters["waited_s"] = waited;
   state.counters["processor_s"] = processor;
-  state.counters["ratio"] = processor / waited;
-  state.counters["limit"] = kMostProcessorShare;
-  if (processor / waited > kMostProcessorShare) state.SkipWithError("the wait costs too much");
+  Report(state, "ratio", processor / waited, kMostProcessorShare);
 }
 BENCHMARK(SendToASilentPanel)->Iterations(1)->Unit(benchmark::kMillisecond);
 
