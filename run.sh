@@ -16,7 +16,7 @@ install -m 755 "$built/src/brivon" "$built/virtual_panel/virtual_panel" "$folder
 cp -r samples/messages samples/languages "$folder/"
 # The configuration is the operator's: it is laid out once and never overwritten.
 if [ ! -e "$folder/brivon.ini" ]; then
-  sed "s|^;Com2=.*|Com2=$folder/panel-line|" samples/brivon.ini >"$folder/brivon.ini"
+  sed "s|^;Com2=[^\r]*|Com2=$folder/panel-line|" samples/brivon.ini >"$folder/brivon.ini"
 fi
 
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
@@ -30,4 +30,7 @@ trap '[ -z "$panel" ] || kill "$panel" 2>/dev/null || true' EXIT
 "$folder/virtual_panel" --panel 1:4x96:tri --panel 2:12x192:mono \
   --tcp 127.0.0.1:2101 --pty "$folder/panel-line" &
 panel=$!
+sleep 0.5
+kill -0 "$panel" 2>/dev/null ||
+  echo "The virtual panel could not start; Brivon runs without it." >&2
 "$folder/brivon"

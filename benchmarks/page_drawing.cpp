@@ -3,7 +3,6 @@
 // operator has it before him, and for a blink tick also with every character of the page drawn;
 // beside each stands the same area filled with plain rectangles, one a character.
 #include <algorithm>
-#include <chrono>
 #include <vector>
 
 #include <QAbstractButton>
@@ -21,6 +20,7 @@
 
 #include "core/configuration_store.h"
 #include "core/dialog_results.h"
+#include "measure.h"
 #include "page/draw_cell.h"
 #include "page/frmMsgEditor.h"
 
@@ -29,8 +29,6 @@ namespace {
 constexpr int kRows = 12;
 constexpr int kCharacters = 600;
 constexpr int kWidth = 1920;
-
-using Clock = std::chrono::steady_clock;
 
 /// One plain rectangle for each character cell of a page.
 void FillPlainly(QImage& image, int columns, int rows) {
@@ -47,17 +45,11 @@ void FillPlainly(QImage& image, int columns, int rows) {
 class Times {
  public:
   template <typename Run>
-  void Take(Run run) {
-    const auto start = Clock::now();
-    run();
-    const std::chrono::duration<double, std::milli> time = Clock::now() - start;
-    milliseconds_.push_back(time.count());
+  void Take(const Run& run) {
+    milliseconds_.push_back(Microseconds(run) / 1000);
   }
 
-  double Median() {
-    std::sort(milliseconds_.begin(), milliseconds_.end());
-    return milliseconds_[milliseconds_.size() / 2];
-  }
+  double Middle() const { return Median(milliseconds_); }
 
   double Worst() const { return *std::max_element(milliseconds_.begin(), milliseconds_.end()); }
 
@@ -71,17 +63,15 @@ double PlainMilliseconds(int columns, int rows) {
                QImage::Format_ARGB32_Premultiplied);
   Times times;
   for (int time = 0; time < 101; ++time) times.Take([&] { FillPlainly(image, columns, rows); });
-  return times.Median();
+  return times.Middle();
 }
 
-void Report(benchmark::State& state, Times& times, double plain, double limit) {
-  const double median = times.Median();
-  state.counters["median_ms"] = median;
+void ReportTimes(benchmark::State& state, Times& times, double plain, double limit) {
+  const double median = times.Middle();
   state.counters["worst_ms"] = times.Worst();
-  state.counters["limit_ms"] = limit;
   state.counters["plain_ms"] = plain;
   state.counters["ratio"] = median / plain;
-  if (median > limit) state.SkipWithError("slower than its limit");
+  Report(state, "median_ms", median, limit);
 }
 
 /// The real editor with the whole page typed into it.
@@ -150,7 +140,7 @@ void BlinkTickInTheWindow(benchmark::State& state) {
     editor.BlinkTick();
     times.Take([&] { editor.BlinkTick(); });
   }
-  Report(state, times, PlainMilliseconds(editor.ColumnsInSight(), kRows), 16);
+  ReportTimes(state, times, PlainMilliseconds(editor.ColumnsInSight(), kRows), 16);
 }
 BENCHMARK(BlinkTickInTheWindow)->Unit(benchmark::kMillisecond);
 
@@ -170,7 +160,7 @@ void BlinkTickOfEveryCharacter(benchmark::State& state) {
   };
   Times times;
   for (auto _ : state) times.Take(draw);
-  Report(state, times, PlainMilliseconds(kCharacters, kRows), 16);
+  ReportTimes(state, times, PlainMilliseconds(kCharacters, kRows), 16);
 }
 BENCHMARK(BlinkTickOfEveryCharacter)->Unit(benchmark::kMillisecond);
 
@@ -182,7 +172,7 @@ void KeyPressInTheWindow(benchmark::State& state) {
     times.Take([&] { editor.Press(Qt::Key_Backspace); });
     times.Take([&] { editor.Press(Qt::Key_M); });
   }
-  Report(state, times, PlainMilliseconds(editor.ColumnsInSight(), 1), 4);
+  ReportTimes(state, times, PlainMilliseconds(editor.ColumnsInSight(), 1), 4);
 }
 BENCHMARK(KeyPressInTheWindow)->Unit(benchmark::kMillisecond);
 

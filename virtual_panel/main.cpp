@@ -113,10 +113,12 @@ struct Options {
   QCommandLineOption picture{QStringLiteral("picture"),
                              QStringLiteral("Keep a picture (PNG) of the window there."),
                              QStringLiteral("FILE")};
-  QCommandLineOption fault{QStringLiteral("fault"),
-                           QStringLiteral("Be faulty (may be repeated): %1.")
-                               .arg(FaultNames().join(QStringLiteral(", "))),
-                           QStringLiteral("NAME[:N]")};
+  QCommandLineOption fault{
+      QStringLiteral("fault"),
+      QStringLiteral("Be faulty (may be repeated): %1. \"lower-case\" shows with IDs that "
+                     "have a letter in hexadecimal, such as 10.")
+          .arg(FaultNames().join(QStringLiteral(", "))),
+      QStringLiteral("NAME[:N]")};
   QCommandLineOption clock_answer{
       QStringLiteral("clock-answer"),
       QStringLiteral("The panel that acknowledges the set-clock frame (the lowest ID), or none."),

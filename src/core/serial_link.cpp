@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include "core/text.h"
+#include "core/waiting_input.h"
 
 namespace Brivon1 {
 namespace {
@@ -16,7 +17,8 @@ constexpr qint64 kLongestDrain = 3000;     // milliseconds for the last bytes to
 QString OpenFailure(const QString& device, const QString& system_reason) {
   QString reason = device + QStringLiteral(": ") + system_reason;
   const QFileInfo file(device);
-  if (file.exists() && (!file.isReadable() || !file.isWritable()) && !file.group().isEmpty()) {
+  const bool group_may = file.permission(QFile::ReadGroup | QFile::WriteGroup);
+  if (file.exists() && (!file.isReadable() || !file.isWritable()) && group_may) {
     reason += QStringLiteral(
                   "\nThe group \"%1\" may use this port: add your user to it and log in again.")
                   .arg(file.group());
@@ -69,8 +71,10 @@ void SerialLink::Write(const QByteArray& bytes) {
 }
 
 QByteArray SerialLink::ReadAvailable() {
-  if (port_->isOpen() && !is_lost_)
-    port_->waitForReadyRead(std::exchange(answer_is_due_, false) ? kPromptAnswer : 0);
+  const bool answer_is_due = std::exchange(answer_is_due_, false);
+  if (port_->isOpen() && !is_lost_ && (answer_is_due || HasWaitingInput(port_->handle()))) {
+    port_->waitForReadyRead(answer_is_due ? kPromptAnswer : 0);
+  }
   QByteArray bytes = std::exchange(saved_, {});
   if (port_->isOpen()) bytes += port_->readAll();
   return bytes;

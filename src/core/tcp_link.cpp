@@ -4,6 +4,8 @@
 
 #include <QNetworkProxy>
 
+#include "core/waiting_input.h"
+
 namespace Brivon1 {
 namespace {
 
@@ -45,8 +47,10 @@ void TcpLink::Write(const QByteArray& bytes) {
 }
 
 QByteArray TcpLink::ReadAvailable() {
-  if (IsConnected())
-    socket_->waitForReadyRead(std::exchange(answer_is_due_, false) ? kPromptAnswer : 0);
+  const bool answer_is_due = std::exchange(answer_is_due_, false);
+  if (IsConnected() && (answer_is_due || HasWaitingInput(socket_->socketDescriptor()))) {
+    socket_->waitForReadyRead(answer_is_due ? kPromptAnswer : 0);
+  }
   return socket_->isOpen() ? socket_->readAll() : QByteArray();
 }
 
