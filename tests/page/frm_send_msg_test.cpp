@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "page/frmSendMsg.h"
+#include "support/full_listener.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 
@@ -209,7 +210,34 @@ TEST_P(SendMessage, ALineLostAfterRow2FailsOnceAndTheNextSendWorks) {
   dialog.ChoosePanel(0);
   EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << "one message, not one for each error";
   EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 2);
-  if (GetParam() == LineKind::kSerial) bench_.PlugIn();
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, ALineLostAfterTheLastAnswerHasSentEveryRow) {
+  bench_.Fail({.close_after_frame = 4});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench_.Pty().IsPlugged(); }));
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver box(QString(), [&](QWidget*) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+    });
+    dialog.Click("butSend");
+    EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
+  }
+  bench_.PlugIn();
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -236,7 +264,7 @@ TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
   const quint16 port = bench.Tcp().Port();
-  bench.Tcp().Close();
+  bench.Unplug();
   Dialog dialog(path);
   dialog.ChoosePanel(0);
   const MessageBoxReader boxes;
@@ -245,14 +273,35 @@ TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   EXPECT_EQ(boxes.Seen().value(0).informative,
             QStringLiteral("127.0.0.1:%1: Connection refused").arg(port));
   EXPECT_TRUE(dialog.IsReady());
-  ASSERT_TRUE(bench.Tcp().Listen(QHostAddress(QHostAddress::LocalHost), port));
+  bench.PlugIn();
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
+TEST(SendMessageOverTcp, APanelThatHasNotAcceptedAfter500MsIsReportedAndTheNextSendWorks) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  const quint16 port = bench.Tcp().Port();
+  bench.Unplug();
+  Dialog dialog(path);
+  dialog.ChoosePanel(0);
+  {
+    const FullListener slow_panel(port);
+    const MessageBoxReader boxes;
+    dialog.Click("butSend");
+    EXPECT_EQ(boxes.Texts(), QStringList{kNoLink});
+    EXPECT_EQ(boxes.Seen().value(0).informative,
+              QStringLiteral("127.0.0.1:%1: no answer within 500 ms").arg(port));
+  }
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_EQ(dialog.Find<QTcpSocket>("Winsock1")->state(), QAbstractSocket::UnconnectedState);
+  bench.PlugIn();
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
 }
 
 TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
-  bench.Pty().Unplug();
+  bench.Unplug();
   Dialog dialog(path);
   dialog.ChoosePanel(0);
   const MessageBoxReader boxes;
