@@ -289,6 +289,24 @@ TEST_P(CommandOverLink, SetClockSetsThePanelsClock) {
   EXPECT_TRUE(bench_.IsReleased());
 }
 
+TEST_P(CommandOverLink, AfterTheCommandTheLastBytesHaveThreeTicksToLeaveTheLine) {
+  CommandWindow command;
+  int ticks = 0;
+  bool link_is_open = false;
+  QObject::connect(command.Find<QTimer>("Timer1"), &QTimer::timeout, &command.window, [&] {
+    ++ticks;
+    link_is_open = GetParam() == LineKind::kTcp ? command.Find<QTcpSocket>("Winsock1")->isOpen()
+                                                : command.Find<QSerialPort>("Comm1")->isOpen();
+  });
+  const MessageBoxReader boxes;
+  const ModalWindowDriver box(QString(), [&](QWidget*) { ticks = 0; });
+  command.DoubleClick(0);
+  EXPECT_EQ(box.Count(), 1);
+  EXPECT_EQ(ticks, 3);
+  EXPECT_TRUE(link_is_open);
+  EXPECT_FALSE(command.Find<QTimer>("Timer1")->isActive());
+}
+
 TEST_P(CommandOverLink, WithoutASelectedCommandNothingIsSent) {
   CommandWindow command;
   EXPECT_EQ(command.Commands()->currentRow(), -1);
