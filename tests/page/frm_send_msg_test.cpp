@@ -1,5 +1,5 @@
 #include <QComboBox>
-#include <QFileInfo>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -142,6 +142,21 @@ TEST_P(SendMessage, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
   EXPECT_FALSE(dialog.window.isVisible());
 }
 
+TEST_P(SendMessage, TheResultComesFromTheLanguageFile) {
+  bench_.Folder().UseLanguage(
+      "[Message]\r\nmsgTxOK=Fertig!\r\nmsgTxFail=Fehler!\r\nmsgErrTCP=Kein Netz!\r\n"
+      "msgErrComm=Kein Anschluss!\r\n");
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fertig!")});
+  bench_.Fail({.garbage = true});
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fehler!")});
+  bench_.Unplug();
+  EXPECT_EQ(dialog.Send(),
+            QStringList{GetParam() == LineKind::kTcp ? QStringLiteral("Kein Netz!")
+                                                     : QStringLiteral("Kein Anschluss!")});
+}
+
 TEST_P(SendMessage, ASecondPressWhileItSendsDoesNothing) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
@@ -260,6 +275,20 @@ TEST_P(SendMessage, AStrayByteInFrontOfEveryAnswerFails) {
   EXPECT_EQ(bench_.Frames().size(), 5);
 }
 
+TEST(SendMessageOverTcp, TheControlsAreLockedBeforeTheLinkIsOpened) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  dialog.ChoosePanel(0);
+  bool locked = false;
+  QTimer::singleShot(0, &dialog.window, [&] {
+    locked = !dialog.Find<QWidget>("butSend")->isEnabled() && bench.Frames().isEmpty();
+    dialog.window.close();
+    EXPECT_TRUE(dialog.window.isVisible());
+  });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_TRUE(locked);
+}
+
 TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
@@ -315,6 +344,17 @@ TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
 }
 
+TEST(SendMessageOverSerial, APanelWithoutAnAddressIsReachedAllTheSame) {
+  PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
+  const QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  bench.Folder().Configure(QByteArray(ini).replace(",127.0.0.1:9", ""));
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->itemText(0),
+            QStringLiteral("ID026     4x96     Tri-Color     Tri"));
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
 TEST(SendMessageOverSerial, ABaudRateOf0IsAPortThatCannotBeOpened) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
@@ -348,6 +388,70 @@ class SendMessageChecks : public testing::Test {
   TemporaryProgramFolder folder_;
   QString path_;
 };
+
+TEST_F(SendMessageChecks, HasItsControlsAndTexts) {
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Message"));
+  const std::pair<const char*, const char*> boxes[] = {{"frameFile", "Message File"},
+                                                       {"FrameDestination", "Destination"},
+                                                       {"FrameStatus", "Send Status"}};
+  for (const auto& [name, text] : boxes) {
+    EXPECT_EQ(dialog.Find<QGroupBox>(name)->title(), QLatin1String(text));
+  }
+  const std::pair<const char*, const char*> labels[] = {
+      {"labelRow", "Row:"},  {"labelCol", "Col:"},      {"LabelDisplayID", "ID Number"},
+      {"Label2", " Page :"}, {"Label5", "(001 - 120)"}, {"lblSendStatus", ""}};
+  for (const auto& [name, text] : labels) {
+    EXPECT_EQ(dialog.Find<QLabel>(name)->text(), QLatin1String(text));
+  }
+  const std::pair<const char*, const char*> buttons[] = {
+      {"butBrowse", "Browse"}, {"butSend", "Send"}, {"butDone", "Done"}};
+  for (const auto& [name, text] : buttons) {
+    EXPECT_EQ(dialog.Find<QPushButton>(name)->text(), QLatin1String(text));
+  }
+  EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
+  EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(dialog.Find<QTcpSocket>("Winsock1"), nullptr);
+}
+
+TEST_F(SendMessageChecks, DoneClosesTheDialog) {
+  Dialog dialog(path_);
+  dialog.Click("butDone");
+  EXPECT_FALSE(dialog.window.isVisible());
+}
+
+TEST_F(SendMessageChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
+  folder_.UseLanguage(
+      "[Message]\r\nmsgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\nmsgDim=Passt nicht!\r\n");
+  const QString path = folder_.Path(QStringLiteral("late.msg"));
+  Dialog dialog(path);
+  dialog.TypePage(QString());
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), QByteArray(100, 'x'));
+  dialog.Click("butSend");
+  dialog.ChoosePanel(1);
+  dialog.Click("butSend");
+  dialog.TypePage(QStringLiteral("1"));
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(4, 96));
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(2, 80));
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(2, 96));
+  dialog.Click("butSend");
+  EXPECT_EQ(boxes.Texts(),
+            (QStringList{QStringLiteral("Datei fehlt!"), QStringLiteral("Invalid ID Selection!"),
+                         QStringLiteral("Invalid Page Value!"), QStringLiteral("Unlesbar!"),
+                         QStringLiteral("Passt nicht!"), QStringLiteral("Passt nicht!"),
+                         QStringLiteral("IP address is null or invaild")}));
+  for (const SeenMessageBox& box : boxes.Seen()) {
+    EXPECT_EQ(box.title, QStringLiteral("Send Message"));
+    EXPECT_EQ(box.icon, QMessageBox::NoIcon);
+    EXPECT_EQ(box.buttons, QMessageBox::Ok);
+  }
+  EXPECT_TRUE(dialog.IsReady());
+}
 
 TEST_F(SendMessageChecks, ThePanelListHasOneEntryForEachConfiguredPanelAndNoneIsSelected) {
   Dialog dialog(path_);
