@@ -157,6 +157,23 @@ TEST_P(SendMessage, TheResultComesFromTheLanguageFile) {
                                                      : QStringLiteral("Kein Anschluss!")});
 }
 
+TEST_P(SendMessage, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  auto* page = dialog.Find<QLineEdit>("txtPage");
+  page->setFocus();
+  ASSERT_EQ(page->cursor().shape(), Qt::IBeamCursor);
+  Qt::CursorShape shape = Qt::ArrowCursor;
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [&] { shape = page->cursor().shape(); });
+  const MessageBoxReader boxes;
+  QTest::keyClick(page, Qt::Key_Return);
+  EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
+  EXPECT_EQ(shape, Qt::WaitCursor);
+  EXPECT_EQ(page->cursor().shape(), Qt::IBeamCursor);
+  EXPECT_EQ(dialog.window.focusWidget(), page);
+}
+
 TEST_P(SendMessage, ASecondPressWhileItSendsDoesNothing) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
