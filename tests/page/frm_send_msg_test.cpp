@@ -306,6 +306,24 @@ TEST(SendMessageOverTcp, TheControlsAreLockedBeforeTheLinkIsOpened) {
   EXPECT_TRUE(locked);
 }
 
+TEST(SendMessageOverTcp, TheProgramsEndWhileItConnectsSendsNothing) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  dialog.ChoosePanel(0);
+  QTimer::singleShot(0, &dialog.window, [&] {
+    QTimer until_connected;
+    QObject::connect(&until_connected, &QTimer::timeout, &dialog.window, [&] {
+      if (bench.Tcp().ConnectionCount() == 1) QCoreApplication::exit(3);
+    });
+    until_connected.start(1);
+    dialog.Click("butSend");
+  });
+  EXPECT_EQ(QCoreApplication::exec(), 3);
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_TRUE(bench.IsReleased());
+  EXPECT_TRUE(bench.Frames().isEmpty());
+}
+
 TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
