@@ -1,3 +1,5 @@
+#include <random>
+
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -421,6 +423,51 @@ TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
   const QString host = Brivon1::CodePage::System().ToText("a\x80z.invalid");
   const QString reason = boxes.Seen().value(0).informative;
   EXPECT_TRUE(reason.startsWith(host + QStringLiteral(":80: "))) << reason.toStdString();
+}
+
+TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
+  const QList<QByteArray> pieces = {"[Dimension Config]",
+                                    "[Communication]",
+                                    "\r\n",
+                                    "\n",
+                                    "ID00",
+                                    "1",
+                                    "2",
+                                    "=",
+                                    "x",
+                                    ",",
+                                    "Tri",
+                                    "Mono",
+                                    ".",
+                                    ":",
+                                    "99999999999",
+                                    "-",
+                                    " ",
+                                    "SendMode",
+                                    "TCPIP",
+                                    "\"",
+                                    ";",
+                                    QByteArray(1, 0),
+                                    "\xff",
+                                    "\x80",
+                                    "Com2",
+                                    QByteArray(300, 'x')};
+  std::mt19937 random(1);
+  int listed = 0;
+  for (int round = 0; round < 300; ++round) {
+    QByteArray ini = "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\nID002=2x";
+    for (int piece = 0; piece < 60; ++piece) {
+      ini += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
+    }
+    folder_.Configure(ini);
+    const frmCommand window;
+    const auto* list = window.findChild<QComboBox*>(QStringLiteral("ComboID"));
+    ASSERT_EQ(list->count(), Brivon1::PanelListLines(Brivon1::Store()).size());
+    ASSERT_GE(list->count(), 1);
+    ASSERT_LE(window.minimumSizeHint().width(), 800);
+    listed += list->count();
+  }
+  EXPECT_GT(listed, 300) << "some of them configure further panels";
 }
 
 TEST_F(CommandWindowAlone, SendModeEmptyOpensNothingAndReportsNothing) {
