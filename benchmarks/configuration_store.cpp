@@ -2,8 +2,6 @@
 // millisecond.
 #include "core/configuration_store.h"
 
-#include <algorithm>
-#include <chrono>
 #include <vector>
 
 #include <QDir>
@@ -11,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+
+#include "measure.h"
 
 namespace {
 
@@ -48,20 +48,6 @@ void ReadBytes(const QString& path) {
   benchmark::DoNotOptimize(file.readAll());
 }
 
-template <typename Work>
-double Microseconds(const Work& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start)
-      .count();
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 void LoadAgainstReading(benchmark::State& state) {
   const FullProgramFolder folder;
   const QString path = Brivon1::ConfigurationPath();
@@ -74,11 +60,9 @@ void LoadAgainstReading(benchmark::State& state) {
   if (!Brivon1::Store().panels[255].IsConfigured()) state.SkipWithError("the load read nothing");
   const double load = Median(loads);
   const double read = Median(reads);
-  state.counters["load_us"] = load;
   state.counters["read_us"] = read;
   state.counters["ratio"] = load / read;
-  state.counters["limit_us"] = kLimit;
-  if (load >= kLimit) state.SkipWithError("a load takes a millisecond or more");
+  Report(state, "load_us", load, kLimit);
 }
 BENCHMARK(LoadAgainstReading)->Unit(benchmark::kMicrosecond);
 

@@ -1,6 +1,6 @@
 #include "core/file_checks.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 #include "core/files.h"
 #include "core/text.h"
@@ -18,12 +18,12 @@ constexpr FileKind kMessageFile{kMessageHeader, 2};
 constexpr FileKind kScheduleFile{kScheduleHeader, 5};
 constexpr FileKind kScrollingFile{kScrollingHeader, 0};
 
-std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
-  QFile file(path);
-  if (!FileExists(path) || file.size() < kShortestFile || !file.open(QIODevice::ReadOnly)) {
+/// Opens `file` and reads its header; `lines` reads from it and stands behind the header then.
+std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKind& kind) {
+  const QFileInfo info(file);
+  if (!info.isFile() || info.size() < kShortestFile || !file.open(QIODevice::ReadOnly)) {
     return std::nullopt;
   }
-  LineReader lines(file);
   const std::optional<QByteArray> header = lines.Next();
   if (!header || TrimBlanks(*header) != kind.header) return std::nullopt;
   if (kind.rows_line == 0) return Dimension{};
@@ -37,7 +37,20 @@ std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
   return dimension;
 }
 
+std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
+  QFile file(path);
+  LineReader lines(file);
+  return ReadHeader(file, lines, kind);
+}
+
 }  // namespace
+
+MessageFileReader::MessageFileReader(const QString& path)
+    : file_(path), lines_(file_), dimension_(ReadHeader(file_, lines_, kMessageFile)) {}
+
+std::optional<QByteArray> MessageFileReader::NextRowLine() {
+  return dimension_ ? lines_.Next() : std::nullopt;
+}
 
 std::optional<Dimension> IsMessageFile(const QString& path) {
   return CheckFile(path, kMessageFile);

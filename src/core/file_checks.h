@@ -5,9 +5,11 @@
 #include <optional>
 
 #include <QByteArray>
+#include <QFile>
 #include <QString>
 
 #include "core/dimension.h"
+#include "core/files.h"
 
 namespace Brivon1 {
 
@@ -24,5 +26,22 @@ std::optional<Dimension> IsScheduleFile(const QString& path);
 
 /// Whether `path` names a scrolling message file.
 bool IsScrollingFile(const QString& path);
+
+/// A page message file, opened and read up to its row lines.
+class MessageFileReader {
+ public:
+  explicit MessageFileReader(const QString& path);
+
+  /// What IsMessageFile() says of the file.
+  const std::optional<Dimension>& FileDimension() const { return dimension_; }
+
+  /// The next row line, or nothing when there is none.
+  std::optional<QByteArray> NextRowLine();
+
+ private:
+  QFile file_;
+  LineReader lines_;
+  std::optional<Dimension> dimension_;
+};
 
 }  // namespace Brivon1

@@ -1,5 +1,7 @@
 #include "core/files.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 
 #include <QFileInfo>
@@ -35,8 +37,17 @@ bool IsOnDisk([[maybe_unused]] const QSaveFile& file) {
 std::optional<QByteArray> LineReader::Next() {
   if (ended_) return std::nullopt;
   constexpr qint64 kLongestEnd = 2;
-  // One more, because the toolkit counts a terminating zero.
-  QByteArray line = device_.readLine(kLongestLine + kLongestEnd + 1);
+  QByteArray line;
+  // In portions, because the toolkit would set aside room for the longest line each time.
+  std::array<char, 4096> portion;
+  while (!line.endsWith('\n') && line.size() < kLongestLine + kLongestEnd) {
+    // One more than is read, because the toolkit counts a terminating zero.
+    const qint64 room = std::min<qint64>(kLongestLine + kLongestEnd - line.size() + 1,
+                                         static_cast<qint64>(portion.size()));
+    const qint64 size = device_.readLine(portion.data(), room);
+    if (size <= 0) break;
+    line.append(portion.data(), size);
+  }
   if (line.isEmpty()) {
     ended_ = true;
     return std::nullopt;

@@ -61,7 +61,7 @@ class TickTimer {
   /// bytes, a lost line. Returns false when the program is ending; every wait ends then.
   virtual bool WaitForEvent() = 0;
 
-  /// Lets the window handle what is already due, without sleeping.
+  /// Lets the window handle what is already due, without sleeping, unless it did so a moment ago.
   virtual void ProcessEvents() = 0;
 
   /// The tick handler: advances the counters by the interval, up to 30000.

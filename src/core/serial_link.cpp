@@ -24,6 +24,10 @@ QString OpenFailure(const QString& device, const QString& system_reason) {
   return reason;
 }
 
+// A panel beside the PC answers within a millisecond: the first read behind a frame waits for that,
+// which is cheaper than a round through the event loop.
+constexpr int kPromptAnswer = 1;
+
 }  // namespace
 
 SerialLink::SerialLink(QObject* parent) : QObject(parent), port_(new QSerialPort(this)) {
@@ -60,11 +64,13 @@ void SerialLink::Write(const QByteArray& bytes) {
     Lose();
   } else {
     port_->flush();
+    answer_is_due_ = true;
   }
 }
 
 QByteArray SerialLink::ReadAvailable() {
-  if (port_->isOpen() && !is_lost_) port_->waitForReadyRead(0);
+  if (port_->isOpen() && !is_lost_)
+    port_->waitForReadyRead(std::exchange(answer_is_due_, false) ? kPromptAnswer : 0);
   QByteArray bytes = std::exchange(saved_, {});
   if (port_->isOpen()) bytes += port_->readAll();
   return bytes;

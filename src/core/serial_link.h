@@ -32,7 +32,8 @@ class SerialLink : public QObject, public SerialPort {
 
   QSerialPort* port_;
   bool is_lost_ = false;
-  QByteArray saved_;  // what had arrived when the line was lost
+  bool answer_is_due_ = false;  // a frame has been written and nothing read since
+  QByteArray saved_;            // what had arrived when the line was lost
   QString failure_reason_;
 };
 

@@ -1,5 +1,7 @@
 #include "core/tcp_link.h"
 
+#include <utility>
+
 #include <QNetworkProxy>
 
 namespace Brivon1 {
@@ -7,6 +9,10 @@ namespace {
 
 constexpr qint64 kReadBuffer = 64 * 1024;  // what a panel may send while nobody reads
 constexpr int kLongestDrain = 1000;        // milliseconds for the last bytes to leave at a close
+
+// A panel beside the PC answers within a millisecond: the first read behind a frame waits for that,
+// which is cheaper than a round through the event loop.
+constexpr int kPromptAnswer = 1;
 
 }  // namespace
 
@@ -34,11 +40,13 @@ void TcpLink::Write(const QByteArray& bytes) {
     socket_->abort();
   } else {
     socket_->flush();
+    answer_is_due_ = true;
   }
 }
 
 QByteArray TcpLink::ReadAvailable() {
-  if (IsConnected()) socket_->waitForReadyRead(0);
+  if (IsConnected())
+    socket_->waitForReadyRead(std::exchange(answer_is_due_, false) ? kPromptAnswer : 0);
   return socket_->isOpen() ? socket_->readAll() : QByteArray();
 }
 

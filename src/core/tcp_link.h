@@ -30,6 +30,7 @@ class TcpLink : public QObject, public TcpSocket {
  private:
   QTcpSocket* socket_;
   QString endpoint_;
+  bool answer_is_due_ = false;  // a frame has been written and nothing read since
 };
 
 }  // namespace Brivon1

@@ -46,9 +46,19 @@ void WindowTickTimer::Enable() {
 
 void WindowTickTimer::Disable() { timer_->stop(); }
 
-bool WindowTickTimer::WaitForEvent() { return waiter_.Wait(-1); }
+bool WindowTickTimer::WaitForEvent() {
+  const bool goes_on = waiter_.Wait(-1);
+  since_events_.start();
+  return goes_on;
+}
 
-void WindowTickTimer::ProcessEvents() { QCoreApplication::processEvents(); }
+void WindowTickTimer::ProcessEvents() {
+  // Between two answers that come at once nobody misses the window.
+  constexpr qint64 kLongestWithoutEvents = 20;
+  if (since_events_.isValid() && since_events_.elapsed() < kLongestWithoutEvents) return;
+  QCoreApplication::processEvents();
+  since_events_.start();
+}
 
 EventClock::EventClock(EventWaiter& waiter) : waiter_(waiter) { elapsed_.start(); }
 

@@ -41,6 +41,7 @@ class WindowTickTimer : public QObject, public TickTimer {
  private:
   EventWaiter& waiter_;
   QTimer* timer_;
+  QElapsedTimer since_events_;
 };
 
 class EventClock : public MillisecondClock {

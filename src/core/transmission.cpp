@@ -1,8 +1,7 @@
 #include "core/transmission.h"
 
-#include <QFile>
+#include <algorithm>
 
-#include "core/files.h"
 #include "core/framing.h"
 #include "core/text.h"
 #include "core/waits.h"
@@ -65,19 +64,14 @@ bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray&
 
 std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, const QByteArray& page,
                                                Dimension panel, qint16 colour_type) {
-  const std::optional<Dimension> dimension = IsMessageFile(path);
-  if (dimension != panel || panel.rows < 1 || panel.rows > kMaxRows ||
+  MessageFileReader file(path);
+  if (file.FileDimension() != panel || panel.rows < 1 || panel.rows > kMaxRows ||
       panel.columns < kFewestColumns) {
     return std::nullopt;
   }
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  LineReader lines(file);
-  constexpr int kHeaderLines = 3;
-  for (int line = 0; line < kHeaderLines; ++line) lines.Next();
   QList<QByteArray> frames;
   for (int row = 1; row <= panel.rows; ++row) {
-    const std::optional<QByteArray> line = lines.Next();
+    const std::optional<QByteArray> line = file.NextRowLine();
     if (!line) return std::nullopt;
     frames.append(MessageFrame(*line, id, page, colour_type));
   }

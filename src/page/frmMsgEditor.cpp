@@ -61,6 +61,7 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   ui_->rowArea->Build(page_, *ui_->scrollRows);
   FillLists();
   ConnectButtons();
+  ConnectUndo();
   ConnectRows();
   ConnectTimers();
   setTabOrder(ui_->cmdAddTime, &ui_->rowArea->Surface(1));
@@ -127,6 +128,19 @@ void frmMsgEditor::ConnectButtons() {
   const QKeySequence save_as(QKeySequence::SaveAs);
   AddShortcut(save_as.isEmpty() ? QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S) : save_as,
               ui_->butSaveAs);
+}
+
+void frmMsgEditor::ConnectUndo() {
+  const auto connect_keys = [this](QKeySequence keys, void (PageMessage::*act)()) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, act] {
+      (page_.*act)();
+      ShowEdit();
+      ReturnKeyboardToRow();
+    });
+  };
+  connect_keys(QKeySequence(Qt::CTRL | Qt::Key_Z), &PageMessage::Undo);
+  connect_keys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &PageMessage::Redo);
+  connect_keys(QKeySequence(Qt::CTRL | Qt::Key_Y), &PageMessage::Redo);
 }
 
 void frmMsgEditor::AddShortcut(const QKeySequence& keys, QPushButton* button) {
@@ -246,7 +260,8 @@ bool frmMsgEditor::SaveTo(const QString& path) {
 }
 
 void frmMsgEditor::SetFileName(const QString& path) {
-  ui_->lblFileName->SetPath(path);
+  ui_->lblFileName->setText(path);
+  ui_->lblFileName->setToolTip(path);
   name_was_refused_ = false;
 }
 
@@ -263,13 +278,15 @@ void frmMsgEditor::LayOutPage() {
 
 void frmMsgEditor::TypeText(int row, const QString& text) {
   page_.SetCurrentRow(row);
+  QByteArray bytes;
   for (const QChar character : text) {
     if (const auto byte = Brivon1::CodePage::System().ToByte(character)) {
-      page_.TypeKey(*byte);
+      bytes.append(*byte);
     } else {
       page_.RefuseKey();
     }
   }
+  page_.TypeAll(bytes);
   ShowEdit();
 }
 

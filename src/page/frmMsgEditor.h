@@ -31,6 +31,7 @@ class frmMsgEditor : public QDialog {
  private:
   void FillLists();
   void ConnectButtons();
+  void ConnectUndo();
   void ConnectRows();
   void ConnectTimers();
   void AddShortcut(const QKeySequence& keys, QPushButton* button);

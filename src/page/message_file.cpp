@@ -1,14 +1,11 @@
 #include "page/message_file.h"
 
-#include <QFile>
-
 #include "core/text.h"
 #include "page/attribute_codes.h"
 
 namespace Brivon1 {
 namespace {
 
-constexpr int kLinesBeforeRows = 3;
 constexpr int kFewestRows = 1;
 constexpr int kFewestColumns = 10;
 
@@ -70,17 +67,14 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page) {
 }
 
 std::optional<LoadedPage> LoadMessageFile(const QString& path) {
-  const std::optional<Dimension> dimension = IsMessageFile(path);
+  MessageFileReader file(path);
+  const std::optional<Dimension>& dimension = file.FileDimension();
   if (!dimension || !IsReadable(*dimension)) return std::nullopt;
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  LineReader lines(file);
-  for (int line = 0; line < kLinesBeforeRows; ++line) lines.Next();
 
   LoadedPage page{*dimension, {}};
   Attributes attributes;  // carried on from row to row
   for (int number = 1; number <= dimension->rows; ++number) {
-    const std::optional<QByteArray> line = lines.Next();
+    const std::optional<QByteArray> line = file.NextRowLine();
     PageRow& row = page.rows[static_cast<std::size_t>(number - 1)];
     if (!line || !ReadRowLine(*line, number, attributes, row)) return std::nullopt;
   }

@@ -11,6 +11,7 @@ void PageMessage::Begin(Dimension dimension) {
   dimension_.columns = std::max<qint16>(dimension.columns, 0);
   rows_ = PageRows();
   current_row_ = 1;
+  history_.Clear();
 }
 
 void PageMessage::TakeOver(Dimension dimension, PageRows rows) {
@@ -41,7 +42,7 @@ void PageMessage::ChooseSize(int index) {
 
 void PageMessage::ChooseBlink(bool blinking) { attributes_.blink = blinking ? kBlinking : kSteady; }
 
-void PageMessage::TypeKey(char character) {
+void PageMessage::TypeOne(char character) {
   if (character == kBackspace) {
     Current().Backspace();
   } else if (character != kEnter) {
@@ -51,16 +52,37 @@ void PageMessage::TypeKey(char character) {
   modified_ = true;
 }
 
-void PageMessage::InsertGraphic(char letter) {
-  TypeKey('~');
-  TypeKey(letter);
+void PageMessage::TypeAll(QByteArrayView characters) {
+  const PageRow before = Current();
+  for (const char character : characters) TypeOne(character);
+  Record(before);
 }
 
-void PageMessage::TypeAll(QByteArrayView characters) {
-  for (const char character : characters) TypeKey(character);
+void PageMessage::InsertGraphic(char letter) {
+  const char placeholder[] = {'~', letter};
+  TypeAll({placeholder, 2});
+}
+
+void PageMessage::Record(const PageRow& before) {
+  if (before.Text() != Current().Text()) history_.Record({current_row_, before});
+}
+
+void PageMessage::Undo() {
+  if (!history_.CanUndo()) return;
+  SetCurrentRow(history_.UndoRow());
+  history_.Undo(Current());
+  modified_ = true;
+}
+
+void PageMessage::Redo() {
+  if (!history_.CanRedo()) return;
+  SetCurrentRow(history_.RedoRow());
+  history_.Redo(Current());
+  modified_ = true;
 }
 
 void PageMessage::PressMoveKey(MoveKey key) {
+  const PageRow before = Current();
   switch (key) {
     case MoveKey::kEnd:
       return Current().End();
@@ -75,7 +97,8 @@ void PageMessage::PressMoveKey(MoveKey key) {
     case MoveKey::kDown:
       return SetCurrentRow(current_row_ + 1);
     case MoveKey::kDelete:
-      return Current().Delete();
+      Current().Delete();
+      return Record(before);
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "core/configuration_store.h"
 #include "core/file_checks.h"
+#include "page/edit_history.h"
 #include "page/page_row.h"
 
 namespace Brivon1 {
@@ -76,7 +77,7 @@ class PageMessage {
   /// The typing rule. Backspace removes, Enter does nothing, any other control character is no
   /// typing at all; whatever else is inserted at the cursor if the row has room. Marks the page
   /// modified, whatever the effect.
-  void TypeKey(char character);
+  void TypeKey(char character) { TypeAll({&character, 1}); }
 
   /// A key whose character cannot be stored: changes nothing, marks the page modified.
   void RefuseKey() { modified_ = true; }
@@ -87,6 +88,14 @@ class PageMessage {
   /// Types the placeholder of the date or of the time.
   void InsertDate() { TypeAll(kDate); }
   void InsertTime() { TypeAll(kTime); }
+
+  /// Types several characters by the typing rule; Undo() takes them back together.
+  void TypeAll(QByteArrayView characters);
+
+  /// Takes the last edit back, or makes it again: the row becomes the current one and the page
+  /// modified. Nothing without such an edit.
+  void Undo();
+  void Redo();
 
   /// What a key does that moves or deletes. It never marks the page modified.
   void PressMoveKey(MoveKey key);
@@ -100,13 +109,17 @@ class PageMessage {
 
  private:
   PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
-  void TypeAll(QByteArrayView characters);
+  void TypeOne(char character);
+
+  /// Remembers the current row as it was, if an edit has changed it.
+  void Record(const PageRow& before);
 
   Dimension dimension_;
   PageRows rows_;
   qint16 current_row_ = 1;
   Attributes attributes_;
   bool modified_ = false;
+  EditHistory history_;
 };
 
 /// Whether a character is a control character, which is a key and never text.

@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <ostream>
 
 #include <QComboBox>
 #include <QFile>
@@ -43,6 +45,8 @@ struct NamedWindow {
   const char* name;
   std::function<std::unique_ptr<QWidget>()> create;
 };
+
+void PrintTo(const NamedWindow& window, std::ostream* out) { *out << window.name; }
 
 template <typename Window>
 NamedWindow Named(const char* name) {

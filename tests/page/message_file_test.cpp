@@ -150,6 +150,12 @@ TEST_F(MessageFile, RowEquals2IsReadAs2WithAndWithoutBlanksAndRowXIsReadAs0) {
   EXPECT_EQ(page->dimension.rows, 0);
 }
 
+TEST_F(MessageFile, OfALineWithoutAnEqualsSignTheWholeLineIsTheValue) {
+  const auto page = Load("*** Brivon Message File ***\r\n 2 rows\r\n80\r\n<L01>a\r\n<L02>b\r\n");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->dimension, (Brivon1::Dimension{2, 80}));
+}
+
 TEST_F(MessageFile, Row0WithCol9IsRefusedRow0WithCol10IsAcceptedAndGivesAnEmptyPage) {
   EXPECT_FALSE(Load("*** Brivon Message File ***\r\nRow = 0\r\nCol = 9\r\n"));
   const auto page = Load("*** Brivon Message File ***\r\nRow = 0\r\nCol = 10\r\n");
@@ -322,7 +328,7 @@ TEST_F(MessageFile, RandomBytesGiveABoundedPageOrARefusal) {
   const QByteArray header = "*** Brivon Message File ***\r\n";
   const QByteArray alphabet = "<<<>>>LSC0112AEHZ=\r\n\n \t\x80\xff";
   int accepted = 0;
-  for (int file = 0; file < 2000; ++file) {
+  for (int file = 0; file < 800; ++file) {
     QByteArray content;
     if (file % 4 != 0) content = header;
     if (file % 4 >= 2) content += "Row = " + QByteArray::number(random() % 15) + "\r\nCol = 80\r\n";
@@ -345,7 +351,7 @@ TEST_F(MessageFile, RandomBytesGiveABoundedPageOrARefusal) {
     }
     ASSERT_LE(characters, content.size());
   }
-  EXPECT_GT(accepted, 100);
+  EXPECT_GT(accepted, 40);
 }
 
 TEST_F(MessageFile, RandomPagesAreReadBackAsTheyWereWritten) {

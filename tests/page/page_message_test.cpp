@@ -246,6 +246,75 @@ TEST(PageMessage, OnlyAShownRowBecomesTheCurrentOne) {
   }
 }
 
+TEST(PageMessage, UndoTakesEditsBackAndRedoMakesThemAgain) {
+  PageMessage page = PageOf(2, 200);
+  page.TypeKey('a');
+  page.ChooseColour(1);
+  page.InsertDate();
+  page.PressMoveKey(MoveKey::kDown);
+  Type(page, "xy");
+  page.TypeKey(PageMessage::kBackspace);
+  page.PressMoveKey(MoveKey::kHome);
+  page.PressMoveKey(MoveKey::kDelete);
+  page.PressMoveKey(MoveKey::kUp);
+  page.SetModified(false);
+
+  page.Undo();
+  EXPECT_EQ(Shown(page.Row(2)), "x|A|B|N");
+  EXPECT_EQ(page.CurrentRow(), 2);
+  EXPECT_EQ(page.Row(2).Cursor(), 0);
+  EXPECT_TRUE(page.IsModified());
+  page.Undo();
+  EXPECT_EQ(page.Row(2).Text(), "xy");
+  page.Undo();
+  page.Undo();
+  EXPECT_EQ(page.Row(2).Text(), "");
+  page.Undo();
+  EXPECT_EQ(Shown(page.Row(1)), "a|A|A|N");
+  EXPECT_EQ(page.CurrentRow(), 1);
+  page.Undo();
+  EXPECT_EQ(page.Row(1).Text(), "");
+
+  page.Redo();
+  page.Redo();
+  EXPECT_EQ(Shown(page.Row(1)), "aDD MMM YYYY|AAAAAAAAAAAA|ABBBBBBBBBBB|NNNNNNNNNNNN");
+  for (int edit = 0; edit < 4; ++edit) page.Redo();
+  EXPECT_EQ(page.Row(2).Text(), "");
+  page.SetModified(false);
+  page.Redo();
+  EXPECT_FALSE(page.IsModified());
+}
+
+TEST(PageMessage, AnotherEditForgetsWhatCouldBeMadeAgainAndAnotherPageForgetsAll) {
+  PageMessage page = PageOf(1, 200);
+  Type(page, "ab");
+  page.Undo();
+  page.TypeKey('c');
+  page.Redo();
+  EXPECT_EQ(page.Row(1).Text(), "ac");
+  page.Begin({1, 200});
+  page.SetModified(false);
+  page.Undo();
+  page.Redo();
+  EXPECT_EQ(page.Row(1).Text(), "");
+  EXPECT_FALSE(page.IsModified());
+}
+
+TEST(PageMessage, ARefusedKeyIsNoEditToTakeBack) {
+  PageMessage page = PageOf(1, 10);
+  Type(page, "abc");
+  page.TypeKey(PageMessage::kEnter);
+  page.Undo();
+  EXPECT_EQ(page.Row(1).Text(), "a");
+}
+
+TEST(PageMessage, TheOldestEditsAreForgotten) {
+  PageMessage page = PageOf(1, 32000);
+  Type(page, QByteArray(1500, 'x'));
+  for (int edit = 0; edit < 2000; ++edit) page.Undo();
+  EXPECT_EQ(page.Row(1).Length(), 500);
+}
+
 TEST(PageMessage, RandomKeysKeepEveryRowWithinItsRoom) {
   std::mt19937 random(7);
   const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };
@@ -253,7 +322,10 @@ TEST(PageMessage, RandomKeysKeepEveryRowWithinItsRoom) {
                                  MoveKey::kRight, MoveKey::kDown, MoveKey::kDelete};
   PageMessage page = PageOf(5, 48);
   for (int key = 0; key < 20000; ++key) {
-    switch (below(6)) {
+    switch (below(7)) {
+      case 6:
+        below(2) == 0 ? page.Undo() : page.Redo();
+        break;
       case 0:
         page.PressMoveKey(kMoves[static_cast<std::size_t>(below(kMoves.size()))]);
         break;

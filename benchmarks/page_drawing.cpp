@@ -1,0 +1,197 @@
+// The page editor at its largest: twelve rows of 600 blinking "3D" characters. A blink tick must
+// take less than 16 ms, a key press less than 4 ms. Each is measured in the real window as an
+// operator has it before him, and for a blink tick also with every character of the page drawn;
+// beside each stands the same area filled with plain rectangles, one a character.
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <benchmark/benchmark.h>
+
+#include "core/configuration_store.h"
+#include "core/dialog_results.h"
+#include "page/draw_cell.h"
+#include "page/frmMsgEditor.h"
+
+namespace {
+
+constexpr int kRows = 12;
+constexpr int kCharacters = 600;
+constexpr int kWidth = 1920;
+
+using Clock = std::chrono::steady_clock;
+
+/// One plain rectangle for each character cell of a page.
+void FillPlainly(QImage& image, int columns, int rows) {
+  QPainter painter(&image);
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      painter.fillRect(column * Brivon1::kCellWidth, row * kCellHeight, Brivon1::kCellWidth,
+                       kCellHeight, (row + column) % 2 == 0 ? Qt::red : Qt::green);
+    }
+  }
+}
+
+/// Times of single runs; what else the machine does shows in the worst, not in the median.
+class Times {
+ public:
+  template <typename Run>
+  void Take(Run run) {
+    const auto start = Clock::now();
+    run();
+    const std::chrono::duration<double, std::milli> time = Clock::now() - start;
+    milliseconds_.push_back(time.count());
+  }
+
+  double Median() {
+    std::sort(milliseconds_.begin(), milliseconds_.end());
+    return milliseconds_[milliseconds_.size() / 2];
+  }
+
+  double Worst() const { return *std::max_element(milliseconds_.begin(), milliseconds_.end()); }
+
+ private:
+  std::vector<double> milliseconds_;
+};
+
+/// The median time of filling `rows` rows of `columns` cells, in milliseconds.
+double PlainMilliseconds(int columns, int rows) {
+  QImage image(columns * Brivon1::kCellWidth, rows * kCellHeight,
+               QImage::Format_ARGB32_Premultiplied);
+  Times times;
+  for (int time = 0; time < 101; ++time) times.Take([&] { FillPlainly(image, columns, rows); });
+  return times.Median();
+}
+
+void Report(benchmark::State& state, Times& times, double plain, double limit) {
+  const double median = times.Median();
+  state.counters["median_ms"] = median;
+  state.counters["worst_ms"] = times.Worst();
+  state.counters["limit_ms"] = limit;
+  state.counters["plain_ms"] = plain;
+  state.counters["ratio"] = median / plain;
+  if (median > limit) state.SkipWithError("slower than its limit");
+}
+
+/// The real editor with the whole page typed into it.
+class FullEditor {
+ public:
+  FullEditor() {
+    QFile ini(folder_.filePath(QStringLiteral("brivon.ini")));
+    if (!ini.open(QIODevice::WriteOnly)) qFatal("cannot write the configuration");
+    ini.write("[Dimension Config]\r\nID001=12x3000,Tri,127.0.0.1:80\r\n");
+    ini.close();
+    Brivon1::SetProgramFolder(folder_.path());
+    QTimer::singleShot(0, [] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) qFatal("the dimension dialog is not open");
+      dialog->done(0);
+      Brivon1::DialogAccepted = true;
+      Brivon1::SelectedRows = kRows;
+      Brivon1::SelectedCols = kCharacters * Brivon1::kDotsPerCharacter;
+    });
+    window_.resize(kWidth, 700);
+    window_.show();
+    Click("butNew");
+    window_.findChild<QComboBox*>(QStringLiteral("ComboColor"))->setCurrentIndex(3);
+    Click("chkBlink");
+    for (int row = 1; row <= kRows; ++row) {
+      QTest::keyClicks(Row(row), QString(kCharacters, QLatin1Char('M')));
+    }
+    QCoreApplication::processEvents();
+    for (QTimer* timer : window_.findChildren<QTimer*>()) timer->stop();
+  }
+
+  QWidget* Row(int number) {
+    return window_.findChild<QWidget*>(QStringLiteral("Picture1(%1)").arg(number));
+  }
+
+  /// Lets the characters blink once and paints what that exposes.
+  void BlinkTick() {
+    auto* timer = window_.findChild<QTimer*>(QStringLiteral("Timer2"));
+    if (!QMetaObject::invokeMethod(timer, "timeout")) qFatal("there is no tick");
+    QCoreApplication::sendPostedEvents();
+  }
+
+  void Press(Qt::Key key) {
+    QTest::keyClick(Row(kRows), key);
+    QCoreApplication::sendPostedEvents();
+  }
+
+  int ColumnsInSight() { return Row(1)->parentWidget()->width() / Brivon1::kCellWidth; }
+
+ private:
+  void Click(const char* name) {
+    auto* button = window_.findChild<QAbstractButton*>(QString::fromLatin1(name));
+    if (button == nullptr) qFatal("no such button");
+    button->click();
+  }
+
+  QTemporaryDir folder_;
+  frmMsgEditor window_;
+};
+
+void BlinkTickInTheWindow(benchmark::State& state) {
+  FullEditor editor;
+  Times times;
+  // One tick hides the characters; the next one, which shows them, has more to draw.
+  for (auto _ : state) {
+    editor.BlinkTick();
+    times.Take([&] { editor.BlinkTick(); });
+  }
+  Report(state, times, PlainMilliseconds(editor.ColumnsInSight(), kRows), 16);
+}
+BENCHMARK(BlinkTickInTheWindow)->Unit(benchmark::kMillisecond);
+
+void BlinkTickOfEveryCharacter(benchmark::State& state) {
+  Brivon1::PageRow row;
+  for (int at = 0; at < kCharacters; ++at) {
+    row.Append(static_cast<char>('!' + at % 90), {'A', 'D', Brivon1::kBlinking});
+  }
+  QImage image(RowWidth(kCharacters), kRows * kCellHeight, QImage::Format_ARGB32_Premultiplied);
+  const auto draw = [&] {
+    QPainter painter(&image);
+    painter.fillRect(image.rect(), kSurfaceBackground);
+    for (int number = 0; number < kRows; ++number) {
+      DrawRow(painter, row, QRect(0, 0, RowWidth(kCharacters), kCellHeight), false);
+      painter.translate(0, kCellHeight);
+    }
+  };
+  Times times;
+  for (auto _ : state) times.Take(draw);
+  Report(state, times, PlainMilliseconds(kCharacters, kRows), 16);
+}
+BENCHMARK(BlinkTickOfEveryCharacter)->Unit(benchmark::kMillisecond);
+
+void KeyPressInTheWindow(benchmark::State& state) {
+  FullEditor editor;
+  Times times;
+  for (auto _ : state) {
+    // A full row takes no character before it has lost one.
+    times.Take([&] { editor.Press(Qt::Key_Backspace); });
+    times.Take([&] { editor.Press(Qt::Key_M); });
+  }
+  Report(state, times, PlainMilliseconds(editor.ColumnsInSight(), 1), 4);
+}
+BENCHMARK(KeyPressInTheWindow)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

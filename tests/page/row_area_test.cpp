@@ -1,0 +1,148 @@
+#include "page/row_area.h"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "page_of.h"
+
+namespace {
+
+using Brivon1::MoveKey;
+using Brivon1::PageMessage;
+
+class RowAreaTest : public testing::Test {
+ protected:
+  void Show(qint16 rows, qint16 columns, int width = 500) {
+    page_.Begin({rows, columns});
+    area_.Build(page_, bar_);
+    area_.resize(width, area_.sizeHint().height());
+    area_.show();
+    area_.LayOutRows();
+  }
+
+  int Left() { return area_.Surface(1).x(); }
+  int Clip() { return area_.Surface(1).parentWidget()->width(); }
+  int CursorPlace() { return Left() + page_.Row(page_.CurrentRow()).Cursor() * 12; }
+
+  PageMessage page_;
+  QScrollBar bar_{Qt::Horizontal};
+  RowArea area_;
+};
+
+TEST_F(RowAreaTest, ShowsAsManySurfacesAsThePageHasRowsAndHidesTheOthers) {
+  Show(4, 80);
+  for (int row = 1; row <= 12; ++row) {
+    const QWidget& surface = area_.Surface(row);
+    EXPECT_EQ(surface.isVisible(), row <= 4) << row;
+    EXPECT_EQ(surface.height(), 20);
+    EXPECT_EQ(surface.width(), 16 * 12 + 5);
+    EXPECT_EQ(surface.x(), 5);
+    EXPECT_EQ(surface.accessibleName(), QStringLiteral("Row %1").arg(row));
+  }
+  page_.Begin({12, 96});
+  area_.LayOutRows();
+  EXPECT_TRUE(area_.Surface(12).isVisible());
+  EXPECT_EQ(area_.Surface(12).width(), 19 * 12 + 5);
+  EXPECT_LE(area_.Surface(12).geometry().bottom(), area_.Surface(12).parentWidget()->height());
+}
+
+TEST_F(RowAreaTest, AWidePageDoesNotWidenTheArea) {
+  Show(12, 80);
+  const int narrow = area_.minimumSizeHint().width();
+  page_.Begin({12, 3000});
+  area_.LayOutRows();
+  EXPECT_EQ(area_.minimumSizeHint().width(), narrow);
+  EXPECT_EQ(area_.width(), 500);
+}
+
+TEST_F(RowAreaTest, RowsMoveWithoutBound) {
+  Show(2, 80);
+  area_.MoveRows(1000);
+  EXPECT_EQ(Left(), 1005);
+  EXPECT_EQ(area_.Surface(12).x(), 1005);
+  area_.MoveRows(-3000);
+  EXPECT_EQ(Left(), -1995);
+}
+
+TEST_F(RowAreaTest, TheAreaFollowsTheCursor) {
+  Show(2, 3000);
+  EXPECT_EQ(Left(), 5);
+  Type(page_, QByteArray(600, 'x'));
+  area_.FollowCursor();
+  EXPECT_GE(CursorPlace(), 0);
+  EXPECT_LT(CursorPlace(), Clip());
+  // The end of the page stands at the end of the area.
+  EXPECT_EQ(Left() + area_.Surface(1).width() + 5, Clip());
+  page_.PressMoveKey(MoveKey::kHome);
+  area_.FollowCursor();
+  EXPECT_EQ(Left(), 5);
+  for (int step = 0; step < 600; ++step) {
+    page_.PressMoveKey(MoveKey::kRight);
+    area_.FollowCursor();
+    ASSERT_GE(CursorPlace(), 0);
+    ASSERT_LT(CursorPlace(), Clip());
+  }
+  for (int step = 0; step < 600; ++step) {
+    page_.PressMoveKey(MoveKey::kLeft);
+    area_.FollowCursor();
+    ASSERT_GE(CursorPlace(), 0);
+    ASSERT_LT(CursorPlace(), Clip());
+  }
+  EXPECT_EQ(Left(), 5);
+}
+
+TEST_F(RowAreaTest, AMoveByHandStaysWhileTheCursorIsInSight) {
+  Show(2, 80);
+  Type(page_, "abc");
+  area_.MoveRows(10);
+  area_.FollowCursor();
+  EXPECT_EQ(Left(), 15);
+  area_.MoveRows(1000);
+  area_.FollowCursor();
+  EXPECT_EQ(Left(), 5);
+}
+
+TEST_F(RowAreaTest, TheScrollBarShowsAndSetsThePlace) {
+  Show(2, 3000);
+  EXPECT_EQ(bar_.minimum(), 0);
+  EXPECT_EQ(bar_.maximum(), 5 + 600 * 12 + 5 + 5 - Clip());
+  bar_.setValue(700);
+  EXPECT_EQ(Left(), 5 - 700);
+  area_.MoveRows(-10);
+  EXPECT_EQ(bar_.value(), 710);
+  bar_.setValue(bar_.maximum());
+  EXPECT_EQ(Left() + area_.Surface(1).width() + 5, Clip());
+  page_.Begin({2, 80});
+  area_.LayOutRows();
+  EXPECT_FALSE(bar_.isEnabled());
+  EXPECT_EQ(bar_.value(), 0);
+}
+
+TEST_F(RowAreaTest, AWiderAreaShowsMoreOfThePage) {
+  Show(2, 3000);
+  bar_.setValue(bar_.maximum());
+  area_.resize(900, area_.height());
+  EXPECT_EQ(Left() + area_.Surface(1).width() + 5, Clip());
+  bar_.setValue(100);
+  area_.resize(1000, area_.height());
+  EXPECT_EQ(Left(), 5 - 100);
+}
+
+TEST_F(RowAreaTest, TheNumbersStandBesideTheRowsAndTheCurrentOneIsMarked) {
+  Show(3, 80);
+  page_.SetCurrentRow(2);
+  area_.MarkCurrentRow();
+  for (int row = 1; row <= 12; ++row) {
+    const auto* number = area_.findChild<QLabel*>(QStringLiteral("lblRowNumber(%1)").arg(row));
+    ASSERT_NE(number, nullptr);
+    EXPECT_EQ(number->text(), QString::number(row));
+    EXPECT_EQ(number->isVisible(), row <= 3);
+    EXPECT_EQ(number->backgroundRole() == QPalette::Highlight, row == 2);
+    EXPECT_EQ(number->mapTo(&area_, QPoint()).y(), area_.Surface(row).mapTo(&area_, QPoint()).y());
+  }
+}
+
+}  // namespace
