@@ -13,8 +13,10 @@ built=build/release
 folder=$PWD/build/brivon
 mkdir -p "$folder"
 install -m 755 "$built/src/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
-cp -r samples/messages samples/languages "$folder/"
-# The configuration is the operator's: it is laid out once and never overwritten.
+# What stands in the folder is the operator's: it is laid out once and never overwritten.
+(cd samples && find messages languages -type f) | while read -r sample; do
+  [ -e "$folder/$sample" ] || install -D -m 644 "samples/$sample" "$folder/$sample"
+done
 if [ ! -e "$folder/brivon.ini" ]; then
   sed "s|^;Com2=[^\r]*|Com2=$folder/panel-line|" samples/brivon.ini >"$folder/brivon.ini"
 fi

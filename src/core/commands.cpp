@@ -26,8 +26,8 @@ CommandReport Failure(const QString& text) { return {{text}, Title(), false}; }
 
 CommandReport TransmissionError() { return Failure(QStringLiteral("Transmission error!")); }
 
-CommandReport PageReport(const QByteArray& page, const QString& outcome, const QString& title) {
-  return {{QStringLiteral("Page"), QString::fromLatin1(page), outcome}, title, true};
+CommandReport PageReport(const QString& page, const QString& outcome, const QString& title) {
+  return {{QStringLiteral("Page"), page, outcome}, title, true};
 }
 
 }  // namespace
@@ -36,14 +36,14 @@ bool NeedsPage(PanelCommand command) {
   return command == PanelCommand::kDeletePage || command == PanelCommand::kRunPage;
 }
 
-bool IsPageNumber(const QByteArray& text) {
-  const int page = LeadingNumber(text, 0, kHighestPage + 1);
+bool IsPageNumber(const QString& text) {
+  const int page = LeadingNumber(text.toUtf8(), 0, kHighestPage + 1);
   return page >= 1 && page <= kHighestPage;
 }
 
 CommandReport CarryOutCommand(Transmission& transmission, SendMode mode, PanelCommand command,
-                              int id, const QByteArray& page, const QDateTime& now) {
-  const int page_number = LeadingNumber(page, 0, kHighestPage);
+                              int id, const QString& page, const QDateTime& now) {
+  const int page_number = LeadingNumber(page.toUtf8(), 0, kHighestPage);
   switch (command) {
     case PanelCommand::kPolling:
       if (!SendWithPauses(transmission, id, PollFrame(id))) {

@@ -4,7 +4,6 @@
 
 #include <array>
 
-#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -23,7 +22,7 @@ inline constexpr std::array<const char*, 5> kCommandNames = {"Polling", "Set Clo
 bool NeedsPage(PanelCommand command);
 
 /// Whether `text` begins with a page number that a command may name, 1 to 120.
-bool IsPageNumber(const QByteArray& text);
+bool IsPageNumber(const QString& text);
 
 /// What the operator is told. The pieces of the text are looked up one by one and joined by blanks.
 struct CommandReport {
@@ -38,6 +37,6 @@ struct CommandReport {
 /// after every failed attempt; the clock is set once, and its acknowledgement is awaited on a
 /// serial line only.
 CommandReport CarryOutCommand(Transmission& transmission, SendMode mode, PanelCommand command,
-                              int id, const QByteArray& page, const QDateTime& now);
+                              int id, const QString& page, const QDateTime& now);
 
 }  // namespace Brivon1

@@ -5,7 +5,6 @@
 
 #include "app/caption_loader.h"
 #include "app/module_language.h"
-#include "core/code_page.h"
 #include "core/dialog_results.h"
 #include "core/waits.h"
 #include "page/frmPage.h"
@@ -62,11 +61,11 @@ void frmCommand::CarryOut(Brivon1::Transmission& transmission, int id) {
   const int row = ui_->ListCommand->currentRow();
   if (row < 0) return;
   const auto command = static_cast<PanelCommand>(row);
-  QByteArray page;
+  QString page;
   if (Brivon1::NeedsPage(command)) {
     frmPage(this).exec();
     if (!Brivon1::DialogAccepted) return;
-    page = Brivon1::DialogText.toLatin1();
+    page = Brivon1::DialogText;
     if (!Brivon1::IsPageNumber(page)) {
       ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Page Value!")),
                   CommandStyle(QMessageBox::Warning));

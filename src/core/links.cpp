@@ -18,8 +18,7 @@ bool CloseSerialPort(SerialPort& port) {
 
 bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port) {
   socket.Connect(host, port);
-  WaitMilliseconds(clock, kConnectTime);
-  return socket.IsConnected();
+  return WaitMilliseconds(clock, kConnectTime) && socket.IsConnected();
 }
 
 bool CloseTcpLink(TcpSocket& socket) {

@@ -20,7 +20,8 @@ bool OpenSerialPort(SerialPort& port, const Configuration& configuration);
 /// Closes the port if it is open; always true.
 bool CloseSerialPort(SerialPort& port);
 
-/// Requests a connection to `host`:`port`, waits 500 ms, and returns whether it stands then.
+/// Requests a connection to `host`:`port`, waits 500 ms, and returns whether it stands then; false
+/// when the program ends before.
 bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port);
 
 /// Closes the socket unless it is closed; always true.

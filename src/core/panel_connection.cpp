@@ -1,5 +1,6 @@
 #include "core/panel_connection.h"
 
+#include "core/code_page.h"
 #include "core/links.h"
 
 namespace Brivon1 {
@@ -19,7 +20,7 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
     is_open = OpenSerialPort(serial_, configuration);
   } else if (mode == SendMode::kTcp && endpoint.IsUsable()) {
     link_ = &tcp_;
-    is_open = OpenTcpLink(tcp_, clock_, QString::fromLatin1(endpoint.host), endpoint.port);
+    is_open = OpenTcpLink(tcp_, clock_, CodePage::System().ToText(endpoint.host), endpoint.port);
   } else {
     failure_reason_ = QStringLiteral("No usable network address is configured for this panel.");
     return false;

@@ -32,8 +32,6 @@ class SendingSession : public QObject {
   /// `locked_controls` are disabled while the window sends.
   SendingSession(QDialog* window, QList<QWidget*> locked_controls);
 
-  bool IsSending() const { return is_sending_; }
-
   /// Runs `body` with the controls locked and the pointer busy; the link is closed and everything
   /// unlocked afterwards, on every path. A call while one is running does nothing.
   void Run(const std::function<void()>& body);

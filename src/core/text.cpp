@@ -36,8 +36,4 @@ QByteArray ZeroPadded(int number, int digits) {
   return QByteArray::number(number).rightJustified(digits, '0');
 }
 
-bool EqualIgnoringCase(QByteArrayView a, QByteArrayView b) {
-  return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
 }  // namespace Brivon1

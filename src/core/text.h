@@ -27,7 +27,4 @@ QByteArray ValueAfterEquals(QByteArrayView line);
 /// `number` in decimal, with leading zeros up to `digits` places.
 QByteArray ZeroPadded(int number, int digits);
 
-/// Whether two texts are equal but for the case of the letters A to Z.
-bool EqualIgnoringCase(QByteArrayView a, QByteArrayView b);
-
 }  // namespace Brivon1

@@ -15,8 +15,7 @@ namespace Brivon1 {
 class EventWaiter {
  public:
   /// Handles events, asleep in between, until Wake() is called or `at_most` milliseconds have
-  /// passed
-  /// (-1: without limit). Returns false when the program is ending.
+  /// passed (-1: without limit). Returns false when the program is ending.
   bool Wait(qint64 at_most);
 
   /// Ends the wait in progress; without one, the next wait returns at once.

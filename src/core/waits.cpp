@@ -63,11 +63,12 @@ void WaitTicks(TickTimer& timer, int milliseconds) {
   timer.waiting = false;
 }
 
-void WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds) {
+bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds) {
   const qint64 noted = clock.Milliseconds();
   for (qint64 passed = 0; passed < milliseconds; passed = clock.Milliseconds() - noted) {
-    if (!clock.WaitForEvent(milliseconds - passed)) return;
+    if (!clock.WaitForEvent(milliseconds - passed)) return false;
   }
+  return true;
 }
 
 }  // namespace Brivon1

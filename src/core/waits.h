@@ -24,7 +24,8 @@ bool MayTryAgain(const PanelLink& link, const TickTimer& timer);
 /// Waits until the given number of milliseconds of ticks has passed, 0 to 30000.
 void WaitTicks(TickTimer& timer, int milliseconds);
 
-/// Waits until the given number of milliseconds has passed on the clock.
-void WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds);
+/// Waits until the given number of milliseconds has passed on the clock. False when the program's
+/// end cut the wait short.
+bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds);
 
 }  // namespace Brivon1

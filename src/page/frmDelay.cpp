@@ -19,6 +19,7 @@ constexpr int kFallbackFeature = 2;
 frmDelay::frmDelay(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmDelay>()), delay_(Brivon1::DialogDelay) {
   ui_->setupUi(this);
+  Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
   SetUpDelay();
   SetUpFeatures();
   ui_->txtDelay->setAccessibleName(ui_->FrameDelay->title());

@@ -10,6 +10,7 @@
 frmDimension::frmDimension(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmDimension>()) {
   ui_->setupUi(this);
+  Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
   connect(ui_->butOK, &QPushButton::clicked, this, &frmDimension::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmDimension::reject);
   connect(ui_->List1, &QListWidget::itemDoubleClicked, this, &frmDimension::accept);

@@ -6,6 +6,7 @@
 
 frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmPage>()) {
   ui_->setupUi(this);
+  Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
   ui_->txtPage->setText(QStringLiteral("001"));
   connect(ui_->butOk, &QPushButton::clicked, this, &frmPage::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmPage::reject);

@@ -19,7 +19,7 @@ namespace {
 /// The page number as it goes on the wire: the number that the text begins with, at least three
 /// digits long.
 QByteArray PageDigits(const QString& text) {
-  return Brivon1::ZeroPadded(Brivon1::LeadingNumber(text.toLatin1(), 0, 2147483647), 3);
+  return Brivon1::ZeroPadded(Brivon1::LeadingNumber(text.toUtf8(), 0, 2147483647), 3);
 }
 
 QString OpenError() {

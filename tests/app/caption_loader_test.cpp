@@ -58,9 +58,9 @@ const NamedWindow kWindows[] = {
     Named<frmDelay>("frmDelay"),
     Named<frmPage>("frmPage"),
     Named<frmDimension>("frmDimension"),
-    Named<frmMsgEditor>("frmMsgEditor"),
     Named<frmCommand>("frmCommand"),
     {"frmSendMsg", [] { return std::make_unique<frmSendMsg>(nullptr, QString()); }},
+    Named<frmMsgEditor>("frmMsgEditor"),
 };
 
 // What a window shows for key number `n` of a row; nothing where the control is missing.
@@ -169,6 +169,22 @@ TEST_P(EveryWindowTest, AValueOf10000CharactersIsCutAndTheWindowStillOpens) {
   EXPECT_FALSE(window->grab().isNull());
 }
 
+// The page editor is as wide as its page wants it to be.
+class EveryDialogTest : public EveryWindowTest {};
+
+TEST_P(EveryDialogTest, CaptionsOf200CharactersMakeNoWindowWiderThanTheScreen) {
+  const QString left_to_right = Text("Beschriftung ").repeated(16).left(200);
+  const QString right_to_left = Text("כיתוב ארוך ").repeated(19).left(200);
+  for (const QString& caption : {left_to_right, right_to_left}) {
+    folder_.UseLanguage(LanguageFor(Table(), [&](const QString&) { return caption; }));
+    const auto window = GetParam().create();
+    window->show();
+    EXPECT_LE(window->width(), 800);
+    EXPECT_LE(window->minimumSizeHint().width(), 800);
+    EXPECT_FALSE(window->grab().isNull());
+  }
+}
+
 TEST_P(EveryWindowTest, WithTheFlagClearTheFileIsNeverOpened) {
   folder_.Write(Text("brivon.ini"), "[Dimension Config]\r\nID001=4x96,Mono\r\n");
   // A reader would wait for ever at this pipe.
@@ -200,8 +216,12 @@ TEST_P(EveryWindowTest, ItsCommandButtonsLoseTheirBoldFontWhereTheTableSaysSo) {
             Table().plain_buttons ? 0 : bold_buttons(english.get()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Windows, EveryWindowTest, testing::ValuesIn(kWindows),
-                         [](const auto& test) { return std::string(test.param.name); });
+std::string WindowName(const testing::TestParamInfo<NamedWindow>& test) { return test.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(Windows, EveryWindowTest, testing::ValuesIn(kWindows), WindowName);
+INSTANTIATE_TEST_SUITE_P(Windows, EveryDialogTest,
+                         testing::ValuesIn(std::begin(kWindows), std::end(kWindows) - 1),
+                         WindowName);
 
 // A window of the test's own, with the control kinds that a table may name.
 class ScheduleLikeWindow : public QWidget {

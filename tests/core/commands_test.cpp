@@ -12,7 +12,7 @@ class Commands : public testing::Test {
  protected:
   Commands() { folder_.Configure("[Communication]\r\nDelay Period=200\r\n"); }
 
-  CommandReport Run(PanelCommand command, int id, const QByteArray& page = {},
+  CommandReport Run(PanelCommand command, int id, const QString& page = {},
                     SendMode mode = SendMode::kSerial) {
     Transmission transmission{link_, timer_, Store(), [](const QString&) {}};
     const QDateTime now(QDate(2025, 3, 5), QTime(14, 7, 9));
@@ -70,15 +70,15 @@ TEST_F(Commands, ALostLineEndsTheAttemptsWithoutAPause) {
 
 TEST_F(Commands, Panel200IsAddressedAsC8AndDeletingItsPage7SendsThreeDigits) {
   link_.AnswerAfter(1, "<IDC8>\r\n");
-  ExpectReport(Run(PanelCommand::kDeletePage, 200, "7"), QStringLiteral("Page 7 is deleted."),
-               kTitle, true);
+  ExpectReport(Run(PanelCommand::kDeletePage, 200, QStringLiteral("7")),
+               QStringLiteral("Page 7 is deleted."), kTitle, true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<IDC8><D007>\r\n"});
 }
 
 TEST_F(Commands, RunPageReportsThePageAsEnteredUnderItsOwnTitle) {
   link_.AnswerAfter(1, "<ID01>\r\n");
-  ExpectReport(Run(PanelCommand::kRunPage, 1, "012"), QStringLiteral("Page 012 is running."),
-               QStringLiteral("Run page"), true);
+  ExpectReport(Run(PanelCommand::kRunPage, 1, QStringLiteral("012")),
+               QStringLiteral("Page 012 is running."), QStringLiteral("Run page"), true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID01><RP012>\r\n"});
 }
 
@@ -92,7 +92,8 @@ TEST_F(Commands, DeleteAll) {
 TEST_F(Commands, DeleteAndRunThatFailSayTransmissionError) {
   for (const PanelCommand command :
        {PanelCommand::kDeleteAll, PanelCommand::kDeletePage, PanelCommand::kRunPage}) {
-    ExpectReport(Run(command, 1, "1"), QStringLiteral("Transmission error!"), kTitle, false);
+    ExpectReport(Run(command, 1, QStringLiteral("1")), QStringLiteral("Transmission error!"),
+                 kTitle, false);
   }
   EXPECT_EQ(link_.Written().size(), 15);
 }
@@ -119,15 +120,15 @@ TEST_F(Commands, SetClockOverTcpReportsFinishedEvenWhenNoPanelAnswers) {
 }
 
 TEST_F(Commands, PageNumberOfDeleteAndRunIsCheckedAgainst1To120) {
-  EXPECT_FALSE(IsPageNumber("0"));
-  EXPECT_TRUE(IsPageNumber("1"));
-  EXPECT_TRUE(IsPageNumber("001"));
-  EXPECT_TRUE(IsPageNumber("120"));
-  EXPECT_FALSE(IsPageNumber("121"));
-  EXPECT_FALSE(IsPageNumber("-1"));
-  EXPECT_FALSE(IsPageNumber(""));
-  EXPECT_FALSE(IsPageNumber("abc"));
-  EXPECT_FALSE(IsPageNumber("99999999999999999999"));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("0")));
+  EXPECT_TRUE(IsPageNumber(QStringLiteral("1")));
+  EXPECT_TRUE(IsPageNumber(QStringLiteral("001")));
+  EXPECT_TRUE(IsPageNumber(QStringLiteral("120")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("121")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("-1")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("abc")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("99999999999999999999")));
 }
 
 TEST_F(Commands, OnlyDeletePageAndRunPageNeedAPage) {

@@ -1,3 +1,5 @@
+#include <random>
+
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -10,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/code_page.h"
 #include "core/frmCommand.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
@@ -69,8 +72,7 @@ ModalWindowDriver EnterPage(const QString& page) {
       return;
     }
     auto* box = window->findChild<QLineEdit*>(QStringLiteral("txtPage"));
-    box->selectAll();
-    QTest::keyClicks(box, page);
+    box->setText(page);
     QTest::keyClick(box, Qt::Key_Return);
   });
 }
@@ -78,6 +80,18 @@ ModalWindowDriver EnterPage(const QString& page) {
 class CommandOverLink : public testing::TestWithParam<LineKind> {
  protected:
   CommandOverLink() : bench_(GetParam(), {{200, 4, 96, true}, {201, 2, 80, false}}) {}
+
+  void ExpectTheNextCommandWorks(CommandWindow& command) {
+    EXPECT_TRUE(command.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+    bench_.Fail({});
+    bench_.PlugIn();
+    const MessageBoxReader boxes;
+    command.DoubleClick(0);
+    ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+    EXPECT_TRUE(command.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+  }
 
   PanelBench bench_;
 };
@@ -112,8 +126,114 @@ TEST_P(CommandOverLink, APollThatNobodyAnswersFailsAfterFiveAttempts) {
   command.PressSend();
   ExpectBox(boxes, QStringLiteral("Polling error!"), QMessageBox::Warning);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<IDC8><?>\r\n"));
-  EXPECT_TRUE(command.IsReady());
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, WhatCannotBeOpenedIsReportedAndTheNextCommandWorks) {
+  bench_.Unplug();
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    command.DoubleClick(0);
+    ExpectBox(boxes,
+              GetParam() == LineKind::kTcp
+                  ? QStringLiteral("Cannot create TCP link!")
+                  : QStringLiteral("Fail to initialize communication port!"),
+              QMessageBox::Warning);
+  }
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, ALineLostBeforeTheAnswerFailsOnceAndTheNextCommandWorks) {
+  bench_.Fail({.silent = true});
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    QObject::connect(
+        &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &command.window,
+        [&] { bench_.Unplug(); }, Qt::QueuedConnection);
+    command.DoubleClick(2);
+    ExpectBox(boxes, QStringLiteral("Transmission error!"), QMessageBox::Warning);
+    bench_.Engine().disconnect(&command.window);
+  }
+  EXPECT_EQ(bench_.Frames().size(), 1);
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, ALineLostWhileThePageDialogIsOpenFailsOnceAndTheNextCommandWorks) {
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver page(QStringLiteral("frmPage"), [&](QWidget* window) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+      QTest::keyClick(window->findChild<QLineEdit*>(QStringLiteral("txtPage")), Qt::Key_Return);
+    });
+    command.DoubleClick(4);
+    ExpectBox(boxes, QStringLiteral("Transmission error!"), QMessageBox::Warning);
+  }
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver box(QString(), [&](QWidget*) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+    });
+    command.DoubleClick(0);
+    EXPECT_EQ(box.Count(), 1);
+    ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+  }
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, TheProgramsEndWhileThePageDialogIsOpenSendsNothing) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  {
+    const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+    command.DoubleClick(3);
+  }
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
+  const ModalWindowDriver page(QStringLiteral("frmPage"),
+                               [](QWidget*) { QCoreApplication::exit(3); });
+  QTimer::singleShot(0, &command.window, [&] { command.DoubleClick(3); });
+  EXPECT_EQ(QCoreApplication::exec(), 3);
+  EXPECT_EQ(page.Count(), 1);
   EXPECT_TRUE(bench_.IsReleased());
+  EXPECT_EQ(bench_.Frames().size(), 1);
+}
+
+TEST_P(CommandOverLink, EveryPieceOfAMessageAndItsTitleAreLookedUp) {
+  bench_.Folder().UseLanguage(
+      "[Message]\r\nmsgPage=Seite\r\nmsgDPOK=ist weg.\r\nmsgRunOK=zeigt sie.\r\n"
+      "msgRun=Zeige Seite\r\n[frmMain]\r\nbutCommand.Caption=Befehl\r\n");
+  CommandWindow command;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+  {
+    const MessageBoxReader boxes;
+    command.DoubleClick(3);
+    ExpectBox(boxes, QStringLiteral("Seite 7 ist weg."), QMessageBox::Information,
+              QStringLiteral("Befehl"));
+  }
+  const MessageBoxReader boxes;
+  command.DoubleClick(4);
+  ExpectBox(boxes, QStringLiteral("Seite 7 zeigt sie."), QMessageBox::Information,
+            QStringLiteral("Zeige Seite"));
+}
+
+TEST_P(CommandOverLink, ThePageIsNamedAsItWasEntered) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("7 \u20ac"));
+  command.DoubleClick(3);
+  ExpectBox(boxes, QStringLiteral("Page 7 \u20ac is deleted."), QMessageBox::Information);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
 }
 
 TEST_P(CommandOverLink, DeletingPage7OfPanel200) {
@@ -169,6 +289,24 @@ TEST_P(CommandOverLink, SetClockSetsThePanelsClock) {
   ASSERT_EQ(bench_.Frames().size(), 1);
   EXPECT_LT(qAbs(bench_.Engine().ClockOffset(200)), 2000);
   EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(CommandOverLink, AfterTheCommandTheLastBytesHaveThreeTicksToLeaveTheLine) {
+  CommandWindow command;
+  int ticks = 0;
+  bool link_is_open = false;
+  QObject::connect(command.Find<QTimer>("Timer1"), &QTimer::timeout, &command.window, [&] {
+    ++ticks;
+    link_is_open = GetParam() == LineKind::kTcp ? command.Find<QTcpSocket>("Winsock1")->isOpen()
+                                                : command.Find<QSerialPort>("Comm1")->isOpen();
+  });
+  const MessageBoxReader boxes;
+  const ModalWindowDriver box(QString(), [&](QWidget*) { ticks = 0; });
+  command.DoubleClick(0);
+  EXPECT_EQ(box.Count(), 1);
+  EXPECT_EQ(ticks, 3);
+  EXPECT_TRUE(link_is_open);
+  EXPECT_FALSE(command.Find<QTimer>("Timer1")->isActive());
 }
 
 TEST_P(CommandOverLink, WithoutASelectedCommandNothingIsSent) {
@@ -273,6 +411,63 @@ TEST_F(CommandWindowAlone, APanelWithoutAUsableAddressCannotBeReachedOverTcp) {
   const MessageBoxReader boxes;
   command.DoubleClick(0);
   ExpectBox(boxes, QStringLiteral("Cannot create TCP link!"), QMessageBox::Warning);
+}
+
+TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri,a\x80z.invalid:80\r\n"
+      "[Communication]\r\nSendMode=TCPIP\r\n");
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(0);
+  const QString host = Brivon1::CodePage::System().ToText("a\x80z.invalid");
+  const QString reason = boxes.Seen().value(0).informative;
+  EXPECT_TRUE(reason.startsWith(host + QStringLiteral(":80: "))) << reason.toStdString();
+}
+
+TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
+  const QList<QByteArray> pieces = {"[Dimension Config]",
+                                    "[Communication]",
+                                    "\r\n",
+                                    "\n",
+                                    "ID00",
+                                    "1",
+                                    "2",
+                                    "=",
+                                    "x",
+                                    ",",
+                                    "Tri",
+                                    "Mono",
+                                    ".",
+                                    ":",
+                                    "99999999999",
+                                    "-",
+                                    " ",
+                                    "SendMode",
+                                    "TCPIP",
+                                    "\"",
+                                    ";",
+                                    QByteArray(1, 0),
+                                    "\xff",
+                                    "\x80",
+                                    "Com2",
+                                    QByteArray(300, 'x')};
+  std::mt19937 random(1);
+  int listed = 0;
+  for (int round = 0; round < 300; ++round) {
+    QByteArray ini = "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\nID002=2x";
+    for (int piece = 0; piece < 60; ++piece) {
+      ini += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
+    }
+    folder_.Configure(ini);
+    const frmCommand window;
+    const auto* list = window.findChild<QComboBox*>(QStringLiteral("ComboID"));
+    ASSERT_EQ(list->count(), Brivon1::PanelListLines(Brivon1::Store()).size());
+    ASSERT_GE(list->count(), 1);
+    ASSERT_LE(window.minimumSizeHint().width(), 800);
+    listed += list->count();
+  }
+  EXPECT_GT(listed, 300) << "some of them configure further panels";
 }
 
 TEST_F(CommandWindowAlone, SendModeEmptyOpensNothingAndReportsNothing) {

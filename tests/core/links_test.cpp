@@ -136,6 +136,14 @@ TEST(Links, ATcpPanelThatAcceptsAfter500MillisecondsIsConnected) {
   EXPECT_FALSE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
 }
 
+TEST(Links, AConnectionThatTheProgramsEndCutsShortIsNotUsed) {
+  SteppingClock clock;
+  clock.is_program_ending = true;
+  ScriptedSocket socket(clock);
+  EXPECT_FALSE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
+  EXPECT_LT(clock.now, 1500);
+}
+
 TEST(Links, SendModeEmptySelectsNeitherLink) {
   EXPECT_EQ(ReadConfiguration(IniFile("[Communication]\r\nSendMode=\r\n")).Mode(), SendMode::kNone);
   EXPECT_EQ(Configuration().Mode(), SendMode::kNone);

@@ -91,14 +91,5 @@ TEST(Text, LeadingZerosFillUpToTheGivenPlaces) {
   EXPECT_EQ(ZeroPadded(1234, 3), "1234");
 }
 
-TEST(Text, OnlyTheLettersAToZAreComparedWithoutCase) {
-  EXPECT_TRUE(EqualIgnoringCase("Delay Period", "dELAY pERIOD"));
-  EXPECT_TRUE(EqualIgnoringCase("", ""));
-  EXPECT_FALSE(EqualIgnoringCase("a", "ab"));
-  EXPECT_FALSE(EqualIgnoringCase("[", "{"));
-  EXPECT_FALSE(EqualIgnoringCase("@", "`"));
-  EXPECT_FALSE(EqualIgnoringCase("\xC4", "\xE4"));
-}
-
 }  // namespace
 }  // namespace Brivon1

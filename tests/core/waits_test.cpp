@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/links.h"
 #include "support/virtual_time.h"
 
 namespace Brivon1 {
@@ -180,26 +179,6 @@ TEST_F(Waits, WaitMillisecondsOf0ReturnsAtOnce) {
   WaitMilliseconds(clock_, 0);
   EXPECT_EQ(time_.Now(), 0);
 }
-
-TEST_F(Waits, ATcpPanelThatAcceptsAfter600MsCountsAsUnreachable) {
-  link_.accepts_after = 600;
-  EXPECT_FALSE(OpenTcpLink(link_, clock_, QStringLiteral("192.168.1.50"), 2101));
-  EXPECT_EQ(time_.Now(), 500);
-  EXPECT_EQ(time_.Timeline(), QStringList{QStringLiteral("@0 connect 192.168.1.50 port 2101")});
-}
-
-TEST_F(Waits, ATcpPanelThatAcceptsAtOnceIsCheckedAfter500Ms) {
-  EXPECT_TRUE(OpenTcpLink(link_, clock_, QStringLiteral("192.168.1.50"), 2101));
-  EXPECT_EQ(time_.Now(), 500);
-}
-
-TEST_F(Waits, ATcpPanelThatNeverAcceptsCountsAsUnreachableAfter500Ms) {
-  link_.accepts_after = -1;
-  EXPECT_FALSE(OpenTcpLink(link_, clock_, QStringLiteral("192.168.1.50"), 2101));
-  EXPECT_EQ(time_.Now(), 500);
-}
-
-TEST_F(Waits, ClosingAlwaysSucceeds) { EXPECT_TRUE(CloseTcpLink(link_)); }
 
 }  // namespace
 }  // namespace Brivon1

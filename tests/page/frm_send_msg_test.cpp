@@ -1,5 +1,5 @@
 #include <QComboBox>
-#include <QFileInfo>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "page/frmSendMsg.h"
+#include "support/full_listener.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 
@@ -141,6 +142,38 @@ TEST_P(SendMessage, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
   EXPECT_FALSE(dialog.window.isVisible());
 }
 
+TEST_P(SendMessage, TheResultComesFromTheLanguageFile) {
+  bench_.Folder().UseLanguage(
+      "[Message]\r\nmsgTxOK=Fertig!\r\nmsgTxFail=Fehler!\r\nmsgErrTCP=Kein Netz!\r\n"
+      "msgErrComm=Kein Anschluss!\r\n");
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fertig!")});
+  bench_.Fail({.garbage = true});
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fehler!")});
+  bench_.Unplug();
+  EXPECT_EQ(dialog.Send(),
+            QStringList{GetParam() == LineKind::kTcp ? QStringLiteral("Kein Netz!")
+                                                     : QStringLiteral("Kein Anschluss!")});
+}
+
+TEST_P(SendMessage, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  auto* page = dialog.Find<QLineEdit>("txtPage");
+  page->setFocus();
+  ASSERT_EQ(page->cursor().shape(), Qt::IBeamCursor);
+  Qt::CursorShape shape = Qt::ArrowCursor;
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [&] { shape = page->cursor().shape(); });
+  const MessageBoxReader boxes;
+  QTest::keyClick(page, Qt::Key_Return);
+  EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
+  EXPECT_EQ(shape, Qt::WaitCursor);
+  EXPECT_EQ(page->cursor().shape(), Qt::IBeamCursor);
+  EXPECT_EQ(dialog.window.focusWidget(), page);
+}
+
 TEST_P(SendMessage, ASecondPressWhileItSendsDoesNothing) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
@@ -209,7 +242,34 @@ TEST_P(SendMessage, ALineLostAfterRow2FailsOnceAndTheNextSendWorks) {
   dialog.ChoosePanel(0);
   EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << "one message, not one for each error";
   EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 2);
-  if (GetParam() == LineKind::kSerial) bench_.PlugIn();
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, ALineLostAfterTheLastAnswerHasSentEveryRow) {
+  bench_.Fail({.close_after_frame = 4});
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench_.Pty().IsPlugged(); }));
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_P(SendMessage, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
+  Dialog dialog(path_);
+  dialog.ChoosePanel(0);
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver box(QString(), [&](QWidget*) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+    });
+    dialog.Click("butSend");
+    EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
+  }
+  bench_.PlugIn();
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -232,11 +292,43 @@ TEST_P(SendMessage, AStrayByteInFrontOfEveryAnswerFails) {
   EXPECT_EQ(bench_.Frames().size(), 5);
 }
 
+TEST(SendMessageOverTcp, TheControlsAreLockedBeforeTheLinkIsOpened) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  dialog.ChoosePanel(0);
+  bool locked = false;
+  QTimer::singleShot(0, &dialog.window, [&] {
+    locked = !dialog.Find<QWidget>("butSend")->isEnabled() && bench.Frames().isEmpty();
+    dialog.window.close();
+    EXPECT_TRUE(dialog.window.isVisible());
+  });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_TRUE(locked);
+}
+
+TEST(SendMessageOverTcp, TheProgramsEndWhileItConnectsSendsNothing) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  dialog.ChoosePanel(0);
+  QTimer::singleShot(0, &dialog.window, [&] {
+    QTimer until_connected;
+    QObject::connect(&until_connected, &QTimer::timeout, &dialog.window, [&] {
+      if (bench.Tcp().ConnectionCount() == 1) QCoreApplication::exit(3);
+    });
+    until_connected.start(1);
+    dialog.Click("butSend");
+  });
+  EXPECT_EQ(QCoreApplication::exec(), 3);
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_TRUE(bench.IsReleased());
+  EXPECT_TRUE(bench.Frames().isEmpty());
+}
+
 TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
   const quint16 port = bench.Tcp().Port();
-  bench.Tcp().Close();
+  bench.Unplug();
   Dialog dialog(path);
   dialog.ChoosePanel(0);
   const MessageBoxReader boxes;
@@ -245,14 +337,35 @@ TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   EXPECT_EQ(boxes.Seen().value(0).informative,
             QStringLiteral("127.0.0.1:%1: Connection refused").arg(port));
   EXPECT_TRUE(dialog.IsReady());
-  ASSERT_TRUE(bench.Tcp().Listen(QHostAddress(QHostAddress::LocalHost), port));
+  bench.PlugIn();
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
+TEST(SendMessageOverTcp, APanelThatHasNotAcceptedAfter500MsIsReportedAndTheNextSendWorks) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  const quint16 port = bench.Tcp().Port();
+  bench.Unplug();
+  Dialog dialog(path);
+  dialog.ChoosePanel(0);
+  {
+    const FullListener slow_panel(port);
+    const MessageBoxReader boxes;
+    dialog.Click("butSend");
+    EXPECT_EQ(boxes.Texts(), QStringList{kNoLink});
+    EXPECT_EQ(boxes.Seen().value(0).informative,
+              QStringLiteral("127.0.0.1:%1: no answer within 500 ms").arg(port));
+  }
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_EQ(dialog.Find<QTcpSocket>("Winsock1")->state(), QAbstractSocket::UnconnectedState);
+  bench.PlugIn();
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
 }
 
 TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
   const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
-  bench.Pty().Unplug();
+  bench.Unplug();
   Dialog dialog(path);
   dialog.ChoosePanel(0);
   const MessageBoxReader boxes;
@@ -263,6 +376,17 @@ TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
       << boxes.Seen().value(0).informative.toStdString();
   EXPECT_TRUE(dialog.IsReady());
   bench.PlugIn();
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+}
+
+TEST(SendMessageOverSerial, APanelWithoutAnAddressIsReachedAllTheSame) {
+  PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
+  const QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  bench.Folder().Configure(QByteArray(ini).replace(",127.0.0.1:9", ""));
+  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->itemText(0),
+            QStringLiteral("ID026     4x96     Tri-Color     Tri"));
+  dialog.ChoosePanel(0);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
 }
 
@@ -299,6 +423,70 @@ class SendMessageChecks : public testing::Test {
   TemporaryProgramFolder folder_;
   QString path_;
 };
+
+TEST_F(SendMessageChecks, HasItsControlsAndTexts) {
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Message"));
+  const std::pair<const char*, const char*> boxes[] = {{"frameFile", "Message File"},
+                                                       {"FrameDestination", "Destination"},
+                                                       {"FrameStatus", "Send Status"}};
+  for (const auto& [name, text] : boxes) {
+    EXPECT_EQ(dialog.Find<QGroupBox>(name)->title(), QLatin1String(text));
+  }
+  const std::pair<const char*, const char*> labels[] = {
+      {"labelRow", "Row:"},  {"labelCol", "Col:"},      {"LabelDisplayID", "ID Number"},
+      {"Label2", " Page :"}, {"Label5", "(001 - 120)"}, {"lblSendStatus", ""}};
+  for (const auto& [name, text] : labels) {
+    EXPECT_EQ(dialog.Find<QLabel>(name)->text(), QLatin1String(text));
+  }
+  const std::pair<const char*, const char*> buttons[] = {
+      {"butBrowse", "Browse"}, {"butSend", "Send"}, {"butDone", "Done"}};
+  for (const auto& [name, text] : buttons) {
+    EXPECT_EQ(dialog.Find<QPushButton>(name)->text(), QLatin1String(text));
+  }
+  EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
+  EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(dialog.Find<QTcpSocket>("Winsock1"), nullptr);
+}
+
+TEST_F(SendMessageChecks, DoneClosesTheDialog) {
+  Dialog dialog(path_);
+  dialog.Click("butDone");
+  EXPECT_FALSE(dialog.window.isVisible());
+}
+
+TEST_F(SendMessageChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
+  folder_.UseLanguage(
+      "[Message]\r\nmsgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\nmsgDim=Passt nicht!\r\n");
+  const QString path = folder_.Path(QStringLiteral("late.msg"));
+  Dialog dialog(path);
+  dialog.TypePage(QString());
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), QByteArray(100, 'x'));
+  dialog.Click("butSend");
+  dialog.ChoosePanel(1);
+  dialog.Click("butSend");
+  dialog.TypePage(QStringLiteral("1"));
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(4, 96));
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(2, 80));
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(2, 96));
+  dialog.Click("butSend");
+  EXPECT_EQ(boxes.Texts(),
+            (QStringList{QStringLiteral("Datei fehlt!"), QStringLiteral("Invalid ID Selection!"),
+                         QStringLiteral("Invalid Page Value!"), QStringLiteral("Unlesbar!"),
+                         QStringLiteral("Passt nicht!"), QStringLiteral("Passt nicht!"),
+                         QStringLiteral("IP address is null or invaild")}));
+  for (const SeenMessageBox& box : boxes.Seen()) {
+    EXPECT_EQ(box.title, QStringLiteral("Send Message"));
+    EXPECT_EQ(box.icon, QMessageBox::NoIcon);
+    EXPECT_EQ(box.buttons, QMessageBox::Ok);
+  }
+  EXPECT_TRUE(dialog.IsReady());
+}
 
 TEST_F(SendMessageChecks, ThePanelListHasOneEntryForEachConfiguredPanelAndNoneIsSelected) {
   Dialog dialog(path_);

@@ -8,14 +8,23 @@ std::string LineName(const testing::TestParamInfo<LineKind>& line) {
 
 PanelBench::PanelBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels)
     : kind_(kind), panels_(panels), engine_(panels), tcp_(&engine_), pty_(&engine_) {
-  if (kind == LineKind::kTcp && !tcp_.Listen()) qFatal("cannot listen on loopback");
-  if (kind == LineKind::kSerial) PlugIn();
+  PlugIn();
   Configure();
 }
 
+void PanelBench::Unplug() {
+  tcp_port_ = tcp_.Port();
+  tcp_.Close();
+  pty_.Unplug();
+}
+
 void PanelBench::PlugIn() {
-  if (!pty_.IsPlugged() && !pty_.Open(folder_.Path(QStringLiteral("panel-line")))) {
-    qFatal("cannot open a pseudo-terminal");
+  if (kind_ == LineKind::kSerial) {
+    if (!pty_.IsPlugged() && !pty_.Open(folder_.Path(QStringLiteral("panel-line")))) {
+      qFatal("cannot open a pseudo-terminal");
+    }
+  } else if (tcp_.Port() == 0 && !tcp_.Listen(QHostAddress(QHostAddress::LocalHost), tcp_port_)) {
+    qFatal("cannot listen on loopback");
   }
 }
 

@@ -32,7 +32,8 @@ class PanelBench {
   /// Sets the panels' faults; counts anew.
   void Fail(const VirtualPanel::Faults& faults) { engine_.SetFaults(faults); }
 
-  /// Makes the line usable again after it was unplugged.
+  /// Cuts the line as a pulled plug does; makes it usable again.
+  void Unplug();
   void PlugIn();
 
   /// Whether nobody holds the line open any more; waits for it up to five seconds.
@@ -51,6 +52,7 @@ class PanelBench {
   VirtualPanel::PanelEngine engine_;
   VirtualPanel::TcpLine tcp_;
   VirtualPanel::PtyLine pty_;
+  quint16 tcp_port_ = 0;  // any free one at first, the same one ever after
 };
 
 /// A page message file of `rows` rows, each a line of its own text and colour.

@@ -86,16 +86,6 @@ QByteArray ScriptedLink::ReadAvailable() {
   return std::exchange(input_, {});
 }
 
-void ScriptedLink::Close() {
-  time_.Note(QStringLiteral("close"));
-  connected_ = false;
-}
-
-void ScriptedLink::Connect(const QString& host, int port) {
-  time_.Note(QStringLiteral("connect %1 port %2").arg(host).arg(port));
-  if (accepts_after >= 0) time_.Schedule(accepts_after, [this] { connected_ = true; });
-}
-
 QStringList TicksAt(int first, int last) {
   QStringList ticks;
   for (int at = first; at <= last; at += 100) ticks.append(QStringLiteral("@%1 tick").arg(at));

@@ -67,7 +67,7 @@ class VirtualClock : public Brivon1::MillisecondClock {
 };
 
 /// A line whose other end does what the test says.
-class ScriptedLink : public Brivon1::TcpSocket {
+class ScriptedLink : public Brivon1::PanelLink {
  public:
   explicit ScriptedLink(VirtualTime& time) : time_(time) {}
 
@@ -93,13 +93,8 @@ class ScriptedLink : public Brivon1::TcpSocket {
   void Write(const QByteArray& bytes) override;
   QByteArray ReadAvailable() override;
   bool IsLost() const override { return lost_; }
-  void Close() override;
+  void Close() override {}
   QString FailureReason() const override { return {}; }
-
-  void Connect(const QString& host, int port) override;
-  bool IsConnected() const override { return connected_; }
-
-  qint64 accepts_after = 0;  ///< Milliseconds until a connection stands; -1 never.
 
  private:
   struct Event {
@@ -114,7 +109,6 @@ class ScriptedLink : public Brivon1::TcpSocket {
   QList<QByteArray> written_;
   int reads_ = 0;
   bool lost_ = false;
-  bool connected_ = false;
 };
 
 /// "@100 tick", "@200 tick", ... for every 100 ms from `first` to `last`.
