@@ -1,15 +1,15 @@
 #include "core/waiting_input.h"
 
 #ifdef Q_OS_UNIX
-#include <sys/ioctl.h>
+#include <poll.h>
 #endif
 
 namespace Brivon1 {
 
 bool HasWaitingInput([[maybe_unused]] qintptr descriptor) {
 #ifdef Q_OS_UNIX
-  int size = 0;
-  return ioctl(static_cast<int>(descriptor), FIONREAD, &size) != 0 || size > 0;
+  pollfd line{static_cast<int>(descriptor), POLLIN, 0};
+  return poll(&line, 1, 0) != 0;
 #else
   return true;
 #endif

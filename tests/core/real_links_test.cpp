@@ -105,15 +105,17 @@ TEST_F(SerialLinkTest, APortWithoutPermissionNamesTheGroupThatGrantsIt) {
   const TemporaryProgramFolder folder;
   const QString device = folder.Write(QStringLiteral("port"), "");
   const QByteArray name = QFile::encodeName(device);
-  const QString group = QFileInfo(device).group();
-  ASSERT_FALSE(group.isEmpty());
-  ASSERT_EQ(chmod(name.constData(), 0), 0);
+  // The group may use the port, its owner may not.
+  ASSERT_EQ(chmod(name.constData(), 0060), 0);
   // The superuser may open every port, so somebody else tries.
   const bool is_superuser = geteuid() == 0;
   if (is_superuser) {
     ASSERT_EQ(chmod(QFile::encodeName(folder.Path(QString())).constData(), 0755), 0);
+    constexpr gid_t kDialout = 20;
+    ASSERT_EQ(chown(name.constData(), 0, kDialout), 0);
     ASSERT_EQ(setresuid(65534, 65534, 0), 0);
   }
+  const QString group = QFileInfo(device).group();
   const bool opened = link_.Open(device, "9600,N,8,1");
   const QString reason = link_.FailureReason();
   if (is_superuser) {
@@ -124,6 +126,15 @@ TEST_F(SerialLinkTest, APortWithoutPermissionNamesTheGroupThatGrantsIt) {
                         QStringLiteral("\" may use this port: add your user to it and log in "
                                        "again."))
       << reason.toStdString();
+}
+
+TEST_F(SerialLinkTest, AGroupThatMayNotUseThePortIsNotNamed) {
+  const TemporaryProgramFolder folder;
+  const QString device = folder.Write(QStringLiteral("port"), "");
+  ASSERT_EQ(chmod(QFile::encodeName(device).constData(), 0), 0);
+  EXPECT_FALSE(link_.Open(device, "9600,N,8,1"));
+  EXPECT_FALSE(link_.FailureReason().contains(QLatin1Char('\n')))
+      << link_.FailureReason().toStdString();
 }
 
 class TcpLinkTest : public testing::Test {
