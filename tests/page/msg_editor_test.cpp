@@ -4,12 +4,12 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
+#include <QDir>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
@@ -21,8 +21,8 @@
 
 #include "app/module_language.h"
 #include "core/dialog_results.h"
-#include "no_room.h"
 #include "page/frmMsgEditor.h"
+#include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 
@@ -80,22 +80,10 @@ class MsgEditor : public testing::Test {
 
   /// Presses a button and enters a name into the file dialog that it opens; an empty one cancels.
   void Choose(const char* button, const QString& path) {
-    const ModalWindowDriver driver(Text("CMDialog1"), [this, path](QWidget* widget) {
-      auto* dialog = qobject_cast<QFileDialog*>(widget);
-      ASSERT_NE(dialog, nullptr);
-      dialog_title_ = dialog->windowTitle();
-      dialog_filters_ = dialog->nameFilters();
-      dialog_filter_ = dialog->selectedNameFilter();
-      dialog_folder_ = dialog->directory().absolutePath();
-      if (path.isEmpty()) return dialog->reject();
-      auto* name = dialog->findChild<QLineEdit*>(Text("fileNameEdit"));
-      ASSERT_NE(name, nullptr);
-      dialog_name_ = name->text();
-      name->setText(path);
-      QTest::keyClick(name, Qt::Key_Return);
-    });
+    const FileChooser chooser(path);
     Press(button);
-    dialogs_ += driver.Count();
+    dialogs_ += chooser.Count();
+    dialog_ = chooser.Seen();
     Activate();
   }
 
@@ -150,12 +138,8 @@ class MsgEditor : public testing::Test {
 
   TemporaryProgramFolder folder_;
   frmMsgEditor window_;
-  QString dialog_title_;
-  QStringList dialog_filters_;
-  QString dialog_filter_;
-  QString dialog_folder_;
-  QString dialog_name_;
-  int dialogs_ = 0;
+  SeenFileDialog dialog_;  // the file dialog that Choose() answered last
+  int dialogs_ = 0;        // and how many it has answered
 };
 
 TEST_F(MsgEditor, OpensWithItsCaptionsListsAndStates) {
@@ -503,22 +487,22 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
 TEST_F(MsgEditor, TheOpenDialogOffersMessageAndScheduleFiles) {
   Open(QString());
   EXPECT_EQ(dialogs_, 1);
-  EXPECT_EQ(dialog_title_, Text("Open Message"));
-  EXPECT_EQ(dialog_filters_, QStringList({Text("All (*)"), Text("Message File(*.msg)"),
+  EXPECT_EQ(dialog_.title, Text("Open Message"));
+  EXPECT_EQ(dialog_.filters, QStringList({Text("All (*)"), Text("Message File(*.msg)"),
                                           Text("Schedule File(*.sch)")}));
-  EXPECT_EQ(dialog_filter_, Text("Message File(*.msg)"));
-  EXPECT_EQ(dialog_folder_, QFileInfo(folder_.Path(Text("x"))).absolutePath());
+  EXPECT_EQ(dialog_.filter, Text("Message File(*.msg)"));
+  EXPECT_EQ(dialog_.folder, QFileInfo(folder_.Path(Text("x"))).absolutePath());
 }
 
 TEST_F(MsgEditor, TheSaveDialogHasNoPresetName) {
   New(1, 80);
   const QString path = folder_.Path(Text("mine.msg"));
   Choose("butSaveAs", path);
-  EXPECT_EQ(dialog_title_, Text("Save As"));
-  EXPECT_EQ(dialog_filters_, QStringList({Text("All (*)"), Text("Message File(*.msg)")}));
-  EXPECT_EQ(dialog_filter_, Text("Message File(*.msg)"));
-  EXPECT_EQ(dialog_folder_, QFileInfo(path).absolutePath());
-  EXPECT_EQ(dialog_name_, QString());
+  EXPECT_EQ(dialog_.title, Text("Save As"));
+  EXPECT_EQ(dialog_.filters, QStringList({Text("All (*)"), Text("Message File(*.msg)")}));
+  EXPECT_EQ(dialog_.filter, Text("Message File(*.msg)"));
+  EXPECT_EQ(dialog_.folder, QFileInfo(path).absolutePath());
+  EXPECT_EQ(dialog_.name, QString());
 }
 
 TEST_F(MsgEditor, SaveAsWritesUnderTheChosenNameAndClearsTheModifiedFlag) {
@@ -621,7 +605,7 @@ TEST_F(MsgEditor, ASaveOntoAFullDiskLeavesTheOldFileTheNameAndTheModifiedFlag) {
   Keys("x");
   const MessageBoxReader boxes;
   {
-    const NoRoom no_room;
+    const FullDisk full_disk(20);
     Press("butSave");
     Choose("butSaveAs", folder_.Path(Text("other.msg")));
   }
@@ -988,8 +972,8 @@ TEST_F(MsgEditor, MessagesAreLookedUpInTheLanguageFile) {
   boxes.Answer(QMessageBox::No);
   Open(folder_.Write(Text("bad.msg"), "bad"));
   EXPECT_EQ(boxes.Texts(), QStringList({Text("Speichern?"), Text("Fehler!")}));
-  EXPECT_EQ(dialog_filters_.value(1), Text("Nachricht(*.msg)"));
-  EXPECT_EQ(dialog_filters_.value(2), Text("Plan(*.sch)"));
+  EXPECT_EQ(dialog_.filters.value(1), Text("Nachricht(*.msg)"));
+  EXPECT_EQ(dialog_.filters.value(2), Text("Plan(*.sch)"));
 }
 
 TEST_F(MsgEditor, NoCaptionIsClippedHoweverLong) {

@@ -53,13 +53,13 @@ bool ModalWindowDriver::eventFilter(QObject* object, QEvent* event) {
 FileChooser::FileChooser(const QString& path)
     : ModalWindowDriver(QStringLiteral("CMDialog1"), [this, path](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
-        title_ = dialog->windowTitle();
-        filter_ = dialog->selectedNameFilter();
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        seen_ = {dialog->windowTitle(), dialog->nameFilters(), dialog->selectedNameFilter(),
+                 dialog->directory().absolutePath(), name->text()};
         if (path.isEmpty()) {
           QTest::keyClick(dialog, Qt::Key_Escape);
           return;
         }
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
       }) {}
