@@ -348,10 +348,17 @@ bool frmMsgEditor::eventFilter(QObject* object, QEvent* event) {
   // A wheel that passes over a list chooses nothing by accident.
   if (event->type() == QEvent::Wheel) return true;
   if (list == ui_->ComboGraphic && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Up || key == Qt::Key_Down) {
-      list->showPopup();  // to choose in; each step would else insert a graphic
-      return true;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+      case Qt::Key_Up:
+      case Qt::Key_Down:
+      case Qt::Key_PageUp:
+      case Qt::Key_PageDown:
+      case Qt::Key_Home:
+      case Qt::Key_End:
+        list->showPopup();  // to choose in; each step would else insert a graphic
+        return true;
+      default:
+        break;
     }
   }
   return QDialog::eventFilter(object, event);

@@ -656,6 +656,22 @@ TEST_F(MsgEditor, ChoosingTheSameGraphicAgainInsertsItAgainAndMarksThePage) {
   EXPECT_EQ(RowLines(), "<L01><SA><CA>~A~A\r\n");
 }
 
+TEST_F(MsgEditor, StepsInTheClosedGraphicListOpenItAndInsertNothing) {
+  New(1, 80);
+  auto* graphics = Find<QComboBox>("ComboGraphic");
+  for (const Qt::Key key :
+       {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End}) {
+    graphics->setCurrentIndex(10);
+    graphics->setFocus();
+    Key(key);
+    EXPECT_TRUE(graphics->view()->isVisible()) << key;
+    graphics->hidePopup();
+    EXPECT_EQ(graphics->currentIndex(), 10) << key;
+  }
+  EXPECT_FALSE(Asks());
+  EXPECT_EQ(RowLines(), "<L01>\r\n");
+}
+
 TEST_F(MsgEditor, DateAndTimeAreInsertedAtTheCursorAndMarkThePage) {
   New(1, 120);
   Keys("ab");
