@@ -155,7 +155,7 @@ void frmMsgEditor::ConnectRows() {
     connect(&surface, &RowSurface::Typed, this,
             [this, row](const QString& text) { TypeText(row, text); });
     connect(&surface, &RowSurface::Pasted, this,
-            [this, row](const QString& text) { PasteText(row, text); });
+            [this, row](const QString& text) { TypeText(row, PastedText(text)); });
     connect(&surface, &RowSurface::MoveKeyPressed, this,
             [this, row](Brivon1::MoveKey key) { PressMoveKey(row, key); });
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
@@ -288,13 +288,6 @@ void frmMsgEditor::TypeText(int row, const QString& text) {
   }
   page_.TypeAll(bytes);
   ShowEdit();
-}
-
-void frmMsgEditor::PasteText(int row, const QString& text) {
-  QString line = PastedText(text);
-  // Of what does not fit, one character is typed, which is refused; the rest would be too.
-  line.truncate(page_.MaxCharsPerRow() + 1);
-  TypeText(row, line);
 }
 
 void frmMsgEditor::PressMoveKey(int row, Brivon1::MoveKey key) {

@@ -749,6 +749,13 @@ TEST_F(MsgEditor, APasteFillsTheRowAndNoMore) {
   EXPECT_TRUE(Asks());
 }
 
+TEST_F(MsgEditor, APasteGoesOnBehindCharactersWithoutAByte) {
+  New(1, 80);
+  QGuiApplication::clipboard()->setText(QString(100, QChar(0x4E2D)) + Text("abc"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n");
+}
+
 TEST_F(MsgEditor, TheContextMenuPastesIntoItsRow) {
   New(2, 80);
   QGuiApplication::clipboard()->setText(Text("abc"));
