@@ -131,9 +131,9 @@ void frmMsgEditor::ConnectButtons() {
 }
 
 void frmMsgEditor::ConnectUndo() {
-  const auto connect_keys = [this](QKeySequence keys, void (PageMessage::*act)()) {
+  const auto connect_keys = [this](QKeySequence keys, bool (PageMessage::*act)()) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, act] {
-      (page_.*act)();
+      if (!(page_.*act)()) return;
       ShowEdit();
       ReturnKeyboardToRow();
     });

@@ -869,6 +869,27 @@ TEST_F(MsgEditor, UndoAndRedoKeysTakeEditsBackAndMakeThemAgain) {
   EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n<L02><SA><CA>paste\r\n");
 }
 
+TEST_F(MsgEditor, UndoWithNothingToTakeBackTouchesNothing) {
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  Key(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_FALSE(Find<QTimer>("Timer1")->isActive());
+  EXPECT_EQ(window_.focusWidget(), Button("butNew"));
+  EXPECT_FALSE(Asks());
+}
+
+TEST_F(MsgEditor, WhatWasTypedIntoAnotherPageIsNotTakenBack) {
+  New(1, 80);
+  Keys("abc");
+  Press("butSave");
+  Open(WriteMessage("other.msg", "<L01>xyz\r\n<L02>\r\n"));
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(Asks());
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>xyz\r\n<L02>\r\n");
+  New(1, 80);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01>\r\n");
+}
+
 TEST_F(MsgEditor, TheShiftButtonsMoveAllRowsBy10PixelsWithoutBound) {
   New(2, 80);
   for (int time = 0; time < 3; ++time) Press("Command3");
