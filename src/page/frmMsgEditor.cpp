@@ -261,7 +261,6 @@ bool frmMsgEditor::SaveTo(const QString& path) {
 
 void frmMsgEditor::SetFileName(const QString& path) {
   ui_->lblFileName->setText(path);
-  ui_->lblFileName->setToolTip(path);
   name_was_refused_ = false;
 }
 

@@ -31,4 +31,17 @@ TEST_F(FileDialogsTest, TitlesOfAllFileDialogsGoThroughTheMessageLookup) {
   EXPECT_EQ(titles, QStringList({Text("Durchsuchen"), Text("Sichern")}));
 }
 
+TEST_F(FileDialogsTest, ANameToSaveUnderMayBeAsLongAsItsFieldAndNoLonger) {
+  const QString fits = folder_.Path(Text("x")).leftJustified(100, QLatin1Char('x'));
+  MessageBoxReader boxes;
+  {
+    const FileChooser chooser(fits);
+    EXPECT_EQ(ShowSaveDialog(&window_, Text("Save As"), Text("All|*.*"), 1), fits);
+  }
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  const FileChooser chooser(fits + QLatin1Char('x'));
+  EXPECT_EQ(ShowSaveDialog(&window_, Text("Save As"), Text("All|*.*"), 1), QString());
+  EXPECT_EQ(boxes.Texts(), QStringList(Text("Invalid path!")));
+}
+
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QMenu>
@@ -15,6 +16,7 @@
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
@@ -212,7 +214,6 @@ TEST_F(MsgEditor, NewShowsAnEmptyPageOfTheChosenSize) {
   EXPECT_EQ(Find<QLabel>("lblRow")->text(), Text("4"));
   EXPECT_EQ(Find<QLabel>("lblCol")->text(), Text("80"));
   EXPECT_EQ(FileName(), folder_.Path(Text("NEW.MSG")));
-  EXPECT_EQ(Find<QLabel>("lblFileName")->toolTip(), FileName());
   for (const char* name : {"butSave", "butSaveAs", "cmdAddDate", "cmdAddTime"}) {
     EXPECT_TRUE(Button(name)->isEnabled()) << name;
   }
@@ -541,6 +542,19 @@ TEST_F(MsgEditor, APathLongerThanItsFieldIsRefusedWhenItIsChosen) {
   EXPECT_TRUE(Asks());
 }
 
+TEST_F(MsgEditor, AFileMayHaveANameInAnyScript) {
+  New(1, 80);
+  Keys("x");
+  const QString path = folder_.Path(Text("Fußgänger 中文 100%1 & <b>.msg"));
+  EXPECT_NE(SavedAs(path), "no file");
+  EXPECT_EQ(FileName(), path);
+  EXPECT_FALSE(Asks());
+  New(2, 40);
+  Open(path);
+  EXPECT_EQ(FileName(), path);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>x\r\n");
+}
+
 TEST_F(MsgEditor, SaveWritesUnderTheShownNameAndClearsTheModifiedFlag) {
   New(1, 80);
   Keys("x");
@@ -565,6 +579,9 @@ TEST_F(MsgEditor, AFileThatFailsBehindItsHeaderGivesTheOtherMessageAndLeavesTheP
   boxes.Answer(QMessageBox::No);
   Open(WriteMessage("torn.msg", "<L01>new\r\n<L05>wrong\r\n"));
   EXPECT_EQ(boxes.Texts(), QStringList({Text(kQuestion), Text("Error in Opening file!")}));
+  EXPECT_EQ(FileName(), folder_.Path(Text("torn.msg")));
+  EXPECT_EQ(Find<QLabel>("lblRow")->text(), Text("2"));
+  EXPECT_EQ(Find<QLabel>("lblCol")->text(), Text("80"));
   EXPECT_TRUE(Asks());
   EXPECT_EQ(RowLines(), "<L01><SA><CA>old\r\n<L02>\r\n");
 }
@@ -640,6 +657,19 @@ TEST_F(MsgEditor, SendWithoutAPageOpensTheSendDialog) {
   const MessageBoxReader boxes;
   Press("butSend");
   EXPECT_EQ(send.Count(), 1);
+}
+
+TEST_F(MsgEditor, SendGivesTheCurrentFileToTheSendDialog) {
+  const QString path = WriteMessage("sent.msg", "<L01>ab\r\n<L02>\r\n");
+  Open(path);
+  QString given;
+  const ModalWindowDriver send(Text("frmSendMsg"), [&](QWidget* dialog) {
+    given = dialog->findChild<QLabel*>(Text("lblFileName"))->text();
+    dialog->close();
+  });
+  Press("butSend");
+  EXPECT_EQ(send.Count(), 1);
+  EXPECT_EQ(given, path);
 }
 
 TEST_F(MsgEditor, ChoosingTheSameGraphicAgainInsertsItAgainAndMarksThePage) {
@@ -818,6 +848,41 @@ TEST_F(MsgEditor, ClosingAListReturnsTheKeyboardToTheRow) {
   EXPECT_EQ(RowLines(), "<L01><SA><CB>y\r\n<L02>\r\n");
 }
 
+TEST_F(MsgEditor, EscapeInAnOpenListClosesTheListAndNotTheWindow) {
+  New(1, 80);
+  for (const char* name : {"ComboColor", "ComboSize", "ComboGraphic"}) {
+    auto* list = Find<QComboBox>(name);
+    list->setFocus();
+    list->showPopup();
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Escape);
+    EXPECT_FALSE(list->view()->isVisible());
+    EXPECT_EQ(list->currentIndex(), 0);
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_EQ(window_.focusWidget(), Row(1));
+  }
+  EXPECT_FALSE(Asks());
+}
+
+TEST_F(MsgEditor, ReturnPressesNoButtonFromAnywhere) {
+  New(1, 80);
+  const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver send(Text("frmSendMsg"), [](QWidget* w) { w->close(); });
+  const MessageBoxReader boxes;
+  for (QWidget* widget : window_.findChildren<QWidget*>()) {
+    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isVisible()) continue;
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_Return);
+    QTest::keyClick(widget, Qt::Key_Enter);
+    EXPECT_TRUE(window_.isVisible()) << widget->objectName().toStdString();
+  }
+  EXPECT_EQ(file.Count() + dimension.Count() + send.Count(), 0);
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_EQ(folder_.Read(Text("NEW.MSG")), "");
+  EXPECT_EQ(RowLines(), "<L01>\r\n");
+}
+
 TEST_F(MsgEditor, AWheelOverAListChoosesNothing) {
   New(1, 80);
   for (const char* name : {"ComboColor", "ComboGraphic"}) {
@@ -935,10 +1000,12 @@ TEST_F(MsgEditor, ALongPathDoesNotWidenTheWindow) {
   ASSERT_TRUE(QFile::copy(WriteMessage("a.msg", "<L01>\r\n<L02>\r\n"), path));
   Open(path);
   EXPECT_EQ(FileName(), path);
-  EXPECT_EQ(Find<QLabel>("lblFileName")->toolTip(), path);
   EXPECT_EQ(window_.minimumSizeHint().width(), least);
   // The end of the path is in sight: another name looks different.
   auto* label = Find<QLabel>("lblFileName");
+  QHelpEvent help(QEvent::ToolTip, QPoint(), label->mapToGlobal(QPoint()));
+  QApplication::sendEvent(label, &help);
+  EXPECT_EQ(QToolTip::text(), path);
   const QImage shown = label->grab().toImage();
   label->setText(path.chopped(5) + Text("b.msg"));
   EXPECT_NE(label->grab().toImage(), shown);
@@ -950,6 +1017,9 @@ TEST_F(MsgEditor, APageOfNoRowsCanBeOpenedAndSaved) {
   Open(path);
   EXPECT_EQ(Find<QLabel>("lblRow")->text(), Text("0"));
   for (int row = 1; row <= 12; ++row) EXPECT_FALSE(Row(row)->isVisible());
+  for (const char* name : {"butSave", "butSaveAs", "cmdAddDate", "cmdAddTime", "ComboGraphic"}) {
+    EXPECT_TRUE(Find<QWidget>(name)->isEnabled()) << name;
+  }
   Press("cmdAddDate");
   EXPECT_TRUE(Asks());
   EXPECT_EQ(SavedAs(path), "*** Brivon Message File ***\r\nRow = 0\r\nCol = 10\r\n");
