@@ -12,6 +12,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -372,6 +373,19 @@ TEST_F(MsgEditor, AClickRightOfTheLastCharacterPutsTheCursorAtTheEndOfTheRow) {
   EXPECT_FALSE(IsLine(Picture(2), 12, Qt::white));
 }
 
+TEST_F(MsgEditor, OnlyTheLeftButtonMovesTheCursor) {
+  New(2, 80);
+  Keys("abcd");
+  for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+    QTest::mouseClick(Row(1), button, {}, QPoint(12, 10));
+    EXPECT_EQ(Cursor(1), 4);
+  }
+  QMetaObject::invokeMethod(Find<QTimer>("Timer1"), "timeout");
+  EXPECT_EQ(Cursor(1), -1);
+  QTest::mouseDClick(Row(1), Qt::LeftButton, {}, QPoint(12, 10));
+  EXPECT_EQ(Cursor(1), 1);  // seen at once
+}
+
 TEST_F(MsgEditor, OpeningAFileWhoseHeaderIsBadLeavesTheOldPageOnScreenWithTheNewNameInTheLabel) {
   New(2, 80);
   Keys("old");
@@ -407,6 +421,8 @@ TEST_F(MsgEditor, TheSaveQuestionHasAQuestionIconYesNoCancelAndTheWindowsCaption
   EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::Question);
   EXPECT_EQ(boxes.Seen()[0].title, Text("Message Editor"));
   EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  EXPECT_EQ(boxes.Seen()[0].default_button, QMessageBox::Yes);
+  EXPECT_EQ(boxes.Seen()[0].escape_button, QMessageBox::Cancel);
   EXPECT_EQ(boxes.Seen()[0].parent, &window_);
 }
 
@@ -768,6 +784,13 @@ TEST_F(MsgEditor, APasteTypesTheFirstLineOfTheClipboard) {
   EXPECT_EQ(RowLines(), "<L01><SA><CA>[abc]\r\n<L02>\r\n");
 }
 
+TEST_F(MsgEditor, ShiftAndInsertPasteToo) {
+  New(1, 80);
+  QGuiApplication::clipboard()->setText(Text("abc"));
+  Key(Qt::Key_Insert, Qt::ShiftModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n");
+}
+
 TEST_F(MsgEditor, APasteFillsTheRowAndNoMore) {
   New(2, 80);
   Keys("xyz");
@@ -965,6 +988,45 @@ TEST_F(MsgEditor, TheShiftButtonsMoveAllRowsBy10PixelsWithoutBound) {
   EXPECT_EQ(Row(1)->x(), 5);
 }
 
+/// Keeps which part of a widget is painted while it lives.
+class PaintWatcher : public QObject {
+ public:
+  explicit PaintWatcher(QWidget* widget) { widget->installEventFilter(this); }
+
+  const QRegion& Painted() const { return painted_; }
+
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted_ += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+
+ private:
+  QRegion painted_;
+};
+
+TEST_F(MsgEditor, ATickPaintsWhatItChanges) {
+  Open(WriteMessage("blink.msg", "<L01><SA><CA>a<SE>b<SA>c<SE>d<SA>ef\r\n<L02>steady\r\n"));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  auto* cursor = Find<QTimer>("Timer1");
+  auto* blink = Find<QTimer>("Timer2");
+  for (QTimer* timer : {cursor, blink}) timer->stop();
+  QApplication::processEvents();
+  {
+    const PaintWatcher first(Row(1));
+    const PaintWatcher second(Row(2));
+    QMetaObject::invokeMethod(cursor, "timeout");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return first.Painted() == QRegion(72, 0, 1, 20); }));
+    EXPECT_TRUE(second.Painted().isEmpty());
+  }
+  const PaintWatcher first(Row(1));
+  const PaintWatcher second(Row(2));
+  QMetaObject::invokeMethod(blink, "timeout");
+  // From the first blinking character to the last.
+  const QRegion blinking(12, 0, 36, 20);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return first.Painted().intersected(blinking) == blinking; }));
+  EXPECT_TRUE(second.Painted().isEmpty());
+}
+
 TEST_F(MsgEditor, OnlyBlinkingCharactersBlink) {
   Open(WriteMessage("blink.msg", "<L01><SA><CJ>a<SE>b\r\n<L02>\r\n"));
   const QColor green(0, 255, 0);
@@ -1088,6 +1150,18 @@ TEST_F(MsgEditor, MessagesAreLookedUpInTheLanguageFile) {
   EXPECT_EQ(boxes.Texts(), QStringList({Text("Speichern?"), Text("Fehler!")}));
   EXPECT_EQ(dialog_.filters.value(1), Text("Nachricht(*.msg)"));
   EXPECT_EQ(dialog_.filters.value(2), Text("Plan(*.sch)"));
+}
+
+TEST_F(MsgEditor, TheTitlesOfItsFileDialogsAreThoseOfTheLanguageFile) {
+  folder_.UseLanguage(
+      "[frmMsgEditor]\r\nfrmMsgEditor.butOpen=Auf\r\nDialogTitleOpenMsg=Meldung suchen\r\n"
+      "DialogTitleSaveAs=Sichern als\r\n");
+  const frmMsgEditor loaded;
+  Open(QString());
+  EXPECT_EQ(dialog_.title, Text("Meldung suchen"));
+  New(1, 80);
+  Choose("butSaveAs", QString());
+  EXPECT_EQ(dialog_.title, Text("Sichern als"));
 }
 
 TEST_F(MsgEditor, NoCaptionIsClippedHoweverLong) {

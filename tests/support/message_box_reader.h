@@ -15,6 +15,8 @@ struct SeenMessageBox {
   QMessageBox::Icon icon;
   QString informative;
   QMessageBox::StandardButtons buttons;
+  QMessageBox::StandardButton default_button;
+  QMessageBox::StandardButton escape_button;
   QWidget* parent;
 };
 
