@@ -501,6 +501,22 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
   EXPECT_EQ(RowLines(), "<L01><SG><CD>Hello\r\n<L02><SA><CD>~A\r\n");
 }
 
+TEST_F(MsgEditor, SaveAfterOpenWritesTheOpenedFileWithoutAskingForAName) {
+  const MessageBoxReader boxes;
+  Open(folder_.Write(Text("bad.msg"), "bad"));  // refused: forgotten with the next file
+  const QString path = WriteMessage("two.msg", "<L01>ab\r\n<L02>\r\n");
+  Open(path);
+  Keys("c");
+  const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  Press("butSave");
+  EXPECT_EQ(file.Count(), 0);
+  EXPECT_EQ(boxes.Texts(), QStringList(Text("Error in opening file!")));
+  EXPECT_EQ(FileName(), path);
+  EXPECT_EQ(folder_.Read(Text("two.msg")),
+            "*** Brivon Message File ***\r\nRow = 2\r\nCol = 80\r\n<L01><SA><CA>abc\r\n<L02>\r\n");
+  EXPECT_FALSE(Asks());
+}
+
 TEST_F(MsgEditor, TheOpenDialogOffersMessageAndScheduleFiles) {
   Open(QString());
   EXPECT_EQ(dialogs_, 1);
@@ -819,9 +835,17 @@ TEST_F(MsgEditor, TheContextMenuPastesIntoItsRow) {
   ASSERT_NE(menu, nullptr);
   ASSERT_EQ(menu->actions().size(), 1);
   EXPECT_EQ(menu->actions()[0]->text(), Text("Paste"));
+  EXPECT_TRUE(menu->actions()[0]->isEnabled());
   menu->actions()[0]->trigger();
   menu->close();
   EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>abc\r\n");
+
+  QGuiApplication::clipboard()->clear();
+  QApplication::sendEvent(Row(1), &event);
+  menu = Row(1)->findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_FALSE(menu->actions()[0]->isEnabled());
+  menu->close();
 }
 
 TEST_F(MsgEditor, TabLeavesTheRowsToTheNextControlAndComesBackToTheSameRow) {
