@@ -131,9 +131,9 @@ void frmMsgEditor::ConnectButtons() {
 }
 
 void frmMsgEditor::ConnectUndo() {
-  const auto connect_keys = [this](QKeySequence keys, void (PageMessage::*act)()) {
+  const auto connect_keys = [this](QKeySequence keys, bool (PageMessage::*act)()) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, act] {
-      (page_.*act)();
+      if (!(page_.*act)()) return;
       ShowEdit();
       ReturnKeyboardToRow();
     });
@@ -155,7 +155,7 @@ void frmMsgEditor::ConnectRows() {
     connect(&surface, &RowSurface::Typed, this,
             [this, row](const QString& text) { TypeText(row, text); });
     connect(&surface, &RowSurface::Pasted, this,
-            [this, row](const QString& text) { PasteText(row, text); });
+            [this, row](const QString& text) { TypeText(row, PastedText(text)); });
     connect(&surface, &RowSurface::MoveKeyPressed, this,
             [this, row](Brivon1::MoveKey key) { PressMoveKey(row, key); });
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
@@ -261,7 +261,6 @@ bool frmMsgEditor::SaveTo(const QString& path) {
 
 void frmMsgEditor::SetFileName(const QString& path) {
   ui_->lblFileName->setText(path);
-  ui_->lblFileName->setToolTip(path);
   name_was_refused_ = false;
 }
 
@@ -288,13 +287,6 @@ void frmMsgEditor::TypeText(int row, const QString& text) {
   }
   page_.TypeAll(bytes);
   ShowEdit();
-}
-
-void frmMsgEditor::PasteText(int row, const QString& text) {
-  QString line = PastedText(text);
-  // Of what does not fit, one character is typed, which is refused; the rest would be too.
-  line.truncate(page_.MaxCharsPerRow() + 1);
-  TypeText(row, line);
 }
 
 void frmMsgEditor::PressMoveKey(int row, Brivon1::MoveKey key) {
@@ -348,10 +340,17 @@ bool frmMsgEditor::eventFilter(QObject* object, QEvent* event) {
   // A wheel that passes over a list chooses nothing by accident.
   if (event->type() == QEvent::Wheel) return true;
   if (list == ui_->ComboGraphic && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Up || key == Qt::Key_Down) {
-      list->showPopup();  // to choose in; each step would else insert a graphic
-      return true;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+      case Qt::Key_Up:
+      case Qt::Key_Down:
+      case Qt::Key_PageUp:
+      case Qt::Key_PageDown:
+      case Qt::Key_Home:
+      case Qt::Key_End:
+        list->showPopup();  // to choose in; each step would else insert a graphic
+        return true;
+      default:
+        break;
     }
   }
   return QDialog::eventFilter(object, event);

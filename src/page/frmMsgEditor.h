@@ -55,7 +55,6 @@ class frmMsgEditor : public QDialog {
   void LayOutPage();
 
   void TypeText(int row, const QString& text);
-  void PasteText(int row, const QString& text);
   void PressMoveKey(int row, Brivon1::MoveKey key);
   void ClickRow(int row, double x);
   void EnterRow(int row);

@@ -67,22 +67,23 @@ void PageMessage::Record(const PageRow& before) {
   if (before.Text() != Current().Text()) history_.Record({current_row_, before});
 }
 
-void PageMessage::Undo() {
-  if (!history_.CanUndo()) return;
+bool PageMessage::Undo() {
+  if (!history_.CanUndo()) return false;
   SetCurrentRow(history_.UndoRow());
   history_.Undo(Current());
   modified_ = true;
+  return true;
 }
 
-void PageMessage::Redo() {
-  if (!history_.CanRedo()) return;
+bool PageMessage::Redo() {
+  if (!history_.CanRedo()) return false;
   SetCurrentRow(history_.RedoRow());
   history_.Redo(Current());
   modified_ = true;
+  return true;
 }
 
 void PageMessage::PressMoveKey(MoveKey key) {
-  const PageRow before = Current();
   switch (key) {
     case MoveKey::kEnd:
       return Current().End();
@@ -96,9 +97,11 @@ void PageMessage::PressMoveKey(MoveKey key) {
       return Current().Right();
     case MoveKey::kDown:
       return SetCurrentRow(current_row_ + 1);
-    case MoveKey::kDelete:
+    case MoveKey::kDelete: {
+      const PageRow before = Current();
       Current().Delete();
       return Record(before);
+    }
   }
 }
 

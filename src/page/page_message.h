@@ -93,9 +93,9 @@ class PageMessage {
   void TypeAll(QByteArrayView characters);
 
   /// Takes the last edit back, or makes it again: the row becomes the current one and the page
-  /// modified. Nothing without such an edit.
-  void Undo();
-  void Redo();
+  /// modified. False, and nothing happens, without such an edit.
+  bool Undo();
+  bool Redo();
 
   /// What a key does that moves or deletes. It never marks the page modified.
   void PressMoveKey(MoveKey key);

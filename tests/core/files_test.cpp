@@ -2,11 +2,9 @@
 
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstring>
 
 #include <QBuffer>
@@ -17,6 +15,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include "support/full_disk.h"
 
 namespace Brivon1 {
 namespace {
@@ -258,26 +258,7 @@ TEST_F(Files, ASaveIntoAFolderWithoutPermissionIsAnInvalidPathAndKeepsTheOldFile
   EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")});
 }
 
-/// Lets every write beyond 4096 bytes of a file fall short, as on a full disk.
-class FullDisk {
- public:
-  FullDisk() : old_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &old_limit_);
-    rlimit limit = old_limit_;
-    limit.rlim_cur = 4096;
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &old_limit_);
-    std::signal(SIGXFSZ, old_handler_);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit old_limit_{};
-  void (*old_handler_)(int);
-};
+constexpr rlim_t kRoom = 4096;
 
 TEST_F(Files, ASaveOntoAFullDiskKeepsTheOldFileWholeAndLeavesNothingBeside) {
   const QString file = Write("a.msg", "old");
@@ -285,7 +266,7 @@ TEST_F(Files, ASaveOntoAFullDiskKeepsTheOldFileWholeAndLeavesNothingBeside) {
   for (const qsizetype size : {5000, 5000000}) {
     SaveResult result = SaveResult::kSaved;
     {
-      const FullDisk full_disk;
+      const FullDisk full_disk(kRoom);
       result = SaveWholeFile(file, QByteArray(size, 'n'));
     }
     EXPECT_EQ(result, SaveResult::kDriveNotAvailable) << size;
@@ -297,7 +278,7 @@ TEST_F(Files, ASaveOntoAFullDiskKeepsTheOldFileWholeAndLeavesNothingBeside) {
 TEST_F(Files, ANewFileThatFindsTheDiskFullIsNotThereAfterwards) {
   SaveResult result = SaveResult::kSaved;
   {
-    const FullDisk full_disk;
+    const FullDisk full_disk(kRoom);
     result = SaveWholeFile(Path("new.msg"), QByteArray(5000, 'n'));
   }
   EXPECT_EQ(result, SaveResult::kDriveNotAvailable);
@@ -306,7 +287,7 @@ TEST_F(Files, ANewFileThatFindsTheDiskFullIsNotThereAfterwards) {
 
 TEST_F(Files, AfterAFullDiskTheNextSaveWorks) {
   {
-    const FullDisk full_disk;
+    const FullDisk full_disk(kRoom);
     EXPECT_EQ(SaveWholeFile(Path("a.msg"), QByteArray(4096, 'n')), SaveResult::kSaved);
   }
   EXPECT_EQ(SaveWholeFile(Path("a.msg"), QByteArray(5000, 'm')), SaveResult::kSaved);

@@ -297,6 +297,25 @@ TEST_F(DrawRowTest, OnlyWhatIsExposedIsDrawn) {
   EXPECT_EQ(image.pixelColor(72, 0), kGrey);
 }
 
+TEST(DrawRow, APartDrawnAloneLooksAsItDoesInTheWhole) {
+  Brivon1::PageRow row;
+  for (int at = 0; at < 8; ++at) row.Append('M', {'D', 'D', Brivon1::kSteady});
+  const auto draw = [&](const QRect& exposed) {
+    QImage image(8 * 12, 20, QImage::Format_RGB32);
+    image.fill(kBlack);
+    QPainter painter(&image);
+    painter.setClipRect(exposed);
+    DrawRow(painter, row, exposed, false);
+    painter.end();
+    return image.copy(exposed);
+  };
+  const QImage whole = draw(QRect(0, 0, 96, 20));
+  for (int x = 0; x + 6 <= 96; ++x) {
+    const QRect part(x, 0, 6, 20);
+    EXPECT_EQ(draw(part), whole.copy(part)) << x;
+  }
+}
+
 TEST(DrawCursorLine, IsAWhiteOrBlackLineInFrontOfItsColumn) {
   for (const bool shown : {true, false}) {
     QImage image(60, 20, QImage::Format_RGB32);

@@ -556,8 +556,8 @@ TEST_F(SendMessageChecks, AFileWhoseHeaderIsWrongIsRefusedAtBrowse) {
   const MessageBoxReader boxes;
   const FileChooser chooser(bad);
   dialog.Click("butBrowse");
-  EXPECT_EQ(chooser.Title(), QStringLiteral("Browse"));
-  EXPECT_EQ(chooser.Filter(), QStringLiteral("Message File (*.msg)"));
+  EXPECT_EQ(chooser.Seen().title, QStringLiteral("Browse"));
+  EXPECT_EQ(chooser.Seen().filter, QStringLiteral("Message File (*.msg)"));
   EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Error in opening file!")});
   EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
 }

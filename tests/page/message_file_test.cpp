@@ -11,8 +11,8 @@
 
 #include <gtest/gtest.h>
 
-#include "no_room.h"
 #include "page_of.h"
+#include "support/full_disk.h"
 
 namespace {
 
@@ -384,7 +384,7 @@ TEST_F(MessageFile, ASaveThatFindsNoRoomLeavesTheOldFileWhole) {
   Type(page, QByteArray(500, 'x'));
   SaveResult result;
   {
-    const NoRoom no_room;
+    const FullDisk full_disk(20);
     result = SaveMessageFile(Path(), page);
   }
   EXPECT_EQ(result, SaveResult::kDriveNotAvailable);

@@ -4,25 +4,28 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QFileDialog>
+#include <QDir>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
 #include "app/module_language.h"
 #include "core/dialog_results.h"
-#include "no_room.h"
 #include "page/frmMsgEditor.h"
+#include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 
@@ -80,22 +83,10 @@ class MsgEditor : public testing::Test {
 
   /// Presses a button and enters a name into the file dialog that it opens; an empty one cancels.
   void Choose(const char* button, const QString& path) {
-    const ModalWindowDriver driver(Text("CMDialog1"), [this, path](QWidget* widget) {
-      auto* dialog = qobject_cast<QFileDialog*>(widget);
-      ASSERT_NE(dialog, nullptr);
-      dialog_title_ = dialog->windowTitle();
-      dialog_filters_ = dialog->nameFilters();
-      dialog_filter_ = dialog->selectedNameFilter();
-      dialog_folder_ = dialog->directory().absolutePath();
-      if (path.isEmpty()) return dialog->reject();
-      auto* name = dialog->findChild<QLineEdit*>(Text("fileNameEdit"));
-      ASSERT_NE(name, nullptr);
-      dialog_name_ = name->text();
-      name->setText(path);
-      QTest::keyClick(name, Qt::Key_Return);
-    });
+    const FileChooser chooser(path);
     Press(button);
-    dialogs_ += driver.Count();
+    dialogs_ += chooser.Count();
+    dialog_ = chooser.Seen();
     Activate();
   }
 
@@ -150,12 +141,8 @@ class MsgEditor : public testing::Test {
 
   TemporaryProgramFolder folder_;
   frmMsgEditor window_;
-  QString dialog_title_;
-  QStringList dialog_filters_;
-  QString dialog_filter_;
-  QString dialog_folder_;
-  QString dialog_name_;
-  int dialogs_ = 0;
+  SeenFileDialog dialog_;  // the file dialog that Choose() answered last
+  int dialogs_ = 0;        // and how many it has answered
 };
 
 TEST_F(MsgEditor, OpensWithItsCaptionsListsAndStates) {
@@ -228,7 +215,6 @@ TEST_F(MsgEditor, NewShowsAnEmptyPageOfTheChosenSize) {
   EXPECT_EQ(Find<QLabel>("lblRow")->text(), Text("4"));
   EXPECT_EQ(Find<QLabel>("lblCol")->text(), Text("80"));
   EXPECT_EQ(FileName(), folder_.Path(Text("NEW.MSG")));
-  EXPECT_EQ(Find<QLabel>("lblFileName")->toolTip(), FileName());
   for (const char* name : {"butSave", "butSaveAs", "cmdAddDate", "cmdAddTime"}) {
     EXPECT_TRUE(Button(name)->isEnabled()) << name;
   }
@@ -387,6 +373,19 @@ TEST_F(MsgEditor, AClickRightOfTheLastCharacterPutsTheCursorAtTheEndOfTheRow) {
   EXPECT_FALSE(IsLine(Picture(2), 12, Qt::white));
 }
 
+TEST_F(MsgEditor, OnlyTheLeftButtonMovesTheCursor) {
+  New(2, 80);
+  Keys("abcd");
+  for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+    QTest::mouseClick(Row(1), button, {}, QPoint(12, 10));
+    EXPECT_EQ(Cursor(1), 4);
+  }
+  QMetaObject::invokeMethod(Find<QTimer>("Timer1"), "timeout");
+  EXPECT_EQ(Cursor(1), -1);
+  QTest::mouseDClick(Row(1), Qt::LeftButton, {}, QPoint(12, 10));
+  EXPECT_EQ(Cursor(1), 1);  // seen at once
+}
+
 TEST_F(MsgEditor, OpeningAFileWhoseHeaderIsBadLeavesTheOldPageOnScreenWithTheNewNameInTheLabel) {
   New(2, 80);
   Keys("old");
@@ -422,6 +421,8 @@ TEST_F(MsgEditor, TheSaveQuestionHasAQuestionIconYesNoCancelAndTheWindowsCaption
   EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::Question);
   EXPECT_EQ(boxes.Seen()[0].title, Text("Message Editor"));
   EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  EXPECT_EQ(boxes.Seen()[0].default_button, QMessageBox::Yes);
+  EXPECT_EQ(boxes.Seen()[0].escape_button, QMessageBox::Cancel);
   EXPECT_EQ(boxes.Seen()[0].parent, &window_);
 }
 
@@ -500,25 +501,41 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
   EXPECT_EQ(RowLines(), "<L01><SG><CD>Hello\r\n<L02><SA><CD>~A\r\n");
 }
 
+TEST_F(MsgEditor, SaveAfterOpenWritesTheOpenedFileWithoutAskingForAName) {
+  const MessageBoxReader boxes;
+  Open(folder_.Write(Text("bad.msg"), "bad"));  // refused: forgotten with the next file
+  const QString path = WriteMessage("two.msg", "<L01>ab\r\n<L02>\r\n");
+  Open(path);
+  Keys("c");
+  const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  Press("butSave");
+  EXPECT_EQ(file.Count(), 0);
+  EXPECT_EQ(boxes.Texts(), QStringList(Text("Error in opening file!")));
+  EXPECT_EQ(FileName(), path);
+  EXPECT_EQ(folder_.Read(Text("two.msg")),
+            "*** Brivon Message File ***\r\nRow = 2\r\nCol = 80\r\n<L01><SA><CA>abc\r\n<L02>\r\n");
+  EXPECT_FALSE(Asks());
+}
+
 TEST_F(MsgEditor, TheOpenDialogOffersMessageAndScheduleFiles) {
   Open(QString());
   EXPECT_EQ(dialogs_, 1);
-  EXPECT_EQ(dialog_title_, Text("Open Message"));
-  EXPECT_EQ(dialog_filters_, QStringList({Text("All (*)"), Text("Message File(*.msg)"),
+  EXPECT_EQ(dialog_.title, Text("Open Message"));
+  EXPECT_EQ(dialog_.filters, QStringList({Text("All (*)"), Text("Message File(*.msg)"),
                                           Text("Schedule File(*.sch)")}));
-  EXPECT_EQ(dialog_filter_, Text("Message File(*.msg)"));
-  EXPECT_EQ(dialog_folder_, QFileInfo(folder_.Path(Text("x"))).absolutePath());
+  EXPECT_EQ(dialog_.filter, Text("Message File(*.msg)"));
+  EXPECT_EQ(dialog_.folder, QFileInfo(folder_.Path(Text("x"))).absolutePath());
 }
 
 TEST_F(MsgEditor, TheSaveDialogHasNoPresetName) {
   New(1, 80);
   const QString path = folder_.Path(Text("mine.msg"));
   Choose("butSaveAs", path);
-  EXPECT_EQ(dialog_title_, Text("Save As"));
-  EXPECT_EQ(dialog_filters_, QStringList({Text("All (*)"), Text("Message File(*.msg)")}));
-  EXPECT_EQ(dialog_filter_, Text("Message File(*.msg)"));
-  EXPECT_EQ(dialog_folder_, QFileInfo(path).absolutePath());
-  EXPECT_EQ(dialog_name_, QString());
+  EXPECT_EQ(dialog_.title, Text("Save As"));
+  EXPECT_EQ(dialog_.filters, QStringList({Text("All (*)"), Text("Message File(*.msg)")}));
+  EXPECT_EQ(dialog_.filter, Text("Message File(*.msg)"));
+  EXPECT_EQ(dialog_.folder, QFileInfo(path).absolutePath());
+  EXPECT_EQ(dialog_.name, QString());
 }
 
 TEST_F(MsgEditor, SaveAsWritesUnderTheChosenNameAndClearsTheModifiedFlag) {
@@ -557,6 +574,19 @@ TEST_F(MsgEditor, APathLongerThanItsFieldIsRefusedWhenItIsChosen) {
   EXPECT_TRUE(Asks());
 }
 
+TEST_F(MsgEditor, AFileMayHaveANameInAnyScript) {
+  New(1, 80);
+  Keys("x");
+  const QString path = folder_.Path(Text("Fußgänger 中文 100%1 & <b>.msg"));
+  EXPECT_NE(SavedAs(path), "no file");
+  EXPECT_EQ(FileName(), path);
+  EXPECT_FALSE(Asks());
+  New(2, 40);
+  Open(path);
+  EXPECT_EQ(FileName(), path);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>x\r\n");
+}
+
 TEST_F(MsgEditor, SaveWritesUnderTheShownNameAndClearsTheModifiedFlag) {
   New(1, 80);
   Keys("x");
@@ -581,6 +611,9 @@ TEST_F(MsgEditor, AFileThatFailsBehindItsHeaderGivesTheOtherMessageAndLeavesTheP
   boxes.Answer(QMessageBox::No);
   Open(WriteMessage("torn.msg", "<L01>new\r\n<L05>wrong\r\n"));
   EXPECT_EQ(boxes.Texts(), QStringList({Text(kQuestion), Text("Error in Opening file!")}));
+  EXPECT_EQ(FileName(), folder_.Path(Text("torn.msg")));
+  EXPECT_EQ(Find<QLabel>("lblRow")->text(), Text("2"));
+  EXPECT_EQ(Find<QLabel>("lblCol")->text(), Text("80"));
   EXPECT_TRUE(Asks());
   EXPECT_EQ(RowLines(), "<L01><SA><CA>old\r\n<L02>\r\n");
 }
@@ -621,7 +654,7 @@ TEST_F(MsgEditor, ASaveOntoAFullDiskLeavesTheOldFileTheNameAndTheModifiedFlag) {
   Keys("x");
   const MessageBoxReader boxes;
   {
-    const NoRoom no_room;
+    const FullDisk full_disk(20);
     Press("butSave");
     Choose("butSaveAs", folder_.Path(Text("other.msg")));
   }
@@ -658,6 +691,19 @@ TEST_F(MsgEditor, SendWithoutAPageOpensTheSendDialog) {
   EXPECT_EQ(send.Count(), 1);
 }
 
+TEST_F(MsgEditor, SendGivesTheCurrentFileToTheSendDialog) {
+  const QString path = WriteMessage("sent.msg", "<L01>ab\r\n<L02>\r\n");
+  Open(path);
+  QString given;
+  const ModalWindowDriver send(Text("frmSendMsg"), [&](QWidget* dialog) {
+    given = dialog->findChild<QLabel*>(Text("lblFileName"))->text();
+    dialog->close();
+  });
+  Press("butSend");
+  EXPECT_EQ(send.Count(), 1);
+  EXPECT_EQ(given, path);
+}
+
 TEST_F(MsgEditor, ChoosingTheSameGraphicAgainInsertsItAgainAndMarksThePage) {
   New(1, 80);
   auto* graphics = Find<QComboBox>("ComboGraphic");
@@ -670,6 +716,22 @@ TEST_F(MsgEditor, ChoosingTheSameGraphicAgainInsertsItAgainAndMarksThePage) {
     EXPECT_TRUE(Asks());
   }
   EXPECT_EQ(RowLines(), "<L01><SA><CA>~A~A\r\n");
+}
+
+TEST_F(MsgEditor, StepsInTheClosedGraphicListOpenItAndInsertNothing) {
+  New(1, 80);
+  auto* graphics = Find<QComboBox>("ComboGraphic");
+  for (const Qt::Key key :
+       {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End}) {
+    graphics->setCurrentIndex(10);
+    graphics->setFocus();
+    Key(key);
+    EXPECT_TRUE(graphics->view()->isVisible()) << key;
+    graphics->hidePopup();
+    EXPECT_EQ(graphics->currentIndex(), 10) << key;
+  }
+  EXPECT_FALSE(Asks());
+  EXPECT_EQ(RowLines(), "<L01>\r\n");
 }
 
 TEST_F(MsgEditor, DateAndTimeAreInsertedAtTheCursorAndMarkThePage) {
@@ -738,6 +800,13 @@ TEST_F(MsgEditor, APasteTypesTheFirstLineOfTheClipboard) {
   EXPECT_EQ(RowLines(), "<L01><SA><CA>[abc]\r\n<L02>\r\n");
 }
 
+TEST_F(MsgEditor, ShiftAndInsertPasteToo) {
+  New(1, 80);
+  QGuiApplication::clipboard()->setText(Text("abc"));
+  Key(Qt::Key_Insert, Qt::ShiftModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n");
+}
+
 TEST_F(MsgEditor, APasteFillsTheRowAndNoMore) {
   New(2, 80);
   Keys("xyz");
@@ -747,6 +816,13 @@ TEST_F(MsgEditor, APasteFillsTheRowAndNoMore) {
   Row(1)->setFocus();
   Key(Qt::Key_V, Qt::ControlModifier);
   EXPECT_TRUE(Asks());
+}
+
+TEST_F(MsgEditor, APasteGoesOnBehindCharactersWithoutAByte) {
+  New(1, 80);
+  QGuiApplication::clipboard()->setText(QString(100, QChar(0x4E2D)) + Text("abc"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n");
 }
 
 TEST_F(MsgEditor, TheContextMenuPastesIntoItsRow) {
@@ -759,9 +835,17 @@ TEST_F(MsgEditor, TheContextMenuPastesIntoItsRow) {
   ASSERT_NE(menu, nullptr);
   ASSERT_EQ(menu->actions().size(), 1);
   EXPECT_EQ(menu->actions()[0]->text(), Text("Paste"));
+  EXPECT_TRUE(menu->actions()[0]->isEnabled());
   menu->actions()[0]->trigger();
   menu->close();
   EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>abc\r\n");
+
+  QGuiApplication::clipboard()->clear();
+  QApplication::sendEvent(Row(1), &event);
+  menu = Row(1)->findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_FALSE(menu->actions()[0]->isEnabled());
+  menu->close();
 }
 
 TEST_F(MsgEditor, TabLeavesTheRowsToTheNextControlAndComesBackToTheSameRow) {
@@ -809,6 +893,41 @@ TEST_F(MsgEditor, ClosingAListReturnsTheKeyboardToTheRow) {
   Keys("y");
   EXPECT_EQ(colours->currentIndex(), 1);
   EXPECT_EQ(RowLines(), "<L01><SA><CB>y\r\n<L02>\r\n");
+}
+
+TEST_F(MsgEditor, EscapeInAnOpenListClosesTheListAndNotTheWindow) {
+  New(1, 80);
+  for (const char* name : {"ComboColor", "ComboSize", "ComboGraphic"}) {
+    auto* list = Find<QComboBox>(name);
+    list->setFocus();
+    list->showPopup();
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Escape);
+    EXPECT_FALSE(list->view()->isVisible());
+    EXPECT_EQ(list->currentIndex(), 0);
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_EQ(window_.focusWidget(), Row(1));
+  }
+  EXPECT_FALSE(Asks());
+}
+
+TEST_F(MsgEditor, ReturnPressesNoButtonFromAnywhere) {
+  New(1, 80);
+  const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver send(Text("frmSendMsg"), [](QWidget* w) { w->close(); });
+  const MessageBoxReader boxes;
+  for (QWidget* widget : window_.findChildren<QWidget*>()) {
+    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isVisible()) continue;
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_Return);
+    QTest::keyClick(widget, Qt::Key_Enter);
+    EXPECT_TRUE(window_.isVisible()) << widget->objectName().toStdString();
+  }
+  EXPECT_EQ(file.Count() + dimension.Count() + send.Count(), 0);
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_EQ(folder_.Read(Text("NEW.MSG")), "");
+  EXPECT_EQ(RowLines(), "<L01>\r\n");
 }
 
 TEST_F(MsgEditor, AWheelOverAListChoosesNothing) {
@@ -862,6 +981,27 @@ TEST_F(MsgEditor, UndoAndRedoKeysTakeEditsBackAndMakeThemAgain) {
   EXPECT_EQ(RowLines(), "<L01><SA><CA>abc\r\n<L02><SA><CA>paste\r\n");
 }
 
+TEST_F(MsgEditor, UndoWithNothingToTakeBackTouchesNothing) {
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  Key(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_FALSE(Find<QTimer>("Timer1")->isActive());
+  EXPECT_EQ(window_.focusWidget(), Button("butNew"));
+  EXPECT_FALSE(Asks());
+}
+
+TEST_F(MsgEditor, WhatWasTypedIntoAnotherPageIsNotTakenBack) {
+  New(1, 80);
+  Keys("abc");
+  Press("butSave");
+  Open(WriteMessage("other.msg", "<L01>xyz\r\n<L02>\r\n"));
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(Asks());
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>xyz\r\n<L02>\r\n");
+  New(1, 80);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01>\r\n");
+}
+
 TEST_F(MsgEditor, TheShiftButtonsMoveAllRowsBy10PixelsWithoutBound) {
   New(2, 80);
   for (int time = 0; time < 3; ++time) Press("Command3");
@@ -870,6 +1010,45 @@ TEST_F(MsgEditor, TheShiftButtonsMoveAllRowsBy10PixelsWithoutBound) {
   for (int row = 1; row <= 12; ++row) EXPECT_EQ(Row(row)->x(), -565);
   New(2, 80);
   EXPECT_EQ(Row(1)->x(), 5);
+}
+
+/// Keeps which part of a widget is painted while it lives.
+class PaintWatcher : public QObject {
+ public:
+  explicit PaintWatcher(QWidget* widget) { widget->installEventFilter(this); }
+
+  const QRegion& Painted() const { return painted_; }
+
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted_ += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+
+ private:
+  QRegion painted_;
+};
+
+TEST_F(MsgEditor, ATickPaintsWhatItChanges) {
+  Open(WriteMessage("blink.msg", "<L01><SA><CA>a<SE>b<SA>c<SE>d<SA>ef\r\n<L02>steady\r\n"));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  auto* cursor = Find<QTimer>("Timer1");
+  auto* blink = Find<QTimer>("Timer2");
+  for (QTimer* timer : {cursor, blink}) timer->stop();
+  QApplication::processEvents();
+  {
+    const PaintWatcher first(Row(1));
+    const PaintWatcher second(Row(2));
+    QMetaObject::invokeMethod(cursor, "timeout");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return first.Painted() == QRegion(72, 0, 1, 20); }));
+    EXPECT_TRUE(second.Painted().isEmpty());
+  }
+  const PaintWatcher first(Row(1));
+  const PaintWatcher second(Row(2));
+  QMetaObject::invokeMethod(blink, "timeout");
+  // From the first blinking character to the last.
+  const QRegion blinking(12, 0, 36, 20);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return first.Painted().intersected(blinking) == blinking; }));
+  EXPECT_TRUE(second.Painted().isEmpty());
 }
 
 TEST_F(MsgEditor, OnlyBlinkingCharactersBlink) {
@@ -907,10 +1086,12 @@ TEST_F(MsgEditor, ALongPathDoesNotWidenTheWindow) {
   ASSERT_TRUE(QFile::copy(WriteMessage("a.msg", "<L01>\r\n<L02>\r\n"), path));
   Open(path);
   EXPECT_EQ(FileName(), path);
-  EXPECT_EQ(Find<QLabel>("lblFileName")->toolTip(), path);
   EXPECT_EQ(window_.minimumSizeHint().width(), least);
   // The end of the path is in sight: another name looks different.
   auto* label = Find<QLabel>("lblFileName");
+  QHelpEvent help(QEvent::ToolTip, QPoint(), label->mapToGlobal(QPoint()));
+  QApplication::sendEvent(label, &help);
+  EXPECT_EQ(QToolTip::text(), path);
   const QImage shown = label->grab().toImage();
   label->setText(path.chopped(5) + Text("b.msg"));
   EXPECT_NE(label->grab().toImage(), shown);
@@ -922,6 +1103,9 @@ TEST_F(MsgEditor, APageOfNoRowsCanBeOpenedAndSaved) {
   Open(path);
   EXPECT_EQ(Find<QLabel>("lblRow")->text(), Text("0"));
   for (int row = 1; row <= 12; ++row) EXPECT_FALSE(Row(row)->isVisible());
+  for (const char* name : {"butSave", "butSaveAs", "cmdAddDate", "cmdAddTime", "ComboGraphic"}) {
+    EXPECT_TRUE(Find<QWidget>(name)->isEnabled()) << name;
+  }
   Press("cmdAddDate");
   EXPECT_TRUE(Asks());
   EXPECT_EQ(SavedAs(path), "*** Brivon Message File ***\r\nRow = 0\r\nCol = 10\r\n");
@@ -988,8 +1172,20 @@ TEST_F(MsgEditor, MessagesAreLookedUpInTheLanguageFile) {
   boxes.Answer(QMessageBox::No);
   Open(folder_.Write(Text("bad.msg"), "bad"));
   EXPECT_EQ(boxes.Texts(), QStringList({Text("Speichern?"), Text("Fehler!")}));
-  EXPECT_EQ(dialog_filters_.value(1), Text("Nachricht(*.msg)"));
-  EXPECT_EQ(dialog_filters_.value(2), Text("Plan(*.sch)"));
+  EXPECT_EQ(dialog_.filters.value(1), Text("Nachricht(*.msg)"));
+  EXPECT_EQ(dialog_.filters.value(2), Text("Plan(*.sch)"));
+}
+
+TEST_F(MsgEditor, TheTitlesOfItsFileDialogsAreThoseOfTheLanguageFile) {
+  folder_.UseLanguage(
+      "[frmMsgEditor]\r\nfrmMsgEditor.butOpen=Auf\r\nDialogTitleOpenMsg=Meldung suchen\r\n"
+      "DialogTitleSaveAs=Sichern als\r\n");
+  const frmMsgEditor loaded;
+  Open(QString());
+  EXPECT_EQ(dialog_.title, Text("Meldung suchen"));
+  New(1, 80);
+  Choose("butSaveAs", QString());
+  EXPECT_EQ(dialog_.title, Text("Sichern als"));
 }
 
 TEST_F(MsgEditor, NoCaptionIsClippedHoweverLong) {

@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -23,7 +24,8 @@ bool MessageBoxReader::eventFilter(QObject* object, QEvent* event) {
   if (box != nullptr && event->type() == QEvent::Show) {
     QTimer::singleShot(0, box, [this, box] {
       seen_.append({box->text(), box->windowTitle(), box->icon(), box->informativeText(),
-                    box->standardButtons(), box->parentWidget()});
+                    box->standardButtons(), box->standardButton(box->defaultButton()),
+                    box->standardButton(box->escapeButton()), box->parentWidget()});
       QAbstractButton* button = answers_.isEmpty() ? nullptr : box->button(answers_.takeFirst());
       if (button == nullptr) button = box->button(QMessageBox::Ok);
       if (button == nullptr) button = box->button(QMessageBox::Cancel);
@@ -53,13 +55,13 @@ bool ModalWindowDriver::eventFilter(QObject* object, QEvent* event) {
 FileChooser::FileChooser(const QString& path)
     : ModalWindowDriver(QStringLiteral("CMDialog1"), [this, path](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
-        title_ = dialog->windowTitle();
-        filter_ = dialog->selectedNameFilter();
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        seen_ = {dialog->windowTitle(), dialog->nameFilters(), dialog->selectedNameFilter(),
+                 dialog->directory().absolutePath(), name->text()};
         if (path.isEmpty()) {
           QTest::keyClick(dialog, Qt::Key_Escape);
           return;
         }
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
       }) {}

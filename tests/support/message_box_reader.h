@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 struct SeenMessageBox {
   QString text;
@@ -14,6 +15,8 @@ struct SeenMessageBox {
   QMessageBox::Icon icon;
   QString informative;
   QMessageBox::StandardButtons buttons;
+  QMessageBox::StandardButton default_button;
+  QMessageBox::StandardButton escape_button;
   QWidget* parent;
 };
 
@@ -58,17 +61,24 @@ class ModalWindowDriver : public QObject {
   int count_ = 0;
 };
 
+/// What a file dialog offered before a name was entered.
+struct SeenFileDialog {
+  QString title;
+  QStringList filters;
+  QString filter;  ///< The one in force.
+  QString folder;
+  QString name;
+};
+
 /// Answers every file dialog that is opened while it lives with `path`, entered in its name box; an
 /// empty path cancels it.
 class FileChooser : public ModalWindowDriver {
  public:
   explicit FileChooser(const QString& path);
 
-  /// The title and the selected filter of the dialog seen last.
-  QString Title() const { return title_; }
-  QString Filter() const { return filter_; }
+  /// The dialog seen last.
+  const SeenFileDialog& Seen() const { return seen_; }
 
  private:
-  QString title_;
-  QString filter_;
+  SeenFileDialog seen_;
 };
