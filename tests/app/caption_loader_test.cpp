@@ -169,10 +169,7 @@ TEST_P(EveryWindowTest, AValueOf10000CharactersIsCutAndTheWindowStillOpens) {
   EXPECT_FALSE(window->grab().isNull());
 }
 
-// The page editor is as wide as its page wants it to be.
-class EveryDialogTest : public EveryWindowTest {};
-
-TEST_P(EveryDialogTest, CaptionsOf200CharactersMakeNoWindowWiderThanTheScreen) {
+TEST_P(EveryWindowTest, CaptionsOf200CharactersMakeNoWindowWiderThanTheScreen) {
   const QString left_to_right = Text("Beschriftung ").repeated(16).left(200);
   const QString right_to_left = Text("כיתוב ארוך ").repeated(19).left(200);
   for (const QString& caption : {left_to_right, right_to_left}) {
@@ -219,9 +216,6 @@ TEST_P(EveryWindowTest, ItsCommandButtonsLoseTheirBoldFontWhereTheTableSaysSo) {
 std::string WindowName(const testing::TestParamInfo<NamedWindow>& test) { return test.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Windows, EveryWindowTest, testing::ValuesIn(kWindows), WindowName);
-INSTANTIATE_TEST_SUITE_P(Windows, EveryDialogTest,
-                         testing::ValuesIn(std::begin(kWindows), std::end(kWindows) - 1),
-                         WindowName);
 
 // A window of the test's own, with the control kinds that a table may name.
 class ScheduleLikeWindow : public QWidget {
