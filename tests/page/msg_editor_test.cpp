@@ -22,6 +22,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/caption_button.h"
+#include "app/fitted_text.h"
 #include "app/module_language.h"
 #include "core/dialog_results.h"
 #include "page/frmMsgEditor.h"
@@ -1188,20 +1190,27 @@ TEST_F(MsgEditor, TheTitlesOfItsFileDialogsAreThoseOfTheLanguageFile) {
   EXPECT_EQ(dialog_.title, Text("Sichern als"));
 }
 
-TEST_F(MsgEditor, NoCaptionIsClippedHoweverLong) {
-  for (QPushButton* button : window_.findChildren<QPushButton*>()) {
-    button->setText(button->text() + Text(" in a much longer translation"));
+TEST_F(MsgEditor, CaptionsThatAreMuchLongerAreStillThereWhole) {
+  const auto buttons = window_.findChildren<CaptionButton*>();
+  ASSERT_EQ(buttons.size(), 8);
+  for (CaptionButton* button : buttons) {
+    QFont plain = button->font();
+    plain.setBold(false);
+    button->setFont(plain);
+    button->setText(button->text() + Text(" in a longer translation"));
   }
-  Find<QLabel>("lblColor")->setText(QString(60, QLatin1Char('w')));
-  Find<QCheckBox>("chkBlink")->setText(QString(60, QLatin1Char('w')));
+  Find<QLabel>("lblColor")->setText(Text("The colour of what is typed from now on"));
+  Find<QCheckBox>("chkBlink")->setText(Text("Blinks from now on"));
   window_.adjustSize();
-  for (QWidget* widget : window_.findChildren<QWidget*>()) {
-    if (qobject_cast<QPushButton*>(widget) == nullptr &&
-        qobject_cast<QCheckBox*>(widget) == nullptr && widget->objectName() != Text("lblColor")) {
-      continue;
-    }
-    EXPECT_GE(widget->width(), widget->sizeHint().width()) << widget->objectName().toStdString();
+  for (const CaptionButton* button : buttons) {
+    EXPECT_TRUE(button->Fit().complete) << button->text().toStdString() << button->width();
   }
+  for (const char* name : {"lblColor", "chkBlink"}) {
+    const auto* control = Find<QWidget>(name);
+    const QString text = control->property("text").toString();
+    EXPECT_TRUE(FitText(control->font(), text, control->size()).complete) << name;
+  }
+  EXPECT_LE(window_.width(), 800);
 }
 
 }  // namespace
