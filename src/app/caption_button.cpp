@@ -5,7 +5,8 @@
 #include <QHelpEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
-#include <QToolTip>
+
+#include "app/plain_tool_tip.h"
 
 namespace {
 
@@ -74,7 +75,7 @@ void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
 bool CaptionButton::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && !Fit().complete) {
     const QString tip = toolTip().isEmpty() ? text() : text() + QLatin1Char('\n') + toolTip();
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip, this);
+    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), tip, this);
     return true;
   }
   return QPushButton::event(event);

@@ -3,7 +3,8 @@
 #include <QHelpEvent>
 #include <QStyle>
 #include <QStylePainter>
-#include <QToolTip>
+
+#include "app/plain_tool_tip.h"
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
@@ -25,7 +26,7 @@ void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
 
 bool ElidedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), text(), this);
     return true;
   }
   return QLabel::event(event);

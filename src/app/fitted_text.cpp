@@ -6,7 +6,8 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
-#include <QToolTip>
+
+#include "app/plain_tool_tip.h"
 
 namespace {
 
@@ -109,7 +110,7 @@ TextFit DrawFittedText(QPainter* painter, const QRectF& area, Qt::Alignment alig
 bool FittedLabel::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip &&
       !FitText(font(), text(), QRectF(contentsRect()).size()).complete) {
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), text(), this);
     return true;
   }
   return QLabel::event(event);

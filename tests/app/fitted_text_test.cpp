@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "app/caption_button.h"
+#include "app/elided_label.h"
 
 namespace {
 
@@ -116,6 +117,15 @@ TEST(FittedLabelTest, TheToolTipOfACutTextShowsItWhole) {
   label.resize(60, 30);
   label.show();
   EXPECT_EQ(ToolTipOf(label), QString(255, u'W'));
+}
+
+TEST(ElidedLabelTest, NothingInAFileNameIsTakenForMarkup) {
+  ElidedLabel label;
+  label.setText(Text("/home/<b>bold</b>/page.msg"));
+  label.resize(300, 20);
+  label.show();
+  const QString tip = ToolTipOf(label);
+  EXPECT_TRUE(tip.contains(Text("/home/&lt;b&gt;bold&lt;/b&gt;/page.msg"))) << tip.toStdString();
 }
 
 }  // namespace
