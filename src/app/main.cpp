@@ -7,7 +7,6 @@ int main(int /*argc*/, char** argv) {
   QApplication application(count, argv);
   // No display name: the toolkit would append it to the caption of every window.
   QApplication::setApplicationName(QStringLiteral("brivon"));
-  QApplication::setApplicationVersion(QStringLiteral(BRIVON_VERSION));
 
   frmMain window;
   window.show();

@@ -14,9 +14,10 @@ QString Title() { return QStringLiteral("Command"); }
 /// Sends `frame` up to five times; every failed attempt, also the last, is followed by a pause.
 bool SendWithPauses(Transmission& transmission, int id, const QByteArray& frame) {
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
+    if (!MaySend(transmission.link, transmission.timer)) break;
     transmission.link.Write(frame);
     if (WaitForAck(transmission.link, transmission.timer, id)) return true;
-    if (!MayTryAgain(transmission.link, transmission.timer)) break;
+    if (!MaySend(transmission.link, transmission.timer)) break;
     WaitTicks(transmission.timer, transmission.configuration.delay_period);
   }
   return false;

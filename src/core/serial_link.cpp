@@ -11,8 +11,7 @@
 namespace Brivon1 {
 namespace {
 
-constexpr qint64 kReadBuffer = 64 * 1024;  // what a panel may send while nobody reads
-constexpr qint64 kLongestDrain = 3000;     // milliseconds for the last bytes to leave at a close
+constexpr qint64 kLongestDrain = 3000;  // milliseconds for the last bytes to leave at a close
 
 QString OpenFailure(const QString& device, const QString& system_reason) {
   QString reason = device + QStringLiteral(": ") + system_reason;
@@ -25,10 +24,6 @@ QString OpenFailure(const QString& device, const QString& system_reason) {
   }
   return reason;
 }
-
-// A panel beside the PC answers within a millisecond: the first read behind a frame waits for that,
-// which is cheaper than a round through the event loop.
-constexpr int kPromptAnswer = 1;
 
 }  // namespace
 

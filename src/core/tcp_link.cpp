@@ -9,12 +9,7 @@
 namespace Brivon1 {
 namespace {
 
-constexpr qint64 kReadBuffer = 64 * 1024;  // what a panel may send while nobody reads
-constexpr int kLongestDrain = 1000;        // milliseconds for the last bytes to leave at a close
-
-// A panel beside the PC answers within a millisecond: the first read behind a frame waits for that,
-// which is cheaper than a round through the event loop.
-constexpr int kPromptAnswer = 1;
+constexpr int kLongestDrain = 1000;  // milliseconds for the last bytes to leave at a close
 
 }  // namespace
 

@@ -54,10 +54,10 @@ void DiscardInput(PanelLink& link) {
 bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
                            const std::function<void()>& before) {
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
+    if (!MaySend(transmission.link, transmission.timer)) break;
     before();
     transmission.link.Write(frame);
     if (WaitForAck(transmission.link, transmission.timer, id)) return true;
-    if (!MayTryAgain(transmission.link, transmission.timer)) break;
   }
   return false;
 }

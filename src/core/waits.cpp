@@ -49,7 +49,7 @@ bool WaitForAck(PanelLink& link, TickTimer& timer, int id) {
   return timer.last_ack_status == 1;
 }
 
-bool MayTryAgain(const PanelLink& link, const TickTimer& timer) {
+bool MaySend(const PanelLink& link, const TickTimer& timer) {
   return !link.IsLost() && !timer.program_ends;
 }
 

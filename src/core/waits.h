@@ -18,8 +18,8 @@ inline constexpr int kAttempts = 5;
 /// run into the time-out, false and status -1, as a lost line does at once.
 bool WaitForAck(PanelLink& link, TickTimer& timer, int id);
 
-/// Whether another attempt makes sense: the line is not lost and the program is not ending.
-bool MayTryAgain(const PanelLink& link, const TickTimer& timer);
+/// Whether sending a frame makes sense: the line is not lost and the program is not ending.
+bool MaySend(const PanelLink& link, const TickTimer& timer);
 
 /// Waits until the given number of milliseconds of ticks has passed, 0 to 30000.
 void WaitTicks(TickTimer& timer, int milliseconds);

@@ -191,7 +191,6 @@ bool frmMsgEditor::MayLeavePage() {
 
 void frmMsgEditor::New() {
   if (!MayLeavePage()) return;
-  Brivon1::DialogAccepted = false;
   frmDimension(this).exec();
   if (!Brivon1::DialogAccepted) return;
   page_.Begin({Brivon1::SelectedRows, Brivon1::SelectedCols});

@@ -68,6 +68,15 @@ TEST_F(Commands, ALostLineEndsTheAttemptsWithoutAPause) {
   EXPECT_EQ(time_.Now(), 30);
 }
 
+TEST_F(Commands, OverALostLineNoPanelHasObeyed) {
+  link_.LoseAfter(0);
+  link_.Write("the last frame of an earlier exchange");
+  while (!link_.IsLost()) time_.Advance();
+  ExpectReport(Run(PanelCommand::kDeleteAll, 0), QStringLiteral("Transmission error!"), kTitle,
+               false);
+  EXPECT_EQ(link_.Written().size(), 1);
+}
+
 TEST_F(Commands, Panel200IsAddressedAsC8AndDeletingItsPage7SendsThreeDigits) {
   link_.AnswerAfter(1, "<IDC8>\r\n");
   ExpectReport(Run(PanelCommand::kDeletePage, 200, QStringLiteral("7")),

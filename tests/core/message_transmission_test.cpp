@@ -204,6 +204,14 @@ TEST_F(MessageTransmission, ALineLostInMidTransferEndsTheAttemptsAtOnce) {
   EXPECT_EQ(link_.Written().size(), 2);
 }
 
+TEST_F(MessageTransmission, OverALostLineNothingIsSentToAllPanelsEither) {
+  link_.LoseAfter(0);
+  link_.Write("the last frame of an earlier exchange");
+  while (!link_.IsLost()) time_.Advance();
+  EXPECT_FALSE(Send(File({"<L01>", "<L02>"}), 0, {2, 96}));
+  EXPECT_EQ(link_.Written().size(), 1);
+}
+
 TEST_F(MessageTransmission, TheEndOfTheProgramEndsTheAttemptsAtOnce) {
   timer_.EndProgram();
   EXPECT_FALSE(Send(File({"<L01>", "<L02>"}), 26, {2, 96}));
