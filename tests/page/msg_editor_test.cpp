@@ -1190,6 +1190,24 @@ TEST_F(MsgEditor, TheTitlesOfItsFileDialogsAreThoseOfTheLanguageFile) {
   EXPECT_EQ(dialog_.title, Text("Sichern als"));
 }
 
+TEST_F(MsgEditor, ThereIsRoomForTwelveRowsHoweverLongTheCaptionsAre) {
+  QByteArray texts = "[frmMsgEditor]\r\n";
+  for (const char* name :
+       {"labelRow", "labelCol", "lblColor", "lblSize", "lblGraphic", "chkBlink"}) {
+    texts += QByteArray("frmMsgEditor.") + name + '=' + QByteArray("a long caption ").repeated(8) +
+             "\r\n";
+  }
+  folder_.UseLanguage(texts);
+  frmMsgEditor window;
+  window.show();
+  auto* area = window.findChild<QWidget*>(Text("Picture1(12)"))->parentWidget();
+  EXPECT_GE(area->visibleRegion().boundingRect().height(), 12 * 24 + 4);
+  window.resize(window.minimumSizeHint());
+  QCoreApplication::processEvents();
+  EXPECT_GE(area->visibleRegion().boundingRect().height(), 12 * 24 + 4);
+  EXPECT_LE(window.height(), 700);
+}
+
 TEST_F(MsgEditor, CaptionsThatAreMuchLongerAreStillThereWhole) {
   const auto buttons = window_.findChildren<CaptionButton*>();
   ASSERT_EQ(buttons.size(), 8);
