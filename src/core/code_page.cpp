@@ -101,4 +101,14 @@ std::optional<char> CodePage::ToByte(QChar character) const {
   return found == bytes_.constEnd() ? std::nullopt : std::optional<char>(*found);
 }
 
+std::optional<QByteArray> CodePage::ToBytes(QStringView text) const {
+  QByteArray bytes;
+  for (const QChar character : text) {
+    const std::optional<char> byte = ToByte(character);
+    if (!byte) return std::nullopt;
+    bytes.append(*byte);
+  }
+  return bytes;
+}
+
 }  // namespace Brivon1

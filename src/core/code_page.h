@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QLocale>
 #include <QString>
+#include <QStringView>
 
 namespace Brivon1 {
 
@@ -32,6 +33,9 @@ class CodePage {
 
   /// The byte of a character, or nothing when the code page has none for it.
   std::optional<char> ToByte(QChar character) const;
+
+  /// The bytes of a text, or nothing when the code page lacks one of its characters.
+  std::optional<QByteArray> ToBytes(QStringView text) const;
 
  private:
   std::array<QChar, 256> text_;

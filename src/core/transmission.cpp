@@ -38,8 +38,8 @@ QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& p
          text + " \r\n";
 }
 
-/// Bytes left over from an earlier exchange would be counted into the next acknowledgement. A panel
-/// that never stops sending is not waited for.
+}  // namespace
+
 void DiscardInput(PanelLink& link) {
   qsizetype discarded = 0;
   while (discarded < kMostDiscarded) {
@@ -48,8 +48,6 @@ void DiscardInput(PanelLink& link) {
     discarded += size;
   }
 }
-
-}  // namespace
 
 bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
                            const std::function<void()>& before) {

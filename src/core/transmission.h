@@ -26,6 +26,10 @@ struct Transmission {
   StatusLabel status;
 };
 
+/// Throws away what has been received and not read: bytes left over from an earlier exchange would
+/// be counted into the next acknowledgement. A panel that never stops sending is not waited for.
+void DiscardInput(PanelLink& link);
+
 /// Sends `frame` up to five times without a pause, until panel `id` acknowledges it. `before` is
 /// called ahead of every attempt. A lost line ends the attempts.
 bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,

@@ -1,0 +1,152 @@
+#include "core/schedule_transmission.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "app/module_language.h"
+#include "core/code_page.h"
+#include "core/file_checks.h"
+#include "core/files.h"
+#include "core/framing.h"
+#include "core/text.h"
+#include "core/waits.h"
+#include "page/display_feature.h"
+#include "schedule/schedule.h"
+#include "schedule/schedule_reader.h"
+
+namespace Brivon1 {
+namespace {
+
+using ModuleLanguage::TranslateMessage;
+
+constexpr int kPagesOfALetter = 12;
+constexpr int kPausesAheadOfTheSchedule = 3;
+
+/// A step of the schedule as the panel is told it.
+struct Entry {
+  qsizetype file;  // its place among the different files, from 0
+  qint16 delay;
+  char feature;
+};
+
+struct Plan {
+  ScheduleHead head;
+  QStringList files;  // the different message files, in the order of their first appearance
+  QList<Entry> entries;
+};
+
+/// "A" to "J", or nothing for any other text.
+std::optional<char> ScheduleLetter(const QString& text) {
+  if (text.size() != 1) return std::nullopt;
+  const char letter = text.at(0).toLatin1();
+  if (letter >= 'A' && letter <= 'J') return letter;
+  if (letter >= 'a' && letter <= 'j') return static_cast<char>(letter - 'a' + 'A');
+  return std::nullopt;
+}
+
+QByteArray PageOf(char letter, qsizetype file) {
+  return ZeroPadded((letter - 'A') * kPagesOfALetter + 1 + static_cast<int>(file), 3);
+}
+
+/// Two digits for an hour or minute that is a number; any other text as it is.
+QByteArray TimeText(const QByteArray& value) {
+  const QByteArray number = TrimBlanks(value);
+  const bool is_number = !number.isEmpty() && std::all_of(number.begin(), number.end(), [](char c) {
+    return c >= '0' && c <= '9';
+  });
+  return is_number ? ZeroPadded(LeadingNumber16(number), 2) : value;
+}
+
+/// Nothing for a file that ends early or names more than kMostDistinctFiles.
+std::optional<Plan> ReadPlan(const QString& path) {
+  ScheduleReader file(path);
+  if (!file.Head()) return std::nullopt;
+  const CodePage& code_page = CodePage::System();
+  Plan plan{*file.Head(), {}, {}};
+  QStringList compared;  // the files, as they are compared
+  while (plan.entries.size() < plan.head.sequences) {
+    const std::optional<QByteArray> path_line = file.NextPath();
+    const std::optional<SequenceDetails> details = file.NextDetails();
+    if (!path_line || !details) return std::nullopt;
+    const QString name = code_page.ToText(TrimBlanks(*path_line));
+    qsizetype index = compared.indexOf(name.toUpper());
+    if (index < 0) {
+      index = compared.size();
+      compared.append(name.toUpper());
+      plan.files.append(name);
+    }
+    const QChar feature = FeatureCode(code_page.ToText(details->feature));
+    plan.entries.append({index, details->delay, feature.toLatin1()});
+  }
+  if (plan.files.size() > kMostDistinctFiles) return std::nullopt;
+  return plan;
+}
+
+bool IsEmpty(const Plan& plan) {
+  return std::all_of(plan.files.begin(), plan.files.end(),
+                     [](const QString& file) { return file.isEmpty(); });
+}
+
+/// What keeps a message file from being sent, in English; empty where nothing does.
+QString FileRefusal(const QString& file, Dimension dimension) {
+  if (!FileExists(file)) return QStringLiteral("File not found");
+  const std::optional<Dimension> found = IsMessageFile(file);
+  if (!found) return QStringLiteral("Error in opening file");
+  if (*found != dimension) return QStringLiteral("Dimension Not Match");
+  return {};
+}
+
+QByteArray ScheduleFrame(const Plan& plan, int id, char letter) {
+  QList<QByteArray> entries;
+  for (const Entry& entry : plan.entries) {
+    entries.append(PageOf(letter, entry.file) + ZeroPadded(entry.delay, 2) + entry.feature);
+  }
+  const QByteArray weekday =
+      plan.head.weekday == 0 ? QByteArray("*") : QByteArray::number(plan.head.weekday - 1);
+  return AckPrefix(id) + "<T" + letter + '>' + weekday + TimeText(plan.head.hour) +
+         TimeText(plan.head.minute) + entries.join(',') + "\r\n";
+}
+
+}  // namespace
+
+bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
+                      const QString& letter_text, const ShowText& show_text) {
+  const std::optional<char> letter = ScheduleLetter(letter_text);
+  if (!letter) {
+    show_text(TranslateMessage(QStringLiteral("Please enter A-J")));
+    return false;
+  }
+  const std::optional<Plan> plan = ReadPlan(path.trimmed());
+  if (!plan) return false;
+  if (IsEmpty(*plan)) {
+    show_text(TranslateMessage(QStringLiteral("Empty Schedule File!")));
+    return false;
+  }
+  for (const QString& file : plan->files) {
+    const QString refusal = FileRefusal(file, plan->head.dimension);
+    if (refusal.isEmpty()) continue;
+    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + file);
+    return false;
+  }
+
+  for (qsizetype index = 0; index < plan->files.size(); ++index) {
+    const QString& file = plan->files.at(index);
+    if (SendMessageFile(transmission, file, id, PageOf(*letter, index), plan->head.dimension)) {
+      continue;
+    }
+    show_text(TranslateMessage(QStringLiteral("Error in sending")) + QLatin1Char(' ') + file +
+              QLatin1Char('!'));
+    return false;
+  }
+  for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
+    WaitTicks(transmission.timer, transmission.configuration.delay_period);
+  }
+  transmission.status(QStringLiteral("Schedule--->"));
+  DiscardInput(transmission.link);
+  const bool sent =
+      SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {});
+  if (sent) transmission.status(QStringLiteral("<--- Ack"));
+  return sent;
+}
+
+}  // namespace Brivon1

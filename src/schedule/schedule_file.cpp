@@ -1,0 +1,94 @@
+#include "schedule/schedule_file.h"
+
+#include "core/code_page.h"
+#include "core/file_checks.h"
+#include "core/files.h"
+#include "core/text.h"
+#include "schedule/schedule_reader.h"
+
+namespace Brivon1 {
+namespace {
+
+constexpr qint16 kLastHour = 23;
+constexpr qint16 kLastMinute = 59;
+
+bool IsTime(const QByteArray& text, qint16 last) {
+  if (TrimBlanks(text) == kEveryTime) return true;
+  const qint16 number = LeadingNumber16(text);
+  return number >= 0 && number <= last;
+}
+
+QByteArray NumberLine(const char* key, int number) {
+  return key + QByteArray::number(number) + "\r\n";
+}
+
+}  // namespace
+
+std::optional<Schedule> LoadScheduleFile(const QString& path) {
+  ScheduleReader file(path);
+  const std::optional<ScheduleHead>& head = file.Head();
+  if (!head) return std::nullopt;
+
+  Schedule schedule;
+  schedule.weekday = head->weekday;
+  schedule.hour = head->hour;
+  schedule.minute = head->minute;
+  schedule.dimension = head->dimension;
+  bool is_listed = true;
+  while (is_listed && schedule.Count() < head->sequences) {
+    const std::optional<QByteArray> path_line = file.NextPath();
+    if (!path_line) return std::nullopt;
+    Sequence sequence;
+    sequence.path = FixedField(*path_line, kPathField);
+    is_listed = schedule.OfferFile(sequence.path);
+    if (is_listed) {
+      const auto details = file.NextDetails();
+      if (!details) return std::nullopt;
+      sequence.delay = details->delay;
+      sequence.feature = FixedField(details->feature, kFeatureField);
+    }
+    schedule.Append(sequence);
+  }
+  while (schedule.Count() < head->sequences) schedule.Append({});
+  return schedule;
+}
+
+QString SaveScheduleFile(const QString& path, const Schedule& schedule) {
+  if (!IsTime(schedule.hour, kLastHour)) return QStringLiteral("Hour Format Wrong!");
+  if (!IsTime(schedule.minute, kLastMinute)) return QStringLiteral("Minute Format Wrong!");
+
+  QByteArray content = QByteArray(kScheduleHeader) + "\r\n";
+  content += NumberLine("Week =", schedule.weekday);
+  content += "Hour =" + TrimBlanks(schedule.hour) + "\r\n";
+  content += "Min =" + TrimBlanks(schedule.minute) + "\r\n";
+  content += NumberLine("Row =", schedule.dimension.rows);
+  content += NumberLine("Col =", schedule.dimension.columns);
+  content += NumberLine("No of Sequence =", schedule.Count());
+  for (const Sequence& sequence : schedule.Sequences()) {
+    content += sequence.path + "\r\n";
+    content += NumberLine("", sequence.delay);
+    content += sequence.feature + "\r\n";
+  }
+  return SaveFailureText(SaveWholeFile(path, content));
+}
+
+std::optional<QByteArray> PathField(const QString& path) {
+  const std::optional<QByteArray> bytes = CodePage::System().ToBytes(path);
+  if (!bytes || bytes->size() > kPathField || TrimBlanks(*bytes) != *bytes ||
+      bytes->contains('\r') || bytes->contains('\n')) {
+    return std::nullopt;
+  }
+  return FixedField(*bytes, kPathField);
+}
+
+QString FieldPath(const QByteArray& field) { return CodePage::System().ToText(TrimBlanks(field)); }
+
+QString MessageFileRefusal(const QString& path, Dimension dimension) {
+  const std::optional<Dimension> file = IsMessageFile(path);
+  if (!file) return QStringLiteral("Not Message File Format!");
+  if (*file != dimension) return QStringLiteral("Dimension not matched!");
+  if (!PathField(path)) return QStringLiteral("Invalid path!");
+  return {};
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,36 @@
+// The schedule file (".sch"): a header, the time slot, the panel's size, and three lines for each
+// sequence, the texts as fixed fields.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+#include "schedule/schedule.h"
+
+namespace Brivon1 {
+
+/// Reads a schedule, or gives nothing where ScheduleReader refuses the file or it ends early. A
+/// file that names a 27th different message file is read up to there; the sequences from that one's
+/// delay on are blank.
+std::optional<Schedule> LoadScheduleFile(const QString& path);
+
+/// Saves a schedule, whole or not at all. Returns the English message for what was wrong: "Hour
+/// Format Wrong!" or "Minute Format Wrong!" where one is neither kEveryTime nor 0 to 23 or 59 (a
+/// text that begins with no number counts as 0), or SaveFailureText(). Empty: it is saved.
+QString SaveScheduleFile(const QString& path, const Schedule& schedule);
+
+/// A message file's path as the schedule's field, or nothing where it would not come back the same:
+/// longer than the field, a blank at an end, a line end within, or a character that the code page
+/// does not have.
+std::optional<QByteArray> PathField(const QString& path);
+
+/// The path that a field holds, without the blanks at its ends.
+QString FieldPath(const QByteArray& field);
+
+/// Why a message file cannot enter a schedule made for `dimension`, as English message: "Not
+/// Message File Format!", "Dimension not matched!", or "Invalid path!" where PathField() refuses
+/// the path. Empty: it can.
+QString MessageFileRefusal(const QString& path, Dimension dimension);
+
+}  // namespace Brivon1

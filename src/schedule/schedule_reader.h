@@ -1,0 +1,52 @@
+// A schedule file, line by line: what its editor and its transmission both read it by.
+#pragma once
+
+#include <optional>
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+#include "core/dimension.h"
+#include "core/files.h"
+
+namespace Brivon1 {
+
+/// The lines above the sequences.
+struct ScheduleHead {
+  int weekday = 0;  ///< 0 (every day), 1 (Sunday) to 7 (Saturday).
+  QByteArray hour;  ///< What stands right of the "=", unconverted.
+  QByteArray minute;
+  Dimension dimension;
+  int sequences = 0;  ///< 1 to 32.
+};
+
+/// What follows a sequence's path.
+struct SequenceDetails {
+  qint16 delay = 0;  ///< Seconds.
+  QByteArray feature;
+};
+
+class ScheduleReader {
+ public:
+  explicit ScheduleReader(const QString& path);
+
+  /// Nothing where the file is no schedule: no such file, another header line, a weekday outside 0
+  /// to 7, no sequences or more than 32, rows or columns of 0, or a file that ends before that.
+  const std::optional<ScheduleHead>& Head() const { return head_; }
+
+  /// The path line of the next sequence, or nothing where the file ends before it.
+  std::optional<QByteArray> NextPath() { return lines_.Next(); }
+
+  /// The two lines behind a path line, or nothing where the file ends before them.
+  std::optional<SequenceDetails> NextDetails();
+
+ private:
+  std::optional<ScheduleHead> ReadHead();
+
+  QFile file_;
+  LineReader lines_;
+  std::optional<ScheduleHead> head_;
+};
+
+}  // namespace Brivon1
