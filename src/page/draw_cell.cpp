@@ -153,12 +153,13 @@ void DrawCell(QPainter& painter, char character, char size, char colour, int x, 
 }
 
 void DrawRow(QPainter& painter, const Brivon1::PageRow& row, const QRect& exposed,
-             bool blinking_hidden) {
+             bool blinking_hidden, RowSpan span) {
   // A cell to either side may reach over its border into the exposed part.
-  const qsizetype first = std::max(0, exposed.left() / kCellWidth - 1);
-  const qsizetype behind = std::min<qsizetype>(row.Length(), exposed.right() / kCellWidth + 2);
+  const qsizetype first = span.first + std::max(0, exposed.left() / kCellWidth - 1);
+  const qsizetype behind =
+      std::min(span.Behind(row), span.first + exposed.right() / kCellWidth + 2);
   for (qsizetype at = first; at < behind; ++at) {
-    const int x = static_cast<int>(at) * kCellWidth;
+    const int x = static_cast<int>(at - span.first) * kCellWidth;
     if (blinking_hidden && row.Blink()[at] == Brivon1::kBlinking) {
       DrawCell(painter, ' ', 'A', kBlankColour, x, 0);
     } else {

@@ -3,10 +3,12 @@
 // screen's resolution and kept, so that a row is a series of copies.
 #pragma once
 
+#include <limits>
+
 #include <QColor>
 #include <QRect>
 
-#include "page/page_message.h"
+#include "page/row_editing.h"
 
 class QPainter;
 
@@ -30,10 +32,21 @@ constexpr int RowWidth(int characters) { return characters * Brivon1::kCellWidth
 /// blanks the cell, a size letter that is none is "A".
 void DrawCell(QPainter& painter, char character, char size, char colour, int x, int y);
 
-/// Draws the characters of `row` that touch `exposed`, its left end at x 0; blinking ones as blank
-/// cells if `blinking_hidden`.
-void DrawRow(QPainter& painter, const Brivon1::PageRow& row, const QRect& exposed,
-             bool blinking_hidden);
+/// The part of a row that is shown: at most `most` characters, from the one at `first` on.
+struct RowSpan {
+  qsizetype first = 0;
+  qsizetype most = std::numeric_limits<qsizetype>::max();
 
-/// Draws the cursor line in front of the character at `column`, white or as if erased.
+  /// The position behind the last character shown of `row`.
+  qsizetype Behind(const Brivon1::PageRow& row) const {
+    return most < row.Length() - first ? first + most : row.Length();
+  }
+};
+
+/// Draws the characters of `row` that lie in `span` and touch `exposed`, the span's left end at x
+/// 0; blinking ones as blank cells if `blinking_hidden`.
+void DrawRow(QPainter& painter, const Brivon1::PageRow& row, const QRect& exposed,
+             bool blinking_hidden, RowSpan span = {});
+
+/// Draws the cursor line in front of the cell `column`, white or as if erased.
 void DrawCursorLine(QPainter& painter, int column, bool shown);

@@ -7,7 +7,7 @@
 
 namespace Brivon1 {
 
-/// A row of a page and what stood in it.
+/// A row of a page, or the one of a scrolling message, and what stood in it.
 struct RowState {
   int number = 0;
   PageRow row;

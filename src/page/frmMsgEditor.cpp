@@ -1,21 +1,18 @@
 #include "page/frmMsgEditor.h"
 
-#include <algorithm>
 #include <utility>
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QShortcut>
 #include <QTimer>
 
 #include "app/caption_loader.h"
 #include "app/file_dialogs.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
-#include "core/code_page.h"
 #include "core/dialog_results.h"
+#include "page/editor_controls.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
 #include "page/message_file.h"
@@ -24,28 +21,11 @@
 namespace {
 
 using Brivon1::kMaxRows;
-using Brivon1::PageMessage;
 using ModuleLanguage::TranslateMessage;
 
 constexpr int kCursorMilliseconds = 500;
 constexpr int kBlinkMilliseconds = 500;
 constexpr int kShiftPixels = 10;
-
-/// What is pasted of a text: its first line, because a row is one, without control characters,
-/// because they would act as keys.
-QString PastedText(const QString& text) {
-  const auto is_line_end = [](QChar c) {
-    return c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QChar::LineSeparator ||
-           c == QChar::ParagraphSeparator;
-  };
-  const auto is_key = [](QChar c) {
-    return c.unicode() < 0x80 && Brivon1::IsControlCharacter(c.toLatin1());
-  };
-  const auto end = std::find_if(text.begin(), text.end(), is_line_end);
-  QString line = text.left(end - text.begin());
-  line.removeIf(is_key);
-  return line;
-}
 
 }  // namespace
 
@@ -61,7 +41,6 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   ui_->rowArea->Build(page_, *ui_->scrollRows);
   FillLists();
   ConnectButtons();
-  ConnectUndo();
   ConnectRows();
   ConnectTimers();
   setTabOrder(ui_->cmdAddTime, &ui_->rowArea->Surface(1));
@@ -78,15 +57,10 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
 frmMsgEditor::~frmMsgEditor() = default;
 
 void frmMsgEditor::FillLists() {
-  for (const char* name : Brivon1::kColourNames) ui_->ComboColor->addItem(QLatin1String(name));
-  for (const char* name : Brivon1::kSizeNames) ui_->ComboSize->addItem(QLatin1String(name));
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_);
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     ui_->ComboGraphic->addItem(QString(QLatin1Char(letter)));
   }
-  connect(ui_->ComboColor, &QComboBox::currentIndexChanged, this,
-          [this](int index) { page_.ChooseColour(index); });
-  connect(ui_->ComboSize, &QComboBox::currentIndexChanged, this,
-          [this](int index) { page_.ChooseSize(index); });
   // Any choice counts, also of the entry that is shown already.
   connect(ui_->ComboGraphic, &QComboBox::activated, this, [this](int index) {
     page_.InsertGraphic(static_cast<char>('A' + index));
@@ -94,9 +68,9 @@ void frmMsgEditor::FillLists() {
     ReturnKeyboardToRow();
   });
   for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize, ui_->ComboGraphic}) {
-    list->installEventFilter(this);
-    list->view()->installEventFilter(this);
+    new ListGuard(list, [this] { ReturnKeyboardToRow(); });
   }
+  ui_->ComboGraphic->installEventFilter(this);
 }
 
 void frmMsgEditor::ConnectButtons() {
@@ -106,8 +80,6 @@ void frmMsgEditor::ConnectButtons() {
   connect(ui_->butSaveAs, &QPushButton::clicked, this, &frmMsgEditor::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmMsgEditor::Send);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmMsgEditor::reject);
-  connect(ui_->chkBlink, &QCheckBox::toggled, this,
-          [this](bool checked) { page_.ChooseBlink(checked); });
   connect(ui_->chkBlink, &QCheckBox::clicked, this, &frmMsgEditor::ReturnKeyboardToRow);
   connect(ui_->cmdAddDate, &QPushButton::clicked, this, [this] {
     page_.InsertDate();
@@ -123,32 +95,15 @@ void frmMsgEditor::ConnectButtons() {
           [this] { ui_->rowArea->MoveRows(kShiftPixels); });
   connect(ui_->Command4, &QPushButton::clicked, this,
           [this] { ui_->rowArea->MoveRows(-kShiftPixels); });
-
-  AddShortcut(QKeySequence::New, ui_->butNew);
-  AddShortcut(QKeySequence::Open, ui_->butOpen);
-  AddShortcut(QKeySequence::Save, ui_->butSave);
-  const QKeySequence save_as(QKeySequence::SaveAs);
-  AddShortcut(save_as.isEmpty() ? QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S) : save_as,
-              ui_->butSaveAs);
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  AddUndoShortcuts(
+      this, [this] { ShowUndone(page_.Undo()); }, [this] { ShowUndone(page_.Redo()); });
 }
 
-void frmMsgEditor::ConnectUndo() {
-  const auto connect_keys = [this](QKeySequence keys, bool (PageMessage::*act)()) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, act] {
-      if (!(page_.*act)()) return;
-      ShowEdit();
-      ReturnKeyboardToRow();
-    });
-  };
-  connect_keys(QKeySequence(Qt::CTRL | Qt::Key_Z), &PageMessage::Undo);
-  connect_keys(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &PageMessage::Redo);
-  connect_keys(QKeySequence(Qt::CTRL | Qt::Key_Y), &PageMessage::Redo);
-}
-
-void frmMsgEditor::AddShortcut(const QKeySequence& keys, QPushButton* button) {
-  // Captions come and go with the language, so the keys are bound beside the button, not to it.
-  connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
-  button->setToolTip(keys.toString(QKeySequence::NativeText));
+void frmMsgEditor::ShowUndone(bool undone) {
+  if (!undone) return;
+  ShowEdit();
+  ReturnKeyboardToRow();
 }
 
 void frmMsgEditor::ConnectRows() {
@@ -156,8 +111,6 @@ void frmMsgEditor::ConnectRows() {
     RowSurface& surface = ui_->rowArea->Surface(row);
     connect(&surface, &RowSurface::Typed, this,
             [this, row](const QString& text) { TypeText(row, text); });
-    connect(&surface, &RowSurface::Pasted, this,
-            [this, row](const QString& text) { TypeText(row, PastedText(text)); });
     connect(&surface, &RowSurface::MoveKeyPressed, this,
             [this, row](Brivon1::MoveKey key) { PressMoveKey(row, key); });
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
@@ -278,15 +231,9 @@ void frmMsgEditor::LayOutPage() {
 
 void frmMsgEditor::TypeText(int row, const QString& text) {
   page_.SetCurrentRow(row);
-  QByteArray bytes;
-  for (const QChar character : text) {
-    if (const auto byte = Brivon1::CodePage::System().ToByte(character)) {
-      bytes.append(*byte);
-    } else {
-      page_.RefuseKey();
-    }
-  }
-  page_.TypeAll(bytes);
+  const Brivon1::TypedBytes typed = Brivon1::BytesOf(text);
+  if (typed.refused) page_.RefuseKey();
+  page_.TypeAll(typed.bytes);
   ShowEdit();
 }
 
@@ -332,15 +279,7 @@ void frmMsgEditor::ReturnKeyboardToRow() {
 }
 
 bool frmMsgEditor::eventFilter(QObject* object, QEvent* event) {
-  auto* list = qobject_cast<QComboBox*>(object);
-  if (list == nullptr) {
-    // A list was closed: typing goes on in the row, where a letter would else choose an entry.
-    if (event->type() == QEvent::Hide) ReturnKeyboardToRow();
-    return QDialog::eventFilter(object, event);
-  }
-  // A wheel that passes over a list chooses nothing by accident.
-  if (event->type() == QEvent::Wheel) return true;
-  if (list == ui_->ComboGraphic && event->type() == QEvent::KeyPress) {
+  if (object == ui_->ComboGraphic && event->type() == QEvent::KeyPress) {
     switch (static_cast<QKeyEvent*>(event)->key()) {
       case Qt::Key_Up:
       case Qt::Key_Down:
@@ -348,7 +287,7 @@ bool frmMsgEditor::eventFilter(QObject* object, QEvent* event) {
       case Qt::Key_PageDown:
       case Qt::Key_Home:
       case Qt::Key_End:
-        list->showPopup();  // to choose in; each step would else insert a graphic
+        ui_->ComboGraphic->showPopup();  // to choose in; each step would else insert a graphic
         return true;
       default:
         break;

@@ -8,7 +8,6 @@
 
 #include "page/page_message.h"
 
-class QPushButton;
 class QTimer;
 
 namespace Ui {
@@ -31,10 +30,8 @@ class frmMsgEditor : public QDialog {
  private:
   void FillLists();
   void ConnectButtons();
-  void ConnectUndo();
   void ConnectRows();
   void ConnectTimers();
-  void AddShortcut(const QKeySequence& keys, QPushButton* button);
 
   void New();
   void Open();
@@ -61,6 +58,7 @@ class frmMsgEditor : public QDialog {
 
   /// Shows what became of the current row, its cursor first of all.
   void ShowEdit();
+  void ShowUndone(bool undone);
   void SetCursorShown(bool shown);
   void ReturnKeyboardToRow();
 

@@ -1,7 +1,6 @@
 #include "page/page_message.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace Brivon1 {
@@ -18,7 +17,7 @@ void PageMessage::TakeOver(Dimension dimension, PageRows rows) {
   Begin(dimension);
   rows_ = std::move(rows);
   for (PageRow& row : rows_) row.End();
-  modified_ = false;
+  SetModified(false);
 }
 
 void PageMessage::SetCurrentRow(int number) {
@@ -30,31 +29,11 @@ bool PageMessage::IsRowFull() const {
   return current_row_ > Rows() || Row(current_row_).Length() >= MaxCharsPerRow();
 }
 
-void PageMessage::ChooseColour(int index) {
-  if (index < 0 || index >= static_cast<int>(kColourNames.size())) return;
-  attributes_.colour = static_cast<char>('A' + index);
-}
-
-void PageMessage::ChooseSize(int index) {
-  if (index < 0 || index >= static_cast<int>(kSizeNames.size())) return;
-  attributes_.size = static_cast<char>('A' + index);
-}
-
-void PageMessage::ChooseBlink(bool blinking) { attributes_.blink = blinking ? kBlinking : kSteady; }
-
-void PageMessage::TypeOne(char character) {
-  if (character == kBackspace) {
-    Current().Backspace();
-  } else if (character != kEnter) {
-    if (IsControlCharacter(character)) return;
-    if (!IsRowFull()) Current().Insert(character, attributes_);
-  }
-  modified_ = true;
-}
-
 void PageMessage::TypeAll(QByteArrayView characters) {
   const PageRow before = Current();
-  for (const char character : characters) TypeOne(character);
+  for (const char character : characters) {
+    if (TypeInto(Current(), character, CurrentAttributes(), !IsRowFull())) SetModified(true);
+  }
   Record(before);
 }
 
@@ -71,7 +50,7 @@ bool PageMessage::Undo() {
   if (!history_.CanUndo()) return false;
   SetCurrentRow(history_.UndoRow());
   history_.Undo(Current());
-  modified_ = true;
+  SetModified(true);
   return true;
 }
 
@@ -79,36 +58,22 @@ bool PageMessage::Redo() {
   if (!history_.CanRedo()) return false;
   SetCurrentRow(history_.RedoRow());
   history_.Redo(Current());
-  modified_ = true;
+  SetModified(true);
   return true;
 }
 
 void PageMessage::PressMoveKey(MoveKey key) {
-  switch (key) {
-    case MoveKey::kEnd:
-      return Current().End();
-    case MoveKey::kHome:
-      return Current().Home();
-    case MoveKey::kLeft:
-      return Current().Left();
-    case MoveKey::kUp:
-      return SetCurrentRow(current_row_ - 1);
-    case MoveKey::kRight:
-      return Current().Right();
-    case MoveKey::kDown:
-      return SetCurrentRow(current_row_ + 1);
-    case MoveKey::kDelete: {
-      const PageRow before = Current();
-      Current().Delete();
-      return Record(before);
-    }
-  }
+  if (key == MoveKey::kUp) return SetCurrentRow(current_row_ - 1);
+  if (key == MoveKey::kDown) return SetCurrentRow(current_row_ + 1);
+  const PageRow before = Current();
+  PressKeyIn(Current(), key);
+  Record(before);
 }
 
 void PageMessage::Click(int number, double x) {
   if (number < 1 || number > Rows()) return;
   SetCurrentRow(number);
-  Current().SetCursor(static_cast<qsizetype>(std::round(x + kCellWidth / 2.0)) / kCellWidth);
+  Current().SetCursor(NearestBoundary(x));
 }
 
 }  // namespace Brivon1

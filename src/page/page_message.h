@@ -10,6 +10,7 @@
 #include "core/file_checks.h"
 #include "page/edit_history.h"
 #include "page/page_row.h"
+#include "page/row_editing.h"
 
 namespace Brivon1 {
 
@@ -19,24 +20,8 @@ using PageRows = std::array<PageRow, kMaxRows>;
 /// The width, in dots, that a panel needs for one character.
 inline constexpr int kDotsPerCharacter = 5;
 
-/// The width of a character's cell on the screen, in pixels.
-inline constexpr int kCellWidth = 12;
-
-/// The keys that move in a row or between rows, or delete; with their codes on the keyboard.
-enum class MoveKey {
-  kEnd = 35,
-  kHome = 36,
-  kLeft = 37,
-  kUp = 38,
-  kRight = 39,
-  kDown = 40,
-  kDelete = 46
-};
-
-class PageMessage {
+class PageMessage : public EditedMessage {
  public:
-  static constexpr char kBackspace = 8;
-  static constexpr char kEnter = 13;
   static constexpr QByteArrayView kDate = "DD MMM YYYY";
   static constexpr QByteArrayView kTime = "HH:MM";
 
@@ -67,20 +52,13 @@ class PageMessage {
   /// Whether the current row takes no further character.
   bool IsRowFull() const;
 
-  /// The attributes of characters typed from now on. The index is a place in kColourNames or
-  /// kSizeNames; one outside is ignored.
-  const Attributes& CurrentAttributes() const { return attributes_; }
-  void ChooseColour(int index);
-  void ChooseSize(int index);
-  void ChooseBlink(bool blinking);
-
   /// The typing rule. Backspace removes, Enter does nothing, any other control character is no
   /// typing at all; whatever else is inserted at the cursor if the row has room. Marks the page
   /// modified, whatever the effect.
   void TypeKey(char character) { TypeAll({&character, 1}); }
 
   /// A key whose character cannot be stored: changes nothing, marks the page modified.
-  void RefuseKey() { modified_ = true; }
+  void RefuseKey() { SetModified(true); }
 
   /// Types the placeholder of a graphic symbol, "~" and its letter.
   void InsertGraphic(char letter);
@@ -104,12 +82,8 @@ class PageMessage {
   /// cursor to the nearest cell boundary within the text.
   void Click(int number, double x);
 
-  bool IsModified() const { return modified_; }
-  void SetModified(bool modified) { modified_ = modified; }
-
  private:
   PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
-  void TypeOne(char character);
 
   /// Remembers the current row as it was, if an edit has changed it.
   void Record(const PageRow& before);
@@ -117,14 +91,7 @@ class PageMessage {
   Dimension dimension_;
   PageRows rows_;
   qint16 current_row_ = 1;
-  Attributes attributes_;
-  bool modified_ = false;
   EditHistory history_;
 };
-
-/// Whether a character is a control character, which is a key and never text.
-constexpr bool IsControlCharacter(char character) {
-  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
 
 }  // namespace Brivon1

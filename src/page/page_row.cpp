@@ -1,7 +1,6 @@
 #include "page/page_row.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace Brivon1 {
 
@@ -10,9 +9,8 @@ Attributes PageRow::AttributesAt(qsizetype position) const {
 }
 
 void PageRow::SetCursor(qsizetype column) {
-  // A file may hold a longer row than a 16-bit column reaches.
-  constexpr qsizetype kLastColumn = std::numeric_limits<qint16>::max();
-  cursor_ = static_cast<qint16>(std::clamp<qsizetype>(column, 0, std::min(Length(), kLastColumn)));
+  // A file may hold a longer row than its cursor reaches.
+  cursor_ = std::clamp<qsizetype>(column, 0, std::min(Length(), last_column_));
 }
 
 void PageRow::InsertAt(qsizetype position, char character, const Attributes& attributes) {

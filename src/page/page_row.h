@@ -2,6 +2,8 @@
 // of whoever edits it. A page has twelve, a scrolling message is one.
 #pragma once
 
+#include <limits>
+
 #include <QByteArray>
 
 #include "page/attribute_codes.h"
@@ -10,6 +12,15 @@ namespace Brivon1 {
 
 class PageRow {
  public:
+  /// The last column that the cursor of a page's row reaches: it is held in 16 bits.
+  static constexpr qsizetype kLastPageColumn = std::numeric_limits<qint16>::max();
+
+  /// The last column of a row whose cursor reaches its end, however long it is.
+  static constexpr qsizetype kEveryColumn = std::numeric_limits<qsizetype>::max();
+
+  PageRow() = default;
+  explicit PageRow(qsizetype last_column) : last_column_(last_column) {}
+
   /// Four texts of equal length; position p of each belongs to character p.
   const QByteArray& Text() const { return text_; }
   const QByteArray& Size() const { return size_; }
@@ -22,7 +33,7 @@ class PageRow {
   Attributes AttributesAt(qsizetype position) const;
 
   /// The number of characters in front of the cursor.
-  qint16 Cursor() const { return cursor_; }
+  qsizetype Cursor() const { return cursor_; }
 
   /// Puts the cursor to a column; one outside the text is cut to its nearest end.
   void SetCursor(qsizetype column);
@@ -51,7 +62,8 @@ class PageRow {
   QByteArray size_;
   QByteArray colour_;
   QByteArray blink_;
-  qint16 cursor_ = 0;
+  qsizetype cursor_ = 0;
+  qsizetype last_column_ = kLastPageColumn;
 };
 
 }  // namespace Brivon1

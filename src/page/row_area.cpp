@@ -129,7 +129,7 @@ int RowArea::LastLeft(int width) const {
 
 void RowArea::FollowCursor() {
   const int width = clipped_->width();
-  const int cursor = page_->Row(page_->CurrentRow()).Cursor() * kCellWidth;
+  const int cursor = static_cast<int>(page_->Row(page_->CurrentRow()).Cursor()) * kCellWidth;
   const bool in_sight = cursor + left_ >= 0 && cursor + left_ < width;
   const bool within_page = left_ <= kFirstLeft && left_ >= LastLeft(width);
   if (in_sight && !within_page) return;  // moved there by hand

@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+#include "page/page_message.h"
 #include "page/row_surface.h"
 
 class QFrame;

@@ -19,7 +19,6 @@ namespace {
 
 using Brivon1::kCellWidth;
 using Brivon1::MoveKey;
-using Brivon1::PageMessage;
 
 constexpr qsizetype kLongestDescription = 1000;
 
@@ -52,10 +51,10 @@ QString TypedText(const QKeyEvent& event) {
   if (control != alt || event.modifiers().testFlag(Qt::MetaModifier)) return {};
   switch (event.key()) {
     case Qt::Key_Backspace:
-      return QString(QLatin1Char(PageMessage::kBackspace));
+      return QString(QLatin1Char(Brivon1::kBackspace));
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      return QString(QLatin1Char(PageMessage::kEnter));
+      return QString(QLatin1Char(Brivon1::kEnter));
     case Qt::Key_Escape:
       return {};
     default:
@@ -72,7 +71,8 @@ RowSurface::RowSurface(const Brivon1::PageRow& row, QWidget* parent) : QWidget(p
   setCursor(Qt::IBeamCursor);
 }
 
-void RowSurface::RedrawRow() {
+void RowSurface::RedrawRow(RowSpan span) {
+  span_ = span;
   setAccessibleDescription(Brivon1::CodePage::System().ToText(
       QByteArrayView(row_.Text()).first(std::min(row_.Length(), kLongestDescription))));
   updateMicroFocus();
@@ -88,17 +88,17 @@ void RowSurface::SetCursorLine(CursorLine line) {
 
 void RowSurface::SetBlinkingHidden(bool hidden) {
   blinking_hidden_ = hidden;
-  const qsizetype first = row_.Blink().indexOf(Brivon1::kBlinking);
+  const QByteArrayView shown =
+      QByteArrayView(row_.Blink()).sliced(span_.first, span_.Behind(row_) - span_.first);
+  const qsizetype first = shown.indexOf(Brivon1::kBlinking);
   if (first < 0) return;
-  const qsizetype last = row_.Blink().lastIndexOf(Brivon1::kBlinking);
+  const qsizetype last = shown.lastIndexOf(Brivon1::kBlinking);
   const int left = static_cast<int>(first) * kCellWidth;
   // One cell more for what reaches over the last one's border.
   update(left, 0, (static_cast<int>(last) + 2) * kCellWidth - left, kCellHeight);
 }
 
-QRect RowSurface::CursorRectangle() const {
-  return {row_.Cursor() * kCellWidth, 0, 1, kCellHeight};
-}
+QRect RowSurface::CursorRectangle() const { return {CursorCell() * kCellWidth, 0, 1, kCellHeight}; }
 
 QVariant RowSurface::inputMethodQuery(Qt::InputMethodQuery query) const {
   switch (query) {
@@ -117,9 +117,9 @@ void RowSurface::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect exposed = event->rect();
   painter.fillRect(exposed, kSurfaceBackground);
-  DrawRow(painter, row_, exposed, blinking_hidden_);
+  DrawRow(painter, row_, exposed, blinking_hidden_, span_);
   if (cursor_line_ != CursorLine::kNone) {
-    DrawCursorLine(painter, row_.Cursor(), cursor_line_ == CursorLine::kShown);
+    DrawCursorLine(painter, CursorCell(), cursor_line_ == CursorLine::kShown);
   }
 }
 
@@ -159,4 +159,6 @@ void RowSurface::focusInEvent(QFocusEvent* event) {
   Q_EMIT KeyboardEntered();
 }
 
-void RowSurface::Paste() { Q_EMIT Pasted(QGuiApplication::clipboard()->text()); }
+void RowSurface::Paste() {
+  Q_EMIT Typed(Brivon1::PastedText(QGuiApplication::clipboard()->text()));
+}

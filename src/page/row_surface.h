@@ -1,6 +1,6 @@
-// The surface on which one row of a page is shown and typed. It draws its row and reports what the
-// keyboard, an input method, the clipboard and the mouse do to it; what that means is decided
-// elsewhere.
+// The surface on which one row of a page, or a span of a scrolling message, is shown and typed. It
+// draws its row and reports what the keyboard, an input method, the clipboard and the mouse do to
+// it; what that means is decided elsewhere.
 #pragma once
 
 #include <QWidget>
@@ -14,8 +14,8 @@ class RowSurface : public QWidget {
   /// `row` is shown as it is whenever something is painted, and outlives the surface.
   RowSurface(const Brivon1::PageRow& row, QWidget* parent);
 
-  /// To be called after every change of the row.
-  void RedrawRow();
+  /// To be called after every change of the row. `span` is what is shown of it.
+  void RedrawRow(RowSpan span = {});
 
   enum class CursorLine { kNone, kShown, kErased };
   void SetCursorLine(CursorLine line);
@@ -26,12 +26,9 @@ class RowSurface : public QWidget {
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  Q_SIGNALS:
-  /// Text came from the keyboard or an input method; Backspace and Enter are the control characters
-  /// 8 and 13.
+  /// Text came from the keyboard, an input method or the clipboard; Backspace and Enter are the
+  /// control characters 8 and 13.
   void Typed(const QString& text);
-
-  /// Text is to be inserted from the clipboard.
-  void Pasted(const QString& text);
 
   void MoveKeyPressed(Brivon1::MoveKey key);
 
@@ -50,10 +47,13 @@ class RowSurface : public QWidget {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
+  /// The cell in front of which the cursor stands.
+  int CursorCell() const { return static_cast<int>(row_.Cursor() - span_.first); }
   QRect CursorRectangle() const;
   void Paste();
 
   const Brivon1::PageRow& row_;
+  RowSpan span_;
   CursorLine cursor_line_ = CursorLine::kNone;
   bool blinking_hidden_ = false;
 };

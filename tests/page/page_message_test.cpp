@@ -52,7 +52,7 @@ TEST(PageMessage, BackspaceAtColumn0AndEnterChangeNothingButMarkThePageModified)
   PageMessage page = PageOf(2, 80);
   Type(page, "ab");
   page.PressMoveKey(MoveKey::kHome);
-  for (const char key : {PageMessage::kBackspace, PageMessage::kEnter}) {
+  for (const char key : {Brivon1::kBackspace, Brivon1::kEnter}) {
     page.SetModified(false);
     page.TypeKey(key);
     EXPECT_EQ(page.Row(1).Text(), "ab");
@@ -253,7 +253,7 @@ TEST(PageMessage, UndoTakesEditsBackAndRedoMakesThemAgain) {
   page.InsertDate();
   page.PressMoveKey(MoveKey::kDown);
   Type(page, "xy");
-  page.TypeKey(PageMessage::kBackspace);
+  page.TypeKey(Brivon1::kBackspace);
   page.PressMoveKey(MoveKey::kHome);
   page.PressMoveKey(MoveKey::kDelete);
   page.PressMoveKey(MoveKey::kUp);
@@ -303,7 +303,7 @@ TEST(PageMessage, AnotherEditForgetsWhatCouldBeMadeAgainAndAnotherPageForgetsAll
 TEST(PageMessage, ARefusedKeyIsNoEditToTakeBack) {
   PageMessage page = PageOf(1, 10);
   Type(page, "abc");
-  page.TypeKey(PageMessage::kEnter);
+  page.TypeKey(Brivon1::kEnter);
   page.Undo();
   EXPECT_EQ(page.Row(1).Text(), "a");
 }

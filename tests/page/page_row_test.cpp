@@ -78,7 +78,7 @@ TEST(PageRow, RandomEditsKeepTheFourTextsEqualInLength) {
   PageRow row;
   for (int edit = 0; edit < 20000; ++edit) {
     const qsizetype length = row.Length();
-    const qint16 cursor = row.Cursor();
+    const qsizetype cursor = row.Cursor();
     const Attributes attributes{static_cast<char>('A' + below(4)),
                                 static_cast<char>('A' + below(16)), below(2) == 0 ? 'N' : 'B'};
     switch (below(8)) {

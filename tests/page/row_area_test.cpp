@@ -25,7 +25,9 @@ class RowAreaTest : public testing::Test {
 
   int Left() { return area_.Surface(1).x(); }
   int Clip() { return area_.Surface(1).parentWidget()->width(); }
-  int CursorPlace() { return Left() + page_.Row(page_.CurrentRow()).Cursor() * 12; }
+  int CursorPlace() {
+    return Left() + static_cast<int>(page_.Row(page_.CurrentRow()).Cursor()) * 12;
+  }
 
   PageMessage page_;
   QScrollBar bar_{Qt::Horizontal};
