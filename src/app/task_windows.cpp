@@ -2,6 +2,7 @@
 
 #include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
+#include "scrolling/frmShiftMsg.h"
 
 namespace {
 
@@ -14,5 +15,6 @@ TaskWindow Opens(const char* button) {
 }  // namespace
 
 std::vector<TaskWindow> TaskWindows() {
-  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmCommand>("butCommand")};
+  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmShiftMsg>("butShiftMsg"),
+          Opens<frmCommand>("butCommand")};
 }

@@ -62,4 +62,10 @@ std::optional<Dimension> IsScheduleFile(const QString& path) {
 
 bool IsScrollingFile(const QString& path) { return CheckFile(path, kScrollingFile).has_value(); }
 
+std::optional<QByteArray> ScrollingFileText(const QString& path) {
+  QFile file(path);
+  LineReader lines(file);
+  return ReadHeader(file, lines, kScrollingFile) ? lines.Next() : std::nullopt;
+}
+
 }  // namespace Brivon1

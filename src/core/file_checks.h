@@ -27,6 +27,10 @@ std::optional<Dimension> IsScheduleFile(const QString& path);
 /// Whether `path` names a scrolling message file.
 bool IsScrollingFile(const QString& path);
 
+/// The text of a scrolling message file, codes included: its second line. Nothing where `path`
+/// names no such file or where it has no second line.
+std::optional<QByteArray> ScrollingFileText(const QString& path);
+
 /// A page message file, opened and read up to its row lines.
 class MessageFileReader {
  public:

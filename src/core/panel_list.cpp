@@ -28,16 +28,21 @@ TcpEndpoint ReadEndpoint(const QByteArray& line) {
 }  // namespace
 
 QByteArray PanelListLine(int id, const PanelEntry& entry) {
-  return "ID" + ZeroPadded(id, 3) + kGap + QByteArray::number(entry.rows) + 'x' +
-         QByteArray::number(entry.columns) + kGap +
-         (entry.colour_type == kTri ? "Tri-Color" : "Mono-Color") + kGap + entry.address;
+  return ShortPanelListLine(id, entry) + kGap + entry.address;
 }
 
-QList<QByteArray> PanelListLines(const Configuration& configuration) {
+QByteArray ShortPanelListLine(int id, const PanelEntry& entry) {
+  return "ID" + ZeroPadded(id, 3) + kGap + QByteArray::number(entry.rows) + 'x' +
+         QByteArray::number(entry.columns) + kGap +
+         (entry.colour_type == kTri ? "Tri-Color" : "Mono-Color");
+}
+
+QList<QByteArray> PanelListLines(const Configuration& configuration,
+                                 QByteArray (*line)(int id, const PanelEntry& entry)) {
   QList<QByteArray> lines;
   for (int id = 0; id < kPanelIds; ++id) {
     const PanelEntry& entry = configuration.panels[static_cast<std::size_t>(id)];
-    if (entry.IsConfigured()) lines.append(PanelListLine(id, entry));
+    if (entry.IsConfigured()) lines.append(line(id, entry));
   }
   return lines;
 }

@@ -12,8 +12,14 @@ namespace Brivon1 {
 /// between them: `ID012     16x128     Tri-Color     192.168.0.12:80`.
 QByteArray PanelListLine(int id, const PanelEntry& entry);
 
-/// One line for each configured panel, in ascending ID order.
-QList<QByteArray> PanelListLines(const Configuration& configuration);
+/// The same line up to the panel's colours, for a list of panels that are reached without their
+/// address: `ID012     16x128     Tri-Color`.
+QByteArray ShortPanelListLine(int id, const PanelEntry& entry);
+
+/// One line for each configured panel, in ascending ID order, made by `line`.
+QList<QByteArray> PanelListLines(const Configuration& configuration,
+                                 QByteArray (*line)(int id,
+                                                    const PanelEntry& entry) = PanelListLine);
 
 /// Where a panel is reached over TCP/IP.
 struct TcpEndpoint {
@@ -31,9 +37,10 @@ struct PanelListEntry {
   TcpEndpoint endpoint;
 };
 
-/// Takes a line of PanelListLine() apart. The endpoint is read from three characters before the
-/// line's first "." to its end: the host before the first ":", the port behind it, 80 without one.
-/// A line without a ".", or with a port outside 1 to 65535, yields an unusable endpoint.
+/// Takes a line of PanelListLine() or ShortPanelListLine() apart. The endpoint is read from three
+/// characters before the line's first "." to its end: the host before the first ":", the port
+/// behind it, 80 without one. A line without a ".", or with a port outside 1 to 65535, yields an
+/// unusable endpoint.
 PanelListEntry ReadPanelListLine(const QByteArray& line);
 
 }  // namespace Brivon1

@@ -9,10 +9,10 @@
 
 using Brivon1::SendMode;
 
-void FillPanelList(QComboBox* list) {
+void FillPanelList(QComboBox* list, QByteArray (*line)(int id, const Brivon1::PanelEntry& entry)) {
   list->clear();
-  for (const QByteArray& line : Brivon1::PanelListLines(Brivon1::Store())) {
-    list->addItem(Brivon1::CodePage::System().ToText(line), line);
+  for (const QByteArray& entry : Brivon1::PanelListLines(Brivon1::Store(), line)) {
+    list->addItem(Brivon1::CodePage::System().ToText(entry), entry);
   }
   list->setCurrentIndex(-1);
 }
@@ -43,8 +43,19 @@ void SendingSession::Run(const std::function<void()>& body) {
 void SendingSession::Transmit(const Brivon1::TcpEndpoint& endpoint,
                               const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
                               const std::function<void(Brivon1::Transmission&)>& send) {
+  TransmitOver(Brivon1::Store().Mode(), endpoint, status, std::move(failure_style), send);
+}
+
+void SendingSession::TransmitOverSerial(const Brivon1::StatusLabel& status,
+                                        MessageBoxStyle failure_style,
+                                        const std::function<void(Brivon1::Transmission&)>& send) {
+  TransmitOver(SendMode::kSerial, {}, status, std::move(failure_style), send);
+}
+
+void SendingSession::TransmitOver(SendMode mode, const Brivon1::TcpEndpoint& endpoint,
+                                  const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
+                                  const std::function<void(Brivon1::Transmission&)>& send) {
   const Brivon1::Configuration& configuration = Brivon1::Store();
-  const SendMode mode = configuration.Mode();
   if (mode == SendMode::kNone) return;
   if (!connection_.Open(mode, configuration, endpoint)) {
     failure_style.informative = connection_.FailureReason();

@@ -18,8 +18,10 @@
 
 class QComboBox;
 
-/// Fills `list` with one entry for each configured panel; no entry is selected.
-void FillPanelList(QComboBox* list);
+/// Fills `list` with one entry for each configured panel, made by `line`; no entry is selected.
+void FillPanelList(QComboBox* list,
+                   QByteArray (*line)(int id,
+                                      const Brivon1::PanelEntry& entry) = Brivon1::PanelListLine);
 
 /// The selected panel of a list filled by FillPanelList(), or nothing without a selection.
 std::optional<Brivon1::PanelListEntry> SelectedPanel(const QComboBox* list);
@@ -43,9 +45,16 @@ class SendingSession : public QObject {
                 MessageBoxStyle failure_style,
                 const std::function<void(Brivon1::Transmission&)>& send);
 
+  /// The same over the serial line, whatever the configured send mode.
+  void TransmitOverSerial(const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
+                          const std::function<void(Brivon1::Transmission&)>& send);
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  void TransmitOver(Brivon1::SendMode mode, const Brivon1::TcpEndpoint& endpoint,
+                    const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
+                    const std::function<void(Brivon1::Transmission&)>& send);
   void Lock();
   void Unlock();
 

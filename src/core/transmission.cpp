@@ -50,11 +50,16 @@ void DiscardInput(PanelLink& link) {
 }
 
 bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
-                           const std::function<void()>& before) {
+                           const std::function<void()>& before, int sending_time) {
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
     if (!MaySend(transmission.link, transmission.timer)) break;
     before();
     transmission.link.Write(frame);
+    if (sending_time > 0) {
+      WaitTicks(transmission.timer, sending_time);
+      // Nobody acknowledges what goes to all panels, so the line itself must tell.
+      if (id == 0 && !MaySend(transmission.link, transmission.timer)) break;
+    }
     if (WaitForAck(transmission.link, transmission.timer, id)) return true;
   }
   return false;

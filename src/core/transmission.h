@@ -31,9 +31,10 @@ struct Transmission {
 void DiscardInput(PanelLink& link);
 
 /// Sends `frame` up to five times without a pause, until panel `id` acknowledges it. `before` is
-/// called ahead of every attempt. A lost line ends the attempts.
+/// called ahead of every attempt. Between sending and waiting for the acknowledgement,
+/// `sending_time` milliseconds of ticks are left to the frame. A lost line ends the attempts.
 bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
-                           const std::function<void()>& before);
+                           const std::function<void()>& before, int sending_time = 0);
 
 /// The frames that carry the rows of a page message file to panel `id` as page `page`, in row
 /// order, or nothing for a file that is refused: no message file, made for another dimension than

@@ -1,0 +1,90 @@
+#include "scrolling/frmSendShift.h"
+
+#include <limits>
+
+#include <QPushButton>
+
+#include "app/file_dialogs.h"
+#include "app/message_boxes.h"
+#include "app/module_language.h"
+#include "core/file_checks.h"
+#include "core/files.h"
+#include "core/scrolling_transmission.h"
+#include "core/text.h"
+#include "ui_frmSendShift.h"
+
+using ModuleLanguage::TranslateMessage;
+
+namespace {
+
+/// The number that the text begins with; 0 where it begins with none.
+int LineOf(const QString& text) {
+  return Brivon1::LeadingNumber(text.toUtf8(), std::numeric_limits<int>::min(),
+                                std::numeric_limits<int>::max());
+}
+
+}  // namespace
+
+frmSendShift::frmSendShift(QWidget* parent, const QString& file_name)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmSendShift>()) {
+  ui_->setupUi(this);
+  FillPanelList(ui_->ComboID, Brivon1::ShortPanelListLine);
+  ui_->ComboID->setCurrentIndex(ui_->ComboID->count() > 0 ? 0 : -1);
+  ui_->lblFileName->setText(file_name);
+  session_ = new SendingSession(
+      this, {ui_->butSend, ui_->butDone, ui_->butBrowse, ui_->ComboID, ui_->txtLine});
+  connect(ui_->butBrowse, &QPushButton::clicked, this, &frmSendShift::Browse);
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmSendShift::Send);
+  connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
+  (file_name.isEmpty() ? static_cast<QWidget*>(ui_->butBrowse) : ui_->ComboID)->setFocus();
+}
+
+frmSendShift::~frmSendShift() = default;
+
+void frmSendShift::Browse() {
+  OpenDialogStyle style;
+  style.not_found_end = QString();
+  const QString path =
+      ShowFileDialog(this, QStringLiteral("Browse"),
+                     QStringLiteral("Scrolling Message File|*.srl|All|*.*"), 1, style);
+  if (path.isEmpty()) return;
+  if (Brivon1::IsScrollingFile(path)) {
+    ui_->lblFileName->setText(path);
+  } else {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Error in opening file")));
+  }
+}
+
+void frmSendShift::Send() {
+  session_->Run([this] { SendFile(); });
+  ui_->lblSendStatus->clear();
+}
+
+void frmSendShift::SendFile() {
+  const QString path = ui_->lblFileName->text();
+  if (!Brivon1::FileExists(path)) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("File not found")) + QLatin1Char('!'));
+    return;
+  }
+  const auto panel = SelectedPanel(ui_->ComboID);
+  if (!panel) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid ID Selection!")));
+    return;
+  }
+  if (ui_->txtLine->text().isEmpty()) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Line No.!")));
+    return;
+  }
+  // Lines below 1 are sent as they are: what they mean is the panel's affair.
+  const int line = LineOf(ui_->txtLine->text());
+  if (line > panel->rows) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Line No. Not Valid!")));
+    return;
+  }
+  const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
+  session_->TransmitOverSerial(show_status, {}, [&](Brivon1::Transmission& transmission) {
+    const bool sent = Brivon1::SendScrollingFile(transmission, path, panel->id, line);
+    ShowMessage(this, TranslateMessage(sent ? QStringLiteral("Transmission finished!")
+                                            : QStringLiteral("Transmission failure!")));
+  });
+}

@@ -1,0 +1,31 @@
+// The dialog that sends one scrolling message file to one line of one panel. It sends over the
+// serial line only, whatever the configured send mode; its captions are always English.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <QDialog>
+
+#include "core/sending_session.h"
+
+namespace Ui {
+class frmSendShift;
+}
+
+class frmSendShift : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `file_name` is the file handed over by an editor; it may be empty.
+  explicit frmSendShift(QWidget* parent, const QString& file_name);
+  ~frmSendShift() override;
+
+ private:
+  void Browse();
+  void Send();
+  void SendFile();
+
+  std::unique_ptr<Ui::frmSendShift> ui_;
+  SendingSession* session_;
+};

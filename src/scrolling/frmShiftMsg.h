@@ -1,0 +1,60 @@
+// The scrolling message editor: composes one line of text that a panel scrolls across one of its
+// rows, every character with its own size, colour and blinking. Its captions are always English.
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+
+#include "page/row_surface.h"
+#include "scrolling/scrolling_message.h"
+
+class QTimer;
+
+namespace Ui {
+class frmShiftMsg;
+}
+
+class frmShiftMsg : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit frmShiftMsg(QWidget* parent = nullptr);
+  ~frmShiftMsg() override;
+
+  /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
+  void reject() override;
+
+ private:
+  void ConnectButtons();
+  void ConnectMessage();
+  void ConnectTimers();
+
+  void New();
+  void Open();
+  void SaveAs();
+  void Send();
+
+  /// Asks about unsaved work. False: whatever was to follow is not to happen.
+  bool MayLeaveMessage();
+
+  /// Saves, and clears the modified flag. False where nothing was saved.
+  bool SaveTo(const QString& path);
+  bool Save();
+
+  void TypeText(const QString& text);
+
+  /// Shows what became of the message, its cursor first of all.
+  void ShowEdit();
+  void ShowUndone(bool undone);
+  void SetCursorShown(bool shown);
+  void ReturnKeyboardToMessage();
+
+  Brivon1::ScrollingMessage message_;
+  std::unique_ptr<Ui::frmShiftMsg> ui_;
+  RowSurface* surface_;
+  QTimer* cursor_timer_;
+  QTimer* blink_timer_;
+  bool cursor_shown_ = false;
+  bool blinking_hidden_ = false;
+};

@@ -1,0 +1,22 @@
+// The scrolling message file (".srl"): a header, and the whole message as one line in which codes
+// stand between the characters.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+#include "core/files.h"
+#include "page/page_row.h"
+
+namespace Brivon1 {
+
+/// Saves the message, whole or not at all.
+SaveResult WriteScrollingMessage(const QString& path, const PageRow& message);
+
+/// Reads a message, or gives nothing where the file is none: no scrolling message header, or no
+/// second line. The message is read whole, however long; its cursor stands at column 0 and reaches
+/// every other one. What stands before the first code is red, normal and steady.
+std::optional<PageRow> ReadScrollingMessage(const QString& path);
+
+}  // namespace Brivon1

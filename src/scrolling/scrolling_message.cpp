@@ -1,0 +1,75 @@
+#include "scrolling/scrolling_message.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Brivon1 {
+namespace {
+
+constexpr int kTheOneRow = 1;
+
+}  // namespace
+
+void ScrollingMessage::Begin() { TakeOver(PageRow(PageRow::kEveryColumn)); }
+
+void ScrollingMessage::TakeOver(PageRow row) {
+  row_ = std::move(row);
+  row_.End();
+  first_visible_ = 0;
+  FollowCursor();
+  history_.Clear();
+  SetModified(false);
+}
+
+void ScrollingMessage::TypeAll(QByteArrayView characters) {
+  const PageRow before = row_;
+  for (const char character : characters) {
+    TypeInto(row_, character, CurrentAttributes(), !IsFull());
+  }
+  // Whoever removes characters sees which ones come next.
+  const bool removed = row_.Cursor() < before.Cursor();
+  if (removed && row_.Cursor() <= first_visible_) {
+    first_visible_ = std::max<qsizetype>(row_.Cursor() - kSpan / 2, 0);
+  }
+  Finish(before);
+}
+
+bool ScrollingMessage::Undo() {
+  if (!history_.CanUndo()) return false;
+  history_.Undo(row_);
+  FollowCursor();
+  SetModified(true);
+  return true;
+}
+
+bool ScrollingMessage::Redo() {
+  if (!history_.CanRedo()) return false;
+  history_.Redo(row_);
+  FollowCursor();
+  SetModified(true);
+  return true;
+}
+
+void ScrollingMessage::PressMoveKey(MoveKey key) {
+  const PageRow before = row_;
+  PressKeyIn(row_, key);
+  Finish(before);
+}
+
+void ScrollingMessage::Click(double x) {
+  row_.SetCursor(first_visible_ + std::min(NearestBoundary(x), kSpan));
+}
+
+void ScrollingMessage::Finish(const PageRow& before) {
+  FollowCursor();
+  if (row_.Text() == before.Text()) return;
+  history_.Record({kTheOneRow, before});
+  SetModified(true);
+}
+
+void ScrollingMessage::FollowCursor() {
+  first_visible_ =
+      std::clamp(first_visible_, std::max<qsizetype>(row_.Cursor() - kSpan, 0), row_.Cursor());
+}
+
+}  // namespace Brivon1

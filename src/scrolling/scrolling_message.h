@@ -1,0 +1,67 @@
+// The message that the scrolling message editor works on: one line of up to 1000 characters, of
+// which a span is in sight, and the rules by which keys and clicks change it.
+#pragma once
+
+#include <QByteArrayView>
+
+#include "page/edit_history.h"
+#include "page/page_row.h"
+#include "page/row_editing.h"
+
+namespace Brivon1 {
+
+class ScrollingMessage : public EditedMessage {
+ public:
+  /// The most characters that typing makes of a message; a file may hold more.
+  static constexpr qsizetype kMostCharacters = 1000;
+
+  /// How many characters are in sight.
+  static constexpr qsizetype kSpan = 30;
+
+  /// Starts an empty message. The attributes stay as they are.
+  void Begin();
+
+  /// Replaces the message by one that was read from a file: the cursor stands at its end, and
+  /// nothing is modified.
+  void TakeOver(PageRow row);
+
+  const PageRow& Row() const { return row_; }
+
+  /// The number of characters in front of the leftmost one in sight. The cursor is never in front
+  /// of that one, nor more than kSpan characters behind.
+  qsizetype FirstVisible() const { return first_visible_; }
+
+  /// Whether the message takes no further character.
+  bool IsFull() const { return row_.Length() >= kMostCharacters; }
+
+  /// The typing rule. Backspace removes, Enter and any other control character do nothing, whatever
+  /// else is inserted at the cursor if the message has room. Marks the message modified if it has
+  /// changed.
+  void TypeKey(char character) { TypeAll({&character, 1}); }
+
+  /// Types several characters by the typing rule; Undo() takes them back together.
+  void TypeAll(QByteArrayView characters);
+
+  /// Takes the last edit back, or makes it again, and marks the message modified. False, and
+  /// nothing happens, without such an edit.
+  bool Undo();
+  bool Redo();
+
+  /// What a key does that moves or deletes; up and down do nothing.
+  void PressMoveKey(MoveKey key);
+
+  /// A click `x` pixels from the left edge of the span: puts the cursor to the nearest cell
+  /// boundary within the text.
+  void Click(double x);
+
+ private:
+  /// Brings the cursor into sight, and takes note if the message is not what it was `before`.
+  void Finish(const PageRow& before);
+  void FollowCursor();
+
+  PageRow row_{PageRow::kEveryColumn};
+  qsizetype first_visible_ = 0;
+  EditHistory history_;
+};
+
+}  // namespace Brivon1
