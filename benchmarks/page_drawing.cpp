@@ -2,9 +2,6 @@
 // take less than 16 ms, a key press less than 4 ms. Each is measured in the real window as an
 // operator has it before him, and for a blink tick also with every character of the page drawn;
 // beside each stands the same area filled with plain rectangles, one a character.
-#include <algorithm>
-#include <vector>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -20,7 +17,7 @@
 
 #include "core/configuration_store.h"
 #include "core/dialog_results.h"
-#include "measure.h"
+#include "drawing_times.h"
 #include "page/draw_cell.h"
 #include "page/frmMsgEditor.h"
 
@@ -29,50 +26,6 @@ namespace {
 constexpr int kRows = 12;
 constexpr int kCharacters = 600;
 constexpr int kWidth = 1920;
-
-/// One plain rectangle for each character cell of a page.
-void FillPlainly(QImage& image, int columns, int rows) {
-  QPainter painter(&image);
-  for (int row = 0; row < rows; ++row) {
-    for (int column = 0; column < columns; ++column) {
-      painter.fillRect(column * Brivon1::kCellWidth, row * kCellHeight, Brivon1::kCellWidth,
-                       kCellHeight, (row + column) % 2 == 0 ? Qt::red : Qt::green);
-    }
-  }
-}
-
-/// Times of single runs; what else the machine does shows in the worst, not in the median.
-class Times {
- public:
-  template <typename Run>
-  void Take(const Run& run) {
-    milliseconds_.push_back(Microseconds(run) / 1000);
-  }
-
-  double Middle() const { return Median(milliseconds_); }
-
-  double Worst() const { return *std::max_element(milliseconds_.begin(), milliseconds_.end()); }
-
- private:
-  std::vector<double> milliseconds_;
-};
-
-/// The median time of filling `rows` rows of `columns` cells, in milliseconds.
-double PlainMilliseconds(int columns, int rows) {
-  QImage image(columns * Brivon1::kCellWidth, rows * kCellHeight,
-               QImage::Format_ARGB32_Premultiplied);
-  Times times;
-  for (int time = 0; time < 101; ++time) times.Take([&] { FillPlainly(image, columns, rows); });
-  return times.Middle();
-}
-
-void ReportTimes(benchmark::State& state, Times& times, double plain, double limit) {
-  const double median = times.Middle();
-  state.counters["worst_ms"] = times.Worst();
-  state.counters["plain_ms"] = plain;
-  state.counters["ratio"] = median / plain;
-  Report(state, "median_ms", median, limit);
-}
 
 /// The real editor with the whole page typed into it.
 class FullEditor {

@@ -27,16 +27,14 @@ void ScrollingMessage::TypeAll(QByteArrayView characters) {
     TypeInto(row_, character, CurrentAttributes(), !IsFull());
   }
   // Whoever removes characters sees which ones come next.
-  const bool removed = row_.Cursor() < before.Cursor();
-  if (removed && row_.Cursor() <= first_visible_) {
-    first_visible_ = std::max<qsizetype>(row_.Cursor() - kSpan / 2, 0);
-  }
+  if (row_.Cursor() < before.Cursor()) LookBack();
   Finish(before);
 }
 
 bool ScrollingMessage::Undo() {
   if (!history_.CanUndo()) return false;
   history_.Undo(row_);
+  LookBack();
   FollowCursor();
   SetModified(true);
   return true;
@@ -45,6 +43,7 @@ bool ScrollingMessage::Undo() {
 bool ScrollingMessage::Redo() {
   if (!history_.CanRedo()) return false;
   history_.Redo(row_);
+  LookBack();
   FollowCursor();
   SetModified(true);
   return true;
@@ -57,7 +56,7 @@ void ScrollingMessage::PressMoveKey(MoveKey key) {
 }
 
 void ScrollingMessage::Click(double x) {
-  row_.SetCursor(first_visible_ + std::min(NearestBoundary(x), kSpan));
+  row_.SetCursor(first_visible_ + std::clamp<qsizetype>(NearestBoundary(x), 0, kSpan));
 }
 
 void ScrollingMessage::Finish(const PageRow& before) {
@@ -65,6 +64,11 @@ void ScrollingMessage::Finish(const PageRow& before) {
   if (row_.Text() == before.Text()) return;
   history_.Record({kTheOneRow, before});
   SetModified(true);
+}
+
+void ScrollingMessage::LookBack() {
+  if (row_.Cursor() > first_visible_) return;
+  first_visible_ = std::max<qsizetype>(row_.Cursor() - kSpan / 2, 0);
 }
 
 void ScrollingMessage::FollowCursor() {

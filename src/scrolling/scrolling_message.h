@@ -59,6 +59,9 @@ class ScrollingMessage : public EditedMessage {
   void Finish(const PageRow& before);
   void FollowCursor();
 
+  /// Brings what stands in front of the cursor into sight where nothing of it is.
+  void LookBack();
+
   PageRow row_{PageRow::kEveryColumn};
   qsizetype first_visible_ = 0;
   EditHistory history_;

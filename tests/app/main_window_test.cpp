@@ -226,6 +226,21 @@ TEST_F(MainWindowTest, TheProgramsOwnTaskWindowsHaveAButton) {
   }
 }
 
+TEST_F(MainWindowTest, TheScrollingMessageButtonOpensItsEditorModalAndWithoutAnOwner) {
+  frmMain window;
+  window.show();
+  QString title;
+  const ModalWindowDriver driver(Text("frmShiftMsg"), [&](QWidget* task) {
+    if (task->windowModality() == Qt::ApplicationModal && task->parentWidget() == nullptr) {
+      title = task->windowTitle();
+    }
+    task->close();
+  });
+  QTest::mouseClick(Button(window, "butShiftMsg"), Qt::LeftButton);
+  EXPECT_EQ(driver.Count(), 1);
+  EXPECT_EQ(title, Text("Scrolling Message"));
+}
+
 TEST_F(MainWindowTest, ATaskWindowIsModalToTheApplicationWithoutAnOwner) {
   frmMain window(Tasks());
   window.show();

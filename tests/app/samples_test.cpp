@@ -1,6 +1,7 @@
 // The files that are shipped as samples: complete, and read by the program as they are meant.
 #include <map>
 
+#include <QDir>
 #include <QFile>
 #include <QStringList>
 
@@ -10,6 +11,8 @@
 #include "app/module_language.h"
 #include "core/configuration_store.h"
 #include "page/display_feature.h"
+#include "page/message_file.h"
+#include "scrolling/scrolling_file.h"
 #include "support/program_folder.h"
 
 namespace {
@@ -101,6 +104,40 @@ TEST_P(SampleLanguageTest, EveryFeatureNameLeadsToItsOwnCode) {
 
 INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::Values("deutsch", "espanol"),
                          [](const auto& test) { return std::string(test.param); });
+
+// The samples whose names end so, at least `fewest` of them.
+QStringList SampleMessages(const char* ending, qsizetype fewest) {
+  const QDir folder(QStringLiteral(BRIVON_SAMPLES "/messages"));
+  const QStringList names = folder.entryList({QLatin1Char('*') + QLatin1String(ending)});
+  EXPECT_GE(names.size(), fewest);
+  return names;
+}
+
+TEST(SampleMessagesTest, EveryPageIsReadAndWrittenAgainByteByByte) {
+  const TemporaryProgramFolder folder;
+  for (const QString& name : SampleMessages(".msg", 3)) {
+    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    const auto read = Brivon1::LoadMessageFile(folder.Write(name, content));
+    ASSERT_TRUE(read.has_value()) << name.toStdString();
+    Brivon1::PageMessage page;
+    page.TakeOver(read->dimension, read->rows);
+    Brivon1::SaveMessageFile(folder.Path(name), page);
+    EXPECT_EQ(folder.Read(name), content) << name.toStdString();
+  }
+}
+
+TEST(SampleMessagesTest, EveryScrollingMessageIsReadAndWrittenAgainByteByByte) {
+  const TemporaryProgramFolder folder;
+  for (const QString& name : SampleMessages(".srl", 1)) {
+    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    const auto message = Brivon1::ReadScrollingMessage(folder.Write(name, content));
+    ASSERT_TRUE(message.has_value()) << name.toStdString();
+    EXPECT_GT(message->Length(), 30) << "long enough to scroll";
+    EXPECT_LE(message->Length(), 1000);
+    Brivon1::WriteScrollingMessage(folder.Path(name), *message);
+    EXPECT_EQ(folder.Read(name), content) << name.toStdString();
+  }
+}
 
 TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   TemporaryProgramFolder folder;

@@ -77,6 +77,17 @@ TEST_F(FileChecks, AScheduleFileOf29BytesIsRefusedEvenIfItsOneLineIsTheHeader) {
   EXPECT_EQ(Schedule("*** Brivon Schedule File ***\r\n"), kNoDimension);
 }
 
+TEST_F(FileChecks, TheTextOfAScrollingFileIsItsSecondLine) {
+  const auto text = [this](const QByteArray& content) {
+    return ScrollingFileText(Write(content)).value_or("none");
+  };
+  const QByteArray header = "*** Brivon Shift Message File ***";
+  EXPECT_EQ(text(header + "\r\n <SA>x \r\nmore\r\n"), " <SA>x ");
+  EXPECT_EQ(text(header + "\n\n"), "");
+  EXPECT_EQ(text(header + "\r\n"), "none");
+  EXPECT_EQ(text("*** Another Header Of The Same Length ***\r\nx\r\n"), "none");
+}
+
 TEST_F(FileChecks, AScrollingFileOf29BytesIsRefused) {
   EXPECT_FALSE(Scrolling(QByteArray("*** Brivon Shift Message File ***").first(29)));
 }

@@ -13,6 +13,22 @@ TEST(PanelList, ALineIsTheIdTheDimensionTheColourAndTheAddressFiveBlanksApart) {
   EXPECT_EQ(PanelListLine(255, {12, 3000, kMono, ""}), "ID255     12x3000     Mono-Color     ");
 }
 
+TEST(PanelList, AShortLineEndsWithTheColour) {
+  EXPECT_EQ(ShortPanelListLine(7, {16, 96, kTri, "192.168.0.12:80"}),
+            "ID007     16x96     Tri-Color");
+  EXPECT_EQ(ShortPanelListLine(255, {12, 3000, kMono, ""}), "ID255     12x3000     Mono-Color");
+  const PanelListEntry entry = ReadPanelListLine("ID007     16x96     Tri-Color");
+  EXPECT_EQ(entry.id, 7);
+  EXPECT_EQ(entry.rows, 16);
+  EXPECT_EQ(entry.columns, 96);
+  EXPECT_FALSE(entry.endpoint.IsUsable());
+  Configuration configuration;
+  configuration.panels[7] = {16, 96, kTri, "192.168.0.12:80"};
+  configuration.panels[8] = {0, 96, kTri, "192.168.0.12:80"};
+  EXPECT_EQ(PanelListLines(configuration, ShortPanelListLine),
+            QList<QByteArray>{"ID007     16x96     Tri-Color"});
+}
+
 TEST(PanelList, TheListHoldsTheConfiguredPanelsInAscendingOrder) {
   Configuration configuration;
   configuration.panels[255] = {1, 96, kMono, "Mono"};

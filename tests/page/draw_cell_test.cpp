@@ -297,6 +297,28 @@ TEST_F(DrawRowTest, OnlyWhatIsExposedIsDrawn) {
   EXPECT_EQ(image.pixelColor(72, 0), kGrey);
 }
 
+TEST(DrawRow, OfASpanNothingElseIsDrawnWhateverIsExposed) {
+  Brivon1::PageRow row;
+  for (int at = 0; at < 20; ++at) {
+    row.Append(static_cast<char>('a' + at), {'D', 'D', at == 6 ? 'B' : 'N'});
+  }
+  // Characters 5 to 8 alone, as a row of their own.
+  Brivon1::PageRow part;
+  for (int at = 5; at < 9; ++at) part.Append(row.Text()[at], row.AttributesAt(at));
+  const auto draw = [](const Brivon1::PageRow& drawn, RowSpan span, const QRect& exposed) {
+    QImage image(10 * 12, 20, QImage::Format_RGB32);
+    image.fill(kGrey);
+    QPainter painter(&image);
+    painter.setClipRect(exposed);
+    DrawRow(painter, drawn, exposed, true, span);
+    return image;
+  };
+  for (const QRect& exposed : {QRect(0, 0, 120, 20), QRect(0, 0, 12, 20), QRect(30, 0, 20, 20)}) {
+    EXPECT_EQ(draw(row, {5, 4}, exposed), draw(part, {}, exposed));
+  }
+  EXPECT_EQ(draw(row, {20, 4}, QRect(0, 0, 120, 20)), draw(Brivon1::PageRow(), {}, QRect()));
+}
+
 TEST(DrawRow, APartDrawnAloneLooksAsItDoesInTheWhole) {
   Brivon1::PageRow row;
   for (int at = 0; at < 8; ++at) row.Append('M', {'D', 'D', Brivon1::kSteady});

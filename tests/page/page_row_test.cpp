@@ -72,6 +72,15 @@ TEST(PageRow, ACursorIsHeldIn16BitsEvenInALongerRow) {
   EXPECT_EQ(row.Cursor(), 32766);
 }
 
+TEST(PageRow, ARowOfItsOwnLimitLetsItsCursorReachEveryColumn) {
+  PageRow row(PageRow::kEveryColumn);
+  for (int i = 0; i < 40000; ++i) row.Append('x', kRedNormal);
+  row.End();
+  EXPECT_EQ(row.Cursor(), 40000);
+  row.Insert('y', kRedNormal);
+  EXPECT_EQ(row.Cursor(), 40001);
+}
+
 TEST(PageRow, RandomEditsKeepTheFourTextsEqualInLength) {
   std::mt19937 random(20240521);
   const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };

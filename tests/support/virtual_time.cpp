@@ -64,6 +64,10 @@ void ScriptedLink::LoseAfter(qint64 after) {
   answers_.append(QList<Event>{{after, QByteArray(), true}});
 }
 
+void ScriptedLink::AndLoseAfter(qint64 after) {
+  answers_.last().append({after, QByteArray(), true});
+}
+
 void ScriptedLink::Write(const QByteArray& bytes) {
   QByteArray shown = bytes;
   time_.Note(QStringLiteral("send ") +

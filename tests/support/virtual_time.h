@@ -81,8 +81,9 @@ class ScriptedLink : public Brivon1::PanelLink {
   /// More bytes for the answer given last.
   void AndAfter(qint64 after, const QByteArray& bytes);
 
-  /// The line is lost that long after the next frame.
+  /// The line is lost that long after the next frame; or after the one answered last.
   void LoseAfter(qint64 after);
+  void AndLoseAfter(qint64 after);
 
   /// Bytes that are already waiting on the line.
   void Receive(const QByteArray& bytes) { input_ += bytes; }

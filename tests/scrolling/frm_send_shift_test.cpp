@@ -1,0 +1,480 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSerialPort>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "core/configuration_store.h"
+#include "scrolling/frmSendShift.h"
+#include "support/message_box_reader.h"
+#include "support/panel_bench.h"
+
+namespace {
+
+const QString kFinished = QStringLiteral("Transmission finished!");
+const QString kFailure = QStringLiteral("Transmission failure!");
+const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
+const QByteArray kFile = "*** Brivon Shift Message File ***\r\n<SA><CA>Road <CB>works\r\n";
+
+/// The dialog as an operator has it before him.
+class Dialog {
+ public:
+  explicit Dialog(const QString& file_name) : window(nullptr, file_name) {
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+  }
+
+  template <typename T>
+  T* Find(const char* name) {
+    T* control = window.findChild<T*>(QString::fromLatin1(name));
+    EXPECT_NE(control, nullptr) << name;
+    return control;
+  }
+
+  void Click(const char* name) { QTest::mouseClick(Find<QPushButton>(name), Qt::LeftButton); }
+
+  void TypeLine(const QString& line) {
+    auto* box = Find<QLineEdit>("txtLine");
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_Delete);
+    QTest::keyClicks(box, line);
+  }
+
+  QString File() { return Find<QLabel>("lblFileName")->text(); }
+
+  /// Presses "Send" and returns the texts of the message boxes that followed.
+  QStringList Send() {
+    const MessageBoxReader boxes;
+    Click("butSend");
+    return boxes.Texts();
+  }
+
+  bool IsReady() {
+    for (const char* name : {"butBrowse", "ComboID", "txtLine", "butSend", "butDone"}) {
+      if (!Find<QWidget>(name)->isEnabled()) return false;
+    }
+    return window.cursor().shape() == Qt::ArrowCursor &&
+           Find<QLabel>("lblSendStatus")->text().isEmpty();
+  }
+
+  frmSendShift window;
+};
+
+/// The dialog in front of panels that are really there.
+class SendScrolling : public testing::Test {
+ protected:
+  SendScrolling()
+      : bench_(LineKind::kSerial, {{18, 16, 96, true}, {19, 4, 96, false}, {26, 4, 96, true}}) {
+    path_ = bench_.Folder().Write(QStringLiteral("a.srl"), kFile);
+  }
+
+  void ExpectTheNextSendWorks(Dialog& dialog) {
+    EXPECT_TRUE(dialog.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+    bench_.Fail({});
+    const qsizetype before = bench_.Frames().size();
+    EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+    EXPECT_EQ(bench_.Frames().size(), before + 1);
+    EXPECT_TRUE(dialog.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+  }
+
+  PanelBench bench_;
+  QString path_;
+};
+
+TEST_F(SendScrolling, TheMessageArrivesAsOneFrameAndTheDialogStaysOpenForTheNext) {
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  dialog.TypeLine(QStringLiteral("16"));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  dialog.Find<QComboBox>("ComboID")->setCurrentIndex(1);
+  dialog.TypeLine(QStringLiteral("4"));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{"<ID12><L1><SA><CA>Road <CB>works\r\n",
+                                                "<ID12><L16><SA><CA>Road <CB>works\r\n",
+                                                "<ID13><L4><SA>Road works\r\n"}));
+  EXPECT_TRUE(dialog.window.isVisible());
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_EQ(dialog.File(), path_);
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtLine")->text(), QStringLiteral("4"));
+  EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->currentIndex(), 1);
+}
+
+TEST_F(SendScrolling, TheConfigurationNamesTheTcpIpModeTheMessageIsStillSentOverTheSerialPort) {
+  const QByteArray ini = bench_.Folder().Read(QStringLiteral("brivon.ini"));
+  for (const char* mode : {"SendMode=TCPIP", "SendMode=", "SendMode=other"}) {
+    bench_.Folder().Configure(QByteArray(ini).replace("SendMode=RS232", mode));
+    Dialog dialog(path_);
+    EXPECT_EQ(dialog.Send(), QStringList{kFinished}) << mode;
+  }
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>(3, "<ID12><L1><SA><CA>Road <CB>works\r\n"));
+  EXPECT_EQ(bench_.Tcp().ConnectionCount(), 0);
+}
+
+TEST_F(SendScrolling, TxtLine0OnAnyPanelIsSentWithLine0WithoutAMessage) {
+  Dialog dialog(path_);
+  dialog.TypeLine(QStringLiteral("0"));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
+}
+
+TEST_F(SendScrolling, TxtLine17OnA16RowPanelIsNotValid) {
+  Dialog dialog(path_);
+  dialog.TypeLine(QStringLiteral("17"));
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Line No. Not Valid!")});
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_F(SendScrolling, TxtLineAbcIsReadAs0AndSent) {
+  Dialog dialog(path_);
+  dialog.TypeLine(QStringLiteral("abc"));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
+}
+
+TEST_F(SendScrolling, ALineBelow0PassesTheCheckAndIsSentAsItIs) {
+  Dialog dialog(path_);
+  dialog.TypeLine(QStringLiteral(" -70000x"));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().value(0), "<ID12><L-70000><SA><CA>Road <CB>works\r\n");
+}
+
+TEST_F(SendScrolling, AHugeLineNumberIsNotValid) {
+  Dialog dialog(path_);
+  for (const char* line : {"65537", "4294967297", "99999999999999999999999999"}) {
+    dialog.TypeLine(QString::fromLatin1(line));
+    EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Line No. Not Valid!")}) << line;
+  }
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+}
+
+TEST_F(SendScrolling, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
+  Dialog dialog(path_);
+  int seen = 0;
+  QObject::connect(
+      &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window, [&] {
+        ++seen;
+        for (const char* name : {"butSend", "butDone", "butBrowse", "ComboID", "txtLine"}) {
+          EXPECT_FALSE(dialog.Find<QWidget>(name)->isEnabled()) << name;
+        }
+        EXPECT_EQ(dialog.window.cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), QStringLiteral("Sending --->"));
+        EXPECT_TRUE(dialog.Find<QTimer>("Timer1")->isActive());
+        dialog.Click("butSend");
+        dialog.window.close();
+        QTest::keyClick(&dialog.window, Qt::Key_Escape);
+        QTest::keyClick(&dialog.window, Qt::Key_Return);
+        EXPECT_TRUE(dialog.window.isVisible());
+      });
+  QString status;
+  const ModalWindowDriver box(
+      QString(), [&](QWidget*) { status = dialog.Find<QLabel>("lblSendStatus")->text(); });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(status, QStringLiteral("<--- Ack"));
+  EXPECT_EQ(seen, 1);
+  EXPECT_TRUE(dialog.window.isVisible());
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_FALSE(dialog.Find<QTimer>("Timer1")->isActive());
+  QTest::keyClick(&dialog.window, Qt::Key_Escape);
+  EXPECT_FALSE(dialog.window.isVisible());
+}
+
+TEST_F(SendScrolling, TheBoxIsPlainAndBearsTheWindowsCaption) {
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  ASSERT_EQ(boxes.Seen().size(), 1);
+  EXPECT_EQ(boxes.Seen()[0].text, kFinished);
+  EXPECT_EQ(boxes.Seen()[0].title, QStringLiteral("Send Scrolling Message"));
+  EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::NoIcon);
+  EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Ok);
+  EXPECT_EQ(boxes.Seen()[0].parent, &dialog.window);
+}
+
+TEST_F(SendScrolling, ASilentPanelFailsAfterFiveAttempts) {
+  bench_.Fail({.silent = true});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<ID12><L1><SA><CA>Road <CB>works\r\n"));
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_F(SendScrolling, APanelThatAnswersOnTheThirdAttemptHasTheMessage) {
+  bench_.Fail({.silent_answers = 2});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().size(), 3);
+}
+
+TEST_F(SendScrolling, ASlowPanelThatAnswersInPiecesIsAccepted) {
+  bench_.Fail({.pieces = 3, .piece_pause_ms = 40, .late_ms = 900});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().size(), 1);
+}
+
+TEST_F(SendScrolling, GarbledAnswersAreRefusedFiveTimes) {
+  bench_.Fail({.garbage = true});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  EXPECT_EQ(bench_.Frames().size(), 5);
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_F(SendScrolling, LowerCaseAnswersAreRefused) {
+  bench_.Fail({.lower_case = true});
+  Dialog dialog(path_);
+  dialog.Find<QComboBox>("ComboID")->setCurrentIndex(2);  // 26 is 1A, in lower case 1a
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+}
+
+TEST_F(SendScrolling, AStrayByteInFrontOfEveryAnswerFails) {
+  bench_.Fail({.stray_byte = true});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  EXPECT_EQ(bench_.Frames().size(), 5);
+}
+
+TEST_F(SendScrolling, AnEndlessAnswerFailsAndTheNextSendWorks) {
+  bench_.Fail({.flood = true});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_F(SendScrolling, ALineThatIsUnpluggedWhileItSendsFailsOnceAndTheNextSendWorks) {
+  bench_.Fail({.silent = true, .close_after_frame = 1});
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << "one message, not one for each error";
+  EXPECT_EQ(bench_.Frames().size(), 1);
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_F(SendScrolling, AMissingPortIsReportedWithItsDevice) {
+  bench_.Unplug();
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
+  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(
+      bench_.Folder().Path(QStringLiteral("panel-line")) + QStringLiteral(": ")));
+  EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_F(SendScrolling, AFileThatIsRefusedAtSendingIsATransmissionFailureAndNothingIsSent) {
+  Dialog dialog(path_);
+  for (const char* content : {"too short", "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n",
+                              "*** Brivon Shift Message File ***\r\n"}) {
+    bench_.Folder().Write(QStringLiteral("a.srl"), content);
+    EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << content;
+    EXPECT_TRUE(dialog.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+  }
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+}
+
+TEST_F(SendScrolling, TheLongestMessageArrivesWhole) {
+  QByteArray body;
+  for (int at = 0; at < 1000; ++at) {
+    body += QByteArray("<S") + static_cast<char>('A' + at % 8) + "><C" +
+            static_cast<char>('A' + at % 16) + '>' + static_cast<char>('a' + at % 26);
+  }
+  bench_.Folder().Write(QStringLiteral("a.srl"),
+                        "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<ID12><L1>" + body + "\r\n"});
+}
+
+TEST_F(SendScrolling, TheWholeProgramCanBeEndedWhileItSends) {
+  bench_.Fail({.silent = true});
+  Dialog dialog(path_);
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [] { QCoreApplication::exit(3); });
+  QTimer::singleShot(0, &dialog.window, [&] { dialog.Click("butSend"); });
+  EXPECT_EQ(QCoreApplication::exec(), 3);
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_F(SendScrolling, ItsTextsComeFromTheLanguageFileItsCaptionsDoNot) {
+  bench_.Folder().UseLanguage(
+      "[Message]\r\nmsgTxOK=Fertig!\r\nmsgTxFail=Fehler!\r\nmsgErrComm=Kein Anschluss!\r\n"
+      "msgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\n"
+      "[frmSendShift]\r\nfrmSendShift.Caption=Senden\r\nfrmSendShift.butSend=Los\r\n");
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fertig!")});
+  bench_.Fail({.garbage = true});
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fehler!")});
+  bench_.Unplug();
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Kein Anschluss!")});
+  EXPECT_EQ(Dialog(QString()).Send(), QStringList{QStringLiteral("Datei fehlt!")});
+  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Scrolling Message"));
+  EXPECT_EQ(dialog.Find<QPushButton>("butSend")->text(), QStringLiteral("Send"));
+}
+
+/// The dialog in front of panels that are never reached: what it refuses before it opens a port.
+class SendScrollingChecks : public testing::Test {
+ protected:
+  SendScrollingChecks() {
+    folder_.Configure(
+        "[Dimension Config]\r\nID007=16x96,Tri,192.168.0.1:80\r\nID012=2x128,Mono\r\n"
+        "ID200=0x96,Tri\r\n[Communication]\r\nSendMode=TCPIP\r\n"
+        "[Serial Ports]\r\nCom2=/nowhere/at/all\r\n");
+    path_ = folder_.Write(QStringLiteral("a.srl"), kFile);
+  }
+
+  TemporaryProgramFolder folder_;
+  QString path_;
+};
+
+TEST_F(SendScrollingChecks, HasItsControlsAndTexts) {
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.window.objectName(), QStringLiteral("frmSendShift"));
+  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Scrolling Message"));
+  EXPECT_EQ(dialog.Find<QLabel>("LabelDisplayID")->text(), QStringLiteral("ID Number"));
+  EXPECT_EQ(dialog.Find<QLabel>("labelLine")->text(), QStringLiteral("Line :"));
+  EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), QString());
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtLine")->text(), QStringLiteral("1"));
+  const std::pair<const char*, const char*> buttons[] = {
+      {"butBrowse", "Browse"}, {"butSend", "Send"}, {"butDone", "Done"}};
+  for (const auto& [name, text] : buttons) {
+    EXPECT_EQ(dialog.Find<QPushButton>(name)->text(), QLatin1String(text));
+  }
+  EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
+  EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_EQ(dialog.File(), path_);
+}
+
+TEST_F(SendScrollingChecks, ThePanelListHasNoAddressesAndItsFirstEntryIsSelected) {
+  Dialog dialog(path_);
+  auto* list = dialog.Find<QComboBox>("ComboID");
+  ASSERT_EQ(list->count(), 2);
+  EXPECT_EQ(list->itemText(0), QStringLiteral("ID007     16x96     Tri-Color"));
+  EXPECT_EQ(list->itemText(1), QStringLiteral("ID012     2x128     Mono-Color"));
+  EXPECT_EQ(list->currentIndex(), 0);
+}
+
+TEST_F(SendScrollingChecks, AnEmptyPanelListGivesInvalidIdSelection) {
+  folder_.Configure("");
+  Dialog dialog(path_);
+  EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->count(), 0);
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid ID Selection!")});
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_F(SendScrollingChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
+  const QString path = folder_.Path(QStringLiteral("late.srl"));
+  Dialog dialog(path);
+  dialog.TypeLine(QString());
+  auto* list = dialog.Find<QComboBox>("ComboID");
+  list->setCurrentIndex(-1);
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  folder_.Write(QStringLiteral("late.srl"), kFile);
+  dialog.Click("butSend");
+  list->setCurrentIndex(1);
+  dialog.Click("butSend");
+  dialog.TypeLine(QStringLiteral("3"));
+  dialog.Click("butSend");
+  dialog.TypeLine(QStringLiteral("2"));
+  dialog.Click("butSend");
+  EXPECT_EQ(boxes.Texts(),
+            (QStringList{QStringLiteral("File not found!"), QStringLiteral("Invalid ID Selection!"),
+                         QStringLiteral("Invalid Line No.!"), QStringLiteral("Line No. Not Valid!"),
+                         kNoPort}));
+  for (const SeenMessageBox& box : boxes.Seen()) {
+    EXPECT_EQ(box.title, QStringLiteral("Send Scrolling Message"));
+    EXPECT_EQ(box.icon, QMessageBox::NoIcon);
+    EXPECT_EQ(box.buttons, QMessageBox::Ok);
+  }
+  EXPECT_TRUE(dialog.IsReady());
+  EXPECT_EQ(dialog.File(), path);
+  EXPECT_EQ(list->currentIndex(), 1);
+}
+
+TEST_F(SendScrollingChecks, WithoutAFileOrWithAFolderThereIsNoneToFind) {
+  EXPECT_EQ(Dialog(QString()).Send(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_EQ(Dialog(folder_.Path(QString())).Send(), QStringList{QStringLiteral("File not found!")});
+}
+
+TEST_F(SendScrollingChecks, BrowseShowsTheChosenFile) {
+  const QString other = folder_.Write(QStringLiteral("other.srl"), kFile);
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  const FileChooser chooser(other);
+  dialog.Click("butBrowse");
+  EXPECT_EQ(chooser.Seen().title, QStringLiteral("Browse"));
+  EXPECT_EQ(chooser.Seen().filters, (QStringList{QStringLiteral("Scrolling Message File (*.srl)"),
+                                                 QStringLiteral("All (*)")}));
+  EXPECT_EQ(chooser.Seen().filter, QStringLiteral("Scrolling Message File (*.srl)"));
+  EXPECT_EQ(dialog.File(), other);
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+}
+
+TEST_F(SendScrollingChecks, AFileWhoseHeaderIsWrongIsRefusedAtBrowseInWordsWithoutAMark) {
+  folder_.UseLanguage("[Message]\r\nmsgErrOpen=Unlesbar\r\n");
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  const FileChooser chooser(folder_.Write(QStringLiteral("bad.srl"), QByteArray(100, 'x')));
+  dialog.Click("butBrowse");
+  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Unlesbar")});
+  EXPECT_EQ(dialog.File(), path_);
+}
+
+TEST_F(SendScrollingChecks, AChosenFileThatDoesNotExistIsNotFoundInWordsWithoutAMark) {
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  const FileChooser chooser(folder_.Path(QStringLiteral("gone.srl")));
+  dialog.Click("butBrowse");
+  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("File not found")});
+  EXPECT_EQ(dialog.File(), path_);
+}
+
+TEST_F(SendScrollingChecks, ABrowseThatIsCancelledChangesNothing) {
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  const FileChooser chooser((QString()));
+  dialog.Click("butBrowse");
+  EXPECT_EQ(chooser.Count(), 1);
+  EXPECT_EQ(dialog.File(), path_);
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+}
+
+TEST_F(SendScrollingChecks, DoneAndEscapeCloseTheDialog) {
+  Dialog dialog(path_);
+  dialog.Click("butDone");
+  EXPECT_FALSE(dialog.window.isVisible());
+  Dialog other(path_);
+  QTest::keyClick(&other.window, Qt::Key_Escape);
+  EXPECT_FALSE(other.window.isVisible());
+}
+
+TEST_F(SendScrollingChecks, TabVisitsTheControlsInTheOrderInWhichTheyAreRead) {
+  Dialog dialog(path_);
+  dialog.window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog.window));
+  EXPECT_EQ(dialog.window.focusWidget()->objectName(), QStringLiteral("ComboID"));
+  dialog.Find<QWidget>("butBrowse")->setFocus();
+  for (const char* name : {"ComboID", "txtLine", "butSend", "butDone", "butBrowse"}) {
+    QTest::keyClick(dialog.window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(dialog.window.focusWidget()->objectName(), QLatin1String(name));
+  }
+}
+
+TEST_F(SendScrollingChecks, ReturnInTheLineBoxSends) {
+  Dialog dialog(path_);
+  const MessageBoxReader boxes;
+  QTest::keyClick(dialog.Find<QLineEdit>("txtLine"), Qt::Key_Return);
+  EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
+}
+
+}  // namespace
