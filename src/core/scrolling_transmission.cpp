@@ -10,8 +10,20 @@ namespace {
 /// The time that a frame is given to leave the line before its acknowledgement is waited for.
 constexpr int kSendingTime = 300;
 
+/// `text` without a single colour code, also none that is put together by taking out another one.
+QByteArray WithoutColourCodes(const QByteArray& text) {
+  constexpr qsizetype kCodeLength = 4;
+  QByteArray result;
+  for (const char character : StripColourCodes(text)) {
+    result.append(character);
+    if (character != '>' || result.size() < kCodeLength) continue;
+    if (QByteArrayView(result).last(kCodeLength).startsWith("<C")) result.chop(kCodeLength);
+  }
+  return result;
+}
+
 QByteArray ScrollingFrame(QByteArray text, int id, int line, qint16 colour_type) {
-  if (colour_type == kMono) text = TrimBlanks(StripColourCodes(text));
+  if (colour_type == kMono) text = TrimBlanks(WithoutColourCodes(text));
   return AckPrefix(id) + "<L" + QByteArray::number(line) + '>' + text + "\r\n";
 }
 

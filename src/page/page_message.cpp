@@ -43,7 +43,7 @@ void PageMessage::InsertGraphic(char letter) {
 }
 
 void PageMessage::Record(const PageRow& before) {
-  if (before.Text() != Current().Text()) history_.Record({current_row_, before});
+  if (!before.ShowsTheSameAs(Current())) history_.Record({current_row_, before});
 }
 
 bool PageMessage::Undo() {

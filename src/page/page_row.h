@@ -32,6 +32,12 @@ class PageRow {
   /// The attributes of the character at `position`, 0 to Length() - 1.
   Attributes AttributesAt(qsizetype position) const;
 
+  /// Whether the characters and their attributes are those of `other`.
+  bool ShowsTheSameAs(const PageRow& other) const {
+    return text_ == other.text_ && size_ == other.size_ && colour_ == other.colour_ &&
+           blink_ == other.blink_;
+  }
+
   /// The number of characters in front of the cursor.
   qsizetype Cursor() const { return cursor_; }
 

@@ -56,34 +56,40 @@ void frmSendShift::Browse() {
 }
 
 void frmSendShift::Send() {
-  session_->Run([this] { SendFile(); });
+  const std::optional<Order> order = CheckedOrder();
+  if (!order) return;
+  session_->Run([this, &order] { SendFile(*order); });
   ui_->lblSendStatus->clear();
 }
 
-void frmSendShift::SendFile() {
+std::optional<frmSendShift::Order> frmSendShift::CheckedOrder() {
   const QString path = ui_->lblFileName->text();
   if (!Brivon1::FileExists(path)) {
     ShowMessage(this, TranslateMessage(QStringLiteral("File not found")) + QLatin1Char('!'));
-    return;
+    return std::nullopt;
   }
   const auto panel = SelectedPanel(ui_->ComboID);
   if (!panel) {
     ShowMessage(this, TranslateMessage(QStringLiteral("Invalid ID Selection!")));
-    return;
+    return std::nullopt;
   }
   if (ui_->txtLine->text().isEmpty()) {
     ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Line No.!")));
-    return;
+    return std::nullopt;
   }
   // Lines below 1 are sent as they are: what they mean is the panel's affair.
   const int line = LineOf(ui_->txtLine->text());
   if (line > panel->rows) {
     ShowMessage(this, TranslateMessage(QStringLiteral("Line No. Not Valid!")));
-    return;
+    return std::nullopt;
   }
+  return Order{path, panel->id, line};
+}
+
+void frmSendShift::SendFile(const Order& order) {
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
   session_->TransmitOverSerial(show_status, {}, [&](Brivon1::Transmission& transmission) {
-    const bool sent = Brivon1::SendScrollingFile(transmission, path, panel->id, line);
+    const bool sent = Brivon1::SendScrollingFile(transmission, order.path, order.panel, order.line);
     ShowMessage(this, TranslateMessage(sent ? QStringLiteral("Transmission finished!")
                                             : QStringLiteral("Transmission failure!")));
   });

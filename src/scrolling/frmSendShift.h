@@ -22,9 +22,19 @@ class frmSendShift : public QDialog {
   ~frmSendShift() override;
 
  private:
+  /// What is to be sent where.
+  struct Order {
+    QString path;
+    int panel = 0;
+    int line = 0;
+  };
+
   void Browse();
   void Send();
-  void SendFile();
+
+  /// What the controls say, or nothing, after the message about it, where that cannot be sent.
+  std::optional<Order> CheckedOrder();
+  void SendFile(const Order& order);
 
   std::unique_ptr<Ui::frmSendShift> ui_;
   SendingSession* session_;

@@ -61,7 +61,7 @@ void ScrollingMessage::Click(double x) {
 
 void ScrollingMessage::Finish(const PageRow& before) {
   FollowCursor();
-  if (row_.Text() == before.Text()) return;
+  if (row_.ShowsTheSameAs(before)) return;
   history_.Record({kTheOneRow, before});
   SetModified(true);
 }

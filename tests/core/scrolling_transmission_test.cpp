@@ -152,6 +152,16 @@ TEST_F(ScrollingTransmission, ASingleColourPanelNeverReceivesAColourCode) {
   EXPECT_EQ(Frame(" <SA><CA> A<CP>B<C?> <CA", 3, 1), "<ID03><L1><SA> AB <CA\r\n");
 }
 
+TEST_F(ScrollingTransmission, NorOneThatIsPutTogetherByTakingOutAnother) {
+  EXPECT_EQ(Frame("a<C<CA>B>b<C<C<CA>B>>>c<CA", 3, 1), "<ID03><L1>abc<CA\r\n");
+}
+
+TEST_F(ScrollingTransmission, ManyCodesWithinOneAnotherAreTakenOutInBoundedTime) {
+  const int depth = 100000;
+  EXPECT_EQ(Frame("x" + QByteArray("<C").repeated(depth) + QByteArray("A>").repeated(depth), 3, 1),
+            "<ID03><L1>x\r\n");
+}
+
 TEST_F(ScrollingTransmission, ASingleColourPanelReceivesATrimmedText) {
   EXPECT_EQ(Frame("<CA>  AB \t ", 3, 1), "<ID03><L1>AB\r\n");
 }

@@ -401,6 +401,14 @@ TEST_F(SendScrollingChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   EXPECT_EQ(list->currentIndex(), 1);
 }
 
+TEST_F(SendScrollingChecks, AMessageAboutWhatWasChosenLocksNothing) {
+  Dialog dialog(folder_.Path(QStringLiteral("gone.srl")));
+  bool ready = false;
+  const ModalWindowDriver box(QString(), [&](QWidget*) { ready = dialog.IsReady(); });
+  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_TRUE(ready);
+}
+
 TEST_F(SendScrollingChecks, WithoutAFileOrWithAFolderThereIsNoneToFind) {
   EXPECT_EQ(Dialog(QString()).Send(), QStringList{QStringLiteral("File not found!")});
   EXPECT_EQ(Dialog(folder_.Path(QString())).Send(), QStringList{QStringLiteral("File not found!")});

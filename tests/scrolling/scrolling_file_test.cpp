@@ -152,7 +152,7 @@ TEST_F(ScrollingFile, EveryByteOfABodySurvivesReadingAndWriting) {
 TEST_F(ScrollingFile, RandomMessagesAreReadBackAsTheyWereWritten) {
   std::mt19937 random(20240611);
   const auto below = [&](unsigned bound) { return static_cast<char>(random() % bound); };
-  for (int round = 0; round < 300; ++round) {
+  for (int round = 0; round < 100; ++round) {
     PageRow row;
     const int length = static_cast<int>(random() % 1001);
     for (int at = 0; at < length; ++at) {
@@ -169,7 +169,7 @@ TEST_F(ScrollingFile, RandomMessagesAreReadBackAsTheyWereWritten) {
 TEST_F(ScrollingFile, AnyBytesAtAllGiveAMessageOrARefusal) {
   std::mt19937 random(20240612);
   constexpr char kLetters[] = "<>SCAEIZ\r\n x";
-  for (int round = 0; round < 2000; ++round) {
+  for (int round = 0; round < 500; ++round) {
     QByteArray body;
     const auto length = random() % 60;
     for (std::size_t at = 0; at < length; ++at) {

@@ -118,6 +118,16 @@ TEST(ScrollingMessage, EveryEditSetsTheModifiedFlag) {
   EXPECT_TRUE(message.IsModified());
 }
 
+TEST(ScrollingMessage, ACharacterThatIsReplacedByItselfInAnotherColourIsAnEdit) {
+  ScrollingMessage message = Opened(1);
+  message.ChooseColour(3);
+  message.TypeAll("\ba");
+  EXPECT_TRUE(message.IsModified());
+  EXPECT_EQ(message.Row().Colour(), "D");
+  EXPECT_TRUE(message.Undo());
+  EXPECT_EQ(message.Row().Colour(), "A");
+}
+
 TEST(ScrollingMessage, KeysInsertAndRemoveAtTheCursorInAllFourTexts) {
   ScrollingMessage message;
   message.TypeAll("ad");

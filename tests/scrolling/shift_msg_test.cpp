@@ -182,6 +182,18 @@ TEST_F(ShiftMsg, TheKeyboardIsInTheDrawingAreaFromTheFirst) {
   EXPECT_EQ(CursorCell(), 2);
 }
 
+TEST_F(ShiftMsg, AClickOnAFileButtonLeavesTheKeyboardInTheDrawingArea) {
+  Keys("x");
+  const MessageBoxReader boxes;  // answers with Cancel
+  for (const char* name : {"butNew", "butOpen", "butSend", "butExit"}) {
+    Press(name);
+    Activate();
+    EXPECT_EQ(window_.focusWidget(), Picture()) << name;
+  }
+  Keys("y");
+  EXPECT_EQ(Position(), Text("2 of 2"));
+}
+
 TEST_F(ShiftMsg, TimersOfThePreviewCursor500MsBlinkingCharacters500Ms) {
   EXPECT_EQ(Find<QTimer>("Timer1")->interval(), 500);
   EXPECT_EQ(Find<QTimer>("Timer2")->interval(), 500);
