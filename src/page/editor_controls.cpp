@@ -42,7 +42,7 @@ void AddFileShortcuts(const FileButtons& buttons) {
 
 void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,
                       const std::function<void()>& redo) {
-  const auto add = [window](QKeySequence keys, const std::function<void()>& act) {
+  const auto add = [window](const QKeySequence& keys, const std::function<void()>& act) {
     QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, act);
   };
   add(QKeySequence(Qt::CTRL | Qt::Key_Z), undo);

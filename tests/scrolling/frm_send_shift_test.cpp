@@ -257,6 +257,36 @@ TEST_F(SendScrolling, ALineThatIsUnpluggedWhileItSendsFailsOnceAndTheNextSendWor
   ExpectTheNextSendWorks(dialog);
 }
 
+TEST_F(SendScrolling, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
+  Dialog dialog(path_);
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver box(QString(), [&](QWidget*) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+    });
+    dialog.Click("butSend");
+    EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
+  }
+  bench_.PlugIn();
+  ExpectTheNextSendWorks(dialog);
+}
+
+TEST_F(SendScrolling, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
+  Dialog dialog(path_);
+  auto* line = dialog.Find<QLineEdit>("txtLine");
+  line->setFocus();
+  Qt::CursorShape shape = Qt::ArrowCursor;
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
+                   [&] { shape = line->cursor().shape(); });
+  const MessageBoxReader boxes;
+  QTest::keyClick(line, Qt::Key_Return);
+  EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
+  EXPECT_EQ(shape, Qt::WaitCursor);
+  EXPECT_EQ(line->cursor().shape(), Qt::IBeamCursor);
+  EXPECT_EQ(dialog.window.focusWidget(), line);
+}
+
 TEST_F(SendScrolling, AMissingPortIsReportedWithItsDevice) {
   bench_.Unplug();
   Dialog dialog(path_);

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -700,6 +702,19 @@ TEST_F(ShiftMsg, APasteFillsTheMessageAndNoMore) {
   EXPECT_EQ(Position(), Text("1000 of 1000 (full)"));
   EXPECT_EQ(CursorCell(), 30);
   EXPECT_EQ(Body(), "<SA><CA>xyz" + QByteArray(997, 'p') + "\r\n");
+}
+
+TEST_F(ShiftMsg, TheContextMenuPastes) {
+  QGuiApplication::clipboard()->setText(Text("abc\ndef"));
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(Picture(), &event);
+  auto* menu = Picture()->findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  ASSERT_EQ(menu->actions().size(), 1);
+  EXPECT_EQ(menu->actions()[0]->text(), Text("Paste"));
+  menu->actions()[0]->trigger();
+  menu->close();
+  EXPECT_EQ(Body(), "<SA><CA>abc\r\n");
 }
 
 TEST_F(ShiftMsg, ATypedCharacterWithoutAByteInTheCodePageIsARefusedKey) {
