@@ -28,10 +28,10 @@ QStringList NameFilters(const QString& filter) {
   return filters;
 }
 
-QString RunDialog(QWidget* window, const QString& title, const QString& filter, int preselected,
-                  QFileDialog::AcceptMode mode) {
+QString RunDialog(QWidget* window, const QString& name, const QString& title, const QString& filter,
+                  int preselected, QFileDialog::AcceptMode mode) {
   QFileDialog dialog(window, TranslateMessage(title), Brivon1::ProgramFolder());
-  dialog.setObjectName(QStringLiteral("CMDialog1"));
+  dialog.setObjectName(name);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setAcceptMode(mode);
@@ -46,16 +46,18 @@ QString RunDialog(QWidget* window, const QString& title, const QString& filter, 
 }  // namespace
 
 QString ShowFileDialog(QWidget* window, const QString& title, const QString& filter,
-                       int preselected) {
-  const QString path = RunDialog(window, title, filter, preselected, QFileDialog::AcceptOpen);
+                       int preselected, const OpenDialogStyle& style) {
+  const QString path =
+      RunDialog(window, style.name, title, filter, preselected, QFileDialog::AcceptOpen);
   if (path.isEmpty() || Brivon1::FileExists(path)) return path;
-  ShowMessage(window, TranslateMessage(QStringLiteral("File not found")) + QLatin1Char('!'));
+  ShowMessage(window, TranslateMessage(QStringLiteral("File not found")) + style.not_found_end);
   return {};
 }
 
 QString ShowSaveDialog(QWidget* window, const QString& title, const QString& filter,
                        int preselected) {
-  const QString path = RunDialog(window, title, filter, preselected, QFileDialog::AcceptSave);
+  const QString path = RunDialog(window, QStringLiteral("CMDialog1"), title, filter, preselected,
+                                 QFileDialog::AcceptSave);
   if (path.size() <= kLongestPath) return path;
   ShowMessage(window, TranslateMessage(QStringLiteral("Invalid path!")));
   return {};
