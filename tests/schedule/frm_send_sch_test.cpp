@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/caption_button.h"
+#include "app/fitted_text.h"
 #include "schedule/frmSendSch.h"
 #include "support/full_listener.h"
 #include "support/message_box_reader.h"
@@ -721,6 +723,26 @@ TEST_F(SendScheduleChecks, HasItsControlsAndTexts) {
   EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
   EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
   EXPECT_NE(dialog.Find<QTcpSocket>("Winsock1"), nullptr);
+}
+
+TEST_F(SendScheduleChecks, CaptionsThatAre30CharactersLongerAreShownWhole) {
+  QByteArray language = "[frmSendSch]\r\n";
+  for (const QByteArray caption :
+       {"LabelRow=Row:", "LabelCol=Col:", "lblSchNo=Schedule No.", "LabelDisplayID=ID Number",
+        "butBrowse=Browse", "butSend=Send", "butDone=Done"}) {
+    language += "frmSendSch." + caption + " and more words of a translation\r\n";
+  }
+  folder_.UseLanguage(language);
+  Dialog dialog(path_);
+  for (const char* name : {"butBrowse", "butSend", "butDone"}) {
+    EXPECT_TRUE(dialog.Find<CaptionButton>(name)->Fit().complete) << name;
+  }
+  for (const char* name : {"LabelRow", "LabelCol", "lblSchNo", "LabelDisplayID"}) {
+    const auto* label = dialog.Find<QLabel>(name);
+    EXPECT_TRUE(FitText(label->font(), label->text(), label->contentsRect().size()).complete)
+        << name;
+  }
+  EXPECT_LE(dialog.window.width(), 800);
 }
 
 TEST_F(SendScheduleChecks, DoneClosesTheDialog) {
