@@ -269,6 +269,16 @@ TEST_F(ScheduleTransmission, TheSameMessageFileInThreeSequencesIsSentOnceAndAllC
                                "<ID0A><TA>*****00101A,00202A,00103A,00104A\r\n"}));
 }
 
+TEST_F(ScheduleTransmission, ANameWithoutAFoldersFullPathIsThatOfAFileInTheProgramsFolder) {
+  const QString a = Message(QStringLiteral("a.msg"), "A");
+  Answer(2);
+  EXPECT_TRUE(Send(ScheduleOf({{QStringLiteral("a.msg")}})));
+  EXPECT_EQ(link_.Written().value(0), "<ID0A><L01><P001>A \r\n");
+  shown_.clear();
+  EXPECT_FALSE(Send(ScheduleOf({{QStringLiteral("missing.msg")}})));
+  EXPECT_EQ(shown_, QStringList(QStringLiteral("File not found: missing.msg")));
+}
+
 TEST_F(ScheduleTransmission, PathsAreComparedWithoutRegardToCase) {
   const QString a = Message(QStringLiteral("a.msg"), "A");
   const QString capital = folder_.Path(QStringLiteral("A.MSG"));
