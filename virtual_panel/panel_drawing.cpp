@@ -252,6 +252,11 @@ Placing Place(const QSizeF& size, const PanelDescription& description) {
                        (size.height() - dots.height() * dot) / 2)};
 }
 
+// How much of a scrolling line's current second has gone.
+qint64 MsIntoSecond(const ScrollingLine& line, qint64 now_ms) {
+  return ((now_ms - line.began_ms) % kSecondMs + kSecondMs) % kSecondMs;
+}
+
 double RowTop(int row) { return kFrame + (row - 1) * (kRowHeight + kRowGap); }
 
 }  // namespace
@@ -292,16 +297,17 @@ qint64 ScrolledDots(const ScrollingLine& line, const PanelPicture& picture, qint
   double width = 0;
   for (const Cell& cell : line.row.cells) width += CharacterWidth(cell) * CharacterCount(cell);
   const qint64 way = picture.description.columns + qRound64(width);
-  const qint64 elapsed_ms = qMax(now_ms - line.began_ms, qint64{0});
-  // Seconds and the rest apart: no product grows beyond bounds.
-  const qint64 dots = elapsed_ms / kSecondMs * picture.scroll_speed +
-                      elapsed_ms % kSecondMs * picture.scroll_speed / kSecondMs;
-  return dots % way;
+  // Whole seconds and the rest apart: a whole number of dots is gone after every second. The
+  // machine's clock may have been set back to before the beginning.
+  const qint64 into_second = MsIntoSecond(line, now_ms);
+  const qint64 seconds = (now_ms - line.began_ms - into_second) / kSecondMs;
+  const qint64 dots =
+      seconds * picture.scroll_speed + into_second * picture.scroll_speed / kSecondMs;
+  return (dots % way + way) % way;
 }
 
 qint64 MsToNextDot(const ScrollingLine& line, const PanelPicture& picture, qint64 now_ms) {
-  // A whole number of dots is gone after every whole second.
-  const qint64 into_second = qMax(now_ms - line.began_ms, qint64{0}) % kSecondMs;
+  const qint64 into_second = MsIntoSecond(line, now_ms);
   const qint64 next_dot = into_second * picture.scroll_speed / kSecondMs + 1;
   const qint64 due = (next_dot * kSecondMs + picture.scroll_speed - 1) / picture.scroll_speed;
   return qMax(due - into_second, qint64{1});

@@ -241,7 +241,7 @@ void PanelWindow::MakeSchedules(Place* place) {
   place->schedules->hide();
 }
 
-void PanelWindow::RefreshSchedules(Place* place, const QDateTime& now) {
+bool PanelWindow::RefreshSchedules(Place* place, const QDateTime& now) {
   const Schedules& schedules = engine_->FindPanel(place->id)->schedules;
   const auto playing = engine_->PlayingAt(place->id, now);
   QString shape;
@@ -262,9 +262,9 @@ void PanelWindow::RefreshSchedules(Place* place, const QDateTime& now) {
   place->playing->setText(PlayingText(playing));
   place->playing->setVisible(!schedules.isEmpty());
   place->schedules->setVisible(!schedules.isEmpty());
-  if (shape == place->shape) return;
+  const bool is_other = shape != place->shape;
   place->shape = shape;
-  Arrange();
+  return is_other;
 }
 
 int PanelWindow::ArrangeSchedules(Place* place, int width) {
@@ -373,11 +373,13 @@ QWidget* PanelWindow::MakeTraffic() {
 void PanelWindow::Refresh() {
   // One moment for all, so that what is shown and when it is next looked at fit each other.
   const QDateTime now = engine_->Now();
+  bool is_other = false;
   for (Place& place : places_) {
     place.view->Refresh(now);
     place.facts->setText(Facts(*engine_, place.id, now));
-    RefreshSchedules(&place, now);
+    is_other |= RefreshSchedules(&place, now);
   }
+  if (is_other) Arrange();
   StartTimers(now);
   Q_EMIT Refreshed();
 }

@@ -54,7 +54,8 @@ class PanelWindow : public QMainWindow {
 
   QWidget* MakePanels();
   void MakeSchedules(Place* place);
-  void RefreshSchedules(Place* place, const QDateTime& now);
+  // Whether its buttons have become others or have other captions.
+  bool RefreshSchedules(Place* place, const QDateTime& now);
   // Lays the buttons out in as many columns as fit, and returns their height.
   int ArrangeSchedules(Place* place, int width);
   QWidget* MakeTraffic();

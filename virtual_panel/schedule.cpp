@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+
+#include <QByteArray>
 
 namespace VirtualPanel {
 namespace {
@@ -12,6 +15,10 @@ constexpr qsizetype kMostDelayDigits = 5;
 constexpr qint64 kSecondMs = 1000;
 constexpr qint64 kMinutesOfHour = 60;
 constexpr qint64 kMinutesOfDay = 24 * kMinutesOfHour;
+constexpr int kMostWeekday = 6;
+constexpr int kMostHour = 23;
+constexpr int kMostMinute = 59;
+constexpr char kNoLetter = '\0';
 constexpr qint64 kFirstDayOfEpoch = 4;  // 1 January 1970 was a Thursday
 
 constexpr std::array<const char*, 8> kEffects = {"Appear",    "Flip", "Open",  "Wipe Right",
@@ -81,12 +88,26 @@ int Rank(const Schedule& schedule) {
   return (weekday + hour + minute) * 4 + weekday * 2 + hour;
 }
 
+// Writes the letter into every minute of the week that the schedule matches.
+void TakeMinutes(const Schedule& schedule, char letter, QByteArray* owners) {
+  const auto first = [](std::optional<int> field) { return field.value_or(0); };
+  const auto last = [](std::optional<int> field, int most) { return field.value_or(most); };
+  for (int day = first(schedule.weekday); day <= last(schedule.weekday, kMostWeekday); ++day) {
+    for (int hour = first(schedule.hour); hour <= last(schedule.hour, kMostHour); ++hour) {
+      const qint64 begin = day * kMinutesOfDay + hour * kMinutesOfHour + first(schedule.minute);
+      const qint64 count = last(schedule.minute, kMostMinute) - first(schedule.minute) + 1;
+      std::fill_n(owners->begin() + begin, count, letter);
+    }
+  }
+}
+
 }  // namespace
 
 std::optional<Schedule> ParseSchedule(QByteArrayView text) {
   Schedule schedule;
-  if (!TakeField(&text, 1, 6, &schedule.weekday) || !TakeField(&text, 2, 23, &schedule.hour) ||
-      !TakeField(&text, 2, 59, &schedule.minute)) {
+  if (!TakeField(&text, 1, kMostWeekday, &schedule.weekday) ||
+      !TakeField(&text, 2, kMostHour, &schedule.hour) ||
+      !TakeField(&text, 2, kMostMinute, &schedule.minute)) {
     return std::nullopt;
   }
   while (true) {
@@ -151,10 +172,20 @@ qint64 MinuteOfWeek(qint64 clock_ms) {
 
 WeekPlan::WeekPlan(const Schedules& schedules) {
   if (schedules.isEmpty()) return;
-  std::optional<char> before = OwnerOf(schedules, kMinutesOfWeek - 1);
+  // Each schedule takes its minutes; the ones that go before others take theirs last.
+  QList<char> letters = schedules.keys();
+  std::sort(letters.begin(), letters.end(), [&](char first, char second) {
+    const int first_rank = Rank(schedules[first]);
+    const int second_rank = Rank(schedules[second]);
+    return first_rank != second_rank ? first_rank < second_rank : first > second;
+  });
+  QByteArray owners(kMinutesOfWeek, kNoLetter);
+  for (const char letter : std::as_const(letters)) TakeMinutes(schedules[letter], letter, &owners);
+
+  char before = owners.back();
   for (qint64 minute = 0; minute < kMinutesOfWeek; ++minute) {
-    const std::optional<char> owner = OwnerOf(schedules, minute);
-    if (owner && owner != before) entries_.append({minute, *owner});
+    const char owner = owners[minute];
+    if (owner != kNoLetter && owner != before) entries_.append({minute, owner});
     before = owner;
   }
 }
