@@ -67,7 +67,7 @@ QString ProgramFolder();
 /// Lets another folder stand for the program's; an empty path returns to the program's own.
 void SetProgramFolder(const QString& folder);
 
-/// The full path of a file in the program's folder.
+/// The full path of a file in the program's folder; a full path stays as it is.
 QString InProgramFolder(const QString& file_name);
 
 /// The full path of "brivon.ini".

@@ -1,6 +1,7 @@
 // The files that are shipped as samples: complete, and read by the program as they are meant.
 #include <map>
 
+#include <QDir>
 #include <QFile>
 #include <QStringList>
 
@@ -10,6 +11,8 @@
 #include "app/module_language.h"
 #include "core/configuration_store.h"
 #include "page/display_feature.h"
+#include "page/message_file.h"
+#include "schedule/schedule_file.h"
 #include "support/program_folder.h"
 
 namespace {
@@ -122,6 +125,34 @@ TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   EXPECT_EQ(store.com_port, 2);
   EXPECT_EQ(store.delay_period, 300);
   EXPECT_TRUE(store.serial_devices.empty());
+}
+
+TEST(SampleMessagesTest, EveryMessageIsAPageWithCrLfLineEnds) {
+  const QDir folder(QStringLiteral(BRIVON_SAMPLES "/messages"));
+  const QStringList names = folder.entryList({QStringLiteral("*.msg")});
+  EXPECT_EQ(names.size(), 3);
+  for (const QString& name : names) {
+    EXPECT_TRUE(Brivon1::LoadMessageFile(folder.filePath(name))) << name.toStdString();
+    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    EXPECT_EQ(content.count('\n'), content.count("\r\n")) << name.toStdString();
+  }
+}
+
+TEST(SampleSchedulesTest, TheScheduleNamesMessagesOfItsSizeThatAreThere) {
+  const QString path = QStringLiteral(BRIVON_SAMPLES "/schedules/every_day.sch");
+  const auto schedule = Brivon1::LoadScheduleFile(path);
+  ASSERT_TRUE(schedule);
+  Brivon1::SetProgramFolder(QStringLiteral(BRIVON_SAMPLES));
+  EXPECT_EQ(schedule->Count(), 3);
+  for (const Brivon1::Sequence& sequence : schedule->Sequences()) {
+    const QString name = Brivon1::FieldPath(sequence.path);
+    EXPECT_EQ(Brivon1::MessageFileRefusal(Brivon1::InProgramFolder(name), schedule->dimension),
+              QString())
+        << name.toStdString();
+  }
+  Brivon1::SetProgramFolder({});
+  const QByteArray content = Sample(QStringLiteral("schedules/every_day.sch"));
+  EXPECT_EQ(content.count('\n'), content.count("\r\n"));
 }
 
 }  // namespace
