@@ -1,12 +1,11 @@
 #include "config/frmConfig.h"
 
-#include <QApplication>
+#include <QAbstractButton>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QRegularExpressionValidator>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
-#include <QTimer>
 
 #include "app/caption_loader.h"
 #include "app/message_boxes.h"
@@ -203,7 +202,7 @@ bool frmConfig::CheckAddress() {
 }
 
 void frmConfig::OnAddressLeft() {
-  // Who goes to Cancel gives the address up.
+  // Who goes to Cancel, or closes the window, gives the address up.
   if (!isVisible() || focusWidget() == ui_->butCancel) return;
   CheckAddress();
 }
@@ -211,7 +210,8 @@ void frmConfig::OnAddressLeft() {
 void frmConfig::RefuseAddress() {
   if (refusing_address_) return;  // one message for one mistake
   const QScopedValueRollback refusing(refusing_address_, true);
-  if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  // A button that is being pressed never sees its release, or sees it when all is over.
+  for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->setDown(false);
   ShowMessage(this, TranslateMessage(QStringLiteral("Invalid IP Address!")));
   ui_->txtIPAddress->setText(Brivon1::kNoAddress);
 }
@@ -236,7 +236,7 @@ bool frmConfig::eventFilter(QObject* object, QEvent* event) {
     if (reason == Qt::MouseFocusReason) {
       // The press that leaves the box reaches its target first: a message box in between would
       // take the release away and leave a button pressed.
-      QTimer::singleShot(0, this, &frmConfig::OnAddressLeft);
+      QMetaObject::invokeMethod(this, &frmConfig::OnAddressLeft, Qt::QueuedConnection);
     } else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
       OnAddressLeft();
     }
@@ -254,9 +254,4 @@ void frmConfig::accept() {
   MessageBoxStyle style;
   style.informative = Brivon1::ConfigurationPath();
   ShowMessage(this, TranslateMessage(Brivon1::SaveFailureText(result)), style);
-}
-
-void frmConfig::done(int result) {
-  ui_->txtIPAddress->removeEventFilter(this);  // a closing window is no leaving
-  QDialog::done(result);
 }

@@ -25,7 +25,6 @@ class frmConfig : public QDialog {
   ~frmConfig() override;
 
   void accept() override;
-  void done(int result) override;
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:

@@ -709,6 +709,13 @@ TEST_F(BadAddressTest, ChoosingOptRs232ShowsTheMessageOnce) {
   ExpectRefused();
 }
 
+TEST_F(BadAddressTest, ASlowClickOnOptRs232ShowsTheMessageOnceAndChoosesNothing) {
+  Prepare();
+  PressSlowly("optRS232");
+  ExpectRefused();
+  EXPECT_TRUE(Option("optTCPIP")->isChecked());
+}
+
 // --- OK and Cancel
 
 TEST_F(ConfigDialogTest, OkWritesTheFileReloadsTheStoreAndCloses) {
