@@ -1,5 +1,6 @@
 #include "app/task_windows.h"
 
+#include "config/frmConfig.h"
 #include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
 
@@ -14,5 +15,6 @@ TaskWindow Opens(const char* button) {
 }  // namespace
 
 std::vector<TaskWindow> TaskWindows() {
-  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmCommand>("butCommand")};
+  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmConfig>("butConfigEdit"),
+          Opens<frmCommand>("butCommand")};
 }

@@ -22,6 +22,7 @@
 #include "app/caption_tables.h"
 #include "app/frmMain.h"
 #include "app/module_language.h"
+#include "config/frmConfig.h"
 #include "core/frmCommand.h"
 #include "page/frmDelay.h"
 #include "page/frmDimension.h"
@@ -59,6 +60,7 @@ const NamedWindow kWindows[] = {
     Named<frmDelay>("frmDelay"),
     Named<frmPage>("frmPage"),
     Named<frmDimension>("frmDimension"),
+    Named<frmConfig>("frmConfig"),
     Named<frmCommand>("frmCommand"),
     {"frmSendMsg", [] { return std::make_unique<frmSendMsg>(nullptr, QString()); }},
     Named<frmMsgEditor>("frmMsgEditor"),
