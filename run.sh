@@ -14,7 +14,7 @@ folder=$PWD/build/brivon
 mkdir -p "$folder"
 install -m 755 "$built/src/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
 # What stands in the folder is the operator's: it is laid out once and never overwritten.
-(cd samples && find messages languages -type f) | while read -r sample; do
+(cd samples && find messages schedules languages -type f) | while read -r sample; do
   [ -e "$folder/$sample" ] || install -D -m 644 "samples/$sample" "$folder/$sample"
 done
 if [ ! -e "$folder/brivon.ini" ]; then

@@ -17,6 +17,40 @@ QJsonValue Addressee(int addressee) {
   return QJsonValue(addressee);
 }
 
+QJsonObject SchedulesObject(const Schedules& schedules) {
+  QJsonObject object;
+  for (auto schedule = schedules.cbegin(); schedule != schedules.cend(); ++schedule) {
+    QJsonArray entries;
+    for (const ScheduleEntry& entry : schedule->entries) {
+      entries.append(QJsonObject{{QStringLiteral("page"), entry.page},
+                                 {QStringLiteral("delay"), entry.delay},
+                                 {QStringLiteral("feature"), QString(QLatin1Char(entry.feature))}});
+    }
+    object.insert(QString(QLatin1Char(schedule.key())),
+                  QJsonObject{{QStringLiteral("weekday"), WeekdayCode(*schedule)},
+                              {QStringLiteral("hour"), HourCode(*schedule)},
+                              {QStringLiteral("minute"), MinuteCode(*schedule)},
+                              {QStringLiteral("entries"), entries}});
+  }
+  return object;
+}
+
+QJsonValue PlayingObject(const std::optional<Playing>& playing) {
+  if (!playing) return QJsonValue(QJsonValue::Null);
+  return QJsonObject{{QStringLiteral("letter"), QString(QLatin1Char(playing->letter))},
+                     {QStringLiteral("entry"), playing->entry},
+                     {QStringLiteral("page"), playing->page},
+                     {QStringLiteral("effect"), EffectName(playing->feature)}};
+}
+
+QJsonObject ScrollingObject(const ScrollingLines& lines) {
+  QJsonObject object;
+  for (auto line = lines.cbegin(); line != lines.cend(); ++line) {
+    object.insert(QString::number(line.key()), QString::fromLatin1(line->row.text));
+  }
+  return object;
+}
+
 }  // namespace
 
 QByteArray LogLine(const FrameRecord& record) {
@@ -34,6 +68,7 @@ QByteArray LogLine(const FrameRecord& record) {
 }
 
 QByteArray StateDocument(const PanelEngine& engine) {
+  const QDateTime now = engine.Now();
   QJsonArray panels;
   for (const int id : engine.PanelIds()) {
     const Panel* panel = engine.FindPanel(id);
@@ -52,11 +87,14 @@ QByteArray StateDocument(const PanelEngine& engine) {
         {QStringLiteral("columns"), description.columns},
         {QStringLiteral("colour"),
          description.tri_colour ? QStringLiteral("tri") : QStringLiteral("mono")},
-        {QStringLiteral("running_page"), NumberOrNull(panel->running_page)},
-        {QStringLiteral("shown_page"), NumberOrNull(panel->ShownPage())},
+        {QStringLiteral("running_page"), NumberOrNull(engine.RunningPage(id, now))},
+        {QStringLiteral("shown_page"), NumberOrNull(engine.ShownPage(id, now))},
         {QStringLiteral("clock_offset_seconds"),
          qRound64(static_cast<double>(engine.ClockOffset(id)) / 1000.0)},
         {QStringLiteral("pages"), pages},
+        {QStringLiteral("schedules"), SchedulesObject(panel->schedules)},
+        {QStringLiteral("playing"), PlayingObject(engine.PlayingAt(id, now))},
+        {QStringLiteral("scrolling"), ScrollingObject(panel->scrolling_lines)},
     });
   }
   return QJsonDocument(QJsonObject{{QStringLiteral("panels"), panels}}).toJson();

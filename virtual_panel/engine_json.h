@@ -12,8 +12,10 @@ namespace VirtualPanel {
 QByteArray LogLine(const FrameRecord& record);
 
 // All panels: "id", "rows", "columns", "colour" ("mono" or "tri"), "running_page" and "shown_page"
-// (a number or null), "clock_offset_seconds", and "pages": page number -> row number -> text as it
-// was sent.
+// (a number or null), "clock_offset_seconds"; "pages": page number -> row number -> text as it was
+// sent; "schedules": letter -> "weekday", "hour" and "minute" as they were sent and "entries", each
+// with "page", "delay" in seconds and "feature"; "playing": null, or "letter", "entry" (from 1),
+// "page" and "effect"; "scrolling": row number -> text as it was sent.
 QByteArray StateDocument(const PanelEngine& engine);
 
 }  // namespace VirtualPanel

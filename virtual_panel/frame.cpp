@@ -8,6 +8,7 @@ namespace {
 constexpr qsizetype kPrefixSize = 6;
 // More digits than any sender writes, and still within an int.
 constexpr qsizetype kMostPageDigits = 9;
+constexpr qsizetype kMostRowDigits = 9;
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -86,6 +87,37 @@ bool ReadMessageLine(QByteArrayView body, Frame* frame) {
   return true;
 }
 
+// "<T" and a letter and ">", the schedule behind it.
+bool ReadSchedule(QByteArrayView body, Frame* frame) {
+  constexpr qsizetype kCodeSize = 4;
+  if (body.size() < kCodeSize || !body.startsWith("<T") || body[3] != '>') return false;
+  const char letter = body[2];
+  if (letter < kFirstScheduleLetter || letter > kLastScheduleLetter) return false;
+  const auto schedule = ParseSchedule(body.sliced(kCodeSize));
+  if (!schedule) return false;
+  frame->meaning = Meaning::kSchedule;
+  frame->letter = letter;
+  frame->schedule = *schedule;
+  return true;
+}
+
+// "<L", a number as it is written plainly (no zeros in front, perhaps a minus), ">", the text. A
+// text that begins with a page code makes it a message line: the two cannot be told apart.
+bool ReadScrollingLine(QByteArrayView body, Frame* frame) {
+  constexpr char kOpening[] = "<L";
+  constexpr char kNegativeOpening[] = "<L-";
+  const bool is_negative = body.startsWith(kNegativeOpening);
+  const QByteArrayView opening = is_negative ? kNegativeOpening : kOpening;
+  const bool begins_with_zero = body.size() > opening.size() && body[opening.size()] == '0';
+  if (begins_with_zero && (is_negative || !body.startsWith("<L0>"))) return false;
+  const auto row = TakeNumberCode(&body, opening, kMostRowDigits);
+  if (!row) return false;
+  frame->meaning = Meaning::kScrollingLine;
+  frame->row = is_negative ? -*row : *row;
+  frame->text = body.toByteArray();
+  return true;
+}
+
 }  // namespace
 
 QList<ReceivedFrame> FrameSplitter::Feed(QByteArrayView bytes) {
@@ -138,8 +170,8 @@ Frame ParseFrame(QByteArrayView bytes) {
   } else if (const auto run = WholeNumberCode(body, "<RP")) {
     frame.meaning = Meaning::kRunPage;
     frame.page = *run;
-  } else {
-    ReadMessageLine(body, &frame);
+  } else if (!ReadMessageLine(body, &frame) && !ReadSchedule(body, &frame)) {
+    ReadScrollingLine(body, &frame);
   }
   return frame;
 }

@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QList>
 
+#include "schedule.h"
+
 namespace VirtualPanel {
 
 // A longer frame is dropped up to its line end; only its beginning is kept, to be recorded.
@@ -37,6 +39,8 @@ enum class Meaning {
   kRunPage,
   kMessageLine,
   kSetClock,
+  kSchedule,
+  kScrollingLine,
   kTooLong,
   kNotUnderstood,
 };
@@ -48,10 +52,12 @@ struct Frame {
   int addressee = kNobody;  // a panel's ID, kEveryPanel or kNobody
   Meaning meaning = Meaning::kNotUnderstood;
   int page = -1;    // delete page, run page, message line
-  int row = -1;     // message line, as sent: 0 to 99
-  QByteArray text;  // message line: everything between the page code and the line end
-  QDateTime
-      clock;  // set clock: a wall-clock reading, held as UTC so that no summer time disturbs it
+  int row = -1;     // message line, as sent: 0 to 99; scrolling line: any number
+  QByteArray text;  // message line, scrolling line: everything behind its codes up to the line end
+  // Set clock: a wall-clock reading, held as UTC so that no summer time disturbs it.
+  QDateTime clock;
+  char letter = kFirstScheduleLetter;  // schedule: A to J
+  Schedule schedule;
 };
 
 // Reads one frame, with or without its line end. Anything that is no known frame is kNotUnderstood;

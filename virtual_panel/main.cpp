@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QSaveFile>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include "engine_json.h"
 #include "panel_window.h"
@@ -29,6 +30,7 @@ namespace {
 constexpr int kBadUse = 2;
 constexpr quint16 kUsualPort = 2101;
 constexpr int kReplugMs = 1000;
+constexpr qint64 kMostTimerMs = 24 * 60 * kMinuteMs;
 
 int signal_sockets[2] = {-1, -1};
 
@@ -107,9 +109,11 @@ struct Options {
   QCommandLineOption log{QStringLiteral("log"),
                          QStringLiteral("Append one line of JSON for every frame."),
                          QStringLiteral("FILE")};
-  QCommandLineOption state{QStringLiteral("state"),
-                           QStringLiteral("Keep the panels' pages and clocks there as JSON."),
-                           QStringLiteral("FILE")};
+  QCommandLineOption state{
+      QStringLiteral("state"),
+      QStringLiteral("Keep the panels' pages, schedules, scrolling texts and clocks there as "
+                     "JSON."),
+      QStringLiteral("FILE")};
   QCommandLineOption picture{QStringLiteral("picture"),
                              QStringLiteral("Keep a picture (PNG) of the window there."),
                              QStringLiteral("FILE")};
@@ -123,6 +127,17 @@ struct Options {
       QStringLiteral("clock-answer"),
       QStringLiteral("The panel that acknowledges the set-clock frame (the lowest ID), or none."),
       QStringLiteral("ID|none")};
+  QCommandLineOption play{
+      QStringLiteral("play"),
+      QStringLiteral("Play the schedule of this letter, A to J, on every panel as soon as the "
+                     "panel has it, whatever its weekday and time."),
+      QStringLiteral("LETTER")};
+  QCommandLineOption scroll_speed{
+      QStringLiteral("scroll-speed"),
+      QStringLiteral("The speed of scrolling texts in dots per second, 1 to %1 (%2).")
+          .arg(kMostScrollSpeed)
+          .arg(kUsualScrollSpeed),
+      QStringLiteral("N"), QString::number(kUsualScrollSpeed)};
 };
 
 class Program {
@@ -135,7 +150,8 @@ class Program {
         "LED text panels on the desk: what they are sent is acknowledged and shown."));
     parser.addOptions({options_.help, options_.panel, options_.tcp, options_.serial, options_.baud,
                        options_.pty, options_.headless, options_.log, options_.state,
-                       options_.picture, options_.fault, options_.clock_answer});
+                       options_.picture, options_.fault, options_.clock_answer, options_.play,
+                       options_.scroll_speed});
     if (!parser.parse(application_->arguments())) return Complain(parser.errorText());
     if (parser.isSet(options_.help)) {
       std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
@@ -151,8 +167,8 @@ class Program {
       return Complain(QStringLiteral("\"--headless\" is no value for an option"));
     }
     QString error;
-    if (!MakeEngine(parser, &error) || !StartRecords(parser, &error) ||
-        !OpenLines(parser, &error)) {
+    if (!MakeEngine(parser, &error) || !ReadPlaying(parser, &error) ||
+        !StartRecords(parser, &error) || !OpenLines(parser, &error)) {
       return Complain(error);
     }
     if (has_window) ShowWindow(parser.value(options_.picture));
@@ -200,6 +216,29 @@ class Program {
     return true;
   }
 
+  bool ReadPlaying(const QCommandLineParser& parser, QString* error) {
+    if (parser.isSet(options_.play)) {
+      const QString text = parser.value(options_.play);
+      const QString letter = text.toUpper();
+      if (letter.size() != 1 || letter[0] < QLatin1Char(kFirstScheduleLetter) ||
+          letter[0] > QLatin1Char(kLastScheduleLetter)) {
+        *error = QStringLiteral("schedule \"%1\": expected a letter from A to J").arg(text);
+        return false;
+      }
+      engine_->SetPlayOnArrival(letter[0].toLatin1());
+    }
+    const QString text = parser.value(options_.scroll_speed);
+    bool is_number = false;
+    scroll_speed_ = text.toInt(&is_number);
+    if (!is_number || scroll_speed_ < 1 || scroll_speed_ > kMostScrollSpeed) {
+      *error = QStringLiteral("scroll speed \"%1\": expected dots per second, 1 to %2")
+                   .arg(text)
+                   .arg(kMostScrollSpeed);
+      return false;
+    }
+    return true;
+  }
+
   bool StartRecords(const QCommandLineParser& parser, QString* error) {
     if (parser.isSet(options_.picture) && parser.isSet(options_.headless)) {
       *error = QStringLiteral("a picture needs the window: not with --headless");
@@ -220,13 +259,33 @@ class Program {
     if (parser.isSet(options_.state)) {
       const QString path = parser.value(options_.state);
       if (!WriteWhole(path, StateDocument(*engine_), error)) return false;
-      // Before the answer is sent: whoever has read an answer finds what it was for.
-      QObject::connect(engine_.get(), &PanelEngine::Changed, application_, [this, path] {
+      const auto write_state = [this, path] {
         QString reason;
         if (!WriteWhole(path, StateDocument(*engine_), &reason)) Complain(reason);
-      });
+      };
+      // The wait is set first: a change that comes while the file is written ends it at once.
+      const auto follow = [this, write_state] {
+        WaitForNextChange();
+        write_state();
+      };
+      // Before the answer is sent: whoever has read an answer finds what it was for.
+      QObject::connect(engine_.get(), &PanelEngine::Changed, application_, follow);
+      // A schedule goes on without a frame.
+      next_change_.setSingleShot(true);
+      next_change_.setTimerType(Qt::PreciseTimer);
+      QObject::connect(&next_change_, &QTimer::timeout, application_, follow);
     }
     return true;
+  }
+
+  void WaitForNextChange() {
+    const QDateTime now = engine_->Now();
+    const auto next = engine_->NextChange(now);
+    if (next) {
+      next_change_.start(static_cast<int>(qMin(now.msecsTo(*next), kMostTimerMs)));
+    } else {
+      next_change_.stop();
+    }
   }
 
   bool OpenLines(const QCommandLineParser& parser, QString* error) {
@@ -329,6 +388,7 @@ class Program {
 
   void ShowWindow(const QString& picture_path) {
     window_ = std::make_unique<PanelWindow>(engine_.get());
+    window_->SetScrollSpeed(scroll_speed_);
     window_->SetLines(announced_.join(QStringLiteral("   \u00B7   ")));
     window_->show();
     if (picture_path.isEmpty()) return;
@@ -346,6 +406,8 @@ class Program {
   QCoreApplication* application_;
   Options options_;
   std::unique_ptr<PanelEngine> engine_;
+  int scroll_speed_ = kUsualScrollSpeed;
+  QTimer next_change_;
   QFile log_;
   std::vector<std::unique_ptr<QObject>> lines_;
   QStringList announced_;

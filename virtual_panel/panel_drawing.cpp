@@ -1,5 +1,6 @@
 #include "panel_drawing.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -24,6 +25,9 @@ constexpr double kCapHeight = 5.6;
 constexpr double kBaseline = 6.3;
 constexpr double kEdgeReach = 0.5;  // how far the edge of "3D" and the shadow reach
 constexpr double kRainbowPeriod = 36;
+constexpr int kDateCharacters = 11;
+constexpr int kTimeCharacters = 5;
+constexpr qint64 kSecondMs = 1000;
 
 const QColor kRed(255, 0, 0);
 const QColor kGreen(0, 255, 0);
@@ -202,16 +206,30 @@ void DrawGlyph(QPainter* painter, const QRectF& place, const QPainterPath& glyph
   }
 }
 
-// Draws a row whose top left corner is at (0, 0).
-void DrawRow(QPainter* painter, const StoredRow& row, const PanelPicture& picture, bool is_lit) {
-  const double columns = picture.description.columns;
-  double x = 0;
+double CharacterWidth(const Cell& cell) {
+  return cell.IsCompressed() ? kCompressedWidth : kNormalWidth;
+}
+
+// How many characters a cell shows.
+int CharacterCount(const Cell& cell) {
+  if (cell.kind == Cell::Kind::kDate) return kDateCharacters;
+  return cell.kind == Cell::Kind::kTime ? kTimeCharacters : 1;
+}
+
+// Draws a row at height 0, from `x` on: what of it lies between `left` and `right`.
+void DrawRow(QPainter* painter, const StoredRow& row, const PanelPicture& picture, bool is_lit,
+             double x, double left, double right) {
   for (const Cell& cell : row.cells) {
-    const double width = cell.IsCompressed() ? kCompressedWidth : kNormalWidth;
+    const double width = CharacterWidth(cell);
+    const double whole_width = width * CharacterCount(cell);
+    if (x >= right) return;
+    if (x + whole_width <= left) {
+      x += whole_width;
+      continue;
+    }
     const Look look = LookOf(cell.colour, picture.description.tri_colour);
     const QString text = TextOf(cell, picture.clock);
     for (const QChar character : text) {
-      if (x >= columns) return;
       if (is_lit || !cell.blinking) {
         DrawGlyph(painter, QRectF(x, 0, width, kRowHeight),
                   Glyph(character, cell.IsBold(), cell.kind == Cell::Kind::kGraphic), look);
@@ -234,6 +252,11 @@ Placing Place(const QSizeF& size, const PanelDescription& description) {
                        (size.height() - dots.height() * dot) / 2)};
 }
 
+// How much of a scrolling line's current second has gone.
+qint64 MsIntoSecond(const ScrollingLine& line, qint64 now_ms) {
+  return ((now_ms - line.began_ms) % kSecondMs + kSecondMs) % kSecondMs;
+}
+
 double RowTop(int row) { return kFrame + (row - 1) * (kRowHeight + kRowGap); }
 
 }  // namespace
@@ -250,12 +273,15 @@ QRectF RowRect(const QSizeF& size, const PanelDescription& description, int row)
 }
 
 bool HasBlinkingCells(const PanelPicture& picture) {
-  for (const StoredRow& row : picture.rows) {
-    for (const Cell& cell : row.cells) {
-      if (cell.blinking) return true;
-    }
+  const auto blinks = [](const StoredRow& row) {
+    return std::any_of(row.cells.cbegin(), row.cells.cend(),
+                       [](const Cell& cell) { return cell.blinking; });
+  };
+  for (auto row = picture.rows.cbegin(); row != picture.rows.cend(); ++row) {
+    if (!picture.scrolling_lines.contains(row.key()) && blinks(*row)) return true;
   }
-  return false;
+  return std::any_of(picture.scrolling_lines.cbegin(), picture.scrolling_lines.cend(),
+                     [&](const ScrollingLine& line) { return blinks(line.row); });
 }
 
 QString RowText(const StoredRow& row, const QDateTime& clock) {
@@ -265,6 +291,26 @@ QString RowText(const StoredRow& row, const QDateTime& clock) {
     text += cell.kind == Cell::Kind::kGraphic ? QStringLiteral("[%1]").arg(part) : part;
   }
   return text;
+}
+
+qint64 ScrolledDots(const ScrollingLine& line, const PanelPicture& picture, qint64 now_ms) {
+  double width = 0;
+  for (const Cell& cell : line.row.cells) width += CharacterWidth(cell) * CharacterCount(cell);
+  const qint64 way = picture.description.columns + qRound64(width);
+  // Whole seconds and the rest apart: a whole number of dots is gone after every second. The
+  // machine's clock may have been set back to before the beginning.
+  const qint64 into_second = MsIntoSecond(line, now_ms);
+  const qint64 seconds = (now_ms - line.began_ms - into_second) / kSecondMs;
+  const qint64 dots =
+      seconds * picture.scroll_speed + into_second * picture.scroll_speed / kSecondMs;
+  return (dots % way + way) % way;
+}
+
+qint64 MsToNextDot(const ScrollingLine& line, const PanelPicture& picture, qint64 now_ms) {
+  const qint64 into_second = MsIntoSecond(line, now_ms);
+  const qint64 next_dot = into_second * picture.scroll_speed / kSecondMs + 1;
+  const qint64 due = (next_dot * kSecondMs + picture.scroll_speed - 1) / picture.scroll_speed;
+  return qMax(due - into_second, qint64{1});
 }
 
 void DrawPanel(QPainter* painter, const QSizeF& size, const PanelPicture& picture, qint64 now_ms) {
@@ -277,6 +323,8 @@ void DrawPanel(QPainter* painter, const QSizeF& size, const PanelPicture& pictur
   painter->setRenderHint(QPainter::Antialiasing);
   painter->translate(placing.corner);
   painter->scale(placing.dot, placing.dot);
+  const QRectF visible =
+      painter->hasClipping() ? painter->clipBoundingRect() : QRectF(QPointF(0, 0), dots);
   painter->setPen(Qt::NoPen);
   painter->setBrush(kFrameColour);
   painter->drawRoundedRect(QRectF(QPointF(0, 0), dots), 1.2, 1.2);
@@ -285,12 +333,24 @@ void DrawPanel(QPainter* painter, const QSizeF& size, const PanelPicture& pictur
   for (int row = 1; row <= description.rows; ++row) {
     const QRectF band(kFrame, RowTop(row), description.columns, kRowHeight);
     painter->fillRect(band, kRowBand);
+    const QRectF to_draw = band.intersected(visible);
+    if (to_draw.isEmpty()) continue;
+    const auto scrolling = picture.scrolling_lines.constFind(row);
+    const bool is_scrolling = scrolling != picture.scrolling_lines.constEnd();
     const auto stored = picture.rows.constFind(row);
-    if (stored == picture.rows.constEnd()) continue;
+    if (!is_scrolling && stored == picture.rows.constEnd()) continue;
     painter->save();
-    painter->setClipRect(band);
+    painter->setClipRect(band, Qt::IntersectClip);
     painter->translate(band.topLeft());
-    DrawRow(painter, *stored, picture, is_lit);
+    const double left = to_draw.left() - band.left() - kEdgeReach;
+    const double right = to_draw.right() - band.left();
+    if (is_scrolling) {
+      const auto dots_gone = static_cast<double>(ScrolledDots(*scrolling, picture, now_ms));
+      DrawRow(painter, scrolling->row, picture, is_lit, description.columns - dots_gone, left,
+              right);
+    } else {
+      DrawRow(painter, *stored, picture, is_lit, 0, left, right);
+    }
     painter->restore();
   }
   painter->restore();

@@ -26,12 +26,32 @@ QString Describe(const Frame& frame) {
     case Meaning::kSetClock:
       return QStringLiteral("set clock to ") +
              frame.clock.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    case Meaning::kSchedule: {
+      const qsizetype count = frame.schedule.entries.size();
+      return QStringLiteral("schedule %1, %2, %3 %4")
+          .arg(QLatin1Char(frame.letter))
+          .arg(ScheduleTime(frame.schedule))
+          .arg(count)
+          .arg(count == 1 ? QLatin1String("entry") : QLatin1String("entries"));
+    }
+    case Meaning::kScrollingLine:
+      return QStringLiteral("scrolling text, row %1").arg(frame.row);
     case Meaning::kTooLong:
       return QStringLiteral("too long");
     case Meaning::kNotUnderstood:
       break;
   }
   return QStringLiteral("not understood");
+}
+
+QString RowsNote(const PanelDescription& description) {
+  return QStringLiteral("ignored, panel %1 has rows 1 to %2")
+      .arg(description.id)
+      .arg(description.rows);
+}
+
+bool HasRow(const PanelDescription& description, int row) {
+  return row >= 1 && row <= description.rows;
 }
 
 QByteArray LowerCaseDigits(QByteArray acknowledgement) {
@@ -53,6 +73,7 @@ PanelEngine::PanelEngine(const QList<PanelDescription>& panels, TimeSource now, 
     member.panel.description = description;
     member.clock_set_to = WallClock(start);
     member.clock_set_at = start.toMSecsSinceEpoch();
+    member.settled_at = member.clock_set_at;
     members_.emplace(description.id, std::move(member));
   }
   if (!members_.empty()) clock_answer_ = members_.begin()->first;
@@ -101,32 +122,117 @@ QMap<int, QByteArray> PanelEngine::Page(int id, int page) const {
   return texts;
 }
 
-std::optional<int> PanelEngine::RunningPage(int id) const {
-  const Panel* panel = FindPanel(id);
-  return panel == nullptr ? std::nullopt : panel->running_page;
+const WeekPlan& PanelEngine::PlanOf(const Member& member) {
+  if (!member.plan) member.plan = WeekPlan(member.panel.schedules);
+  return *member.plan;
 }
 
-std::optional<int> PanelEngine::ShownPage(int id) const {
-  const Panel* panel = FindPanel(id);
-  return panel == nullptr ? std::nullopt : panel->ShownPage();
+qint64 PanelEngine::ClockMs(const Member& member, qint64 now_ms) {
+  return member.clock_set_to.toMSecsSinceEpoch() + now_ms - member.clock_set_at;
 }
 
-StoredPage PanelEngine::ShownRows(int id) const {
-  const auto page = ShownPage(id);
+std::optional<PanelEngine::Start> PanelEngine::StartedAt(const Member& member, qint64 now_ms) {
+  const qint64 clock_ms = ClockMs(member, now_ms);
+  const qint64 settled_clock_ms = ClockMs(member, member.settled_at);
+  // Nothing begins within a minute: most questions end here.
+  if (clock_ms / kMinuteMs <= settled_clock_ms / kMinuteMs) return member.started;
+  const auto last = PlanOf(member).LastBeginning(clock_ms);
+  if (!last || last->clock_ms <= settled_clock_ms) return member.started;
+  return Start{last->letter, now_ms - (clock_ms - last->clock_ms)};
+}
+
+std::optional<char> PanelEngine::OwnerAt(const Member& member, qint64 now_ms) {
+  return OwnerOf(member.panel.schedules, MinuteOfWeek(ClockMs(member, now_ms)));
+}
+
+void PanelEngine::Settle(Member* member, qint64 now_ms) {
+  member->started = StartedAt(*member, now_ms);
+  if (member->started) member->running_page.reset();
+  member->settled_at = now_ms;
+}
+
+void PanelEngine::Begin(Member* member, char letter, qint64 now_ms) {
+  member->started = Start{letter, now_ms};
+  member->running_page.reset();
+}
+
+bool PanelEngine::Play(int id, char letter) {
+  const auto found = members_.find(id);
+  if (found == members_.end() || !found->second.panel.schedules.contains(letter)) return false;
+  const qint64 now_ms = now_().toMSecsSinceEpoch();
+  Settle(&found->second, now_ms);
+  Begin(&found->second, letter, now_ms);
+  Q_EMIT Changed();
+  return true;
+}
+
+std::optional<Playing> PanelEngine::PlayingAt(int id, const QDateTime& now) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr) return std::nullopt;
+  const qint64 now_ms = now.toMSecsSinceEpoch();
+  const auto started = StartedAt(*member, now_ms);
+  if (!started) return std::nullopt;
+  const Schedule schedule = member->panel.schedules.value(started->letter);
+  const qsizetype index = EntryAt(schedule, now_ms - started->at_ms).index;
+  const ScheduleEntry& entry = schedule.entries[index];
+  return Playing{started->letter, index + 1, schedule.entries.size(), entry.page, entry.feature};
+}
+
+std::optional<int> PanelEngine::RunningPage(int id, const QDateTime& now) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr || StartedAt(*member, now.toMSecsSinceEpoch())) return std::nullopt;
+  return member->running_page;
+}
+
+std::optional<int> PanelEngine::ShownPage(int id, const QDateTime& now) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr) return std::nullopt;
+  if (const auto playing = PlayingAt(id, now)) return playing->page;
+  return member->running_page ? member->running_page : member->last_received_page;
+}
+
+StoredPage PanelEngine::ShownRows(int id, const QDateTime& now) const {
+  const auto page = ShownPage(id, now);
   return page ? FindPanel(id)->pages.value(*page) : StoredPage();
 }
 
-QDateTime PanelEngine::Clock(int id) const {
+QDateTime PanelEngine::Clock(int id, const QDateTime& now) const {
   const Member* member = FindMember(id);
   if (member == nullptr) return {};
-  const qint64 elapsed = now_().toMSecsSinceEpoch() - member->clock_set_at;
-  return member->clock_set_to.addMSecs(elapsed);
+  return member->clock_set_to.addMSecs(now.toMSecsSinceEpoch() - member->clock_set_at);
+}
+
+std::optional<QDateTime> PanelEngine::NextChange(int id, const QDateTime& now) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr) return std::nullopt;
+  const qint64 now_ms = now.toMSecsSinceEpoch();
+  std::optional<qint64> wait;
+  const qint64 clock_ms = ClockMs(*member, now_ms);
+  if (const auto next = PlanOf(*member).NextBeginning(clock_ms)) wait = next->clock_ms - clock_ms;
+  if (const auto started = StartedAt(*member, now_ms)) {
+    const Schedule schedule = member->panel.schedules.value(started->letter);
+    // A single page follows itself.
+    if (schedule.entries.size() > 1) {
+      const qint64 left = EntryAt(schedule, now_ms - started->at_ms).left_ms;
+      wait = wait ? qMin(*wait, left) : left;
+    }
+  }
+  if (!wait) return std::nullopt;
+  return now.addMSecs(*wait);
+}
+
+std::optional<QDateTime> PanelEngine::NextChange(const QDateTime& now) const {
+  std::optional<QDateTime> first;
+  for (const auto& [id, member] : members_) {
+    const auto next = NextChange(id, now);
+    if (next && (!first || *next < *first)) first = next;
+  }
+  return first;
 }
 
 qint64 PanelEngine::ClockOffset(int id) const {
-  const Member* member = FindMember(id);
-  if (member == nullptr) return 0;
-  return WallClock(now_()).msecsTo(Clock(id));
+  const QDateTime now = now_();
+  return FindMember(id) == nullptr ? 0 : WallClock(now).msecsTo(Clock(id, now));
 }
 
 QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& line) {
@@ -179,14 +285,20 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
 
 bool PanelEngine::Obey(const Frame& frame, Member* member, QString* note) {
   Panel& panel = member->panel;
+  const qint64 now_ms = now_().toMSecsSinceEpoch();
+  Settle(member, now_ms);
   switch (frame.meaning) {
     case Meaning::kPoll:
       return true;
     case Meaning::kDeleteAll:
       panel.pages.clear();
+      panel.schedules.clear();
+      panel.scrolling_lines.clear();
       panel.stored_bytes = 0;
-      panel.running_page.reset();
-      panel.last_received_page.reset();
+      member->plan.reset();
+      member->started.reset();
+      member->running_page.reset();
+      member->last_received_page.reset();
       return true;
     case Meaning::kDeletePage: {
       const auto page = panel.pages.find(frame.page);
@@ -196,25 +308,35 @@ bool PanelEngine::Obey(const Frame& frame, Member* member, QString* note) {
         for (const StoredRow& row : std::as_const(*page)) panel.stored_bytes -= row.text.size();
         panel.pages.erase(page);
       }
-      if (panel.ShownPage() == frame.page) {
+      if (member->running_page == frame.page) {
         // The display goes blank; it does not fall back to another page.
-        panel.running_page.reset();
-        panel.last_received_page.reset();
-      } else if (panel.last_received_page == frame.page) {
-        panel.last_received_page.reset();
+        member->running_page.reset();
+        member->last_received_page.reset();
+      } else if (member->last_received_page == frame.page) {
+        member->last_received_page.reset();
       }
       return true;
     }
     case Meaning::kRunPage:
-      panel.running_page = frame.page;
+      member->running_page = frame.page;
+      member->started.reset();
+      panel.scrolling_lines.clear();
       if (!panel.pages.contains(frame.page)) *note = QStringLiteral("an empty page");
       return true;
     case Meaning::kMessageLine:
-      return StoreRow(frame, &panel, note);
-    case Meaning::kSetClock:
+      return StoreRow(frame, member, note);
+    case Meaning::kSetClock: {
+      const auto before = OwnerAt(*member, now_ms);
       member->clock_set_to = frame.clock;
-      member->clock_set_at = now_().toMSecsSinceEpoch();
+      member->clock_set_at = now_ms;
+      const auto owner = OwnerAt(*member, now_ms);
+      if (owner && owner != before) Begin(member, *owner, now_ms);
       return true;
+    }
+    case Meaning::kSchedule:
+      return StoreSchedule(frame, member, now_ms, note);
+    case Meaning::kScrollingLine:
+      return StoreScrollingLine(frame, &panel, now_ms, note);
     case Meaning::kTooLong:
     case Meaning::kNotUnderstood:
       break;
@@ -222,11 +344,10 @@ bool PanelEngine::Obey(const Frame& frame, Member* member, QString* note) {
   return false;
 }
 
-bool PanelEngine::StoreRow(const Frame& frame, Panel* panel, QString* note) {
-  if (frame.row < 1 || frame.row > panel->description.rows) {
-    *note = QStringLiteral("ignored, panel %1 has rows 1 to %2")
-                .arg(panel->description.id)
-                .arg(panel->description.rows);
+bool PanelEngine::StoreRow(const Frame& frame, Member* member, QString* note) {
+  Panel* panel = &member->panel;
+  if (!HasRow(panel->description, frame.row)) {
+    *note = RowsNote(panel->description);
     return false;
   }
   const auto page = panel->pages.constFind(frame.page);
@@ -242,7 +363,49 @@ bool PanelEngine::StoreRow(const Frame& frame, Panel* panel, QString* note) {
   if (shown.endsWith(' ')) shown.chop(1);
   panel->pages[frame.page].insert(frame.row, {frame.text, ParseCells(shown)});
   panel->stored_bytes = stored_bytes;
-  panel->last_received_page = frame.page;
+  member->last_received_page = frame.page;
+  return true;
+}
+
+bool PanelEngine::StoreSchedule(const Frame& frame, Member* member, qint64 now_ms, QString* note) {
+  if (frame.schedule.entries.size() > kMostScheduleEntries) {
+    *note = QStringLiteral("ignored, a schedule has at most %1 entries").arg(kMostScheduleEntries);
+    return false;
+  }
+  const char letter = frame.letter;
+  const auto before = OwnerAt(*member, now_ms);
+  member->panel.schedules.insert(letter, frame.schedule);
+  member->plan.reset();
+  const auto owner = OwnerAt(*member, now_ms);
+
+  std::optional<char> begins;
+  if (letter == owner || letter == play_on_arrival_) {
+    begins = letter;
+  } else if (owner && owner != before) {
+    begins = owner;  // the minute belonged to the schedule that was replaced
+  } else if (member->started && member->started->letter == letter) {
+    begins = letter;
+  }
+  if (begins) {
+    Begin(member, *begins, now_ms);
+    *note = begins == letter ? QStringLiteral("begins")
+                             : QStringLiteral("schedule %1 begins").arg(QLatin1Char(*begins));
+  }
+  return true;
+}
+
+bool PanelEngine::StoreScrollingLine(const Frame& frame, Panel* panel, qint64 now_ms,
+                                     QString* note) {
+  if (!HasRow(panel->description, frame.row)) {
+    *note = RowsNote(panel->description);
+    return false;
+  }
+  if (frame.text.isEmpty()) {
+    *note = QStringLiteral("ends");
+    panel->scrolling_lines.remove(frame.row);
+  } else {
+    panel->scrolling_lines.insert(frame.row, {{frame.text, ParseCells(frame.text)}, now_ms});
+  }
   return true;
 }
 

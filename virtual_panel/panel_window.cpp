@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFontDatabase>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QScreen>
 #include <QScrollArea>
@@ -19,33 +20,74 @@ namespace {
 enum TrafficColumn { kTimeColumn, kFrameColumn, kAnswerColumn, kMeaningColumn, kTrafficColumns };
 
 constexpr qsizetype kMostVisibleBytes = 2000;
-constexpr qint64 kMinuteMs = 60'000;
+// Nobody sees a text move more often than that.
+constexpr qint64 kLeastScrollMs = 20;
+constexpr qint64 kMostTimerMs = 24 * 60 * kMinuteMs;
+constexpr qsizetype kMostToolTipEntries = 20;
 constexpr QSize kUsualSize(960, 720);
 constexpr int kLeastTrafficLines = 5;
 // Smaller dots cannot be read: a panel that is too wide for them is scrolled.
 constexpr double kLeastDotPixels = 2;
 constexpr double kMostOfScreen = 0.9;
 
+QString Separator() { return QStringLiteral("   \u00B7   "); }
+
 // What a panel is and holds, in one line.
-QString Facts(const PanelEngine& engine, int id) {
+QString Facts(const PanelEngine& engine, int id, const QDateTime& now) {
   const Panel* panel = engine.FindPanel(id);
   const PanelDescription& description = panel->description;
+  const auto shown = engine.ShownPage(id, now);
   QString page = QStringLiteral("no page shown");
-  if (panel->running_page) {
-    page = QStringLiteral("running page %1").arg(*panel->running_page);
-  } else if (panel->last_received_page) {
-    page = QStringLiteral("showing page %1, last received").arg(*panel->last_received_page);
+  if (engine.PlayingAt(id, now)) {
+    page = QStringLiteral("showing page %1").arg(*shown);
+  } else if (engine.RunningPage(id, now)) {
+    page = QStringLiteral("running page %1").arg(*shown);
+  } else if (shown) {
+    page = QStringLiteral("showing page %1, last received").arg(*shown);
   }
   const qsizetype count = panel->pages.size();
   const QStringList facts = {
       QStringLiteral("ID %1").arg(id, 3, 10, QLatin1Char('0')),
       QStringLiteral("%1x%2").arg(description.rows).arg(description.columns),
       description.tri_colour ? QStringLiteral("Tri") : QStringLiteral("Mono"),
-      QLocale::c().toString(engine.Clock(id), QStringLiteral("ddd dd MMM yyyy HH:mm")),
+      QLocale::c().toString(engine.Clock(id, now), QStringLiteral("ddd dd MMM yyyy HH:mm")),
       page,
       count == 1 ? QStringLiteral("1 page stored") : QStringLiteral("%1 pages stored").arg(count),
   };
-  return facts.join(QStringLiteral("   \u00B7   "));
+  return facts.join(Separator());
+}
+
+QString PlayingText(const std::optional<Playing>& playing) {
+  if (!playing) return QStringLiteral("no schedule is playing");
+  const QStringList parts = {
+      QStringLiteral("playing schedule %1").arg(QLatin1Char(playing->letter)),
+      QStringLiteral("entry %1 of %2").arg(playing->entry).arg(playing->entries),
+      QStringLiteral("page %1").arg(playing->page),
+      EffectName(playing->feature),
+  };
+  return parts.join(Separator());
+}
+
+QString EntryCount(const Schedule& schedule) {
+  const qsizetype count = schedule.entries.size();
+  return count == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(count);
+}
+
+// What a click would show: page by page.
+QString ScheduleToolTip(const Schedule& schedule) {
+  QStringList lines;
+  for (const ScheduleEntry& entry : schedule.entries) {
+    if (lines.size() == kMostToolTipEntries) {
+      lines.append(QString(QChar(0x2026)));
+      break;
+    }
+    lines.append(QStringLiteral("%1. page %2, %3 s, %4")
+                     .arg(lines.size() + 1)
+                     .arg(entry.page)
+                     .arg(entry.delay)
+                     .arg(EffectName(entry.feature)));
+  }
+  return lines.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -91,11 +133,22 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   clock_timer_.setObjectName(QStringLiteral("clock_timer"));
   blink_timer_.setParent(this);
   clock_timer_.setParent(this);
-  for (QTimer* timer : {&refresh_timer_, &blink_timer_, &clock_timer_}) timer->setSingleShot(true);
-  blink_timer_.setTimerType(Qt::PreciseTimer);
+  play_timer_.setObjectName(QStringLiteral("play_timer"));
+  scroll_timer_.setObjectName(QStringLiteral("scroll_timer"));
+  play_timer_.setParent(this);
+  scroll_timer_.setParent(this);
+  for (QTimer* timer :
+       {&refresh_timer_, &blink_timer_, &clock_timer_, &play_timer_, &scroll_timer_}) {
+    timer->setSingleShot(true);
+  }
+  for (QTimer* timer : {&blink_timer_, &play_timer_, &scroll_timer_}) {
+    timer->setTimerType(Qt::PreciseTimer);
+  }
   connect(&refresh_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
   connect(&blink_timer_, &QTimer::timeout, this, &PanelWindow::Blink);
   connect(&clock_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
+  connect(&play_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
+  connect(&scroll_timer_, &QTimer::timeout, this, &PanelWindow::Scroll);
   // Many frames that come at once are shown at once.
   const auto refresh_soon = [this] {
     if (!refresh_timer_.isActive()) refresh_timer_.start(0);
@@ -114,6 +167,11 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
 
 void PanelWindow::SetLines(const QString& text) { lines_->setText(text); }
 
+void PanelWindow::SetScrollSpeed(int dots_per_second) {
+  for (const Place& place : std::as_const(places_)) place.view->SetScrollSpeed(dots_per_second);
+  StartScrollTimer(engine_->Now());
+}
+
 QWidget* PanelWindow::MakePanels() {
   auto* panels = new QWidget;
   auto* layout = new QVBoxLayout(panels);
@@ -128,6 +186,12 @@ QWidget* PanelWindow::MakePanels() {
     place.facts->setTextInteractionFlags(Qt::TextSelectableByMouse);
     place.facts->setAlignment(Qt::AlignHCenter);
     place.facts->setWordWrap(true);
+    place.playing = new QLabel;
+    place.playing->setObjectName(QStringLiteral("playing_%1").arg(id));
+    place.playing->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    place.playing->setAlignment(Qt::AlignHCenter);
+    place.playing->hide();
+    MakeSchedules(&place);
 
     // A panel that is too wide for the window is scrolled by itself.
     auto* scroll = new QScrollArea;
@@ -138,6 +202,8 @@ QWidget* PanelWindow::MakePanels() {
     place.scroll = scroll;
     layout->addWidget(scroll);
     layout->addWidget(place.facts);
+    layout->addWidget(place.playing);
+    layout->addWidget(place.schedules);
     layout->addStretch();
     places_.append(place);
   }
@@ -148,6 +214,91 @@ QWidget* PanelWindow::MakePanels() {
   panels_->setWidget(panels);
   panels_->installEventFilter(this);
   return panels_;
+}
+
+void PanelWindow::MakeSchedules(Place* place) {
+  place->schedules = new QWidget;
+  auto* grid = new QGridLayout(place->schedules);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setAlignment(Qt::AlignHCenter);
+  // All of them from the start, so that the tab key goes by letter in whatever order they arrive.
+  for (char letter = kFirstScheduleLetter; letter <= kLastScheduleLetter; ++letter) {
+    const QLatin1Char name(letter);
+    auto* button = new QPushButton(place->schedules);
+    button->setObjectName(QStringLiteral("schedule_%1_%2").arg(place->id).arg(name));
+    button->setAccessibleDescription(
+        QStringLiteral("Plays schedule %1 of panel %2").arg(name).arg(place->id));
+    button->setCheckable(true);    // pressed down while it plays
+    button->setAutoDefault(true);  // the enter key presses it, as the space bar does
+    button->hide();
+    connect(button, &QPushButton::clicked, this, [this, id = place->id, letter, button] {
+      // Whether it is pressed down is for the engine to say.
+      button->setChecked(true);
+      engine_->Play(id, letter);
+    });
+    place->letters.insert(letter, button);
+  }
+  place->schedules->hide();
+}
+
+bool PanelWindow::RefreshSchedules(Place* place, const QDateTime& now) {
+  const Schedules& schedules = engine_->FindPanel(place->id)->schedules;
+  const auto playing = engine_->PlayingAt(place->id, now);
+  QString shape;
+  for (auto letter = place->letters.cbegin(); letter != place->letters.cend(); ++letter) {
+    QPushButton* button = *letter;
+    const auto schedule = schedules.constFind(letter.key());
+    const bool is_there = schedule != schedules.constEnd();
+    if (is_there) {
+      const QStringList parts = {QString(QLatin1Char(letter.key())), ScheduleTime(*schedule),
+                                 EntryCount(*schedule)};
+      button->setText(parts.join(QStringLiteral("  \u00B7  ")));
+      button->setToolTip(ScheduleToolTip(*schedule));
+      button->setChecked(playing && playing->letter == letter.key());
+      shape += button->text() + QLatin1Char('\n');
+    }
+    button->setVisible(is_there);
+  }
+  place->playing->setText(PlayingText(playing));
+  place->playing->setVisible(!schedules.isEmpty());
+  place->schedules->setVisible(!schedules.isEmpty());
+  const bool is_other = shape != place->shape;
+  place->shape = shape;
+  return is_other;
+}
+
+int PanelWindow::ArrangeSchedules(Place* place, int width) {
+  auto* grid = static_cast<QGridLayout*>(place->schedules->layout());
+  while (QLayoutItem* item = grid->takeAt(0)) delete item;
+  QSize largest;
+  for (const QPushButton* button : std::as_const(place->letters)) {
+    if (!button->isHidden()) largest = largest.expandedTo(button->sizeHint());
+  }
+  if (largest.isEmpty()) return 0;
+  const int columns = qMax(1, (width + grid->spacing()) / (largest.width() + grid->spacing()));
+  int count = 0;
+  for (QPushButton* button : std::as_const(place->letters)) {
+    if (button->isHidden()) continue;
+    grid->addWidget(button, count / columns, count % columns);
+    ++count;
+  }
+  const int rows = (count + columns - 1) / columns;
+  return rows * largest.height() + (rows - 1) * grid->spacing();
+}
+
+void PanelWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) StartScrollTimer(engine_->Now());
+}
+
+void PanelWindow::hideEvent(QHideEvent* event) {
+  QMainWindow::hideEvent(event);
+  scroll_timer_.stop();
+}
+
+void PanelWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  StartScrollTimer(engine_->Now());
 }
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -163,9 +314,13 @@ void PanelWindow::Arrange() {
 
   double free_height = panels_->height();
   double wanted_height = 0;
-  for (const Place& place : std::as_const(places_)) {
+  for (Place& place : places_) {
     const QSizeF dots = SizeInDots(place.view->Picture().description);
     free_height -= place.facts->heightForWidth(qRound(width)) + 2 * spacing;
+    if (!place.schedules->isHidden()) {
+      free_height -= place.playing->sizeHint().height() + ArrangeSchedules(&place, qRound(width)) +
+                     2 * spacing;
+    }
     wanted_height += dots.height() * qMax(width / dots.width(), kLeastDotPixels);
   }
   const double shrink = wanted_height > free_height ? free_height / wanted_height : 1;
@@ -216,11 +371,16 @@ QWidget* PanelWindow::MakeTraffic() {
 }
 
 void PanelWindow::Refresh() {
-  for (const Place& place : std::as_const(places_)) {
-    place.view->Refresh();
-    place.facts->setText(Facts(*engine_, place.id));
+  // One moment for all, so that what is shown and when it is next looked at fit each other.
+  const QDateTime now = engine_->Now();
+  bool is_other = false;
+  for (Place& place : places_) {
+    place.view->Refresh(now);
+    place.facts->setText(Facts(*engine_, place.id, now));
+    is_other |= RefreshSchedules(&place, now);
   }
-  StartTimers();
+  if (is_other) Arrange();
+  StartTimers(now);
   Q_EMIT Refreshed();
 }
 
@@ -228,26 +388,52 @@ void PanelWindow::Blink() {
   for (const Place& place : std::as_const(places_)) {
     if (place.view->IsBlinking()) place.view->update();
   }
-  StartTimers();
+  StartTimers(engine_->Now());
 }
 
-void PanelWindow::StartTimers() {
+void PanelWindow::Scroll() {
+  for (const Place& place : std::as_const(places_)) place.view->Scroll();
+  StartScrollTimer(engine_->Now());
+}
+
+void PanelWindow::StartScrollTimer(const QDateTime& now) {
+  std::optional<qint64> wait;
+  for (const Place& place : std::as_const(places_)) {
+    const auto to_next_dot = place.view->MsToNextDot(now);
+    if (to_next_dot) wait = wait ? qMin(*wait, *to_next_dot) : *to_next_dot;
+  }
+  // Nobody looks at a window that is hidden or minimised.
+  if (!wait || !isVisible() || isMinimized()) {
+    scroll_timer_.stop();
+  } else {
+    scroll_timer_.start(static_cast<int>(qMax(*wait, kLeastScrollMs)));
+  }
+}
+
+void PanelWindow::StartTimers(const QDateTime& now) {
   // To the next change of phase, so that nothing drifts.
   bool is_blinking = false;
   for (const Place& place : std::as_const(places_)) is_blinking |= place.view->IsBlinking();
-  const qint64 now = engine_->Now().toMSecsSinceEpoch();
   if (is_blinking) {
-    blink_timer_.start(static_cast<int>(kBlinkMs - now % kBlinkMs));
+    blink_timer_.start(static_cast<int>(kBlinkMs - now.toMSecsSinceEpoch() % kBlinkMs));
   } else {
     blink_timer_.stop();
   }
   // To the next minute of any panel: their clocks show no seconds.
   qint64 to_next_minute = kMinuteMs;
   for (const Place& place : std::as_const(places_)) {
-    const qint64 of_day = engine_->Clock(place.id).time().msecsSinceStartOfDay();
+    const qint64 of_day = engine_->Clock(place.id, now).time().msecsSinceStartOfDay();
     to_next_minute = qMin(to_next_minute, kMinuteMs - of_day % kMinuteMs);
   }
   clock_timer_.start(static_cast<int>(to_next_minute));
+  // To the next page of a schedule that plays, or the beginning of one.
+  const auto next_change = engine_->NextChange(now);
+  if (next_change) {
+    play_timer_.start(static_cast<int>(qMin(now.msecsTo(*next_change), kMostTimerMs)));
+  } else {
+    play_timer_.stop();
+  }
+  StartScrollTimer(now);
 }
 
 void PanelWindow::AddTraffic(const FrameRecord& record) {

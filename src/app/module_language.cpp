@@ -43,15 +43,17 @@ QString ReadLangString(const QString& section, const QString& key, const QString
   return LanguageFile().Value(section, key, missing);
 }
 
-QString TranslateMessage(const QString& text) {
-  if (!language_active) return text;
+QString TranslateMessage(const QString& text) { return TranslateMessage(text, text); }
+
+QString TranslateMessage(const QString& text, const QString& missing) {
+  if (!language_active) return missing;
   for (const Message& message : Messages()) {
     if (text == QLatin1String(message.text)) {
       return ReadLangString(QString::fromLatin1(message.section), QString::fromLatin1(message.key),
-                            text);
+                            missing);
     }
   }
-  return text;
+  return missing;
 }
 
 QChar FeatureCodeFromName(const QString& name) {

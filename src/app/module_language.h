@@ -41,6 +41,9 @@ QString ReadLangString(const QString& section, const QString& key, const QString
 /// message is a known one, else `text` itself. Letters must match in case.
 QString TranslateMessage(const QString& text);
 
+/// The same, but `missing` where the language file does not say what to show for `text`.
+QString TranslateMessage(const QString& text, const QString& missing);
+
 /// The code letter "A" to "J" of a display feature named in the user's language: the place of the
 /// first entry "ListFeature.List(0)" to "(9)" that equals `name`. An empty QChar when none does.
 QChar FeatureCodeFromName(const QString& name);

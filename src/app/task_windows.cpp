@@ -1,5 +1,6 @@
 #include "app/task_windows.h"
 
+#include "config/frmConfig.h"
 #include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
 #include "scrolling/frmShiftMsg.h"
@@ -16,5 +17,5 @@ TaskWindow Opens(const char* button) {
 
 std::vector<TaskWindow> TaskWindows() {
   return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmShiftMsg>("butShiftMsg"),
-          Opens<frmCommand>("butCommand")};
+          Opens<frmConfig>("butConfigEdit"), Opens<frmCommand>("butCommand")};
 }

@@ -11,10 +11,7 @@
 namespace Brivon1 {
 namespace {
 
-constexpr QByteArrayView kDimensionSection = "Dimension Config";
-constexpr QByteArrayView kCommunicationSection = "Communication";
 constexpr QByteArrayView kSerialPortsSection = "Serial Ports";
-constexpr qsizetype kLongestPanelValue = 34;
 constexpr qsizetype kSendModeLength = 5;
 constexpr qsizetype kColumnDigits = 3;
 constexpr int kLongestDelay = 30000;  // the tick counters stop here, and a wait must end

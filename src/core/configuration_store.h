@@ -6,6 +6,7 @@
 #include <map>
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include "core/ini_file.h"
@@ -14,6 +15,13 @@ namespace Brivon1 {
 
 inline constexpr int kPanelIds = 256;
 inline constexpr int kMaxRows = 12;
+
+/// The sections of "brivon.ini" that the store and the configuration dialog share.
+inline constexpr QByteArrayView kDimensionSection = "Dimension Config";
+inline constexpr QByteArrayView kCommunicationSection = "Communication";
+
+/// At most this many bytes of a panel's value are read.
+inline constexpr qsizetype kLongestPanelValue = 34;
 
 enum ColourType : qint16 { kMono = 0, kTri = 1 };
 
@@ -25,6 +33,7 @@ struct PanelEntry {
   QByteArray address;      ///< `host:port`; a colour word where none was stored.
 
   bool IsConfigured() const { return rows != 0 && columns != 0; }
+  bool operator==(const PanelEntry&) const = default;
 };
 
 enum class SendMode { kNone, kSerial, kTcp };
@@ -67,7 +76,7 @@ QString ProgramFolder();
 /// Lets another folder stand for the program's; an empty path returns to the program's own.
 void SetProgramFolder(const QString& folder);
 
-/// The full path of a file in the program's folder.
+/// The full path of a file in the program's folder; a full path stays as it is.
 QString InProgramFolder(const QString& file_name);
 
 /// The full path of "brivon.ini".

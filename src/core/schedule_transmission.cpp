@@ -31,7 +31,7 @@ struct Entry {
 
 struct Plan {
   ScheduleHead head;
-  QStringList files;  // the different message files, in the order of their first appearance
+  QStringList files;  // the different message files' names, in the order of first appearance
   QList<Entry> entries;
 };
 
@@ -88,7 +88,8 @@ bool IsEmpty(const Plan& plan) {
 }
 
 /// What keeps a message file from being sent, in English; empty where nothing does.
-QString FileRefusal(const QString& file, Dimension dimension) {
+QString FileRefusal(const QString& name, Dimension dimension) {
+  const QString file = InProgramFolder(name);
   if (!FileExists(file)) return QStringLiteral("File not found");
   const std::optional<Dimension> found = IsMessageFile(file);
   if (!found) return QStringLiteral("Error in opening file");
@@ -122,19 +123,20 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
     show_text(TranslateMessage(QStringLiteral("Empty Schedule File!")));
     return false;
   }
-  for (const QString& file : plan->files) {
-    const QString refusal = FileRefusal(file, plan->head.dimension);
+  for (const QString& name : plan->files) {
+    const QString refusal = FileRefusal(name, plan->head.dimension);
     if (refusal.isEmpty()) continue;
-    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + file);
+    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name);
     return false;
   }
 
   for (qsizetype index = 0; index < plan->files.size(); ++index) {
-    const QString& file = plan->files.at(index);
-    if (SendMessageFile(transmission, file, id, PageOf(*letter, index), plan->head.dimension)) {
+    const QString& name = plan->files.at(index);
+    if (SendMessageFile(transmission, InProgramFolder(name), id, PageOf(*letter, index),
+                        plan->head.dimension)) {
       continue;
     }
-    show_text(TranslateMessage(QStringLiteral("Error in sending")) + QLatin1Char(' ') + file +
+    show_text(TranslateMessage(QStringLiteral("Error in sending")) + QLatin1Char(' ') + name +
               QLatin1Char('!'));
     return false;
   }

@@ -15,7 +15,8 @@ using ShowText = std::function<void(const QString& text)>;
 
 /// Sends the schedule file at `path` (blanks at its ends do not count) to panel `id` under the
 /// schedule letter `letter`, "A" to "J" in either case. Each different message file is sent once,
-/// as the letter's first page and the ones that follow it. Everything is checked before the first
+/// as the letter's first page and the ones that follow it; a name without a folder's full path is
+/// that of a file in the program's folder. Everything is checked before the first
 /// byte leaves, but for the row lines of the message files.
 ///
 /// True when all message files and the schedule were acknowledged. A refused letter, schedule or

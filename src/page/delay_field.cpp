@@ -7,14 +7,13 @@
 namespace Brivon1 {
 
 DelayField::DelayField(qint16 delay)
-    : last_valid_(std::clamp(delay, kShortestDelay, kLongestDelay)) {}
+    : field_(kShortestDelay, kLongestDelay,
+             QString::number(std::clamp(delay, kShortestDelay, kLongestDelay))) {}
 
 QString DelayField::Changed(const QString& text) {
   const QString trimmed = text.trimmed();
   if (trimmed.isEmpty()) return text;
-  const qint16 delay = LeadingNumber16(trimmed.toUtf8());
-  if (delay >= kShortestDelay && delay <= kLongestDelay) last_valid_ = delay;
-  return LastValidText();
+  return field_.Changed(QString::number(LeadingNumber16(trimmed.toUtf8())));
 }
 
 }  // namespace Brivon1

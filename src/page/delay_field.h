@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include "core/number_field.h"
+
 namespace Brivon1 {
 
 inline constexpr qint16 kShortestDelay = 1;
@@ -19,13 +21,13 @@ class DelayField {
   QString Changed(const QString& text);
 
   /// The last valid delay, in seconds.
-  qint16 LastValid() const { return last_valid_; }
+  qint16 LastValid() const { return LastValidText().toShort(); }
 
   /// The same as the field shows it.
-  QString LastValidText() const { return QString::number(last_valid_); }
+  QString LastValidText() const { return field_.LastValidText(); }
 
  private:
-  qint16 last_valid_;
+  NumberField field_;
 };
 
 }  // namespace Brivon1

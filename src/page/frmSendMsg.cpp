@@ -3,9 +3,9 @@
 #include <QPushButton>
 
 #include "app/caption_loader.h"
-#include "app/file_dialogs.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
+#include "core/file_checks.h"
 #include "core/files.h"
 #include "core/text.h"
 #include "ui_frmSendMsg.h"
@@ -22,21 +22,18 @@ QByteArray PageDigits(const QString& text) {
   return Brivon1::ZeroPadded(Brivon1::LeadingNumber(text.toUtf8(), 0, 2147483647), 3);
 }
 
-QString OpenError() {
-  return TranslateMessage(QStringLiteral("Error in opening file")) + QLatin1Char('!');
-}
-
 }  // namespace
 
 frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendMsg>()) {
   ui_->setupUi(this);
   FillPanelList(ui_->ComboID);
-  ui_->lblFileName->setText(file_name);
-  if (const auto dimension = Brivon1::IsMessageFile(file_name)) ShowFile(file_name, *dimension);
+  file_ = new FileToSend(this,
+                         {QStringLiteral("Message File|*.msg|All|*.*"), Brivon1::IsMessageFile,
+                          QStringLiteral("!"), QStringLiteral("CMDialog1")},
+                         {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
   session_ = new SendingSession(
       this, {ui_->butBrowse, ui_->ComboID, ui_->txtPage, ui_->butSend, ui_->butDone});
-  connect(ui_->butBrowse, &QPushButton::clicked, this, &frmSendMsg::Browse);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendMsg::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   LoadCaptions(this);
@@ -45,32 +42,15 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name)
 
 frmSendMsg::~frmSendMsg() = default;
 
-void frmSendMsg::ShowFile(const QString& path, Dimension dimension) {
-  ui_->lblFileName->setText(path);
-  ui_->lblRow->setText(QString::number(dimension.rows));
-  ui_->lblCol->setText(QString::number(dimension.columns));
-}
-
-void frmSendMsg::Browse() {
-  const QString path = ShowFileDialog(this, QStringLiteral("Browse"),
-                                      QStringLiteral("Message File|*.msg|All|*.*"), 1);
-  if (path.isEmpty()) return;
-  if (const auto dimension = Brivon1::IsMessageFile(path)) {
-    ShowFile(path, *dimension);
-  } else {
-    ShowMessage(this, OpenError());
-  }
-}
-
 void frmSendMsg::Send() {
   session_->Run([this] { SendFile(); });
   ui_->lblSendStatus->clear();
 }
 
 void frmSendMsg::SendFile() {
-  const QString path = ui_->lblFileName->text();
+  const QString path = file_->Path();
   if (!Brivon1::FileExists(path)) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("File not found")) + QLatin1Char('!'));
+    file_->ReportNotFound();
     return;
   }
   const auto panel = SelectedPanel(ui_->ComboID);
@@ -84,7 +64,7 @@ void frmSendMsg::SendFile() {
   }
   const auto dimension = Brivon1::IsMessageFile(path);
   if (!dimension) {
-    ShowMessage(this, OpenError());
+    file_->ReportWrongKind();
     return;
   }
   const Dimension panel_dimension{panel->rows, panel->columns};

@@ -5,7 +5,7 @@
 
 #include <QDialog>
 
-#include "core/file_checks.h"
+#include "app/file_to_send.h"
 #include "core/sending_session.h"
 
 namespace Ui {
@@ -21,11 +21,10 @@ class frmSendMsg : public QDialog {
   ~frmSendMsg() override;
 
  private:
-  void Browse();
   void Send();
   void SendFile();
-  void ShowFile(const QString& path, Brivon1::Dimension dimension);
 
   std::unique_ptr<Ui::frmSendMsg> ui_;
+  FileToSend* file_;
   SendingSession* session_;
 };

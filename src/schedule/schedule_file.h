@@ -25,7 +25,8 @@ QString SaveScheduleFile(const QString& path, const Schedule& schedule);
 /// does not have.
 std::optional<QByteArray> PathField(const QString& path);
 
-/// The path that a field holds, without the blanks at its ends.
+/// The path that a field holds, without the blanks at its ends. One that is not full counts from
+/// the program's folder.
 QString FieldPath(const QByteArray& field);
 
 /// Why a message file cannot enter a schedule made for `dimension`, as English message: "Not

@@ -22,12 +22,14 @@
 #include "app/caption_tables.h"
 #include "app/frmMain.h"
 #include "app/module_language.h"
+#include "config/frmConfig.h"
 #include "core/frmCommand.h"
 #include "page/frmDelay.h"
 #include "page/frmDimension.h"
 #include "page/frmMsgEditor.h"
 #include "page/frmPage.h"
 #include "page/frmSendMsg.h"
+#include "schedule/frmSendSch.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 
@@ -58,9 +60,11 @@ const NamedWindow kWindows[] = {
     Named<frmDelay>("frmDelay"),
     Named<frmPage>("frmPage"),
     Named<frmDimension>("frmDimension"),
+    Named<frmConfig>("frmConfig"),
     Named<frmCommand>("frmCommand"),
     {"frmSendMsg", [] { return std::make_unique<frmSendMsg>(nullptr, QString()); }},
     Named<frmMsgEditor>("frmMsgEditor"),
+    {"frmSendSch", [] { return std::make_unique<frmSendSch>(nullptr, QString()); }},
 };
 
 // What a window shows for key number `n` of a row; nothing where the control is missing.

@@ -68,6 +68,17 @@ TEST_F(FileDialogsTest, AChosenFileThatDoesNotExistGivesTheMessageAndNothingElse
   EXPECT_EQ(boxes.Texts(), QStringList{Text("File not found!")});
 }
 
+TEST_F(FileDialogsTest, AWindowMayGiveItsDialogANameAndItsMessageAnotherEnd) {
+  folder_.UseLanguage("[Message]\r\nmsgNotFound=Datei fehlt\r\n");
+  const MessageBoxReader boxes;
+  const FileChooser chooser(folder_.Path(Text("gone.sch")), Text("DialogBrowse"));
+  EXPECT_EQ(ShowFileDialog(&window_, Text("Browse"), Text("All|*.*"), 1,
+                           {Text("DialogBrowse"), QString()}),
+            QString());
+  EXPECT_EQ(chooser.Count(), 1);
+  EXPECT_EQ(boxes.Texts(), QStringList{Text("Datei fehlt")});
+}
+
 TEST_F(FileDialogsTest, ASaveGoesUnderExactlyTheEnteredNameWithoutTheOverwriteQuestion) {
   const MessageBoxReader boxes;
   for (const char* name : {"old.msg", "no suffix", "two.dots.msg"}) {

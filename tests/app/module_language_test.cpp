@@ -133,6 +133,18 @@ TEST_F(ModuleLanguageTest, ATextNotInTheTableIsReturnedUnchanged) {
   }
 }
 
+TEST_F(ModuleLanguageTest, AnotherTextTakesThePlaceOfAMessageThatHasNoTranslation) {
+  const auto shown = [] { return TranslateMessage(Text("Aborted!"), Text("Given up.")); };
+  EXPECT_EQ(shown(), Text("Given up."));
+  folder_.UseLanguage("[Message]\r\nmsgPath=Pfad!\r\n");
+  EXPECT_EQ(shown(), Text("Given up."));
+  EXPECT_EQ(TranslateMessage(Text("Nonsense"), Text("Given up.")), Text("Given up."));
+  folder_.UseLanguage("[Message]\r\nmsgCancel=Abgebrochen!\r\n");
+  EXPECT_EQ(shown(), Text("Abgebrochen!"));
+  folder_.UseLanguage("[Message]\r\nmsgCancel=\r\n");
+  EXPECT_EQ(shown(), QString());
+}
+
 TEST_F(ModuleLanguageTest, CommandIsTranslatedFromTheCaptionKeyOfTheMainWindowsButton) {
   folder_.UseLanguage("[frmMain]\r\nbutCommand.Caption=Befehl\r\n");
   EXPECT_EQ(TranslateMessage(Text("Command")), Text("Befehl"));

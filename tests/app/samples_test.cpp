@@ -12,6 +12,7 @@
 #include "core/configuration_store.h"
 #include "page/display_feature.h"
 #include "page/message_file.h"
+#include "schedule/schedule_file.h"
 #include "scrolling/scrolling_file.h"
 #include "support/program_folder.h"
 
@@ -105,40 +106,6 @@ TEST_P(SampleLanguageTest, EveryFeatureNameLeadsToItsOwnCode) {
 INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::Values("deutsch", "espanol"),
                          [](const auto& test) { return std::string(test.param); });
 
-// The samples whose names end so, at least `fewest` of them.
-QStringList SampleMessages(const char* ending, qsizetype fewest) {
-  const QDir folder(QStringLiteral(BRIVON_SAMPLES "/messages"));
-  const QStringList names = folder.entryList({QLatin1Char('*') + QLatin1String(ending)});
-  EXPECT_GE(names.size(), fewest);
-  return names;
-}
-
-TEST(SampleMessagesTest, EveryPageIsReadAndWrittenAgainByteByByte) {
-  const TemporaryProgramFolder folder;
-  for (const QString& name : SampleMessages(".msg", 3)) {
-    const QByteArray content = Sample(QStringLiteral("messages/") + name);
-    const auto read = Brivon1::LoadMessageFile(folder.Write(name, content));
-    ASSERT_TRUE(read.has_value()) << name.toStdString();
-    Brivon1::PageMessage page;
-    page.TakeOver(read->dimension, read->rows);
-    Brivon1::SaveMessageFile(folder.Path(name), page);
-    EXPECT_EQ(folder.Read(name), content) << name.toStdString();
-  }
-}
-
-TEST(SampleMessagesTest, EveryScrollingMessageIsReadAndWrittenAgainByteByByte) {
-  const TemporaryProgramFolder folder;
-  for (const QString& name : SampleMessages(".srl", 1)) {
-    const QByteArray content = Sample(QStringLiteral("messages/") + name);
-    const auto message = Brivon1::ReadScrollingMessage(folder.Write(name, content));
-    ASSERT_TRUE(message.has_value()) << name.toStdString();
-    EXPECT_GT(message->Length(), 30) << "long enough to scroll";
-    EXPECT_LE(message->Length(), 1000);
-    Brivon1::WriteScrollingMessage(folder.Path(name), *message);
-    EXPECT_EQ(folder.Read(name), content) << name.toStdString();
-  }
-}
-
 TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   TemporaryProgramFolder folder;
   folder.Configure(Sample(QStringLiteral("brivon.ini")));
@@ -159,6 +126,50 @@ TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   EXPECT_EQ(store.com_port, 2);
   EXPECT_EQ(store.delay_period, 300);
   EXPECT_TRUE(store.serial_devices.empty());
+}
+
+TEST(SampleMessagesTest, EveryMessageIsAPageWithCrLfLineEnds) {
+  const QDir folder(QStringLiteral(BRIVON_SAMPLES "/messages"));
+  const QStringList names = folder.entryList({QStringLiteral("*.msg")});
+  EXPECT_EQ(names.size(), 3);
+  for (const QString& name : names) {
+    EXPECT_TRUE(Brivon1::LoadMessageFile(folder.filePath(name))) << name.toStdString();
+    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    EXPECT_EQ(content.count('\n'), content.count("\r\n")) << name.toStdString();
+  }
+}
+
+TEST(SampleMessagesTest, EveryScrollingMessageIsReadAndWrittenAgainByteByByte) {
+  const TemporaryProgramFolder folder;
+  const QStringList names =
+      QDir(QStringLiteral(BRIVON_SAMPLES "/messages")).entryList({QStringLiteral("*.srl")});
+  EXPECT_EQ(names.size(), 1);
+  for (const QString& name : names) {
+    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    const auto message = Brivon1::ReadScrollingMessage(folder.Write(name, content));
+    ASSERT_TRUE(message.has_value()) << name.toStdString();
+    EXPECT_GT(message->Length(), 30) << "long enough to scroll";
+    EXPECT_LE(message->Length(), 1000);
+    Brivon1::WriteScrollingMessage(folder.Path(name), *message);
+    EXPECT_EQ(folder.Read(name), content) << name.toStdString();
+  }
+}
+
+TEST(SampleSchedulesTest, TheScheduleNamesMessagesOfItsSizeThatAreThere) {
+  const QString path = QStringLiteral(BRIVON_SAMPLES "/schedules/every_day.sch");
+  const auto schedule = Brivon1::LoadScheduleFile(path);
+  ASSERT_TRUE(schedule);
+  Brivon1::SetProgramFolder(QStringLiteral(BRIVON_SAMPLES));
+  EXPECT_EQ(schedule->Count(), 3);
+  for (const Brivon1::Sequence& sequence : schedule->Sequences()) {
+    const QString name = Brivon1::FieldPath(sequence.path);
+    EXPECT_EQ(Brivon1::MessageFileRefusal(Brivon1::InProgramFolder(name), schedule->dimension),
+              QString())
+        << name.toStdString();
+  }
+  Brivon1::SetProgramFolder({});
+  const QByteArray content = Sample(QStringLiteral("schedules/every_day.sch"));
+  EXPECT_EQ(content.count('\n'), content.count("\r\n"));
 }
 
 }  // namespace

@@ -16,22 +16,13 @@
 #include "core/frmCommand.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
+#include "support/shown_window.h"
 
 namespace {
 
-class CommandWindow {
+class CommandWindow : public ShownWindow<frmCommand> {
  public:
-  CommandWindow() {
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-  }
-
-  template <typename T>
-  T* Find(const char* name) {
-    T* control = window.findChild<T*>(QString::fromLatin1(name));
-    EXPECT_NE(control, nullptr) << name;
-    return control;
-  }
+  CommandWindow() : ShownWindow(nullptr) {}
 
   QListWidget* Commands() { return Find<QListWidget>("ListCommand"); }
 
@@ -43,7 +34,7 @@ class CommandWindow {
   }
 
   void Select(int row) { Commands()->setCurrentRow(row); }
-  void PressSend() { QTest::mouseClick(Find<QPushButton>("butSend"), Qt::LeftButton); }
+  void PressSend() { Click("butSend"); }
 
   bool IsReady() {
     for (const char* name : {"butSend", "butDone", "ListCommand", "ComboID"}) {
@@ -51,8 +42,6 @@ class CommandWindow {
     }
     return window.cursor().shape() == Qt::ArrowCursor;
   }
-
-  frmCommand window;
 };
 
 void ExpectBox(const MessageBoxReader& boxes, const QString& text, QMessageBox::Icon icon,

@@ -14,6 +14,7 @@
 #include "support/full_listener.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
+#include "support/shown_window.h"
 
 namespace {
 
@@ -22,22 +23,9 @@ const QString kFailure = QStringLiteral("Transmission failure!");
 const QString kNoLink = QStringLiteral("Cannot create TCP link!");
 const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
 
-/// The dialog as an operator has it before him.
-class Dialog {
+class Dialog : public ShownWindow<frmSendMsg> {
  public:
-  explicit Dialog(const QString& file_name) : window(nullptr, file_name) {
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-  }
-
-  template <typename T>
-  T* Find(const char* name) {
-    T* control = window.findChild<T*>(QString::fromLatin1(name));
-    EXPECT_NE(control, nullptr) << name;
-    return control;
-  }
-
-  void Click(const char* name) { QTest::mouseClick(Find<QPushButton>(name), Qt::LeftButton); }
+  explicit Dialog(const QString& file_name) : ShownWindow(nullptr, file_name) {}
 
   void ChoosePanel(int index) { Find<QComboBox>("ComboID")->setCurrentIndex(index); }
 
@@ -62,8 +50,6 @@ class Dialog {
     return window.cursor().shape() == Qt::ArrowCursor &&
            Find<QLabel>("lblSendStatus")->text().isEmpty();
   }
-
-  frmSendMsg window;
 };
 
 class SendMessage : public testing::TestWithParam<LineKind> {

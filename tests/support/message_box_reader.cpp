@@ -52,8 +52,8 @@ bool ModalWindowDriver::eventFilter(QObject* object, QEvent* event) {
   return QObject::eventFilter(object, event);
 }
 
-FileChooser::FileChooser(const QString& path)
-    : ModalWindowDriver(QStringLiteral("CMDialog1"), [this, path](QWidget* window) {
+FileChooser::FileChooser(const QString& path, const QString& object_name)
+    : ModalWindowDriver(object_name, [this, path](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
         auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         seen_ = {dialog->windowTitle(), dialog->nameFilters(), dialog->selectedNameFilter(),

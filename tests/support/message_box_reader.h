@@ -70,11 +70,12 @@ struct SeenFileDialog {
   QString name;
 };
 
-/// Answers every file dialog that is opened while it lives with `path`, entered in its name box; an
-/// empty path cancels it.
+/// Answers every file dialog of the given name that is opened while it lives with `path`, entered
+/// in its name box; an empty path cancels it.
 class FileChooser : public ModalWindowDriver {
  public:
-  explicit FileChooser(const QString& path);
+  explicit FileChooser(const QString& path,
+                       const QString& object_name = QStringLiteral("CMDialog1"));
 
   /// The dialog seen last.
   const SeenFileDialog& Seen() const { return seen_; }

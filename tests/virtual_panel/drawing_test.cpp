@@ -242,6 +242,160 @@ TEST_F(DrawingTest, DrawsEveryGraphicDifferently) {
   }
 }
 
+class ScrollingTest : public DrawingTest {
+ protected:
+  static constexpr qint64 kBegan = 1'000'000'000'000;  // an even number of blinks
+
+  void SetScrolling(int row, QByteArrayView text) {
+    picture_.scrolling_lines.insert(row, {{text.toByteArray(), ParseCells(text)}, kBegan});
+  }
+
+  // Where on the row of the panel a colour begins and ends, in dots; {-1, -1}: nowhere.
+  std::pair<int, int> Extent(const QRect& row, const QColor& colour) const {
+    std::pair<int, int> extent{-1, -1};
+    for (int dot = 0; dot < 60; ++dot) {
+      if (image_.pixelColor(row.left() + dot * 10 + 5, row.top() + 2) != colour) continue;
+      if (extent.first < 0) extent.first = dot;
+      extent.second = dot + 1;
+    }
+    return extent;
+  }
+
+  using Dots = std::pair<int, int>;
+};
+
+TEST_F(ScrollingTest, ComesInAtTheRightEdgeAndGoesOutAtTheLeft) {
+  // Two blanks of 6 dots on green, then one of 6 on red: 18 dots, on 60 columns.
+  SetScrolling(2, "<CJ>  <CK> ");
+  picture_.scroll_speed = 10;
+  const auto after = [&](qint64 ms) {
+    Draw(kBegan + ms);
+    return std::pair(Extent(kRowTwo, kGreen), Extent(kRowTwo, kRed));
+  };
+  const Dots none(-1, -1);
+  EXPECT_EQ(after(0), std::pair(none, none));
+  EXPECT_EQ(after(99), std::pair(none, none));
+  EXPECT_EQ(after(100), std::pair(Dots(59, 60), none));
+  EXPECT_EQ(after(1250), std::pair(Dots(48, 60), none));
+  EXPECT_EQ(after(1500), std::pair(Dots(45, 57), Dots(57, 60)));
+  EXPECT_EQ(after(3000), std::pair(Dots(30, 42), Dots(42, 48)));
+  EXPECT_EQ(after(6000), std::pair(Dots(0, 12), Dots(12, 18)));
+  EXPECT_EQ(after(6700), std::pair(Dots(0, 5), Dots(5, 11)));
+  EXPECT_EQ(after(7700), std::pair(none, Dots(0, 1)));
+  EXPECT_EQ(after(7800), std::pair(none, none));
+  // And again.
+  EXPECT_EQ(after(7900), std::pair(Dots(59, 60), none));
+  EXPECT_EQ(after(78'000 + 3000), std::pair(Dots(30, 42), Dots(42, 48)));
+  // Nothing of it is anywhere else.
+  EXPECT_EQ(Count(image_.rect(), kGreen), Count(kRowTwo, kGreen));
+}
+
+TEST_F(ScrollingTest, MovesAtItsSpeed) {
+  SetScrolling(1, "<CJ> ");
+  for (const int speed : {1, 7, 30, 59}) {
+    picture_.scroll_speed = speed;
+    Draw(kBegan + 1000);
+    EXPECT_EQ(Extent(kRowOne, kGreen), (Dots(60 - speed, qMin(66 - speed, 60)))) << speed;
+  }
+  picture_.scroll_speed = 1000;
+  EXPECT_EQ(ScrolledDots(picture_.scrolling_lines[1], picture_, kBegan + 65), 65);
+  EXPECT_EQ(ScrolledDots(picture_.scrolling_lines[1], picture_, kBegan + 66), 0);
+  // A hundred years later, and after the machine's clock was set back.
+  EXPECT_EQ(ScrolledDots(picture_.scrolling_lines[1], picture_, kBegan + 66 * 50'000'000'000 + 1),
+            1);
+  EXPECT_EQ(ScrolledDots(picture_.scrolling_lines[1], picture_, kBegan - 1), 65);
+}
+
+TEST_F(ScrollingTest, TellsWhenItHasMovedOn) {
+  SetScrolling(1, "text");
+  for (const int speed : {1, 3, 7, 30, 60, 999, 1000}) {
+    picture_.scroll_speed = speed;
+    const ScrollingLine& line = picture_.scrolling_lines[1];
+    qint64 now_ms = kBegan;
+    for (int step = 1; step <= 60; ++step) {
+      const qint64 wait = MsToNextDot(line, picture_, now_ms);
+      ASSERT_EQ(ScrolledDots(line, picture_, now_ms + wait - 1), step - 1) << speed;
+      ASSERT_EQ(ScrolledDots(line, picture_, now_ms + wait), step) << speed;
+      now_ms += wait;
+    }
+    EXPECT_EQ(now_ms, kBegan + (60'000 + speed - 1) / speed);
+  }
+}
+
+TEST_F(ScrollingTest, TakesThePlaceOfItsRowAlone) {
+  SetRow(1, "<CJ>          ");
+  SetRow(2, "<CK>          ");
+  SetScrolling(2, "<CB>H");
+  Draw(kBegan);
+  EXPECT_EQ(Count(kRowOne, kGreen), 600 * 80);
+  EXPECT_EQ(Count(kRowTwo, kRed), 0);
+  Draw(kBegan + 1000);
+  EXPECT_GT(Count(kRowTwo, kGreen), 500);
+  EXPECT_EQ(Count(kRowTwo, kRed), 0);
+}
+
+TEST_F(ScrollingTest, KeepsColourSizeAndBlinking) {
+  picture_.scroll_speed = 60;
+  SetScrolling(1, "<SE><CK> <SB><CJ> <SA><CK> ");
+  const auto at = [&](int dot) {
+    return image_.pixelColor(kRowOne.left() + dot * 10 + 5, kRowOne.top() + 2);
+  };
+  const QColor band = [&] {
+    Draw(kBegan);
+    return at(0);
+  }();
+  Draw(kBegan + 1000);  // lit
+  EXPECT_EQ(at(5), kRed);
+  EXPECT_EQ(at(6), kGreen);
+  EXPECT_EQ(at(10), kGreen);
+  EXPECT_EQ(at(11), kRed);
+  EXPECT_EQ(at(16), kRed);
+  EXPECT_EQ(at(17), band);
+  Draw(kBegan + 500);  // dark, half way
+  EXPECT_EQ(at(30), band);
+  EXPECT_EQ(at(35), band);
+  EXPECT_EQ(at(36), kGreen);
+  EXPECT_EQ(at(41), kRed);
+  EXPECT_TRUE(HasBlinkingCells(picture_));
+  // What blinks under a scrolling text is not seen.
+  SetRow(1, "<SE>x");
+  SetScrolling(1, "<SA>steady");
+  EXPECT_FALSE(HasBlinkingCells(picture_));
+}
+
+TEST_F(ScrollingTest, IsWiderByADateAndATime) {
+  picture_.scroll_speed = 1;
+  SetScrolling(1, "<SB><DD><SA><DT>");
+  const ScrollingLine& line = picture_.scrolling_lines[1];
+  EXPECT_EQ(ScrolledDots(line, picture_, kBegan + 144'000), 144);  // 60 + 11 x 5 + 5 x 6 = 145
+  EXPECT_EQ(ScrolledDots(line, picture_, kBegan + 145'000), 0);
+}
+
+TEST_F(ScrollingTest, DrawsOnlyWhatAClipShows) {
+  SetRow(1, "<CJ>          ");
+  SetRow(2, "<CJ>          ");
+  image_ = QImage(kSize, QImage::Format_RGB32);
+  image_.fill(Qt::white);
+  QPainter painter(&image_);
+  painter.setClipRect(kRowTwo.adjusted(100, 10, -100, -10));
+  DrawPanel(&painter, kSize, picture_, 0);
+  EXPECT_EQ(Count(image_.rect(), kGreen), 400 * 60);
+  EXPECT_EQ(Count(image_.rect(), Qt::white), 640 * 210 - 400 * 60);
+}
+
+TEST_F(ScrollingTest, DrawsAnyText) {
+  QByteArray bytes;
+  for (int value = 0; value < 256; ++value) bytes += static_cast<char>(value);
+  SetScrolling(1, bytes.repeated(200));
+  SetScrolling(2, "<SA><CA>");  // nothing to see
+  picture_.scroll_speed = 1000;
+  for (qint64 ms = 0; ms < 400'000; ms += 9973) {
+    Draw(kBegan + ms);
+    EXPECT_EQ(image_.pixelColor(300, 105), QColor(0, 0, 0)) << ms;
+    EXPECT_EQ(Count(kRowTwo, kRed), 0);
+  }
+}
+
 TEST_F(DrawingTest, DrawsAnyBytes) {
   QByteArray bytes;
   for (int value = 0; value < 256; ++value) bytes += static_cast<char>(value);

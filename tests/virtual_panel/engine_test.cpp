@@ -252,7 +252,7 @@ TEST_F(EngineTest, BoundsAPanelsMemory) {
 
 TEST_F(EngineTest, SurvivesRandomBytes) {
   std::mt19937 random(20'261'121);
-  const QByteArray alphabet("<<<<IIDDLP0011122A>>>>?*RTSCG~ x\r\n\n\xFF\0", 38);
+  const QByteArray alphabet("<<<<IIDDLP0011122A>>>>?*RTSCG~ x,-\r\n\n\xFF\0", 40);
   std::uniform_int_distribution<qsizetype> choice(0, alphabet.size() - 1);
   std::uniform_int_distribution<qsizetype> length(1, 300);
   qsizetype unanswered_bytes = 0;
@@ -318,9 +318,10 @@ TEST_F(EngineTest, WritesItsState) {
   now_ = now_.addSecs(60);
   const QJsonDocument expected = QJsonDocument::fromJson(R"({"panels": [
       {"id": 3, "rows": 2, "columns": 48, "colour": "mono", "running_page": null, "shown_page": null,
-       "clock_offset_seconds": 0, "pages": {}},
+       "clock_offset_seconds": 0, "pages": {}, "schedules": {}, "playing": null, "scrolling": {}},
       {"id": 26, "rows": 4, "columns": 96, "colour": "tri", "running_page": 7, "shown_page": 7,
-       "clock_offset_seconds": 0, "pages": {"7": {"1": "<SA>x "}}}]})");
+       "clock_offset_seconds": 0, "pages": {"7": {"1": "<SA>x "}}, "schedules": {}, "playing": null,
+       "scrolling": {}}]})");
   EXPECT_EQ(QJsonDocument::fromJson(StateDocument(engine_)), expected);
   Exchange("<T2611211103200>\r\n");
   EXPECT_EQ(engine_.ClockOffset(26), 60'000);

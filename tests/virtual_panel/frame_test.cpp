@@ -124,10 +124,88 @@ TEST(ParseFrame, TakesAnyPageNumber) {
             Meaning::kNotUnderstood);
 }
 
+TEST(ParseFrame, ReadsASchedule) {
+  const Frame frame = ParseFrame("<ID1A><TC>3083002505A,02612D,027100H\r\n");
+  EXPECT_EQ(frame.meaning, Meaning::kSchedule);
+  EXPECT_EQ(frame.addressee, 26);
+  EXPECT_EQ(frame.letter, 'C');
+  EXPECT_EQ(frame.schedule, (Schedule{3, 8, 30, {{25, 5, 'A'}, {26, 12, 'D'}, {27, 100, 'H'}}}));
+
+  const Frame every = ParseFrame("<ID00><TJ>*****10900A\r\n");
+  EXPECT_EQ(every.addressee, kEveryPanel);
+  EXPECT_EQ(every.letter, 'J');
+  EXPECT_EQ(every.schedule, (Schedule{{}, {}, {}, {{109, 0, 'A'}}}));
+}
+
+TEST(ParseFrame, RefusesAScheduleThatCannotBe) {
+  for (const char* text : {"<TK>*****00101A",
+                           "<Ta>*****00101A",
+                           "<T>*****00101A",
+                           "<TA*****00101A",
+                           "<TA>",
+                           "<TA>*",
+                           "<TA>*****",
+                           "<TA>*****00101",
+                           "<TA>*****0011A",
+                           "<TA>*****00101a",
+                           "<TA>*****00101I",
+                           "<TA>*****00101A,",
+                           "<TA>*****,00101A",
+                           "<TA>*****00101A,,00201A",
+                           "<TA>*****00101A;00201A",
+                           "<TA>*****00101A ",
+                           "<TA>7****00101A",
+                           "<TA>-****00101A",
+                           "<TA>*24**00101A",
+                           "<TA>***6000101A",
+                           "<TA>**8**00101A",
+                           "<TA>*8***00101A",
+                           "<TA>*-1**00101A",
+                           "<TA>*****0x101A",
+                           "<TA>*****001-1A",
+                           "<TA>*****001123456A",
+                           "<TAB>*****00101A",
+                           "<T2503053140709>"}) {
+    const Frame frame = ParseFrame(QByteArray("<ID0A>") + text);
+    EXPECT_EQ(frame.meaning, Meaning::kNotUnderstood) << text;
+    EXPECT_EQ(frame.addressee, 10) << text;
+  }
+}
+
+TEST(ParseFrame, ReadsAScrollingLine) {
+  const Frame frame = ParseFrame("<ID12><L2><SA><CB>Hello > <P1> \r\n");
+  EXPECT_EQ(frame.meaning, Meaning::kScrollingLine);
+  EXPECT_EQ(frame.addressee, 18);
+  EXPECT_EQ(frame.row, 2);
+  EXPECT_EQ(frame.text, "<SA><CB>Hello > <P1> ");
+  EXPECT_EQ(ParseFrame("<ID12><L10>x\r\n").row, 10);
+  EXPECT_EQ(ParseFrame("<ID12><L0>x\r\n").row, 0);
+  EXPECT_EQ(ParseFrame("<ID12><L-3>x\r\n").row, -3);
+  EXPECT_EQ(ParseFrame("<ID12><L12345>x\r\n").row, 12345);
+  EXPECT_EQ(ParseFrame("<ID12><L1>\r\n").meaning, Meaning::kScrollingLine);
+  EXPECT_EQ(ParseFrame("<ID12><L1>\r\n").text, "");
+}
+
+TEST(ParseFrame, TakesARowThatIsFollowedByAPageForAMessageLine) {
+  for (const char* text : {"<ID03><L01><P007>x", "<ID03><L10><P007>x", "<ID03><L1>A<P007>x"}) {
+    EXPECT_EQ(ParseFrame(text).meaning, Meaning::kMessageLine) << text;
+    EXPECT_EQ(ParseFrame(text).text, "x") << text;
+  }
+}
+
+TEST(ParseFrame, RefusesARowThatNobodyWrites) {
+  for (const char* text : {"<L>x", "<L01>x", "<L00>x", "<L-0>x", "<L-01>x", "<L->x", "<L+1>x",
+                           "<L1x", "<L 1>x", "<L1.5>x", "<L9999999999>x", "<L-9999999999>x"}) {
+    const Frame frame = ParseFrame(QByteArray("<ID0A>") + text);
+    EXPECT_EQ(frame.meaning, Meaning::kNotUnderstood) << text;
+    EXPECT_EQ(frame.addressee, 10) << text;
+  }
+}
+
 TEST(ParseFrame, KeepsTheAddressOfWhatItDoesNotUnderstand) {
-  for (const char* text : {"<ID0A>", "<ID0A>hello", "<ID0A><?", "<ID0A><D>", "<ID0A><D1",
-                           "<ID0A><D12>x", "<ID0A><RP>", "<ID0A><L2>scrolling", "<ID0A><P001>text",
-                           "<ID0A><L01><Pabc>x", "<ID0A><T2503053140709>"}) {
+  for (const char* text :
+       {"<ID0A>", "<ID0A>hello", "<ID0A><?", "<ID0A><D>", "<ID0A><D1", "<ID0A><D12>x", "<ID0A><RP>",
+        "<ID0A><P001>text", "<ID0A><L01><Pabc>x", "<ID0A><T2503053140709>"}) {
     const Frame frame = ParseFrame(text);
     EXPECT_EQ(frame.meaning, Meaning::kNotUnderstood) << text;
     EXPECT_EQ(frame.addressee, 10) << text;

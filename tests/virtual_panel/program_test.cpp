@@ -194,6 +194,61 @@ TEST_F(ProgramTest, LetsTheChosenPanelAnswerTheClock) {
   EXPECT_EQ(Exchange(&socket, "<T2503053140709>\r\n"), "<ID1A>\r\n");
 }
 
+TEST_F(ProgramTest, PlaysAScheduleOnDemandAndKeepsItsStateUpToDate) {
+  const QString state = PathOf("state");
+  // Lower case will do, as in the program that sends.
+  Start(Words("--headless --panel 26:4x96:tri --panel 3:2x48:mono --tcp 0 --play c --state") +
+        QStringList{state});
+  QTcpSocket socket;
+  Connect(&socket);
+  const auto panel = [&](int index) -> QJsonObject {
+    return QJsonDocument::fromJson(Contents(state))
+        .object()[QStringLiteral("panels")]
+        .toArray()[index]
+        .toObject();
+  };
+  const auto playing = [&](int index) -> QJsonValue {
+    return panel(index)[QStringLiteral("playing")];
+  };
+  // Due on another day only, also if midnight comes now.
+  const int today = QDate::currentDate().dayOfWeek() % 7;
+  const QByteArray other_day = QByteArray::number((today + 3) % 7);
+  EXPECT_EQ(Exchange(&socket, "<ID1A><TB>" + other_day + "120000101A\r\n"), "<ID1A>\r\n");
+  EXPECT_TRUE(playing(1).isNull());
+  EXPECT_EQ(Exchange(&socket, "<ID1A><TC>" + other_day + "120002501B,02601D\r\n"), "<ID1A>\r\n");
+  EXPECT_EQ(playing(1)[QStringLiteral("letter")].toString(), QStringLiteral("C"));
+  EXPECT_EQ(playing(1)[QStringLiteral("entry")].toInt(), 1);
+  EXPECT_TRUE(playing(0).isNull());
+  // It goes on without a frame.
+  EXPECT_TRUE(WaitUntil([&] { return playing(1)[QStringLiteral("entry")].toInt() == 2; }));
+  EXPECT_EQ(playing(1)[QStringLiteral("effect")].toString(), QStringLiteral("Wipe Right"));
+  EXPECT_EQ(Exchange(&socket, "<ID1A><L2>text\r\n"), "<ID1A>\r\n");
+  EXPECT_EQ(panel(1)[QStringLiteral("scrolling")][QStringLiteral("2")].toString(),
+            QStringLiteral("text"));
+  EXPECT_EQ(Terminate(), 0);
+}
+
+TEST_F(ProgramTest, RefusesALetterOrASpeedThatCannotBe) {
+  for (const char* letter : {"K", "AB", "@", "1", ""}) {
+    EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--play"),
+                       QString::fromLatin1(letter)}),
+              QStringLiteral("virtual_panel: schedule \"%1\": expected a letter from A to J\n")
+                  .arg(QLatin1String(letter)));
+  }
+  for (const char* speed : {"0", "-1", "1001", "fast", "1.5", ""}) {
+    EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--scroll-speed"),
+                       QString::fromLatin1(speed)}),
+              QStringLiteral("virtual_panel: scroll speed \"%1\": expected dots per second, 1 to "
+                             "1000\n")
+                  .arg(QLatin1String(speed)));
+  }
+}
+
+TEST_F(ProgramTest, TakesAScrollSpeed) {
+  Start(Words("--headless --tcp 0 --scroll-speed 1000"));
+  EXPECT_EQ(Terminate(), 0);
+}
+
 TEST_F(ProgramTest, KeepsAPictureOfItsWindow) {
   const QString picture = PathOf("picture.png");
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -260,8 +315,9 @@ TEST_F(ProgramTest, SaysWhatItCanDo) {
   ASSERT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
   EXPECT_EQ(process_.exitCode(), 0);
   const QByteArray help = process_.readAllStandardOutput();
-  for (const char* option : {"--panel", "--tcp", "--serial", "--baud", "--pty", "--headless",
-                             "--log", "--state", "--picture", "--fault", "--clock-answer"}) {
+  for (const char* option :
+       {"--panel", "--tcp", "--serial", "--baud", "--pty", "--headless", "--log", "--state",
+        "--picture", "--fault", "--clock-answer", "--play", "--scroll-speed"}) {
     EXPECT_TRUE(help.contains(option)) << option;
   }
 }

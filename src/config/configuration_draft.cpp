@@ -1,0 +1,150 @@
+#include "config/configuration_draft.h"
+
+#include <QStringList>
+
+#include "core/code_page.h"
+#include "core/number_field.h"
+#include "core/text.h"
+
+namespace Brivon1 {
+namespace {
+
+constexpr int kAddressParts = 4;
+constexpr int kHighestAddressPart = 254;
+constexpr int kHighestTcpPort = 65535;
+constexpr int kMostColumnsReadBack = 999;
+constexpr QLatin1String kDefaultTcpPort("80");
+
+QByteArrayView ColourWord(const PanelEntry& entry) {
+  return entry.colour_type == kTri ? QByteArrayView("Tri") : QByteArrayView("Mono");
+}
+
+/// What a box that takes `lowest` to `highest` shows for a stored number.
+QString BoxText(int number, int lowest, int highest) {
+  return number < lowest || number > highest ? QString() : QString::number(number);
+}
+
+void WriteNumber(IniFile& file, QByteArrayView key, int number, int written) {
+  if (number == written && file.Value(kCommunicationSection, key)) return;
+  file.SetValue(kCommunicationSection, key, QByteArray::number(number));
+}
+
+}  // namespace
+
+std::optional<QString> IpAddress(const QString& text) {
+  QStringList parts = text.split(u'.');
+  if (parts.size() != kAddressParts) return std::nullopt;
+  for (QString& part : parts) {
+    const auto number = WholeNumber(part, 0, kHighestAddressPart);
+    if (!number) return std::nullopt;
+    part = QString::number(*number);
+  }
+  return parts.join(u'.');
+}
+
+bool IsReadBackShort(const QString& columns) {
+  return WholeNumber(columns, kMostColumnsReadBack + 1, kMostColumns).has_value();
+}
+
+QByteArray PanelValue(const PanelEntry& entry) {
+  const QByteArray panel = QByteArray::number(entry.rows) + 'x' +
+                           QByteArray::number(entry.columns) + ',' +
+                           ColourWord(entry).toByteArray();
+  return entry.address == ColourWord(entry) ? panel : panel + ',' + entry.address;
+}
+
+void ConfigurationDraft::ChooseMode(SendMode mode) {
+  switch (mode) {
+    case SendMode::kSerial:
+      values_.send_mode = "RS232";
+      break;
+    case SendMode::kTcp:
+      values_.send_mode = "TCPIP";
+      break;
+    case SendMode::kNone:
+      break;
+  }
+}
+
+AddResult ConfigurationDraft::Add(const PanelBoxes& boxes) {
+  const auto address = IpAddress(boxes.address);
+  if (!address) return AddResult::kInvalidAddress;
+  const auto id = WholeNumber(boxes.id, 0, kHighestPanelId);
+  const auto rows = WholeNumber(boxes.rows, 1, kMaxRows);
+  const auto columns = WholeNumber(boxes.columns, 1, kMostColumns);
+  const QString port = boxes.port.isEmpty() ? QString(kDefaultTcpPort) : boxes.port;
+  if (!id || !rows || !columns || !WholeNumber(port, 1, kHighestTcpPort)) {
+    return AddResult::kInvalidInput;
+  }
+  PanelEntry entry;
+  entry.rows = static_cast<qint16>(*rows);
+  entry.columns = static_cast<qint16>(*columns);
+  entry.colour_type = boxes.colour_type;
+  entry.address = (*address + u':' + port).toLatin1();
+  if (PanelValue(entry).size() > kLongestPanelValue) return AddResult::kInvalidInput;
+  values_.panels[static_cast<std::size_t>(*id)] = entry;
+  return AddResult::kAdded;
+}
+
+std::optional<int> ConfigurationDraft::Remove(int id) {
+  values_.panels[static_cast<std::size_t>(id)] = {};
+  const auto is_configured = [this](int other) {
+    return values_.panels[static_cast<std::size_t>(other)].IsConfigured();
+  };
+  for (int above = id + 1; above <= kHighestPanelId; ++above) {
+    if (is_configured(above)) return above;
+  }
+  for (int below = id - 1; below >= 0; --below) {
+    if (is_configured(below)) return below;
+  }
+  return std::nullopt;
+}
+
+PanelBoxes ConfigurationDraft::Boxes(int id) const {
+  const PanelEntry& entry = values_.panels[static_cast<std::size_t>(id)];
+  PanelBoxes boxes;
+  boxes.id = QString::number(id);
+  boxes.rows = BoxText(entry.rows, 1, kMaxRows);
+  boxes.columns = BoxText(entry.columns, 1, kMostColumns);
+  boxes.colour_type = entry.colour_type;
+  if (!entry.address.contains('.')) return boxes;  // it is never used as an address
+  const qsizetype colon = entry.address.indexOf(':');
+  const auto text = [](QByteArrayView bytes) {
+    return CodePage::System().ToText(TrimBlanks(bytes));
+  };
+  boxes.address = text(colon < 0 ? entry.address : entry.address.first(colon));
+  if (colon >= 0) boxes.port = text(entry.address.sliced(colon + 1));
+  return boxes;
+}
+
+void ConfigurationDraft::Apply(IniFile& file) const {
+  const Configuration written = ReadConfiguration(file);
+  for (int id = 0; id < kPanelIds; ++id) {
+    const auto slot = static_cast<std::size_t>(id);
+    const PanelEntry& entry = values_.panels[slot];
+    const QByteArray key = PanelKey(id);
+    if (!entry.IsConfigured()) {
+      if (loaded_.panels[slot].IsConfigured()) file.RemoveKey(kDimensionSection, key);
+    } else if (!(entry == written.panels[slot])) {
+      file.SetValue(kDimensionSection, key, PanelValue(entry));
+    }
+  }
+  WriteNumber(file, "Baudrate", values_.baud_rate, written.baud_rate);
+  WriteNumber(file, "ComPort", values_.com_port, written.com_port);
+  if (values_.Mode() != SendMode::kNone &&
+      file.Value(kCommunicationSection, "SendMode") != values_.send_mode) {
+    file.SetValue(kCommunicationSection, "SendMode", values_.send_mode);
+  }
+}
+
+SaveResult ConfigurationDraft::Save() const {
+  const QString path = ConfigurationPath();
+  std::optional<IniFile> file = IniFile::Read(path);
+  if (!file) return SaveResult::kInvalidPath;
+  Apply(*file);
+  const SaveResult result = SaveWholeFile(path, file->Content());
+  if (result == SaveResult::kSaved) LoadConfiguration();
+  return result;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,86 @@
+// The configuration as it is being edited: a working copy of the store that becomes the content of
+// "brivon.ini" when it is saved. What may be put into it is decided here.
+#pragma once
+
+#include <optional>
+
+#include <QByteArray>
+#include <QString>
+
+#include "core/configuration_store.h"
+#include "core/files.h"
+#include "core/ini_file.h"
+
+namespace Brivon1 {
+
+inline constexpr int kHighestPanelId = kPanelIds - 1;
+inline constexpr int kMostColumns = 3000;
+
+/// The address of a panel that has none.
+inline constexpr QLatin1String kNoAddress("0.0.0.0");
+
+/// What the boxes for one panel hold.
+struct PanelBoxes {
+  QString id;
+  QString rows;
+  QString columns;
+  qint16 colour_type = kMono;
+  QString address = kNoAddress;
+  QString port;
+
+  bool operator==(const PanelBoxes&) const = default;
+};
+
+/// How an attempt to add a panel ended.
+enum class AddResult { kAdded, kInvalidAddress, kInvalidInput };
+
+/// The IP address that `text` is, when it is four numbers from 0 to 254 with "." between them. It
+/// has no leading zeros, which the system's name service would take for octal numbers.
+std::optional<QString> IpAddress(const QString& text);
+
+/// Whether a panel with so many dot columns has more digits than the store reads back.
+bool IsReadBackShort(const QString& columns);
+
+/// The value of a panel in section "Dimension Config": `16x128,Tri,192.168.0.20:80`; two fields
+/// where the address is no more than the colour word.
+QByteArray PanelValue(const PanelEntry& entry);
+
+class ConfigurationDraft {
+ public:
+  /// Starts as a copy of `store`.
+  explicit ConfigurationDraft(const Configuration& store) : loaded_(store), values_(store) {}
+
+  const Configuration& Values() const { return values_; }
+
+  void ChooseMode(SendMode mode);
+  void ChooseBaudRate(int baud_rate) { values_.baud_rate = baud_rate; }
+  void ChoosePort(qint16 port) { values_.com_port = port; }
+
+  /// Puts a panel into the slot of its ID, over the one that is there. The port is 80 where its box
+  /// is empty. Nothing changes unless every box holds what it may, and the value in the file would
+  /// be short enough to be read whole.
+  AddResult Add(const PanelBoxes& boxes);
+
+  /// Clears the slot of a panel and returns the configured ID next to it: the one above, else the
+  /// one below.
+  std::optional<int> Remove(int id);
+
+  /// The boxes for the panel in a slot, ready to be changed. A number that Add() would not take is
+  /// left empty; so is the address of an entry that has none.
+  PanelBoxes Boxes(int id) const;
+
+  /// Changes in a file what differs from the working copy: the panels in ascending order, then the
+  /// baud rate, the port and the send mode. A key that says the same already stays as it is
+  /// written; the key of a removed panel is deleted. Without a send mode, that key stays.
+  void Apply(IniFile& file) const;
+
+  /// Applies the working copy to "brivon.ini" as it is at this moment, and reloads the store. A
+  /// file that cannot be read is not replaced: that is kInvalidPath.
+  SaveResult Save() const;
+
+ private:
+  const Configuration loaded_;
+  Configuration values_;
+};
+
+}  // namespace Brivon1

@@ -1,0 +1,257 @@
+#include "config/frmConfig.h"
+
+#include <QAbstractButton>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+#include "app/caption_loader.h"
+#include "app/message_boxes.h"
+#include "app/module_language.h"
+#include "app/plain_tool_tip.h"
+#include "core/code_page.h"
+#include "core/number_field.h"
+#include "core/panel_list.h"
+#include "ui_frmConfig.h"
+
+using Brivon1::AddResult;
+using Brivon1::SendMode;
+using ModuleLanguage::TranslateMessage;
+
+namespace {
+
+constexpr qint16 kPorts = 4;
+
+// The store as "brivon.ini" is now, so that what was changed in it by hand is seen and kept.
+const Brivon1::Configuration& FreshStore() {
+  Brivon1::LoadConfiguration();
+  return Brivon1::Store();
+}
+
+}  // namespace
+
+frmConfig::frmConfig(QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmConfig>()), draft_(FreshStore()) {
+  ui_->setupUi(this);
+  SetUpCommunication();
+  SetUpPorts();
+  SetUpPanels();
+  connect(ui_->butOK, &QPushButton::clicked, this, &frmConfig::accept);
+  connect(ui_->butCancel, &QPushButton::clicked, this, &frmConfig::reject);
+  LoadCaptions(this);
+  ui_->ListComPort->setAccessibleName(ui_->PanelSerial->title());
+  ui_->List1->setAccessibleName(ui_->FrameIDConfig->title());
+}
+
+frmConfig::~frmConfig() = default;
+
+void frmConfig::SetUpCommunication() {
+  const std::pair<QRadioButton*, SendMode> modes[] = {{ui_->optRS232, SendMode::kSerial},
+                                                      {ui_->optTCPIP, SendMode::kTcp}};
+  for (const auto& [option, mode] : modes) {
+    connect(option, &QRadioButton::toggled, this, [this, mode = mode](bool chosen) {
+      if (!chosen) return;
+      draft_.ChooseMode(mode);
+      ui_->txtIPAddress->setEnabled(mode == SendMode::kTcp);
+      ui_->txtIPPortNo->setEnabled(mode == SendMode::kTcp);
+    });
+    option->setChecked(draft_.Values().Mode() == mode);
+    if (option->isChecked()) option->setFocus();
+  }
+  const std::pair<QRadioButton*, int> rates[] = {{ui_->Opt300, 300},   {ui_->Opt600, 600},
+                                                 {ui_->opt1200, 1200}, {ui_->opt2400, 2400},
+                                                 {ui_->opt4800, 4800}, {ui_->opt9600, 9600}};
+  for (const auto& [option, rate] : rates) {
+    option->setChecked(draft_.Values().baud_rate == rate);
+    connect(option, &QRadioButton::toggled, this, [this, rate = rate](bool chosen) {
+      if (chosen) draft_.ChooseBaudRate(rate);
+    });
+  }
+}
+
+void frmConfig::SetUpPorts() {
+  for (qint16 port = 1; port <= kPorts; ++port) {
+    auto* item = new QListWidgetItem(QStringLiteral("Com %1").arg(port), ui_->ListComPort);
+    const QString device = Brivon1::SerialDevice(draft_.Values(), port);
+    item->setToolTip(PlainToolTip(device));
+    item->setData(Qt::AccessibleDescriptionRole, device);
+  }
+  ShowPort();
+  // The selection, not the current line: the keyboard alone makes a line the current one.
+  connect(ui_->ListComPort, &QListWidget::itemSelectionChanged, this, [this] {
+    const QList<QListWidgetItem*> selected = ui_->ListComPort->selectedItems();
+    if (!selected.isEmpty()) {
+      draft_.ChoosePort(static_cast<qint16>(ui_->ListComPort->row(selected.first()) + 1));
+    }
+    ShowPort();
+  });
+}
+
+void frmConfig::ShowPort() {
+  const int port = draft_.Values().com_port;
+  if (port >= 1 && port <= kPorts) ui_->ListComPort->setCurrentRow(port - 1);
+}
+
+void frmConfig::SetUpPanels() {
+  SetUpNumber(ui_->txtID, 0, Brivon1::kHighestPanelId);
+  SetUpNumber(ui_->txtRow, 1, Brivon1::kMaxRows);
+  SetUpNumber(ui_->txtcol, 1, Brivon1::kMostColumns);
+  ui_->ComboColorType->addItems({QStringLiteral("Mono"), QStringLiteral("Tri")});
+  ui_->txtIPAddress->setText(Brivon1::kNoAddress);
+  QSizePolicy note_place = ui_->lblColumnsNote->sizePolicy();
+  note_place.setRetainSizeWhenHidden(true);
+  ui_->lblColumnsNote->setSizePolicy(note_place);
+  ui_->lblColumnsNote->hide();
+  connect(ui_->txtcol, &QLineEdit::textChanged, this, [this](const QString& text) {
+    ui_->lblColumnsNote->setVisible(Brivon1::IsReadBackShort(text));
+  });
+  for (QWidget* box :
+       std::initializer_list<QWidget*>{ui_->txtIPAddress, ui_->txtIPPortNo, ui_->txtID, ui_->txtRow,
+                                       ui_->txtcol, ui_->ComboColorType, ui_->List1}) {
+    box->installEventFilter(this);
+  }
+  FillList(std::nullopt);
+  connect(ui_->butAdd, &QPushButton::clicked, this, &frmConfig::Add);
+  connect(ui_->butRemove, &QPushButton::clicked, this, &frmConfig::Remove);
+  connect(ui_->List1, &QListWidget::itemSelectionChanged, this, &frmConfig::ShowSelected);
+  connect(ui_->List1, &QListWidget::itemClicked, this, &frmConfig::ShowSelected);
+}
+
+void frmConfig::SetUpNumber(QLineEdit* box, int lowest, int highest) {
+  static const QRegularExpression digits(QStringLiteral("[0-9]*"));
+  box->setValidator(new QRegularExpressionValidator(digits, box));
+  const auto changed =
+      [box, field = Brivon1::NumberField(lowest, highest)](const QString& text) mutable {
+        const QString valid = field.Changed(text);
+        if (valid != text) box->setText(valid);  // the caret goes to its end
+      };
+  connect(box, &QLineEdit::textChanged, this, changed);
+}
+
+void frmConfig::FillList(std::optional<int> id) {
+  const QSignalBlocker blocker(ui_->List1);
+  ui_->List1->clear();
+  for (const QByteArray& line : Brivon1::PanelListLines(draft_.Values())) {
+    auto* item = new QListWidgetItem(Brivon1::CodePage::System().ToText(line), ui_->List1);
+    const int line_id = Brivon1::ReadPanelListLine(line).id;
+    item->setData(Qt::UserRole, line_id);
+    if (line_id == id) ui_->List1->setCurrentItem(item);
+  }
+}
+
+std::optional<int> frmConfig::SelectedId() const {
+  const QList<QListWidgetItem*> selected = ui_->List1->selectedItems();
+  if (selected.isEmpty()) return std::nullopt;
+  return selected.first()->data(Qt::UserRole).toInt();
+}
+
+void frmConfig::ShowSelected() {
+  const std::optional<int> id = SelectedId();
+  if (!id) return;
+  const Brivon1::PanelBoxes boxes = draft_.Boxes(*id);
+  ui_->txtID->setText(boxes.id);
+  ui_->txtRow->setText(boxes.rows);
+  ui_->txtcol->setText(boxes.columns);
+  ui_->ComboColorType->setCurrentIndex(boxes.colour_type);
+  ui_->txtIPAddress->setText(boxes.address);
+  ui_->txtIPPortNo->setText(boxes.port);
+  chosen_address_ = boxes.address;
+}
+
+bool frmConfig::Add() {
+  Brivon1::PanelBoxes boxes;
+  boxes.id = ui_->txtID->text();
+  boxes.rows = ui_->txtRow->text();
+  boxes.columns = ui_->txtcol->text();
+  boxes.colour_type = static_cast<qint16>(ui_->ComboColorType->currentIndex());
+  boxes.address = ui_->txtIPAddress->text();
+  boxes.port = ui_->txtIPPortNo->text();
+  switch (draft_.Add(boxes)) {
+    case AddResult::kAdded:
+      CheckAddress();  // the box shows the address as it was added
+      FillList(boxes.id.toInt());
+      return true;
+    case AddResult::kInvalidAddress:
+      RefuseAddress();
+      break;
+    case AddResult::kInvalidInput:
+      ShowMessage(this, TranslateMessage(QStringLiteral("Input is not Valid!")));
+      break;
+  }
+  return false;
+}
+
+void frmConfig::Remove() {
+  const std::optional<int> id = SelectedId();
+  if (!id) return;
+  FillList(draft_.Remove(*id));
+  ShowSelected();
+}
+
+bool frmConfig::CheckAddress() {
+  const QString text = ui_->txtIPAddress->text();
+  if (const auto address = Brivon1::IpAddress(text)) {
+    if (*address != text) ui_->txtIPAddress->setText(*address);
+    return true;
+  }
+  if (text == chosen_address_) return true;
+  RefuseAddress();
+  return false;
+}
+
+void frmConfig::OnAddressLeft() {
+  // Who goes to Cancel, or closes the window, gives the address up.
+  if (!isVisible() || focusWidget() == ui_->butCancel) return;
+  CheckAddress();
+}
+
+void frmConfig::RefuseAddress() {
+  if (refusing_address_) return;  // one message for one mistake
+  const QScopedValueRollback refusing(refusing_address_, true);
+  // A button that is being pressed never sees its release, or sees it when all is over.
+  for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->setDown(false);
+  ShowMessage(this, TranslateMessage(QStringLiteral("Invalid IP Address!")));
+  ui_->txtIPAddress->setText(Brivon1::kNoAddress);
+}
+
+bool frmConfig::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool is_list = object == ui_->List1;
+    if (is_list && key == Qt::Key_Delete) {
+      Remove();
+      return true;
+    }
+    if (!is_list && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+      if (Add()) {  // the next panel can be typed at once
+        ui_->txtID->setFocus();
+        ui_->txtID->selectAll();
+      }
+      return true;
+    }
+  } else if (event->type() == QEvent::FocusOut && object == ui_->txtIPAddress) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::MouseFocusReason) {
+      // The press that leaves the box reaches its target first: a message box in between would
+      // take the release away and leave a button pressed.
+      QMetaObject::invokeMethod(this, &frmConfig::OnAddressLeft, Qt::QueuedConnection);
+    } else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+      OnAddressLeft();
+    }
+  }
+  return QDialog::eventFilter(object, event);
+}
+
+void frmConfig::accept() {
+  if (!CheckAddress()) return;
+  const Brivon1::SaveResult result = draft_.Save();
+  if (result == Brivon1::SaveResult::kSaved) {
+    QDialog::accept();
+    return;
+  }
+  MessageBoxStyle style;
+  style.informative = Brivon1::ConfigurationPath();
+  ShowMessage(this, TranslateMessage(Brivon1::SaveFailureText(result)), style);
+}

@@ -1,0 +1,80 @@
+#include "schedule/frmSendSch.h"
+
+#include <QPushButton>
+
+#include "app/caption_loader.h"
+#include "app/message_boxes.h"
+#include "app/module_language.h"
+#include "core/file_checks.h"
+#include "core/files.h"
+#include "core/schedule_transmission.h"
+#include "ui_frmSendSch.h"
+
+using Brivon1::Dimension;
+using Brivon1::SendMode;
+using ModuleLanguage::TranslateMessage;
+
+namespace {
+
+QString SentText(SendMode mode) {
+  if (mode == SendMode::kSerial) return TranslateMessage(QStringLiteral("Transmission finished!"));
+  // The English text has no translation of its own; the language file has one that says the same.
+  return TranslateMessage(QStringLiteral("Schedule file download done!"),
+                          QStringLiteral("Schedules file is sent successfully through network"));
+}
+
+}  // namespace
+
+frmSendSch::frmSendSch(QWidget* parent, const QString& file_name)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmSendSch>()) {
+  ui_->setupUi(this);
+  FillPanelList(ui_->ComboSchID);
+  file_ =
+      new FileToSend(this,
+                     {QStringLiteral("Schedule File|*.sch|All|*.*"), Brivon1::IsScheduleFile,
+                      QString(), QStringLiteral("DialogBrowse")},
+                     {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
+  // The letter may be typed on: a transmission has taken its own at its beginning.
+  session_ =
+      new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ComboSchID, ui_->butBrowse});
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmSendSch::Send);
+  connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
+  LoadCaptions(this);
+  (file_name.isEmpty() ? static_cast<QWidget*>(ui_->butBrowse) : ui_->txtSchNo)->setFocus();
+}
+
+frmSendSch::~frmSendSch() = default;
+
+void frmSendSch::Send() {
+  session_->Run([this] {
+    ui_->lblSendStatus->clear();
+    SendFile();
+  });
+}
+
+void frmSendSch::SendFile() {
+  const QString path = file_->Path();
+  if (!Brivon1::FileExists(path)) {
+    file_->ReportNotFound();
+    return;
+  }
+  const auto panel = SelectedPanel(ui_->ComboSchID);
+  if (!panel) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("No ID Selected!")));
+    return;
+  }
+  // The file may have been saved for another panel since it was chosen.
+  file_->ReadAgain();
+  if (file_->ShownDimension() != Dimension{panel->rows, panel->columns}) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Dimension not matched!")));
+    return;
+  }
+  const QString letter = ui_->txtSchNo->text();
+  const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
+  const auto show_text = [this](const QString& text) { ShowMessage(this, text); };
+  session_->Transmit(panel->endpoint, show_status, {}, [&](Brivon1::Transmission& transmission) {
+    const bool sent = Brivon1::SendScheduleFile(transmission, path, panel->id, letter, show_text);
+    ShowMessage(this, sent ? SentText(transmission.configuration.Mode())
+                           : TranslateMessage(QStringLiteral("Transmission failure!")));
+  });
+}

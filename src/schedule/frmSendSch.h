@@ -1,0 +1,30 @@
+// The dialog that sends one schedule file to one panel under a schedule letter.
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+
+#include "app/file_to_send.h"
+#include "core/sending_session.h"
+
+namespace Ui {
+class frmSendSch;
+}
+
+class frmSendSch : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `file_name` is the file handed over by an editor; it may be empty.
+  explicit frmSendSch(QWidget* parent, const QString& file_name);
+  ~frmSendSch() override;
+
+ private:
+  void Send();
+  void SendFile();
+
+  std::unique_ptr<Ui::frmSendSch> ui_;
+  FileToSend* file_;
+  SendingSession* session_;
+};
