@@ -2,6 +2,7 @@
 
 #include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
+#include "schedule/frmSchedule.h"
 
 namespace {
 
@@ -14,5 +15,6 @@ TaskWindow Opens(const char* button) {
 }  // namespace
 
 std::vector<TaskWindow> TaskWindows() {
-  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmCommand>("butCommand")};
+  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmSchedule>("butSchEdit"),
+          Opens<frmCommand>("butCommand")};
 }

@@ -28,6 +28,7 @@
 #include "page/frmMsgEditor.h"
 #include "page/frmPage.h"
 #include "page/frmSendMsg.h"
+#include "schedule/frmSchedule.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 
@@ -61,6 +62,7 @@ const NamedWindow kWindows[] = {
     Named<frmCommand>("frmCommand"),
     {"frmSendMsg", [] { return std::make_unique<frmSendMsg>(nullptr, QString()); }},
     Named<frmMsgEditor>("frmMsgEditor"),
+    Named<frmSchedule>("frmSchedule"),
 };
 
 // What a window shows for key number `n` of a row; nothing where the control is missing.
