@@ -70,6 +70,8 @@ frmSchedule::frmSchedule(QWidget* parent)
   ui_->butNew->setFocus();
   LoadCaptions(this);
   ui_->GridSeqTable->setAccessibleName(ui_->FrameSchTable->title());
+  // Captions that take several lines leave room for the table's rows.
+  setMinimumHeight(layout()->totalMinimumHeightForWidth(minimumSizeHint().width()));
 }
 
 frmSchedule::~frmSchedule() = default;

@@ -40,6 +40,19 @@ class PathDelegate : public QStyledItemDelegate {
   }
 };
 
+void ShowToolTip(const QHelpEvent& help, const QString& text, QWidget* widget) {
+  if (text.isEmpty()) {
+    QToolTip::hideText();
+  } else {
+    ShowPlainToolTip(help, text, widget);
+  }
+}
+
+/// Whether a cell's message file was missing when it was looked for.
+bool IsMissing(const QTableWidgetItem& cell) {
+  return cell.data(Qt::AccessibleDescriptionRole).isValid();
+}
+
 }  // namespace
 
 SequenceTable::SequenceTable(QWidget* parent) : QTableWidget(parent) {
@@ -55,6 +68,9 @@ SequenceTable::SequenceTable(QWidget* parent) : QTableWidget(parent) {
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->setSectionsClickable(false);
+  // Of a heading that is too long, its start is seen, and its tool tip shows it all.
+  horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  horizontalHeader()->viewport()->installEventFilter(this);
   horizontalHeader()->setHighlightSections(false);
   const int row_height = fontMetrics().height() + kRowMargin;
   verticalHeader()->hide();
@@ -122,6 +138,7 @@ void SequenceTable::ShowSequences(const Brivon1::Schedule& schedule, int positio
   }
   MarkMissingFiles();
   setCurrentCell(position - 1, kFile);
+  if (schedule.Count() == 0) clearSelection();  // "End" alone is no choice
   // "End" belongs to the last sequence.
   if (position == schedule.Count()) scrollToItem(item(position, kNumber));
   scrollToItem(item(position - 1, kNumber));
@@ -165,16 +182,23 @@ void SequenceTable::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) QTableWidget::mouseDoubleClickEvent(event);
 }
 
+bool SequenceTable::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTableWidget::eventFilter(object, event);
+  const auto& help = *static_cast<QHelpEvent*>(event);
+  const int column = horizontalHeader()->logicalIndexAt(help.pos());
+  const QTableWidgetItem* heading = column < 0 ? nullptr : horizontalHeaderItem(column);
+  ShowToolTip(help, heading == nullptr ? QString() : heading->text(), horizontalHeader());
+  return true;
+}
+
 bool SequenceTable::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTableWidget::viewportEvent(event);
   const auto& help = *static_cast<QHelpEvent*>(event);
   const QTableWidgetItem* cell = itemAt(help.pos());
-  if (cell == nullptr || cell->text().isEmpty()) {
-    QToolTip::hideText();
-    return true;
+  QString text = cell == nullptr ? QString() : cell->text();
+  if (cell != nullptr && IsMissing(*cell)) {
+    text += u'\n' + cell->data(Qt::AccessibleDescriptionRole).toString();
   }
-  const QString missing = cell->data(Qt::AccessibleDescriptionRole).toString();
-  ShowPlainToolTip(help, missing.isEmpty() ? cell->text() : cell->text() + u'\n' + missing,
-                   viewport());
+  ShowToolTip(help, text, viewport());
   return true;
 }

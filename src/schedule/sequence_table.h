@@ -13,7 +13,7 @@ class SequenceTable : public QTableWidget {
   explicit SequenceTable(QWidget* parent = nullptr);
 
   /// Shows the sequences and "End" anew, with the row at `position` selected: 1 to the count of the
-  /// sequences, and one more for "End". That row is in sight afterwards.
+  /// sequences, and one more for "End"; without sequences none is. That row is in sight afterwards.
   void ShowSequences(const Brivon1::Schedule& schedule, int position);
 
   /// The selected row's position; 0 where none is selected.
@@ -36,6 +36,7 @@ class SequenceTable : public QTableWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
 
  private:

@@ -275,6 +275,7 @@ TEST_F(ScheduleEditor, OpensWithItsCaptionsListsAndStates) {
   EXPECT_EQ(Find<QLineEdit>("txtHour")->text(), Text("**"));
   EXPECT_EQ(Find<QLineEdit>("txtMin")->text(), Text("**"));
   EXPECT_EQ(Rows(), Lines({"End|||"}));
+  EXPECT_EQ(Table()->SelectedPosition(), 0);
   EXPECT_EQ(Window().focusWidget(), Button("butNew"));
   EXPECT_FALSE(Asks());
 }
@@ -1100,7 +1101,9 @@ TEST_F(ScheduleEditor, TheSaveQuestionHasAQuestionIconYesNoCancelAndTheWindowsCa
   for (const char* name : {"butNew", "butOpen", "butSend", "butExit"}) Press(name);
   Window().close();
   Key(Qt::Key_Escape);
-  ASSERT_EQ(boxes.Seen().size(), 6);
+  Click(1);
+  Key(Qt::Key_Escape);
+  ASSERT_EQ(boxes.Seen().size(), 7);
   for (const SeenMessageBox& box : boxes.Seen()) {
     EXPECT_EQ(box.text, Text(kQuestion));
     EXPECT_EQ(box.icon, QMessageBox::Question);
@@ -1309,6 +1312,15 @@ TEST_F(ScheduleEditor, AfterAnAddTheNewLastSequenceIsInSight) {
   EXPECT_EQ(Table()->SelectedPosition(), 9);
 }
 
+TEST_F(ScheduleEditor, AtItsSmallestTheWindowShowsTheWholeTable) {
+  Window().resize(1, 1);
+  const QRect frame(Find<QWidget>("FrameSchTable")->rect());
+  const QPoint end = Table()->mapTo(Find<QWidget>("FrameSchTable"), Table()->rect().bottomRight());
+  EXPECT_TRUE(frame.contains(end));
+  EXPECT_LE(Window().width(), 800);
+  EXPECT_LE(Window().height(), 600);
+}
+
 TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
   NewSchedule(2);
   const auto is_grey = [this](int position) {
@@ -1354,6 +1366,11 @@ TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
   Table()->MarkMissingFiles();
   EXPECT_EQ(shown_letters(), path + Text("\nFile not found"));
   EXPECT_EQ(tool_tip(1, 3), Text("Flip"));
+  // A heading that is cut has one too.
+  auto* heading = Table()->horizontalHeader()->viewport();
+  QHelpEvent help(QEvent::ToolTip, QPoint(200, 5), heading->mapToGlobal(QPoint(200, 5)));
+  QApplication::sendEvent(heading, &help);
+  EXPECT_EQ(QToolTip::text(), Text("Message File"));
 }
 
 TEST_F(ScheduleEditor, OfALongPathTheFilesNameStaysInSight) {
@@ -1476,6 +1493,19 @@ TEST_F(GermanScheduleEditor, TextsComeFromTheLanguageFile) {
   EXPECT_EQ(dialog_.filters, Lines({"Plan(*.sch)", "All (*)"}));
   Choose(QString(), [&] { DoubleClick(1, 1); });
   EXPECT_EQ(dialog_.title, Text("Meldung"));
+}
+
+TEST_F(GermanScheduleEditor, LongCaptionsLeaveTheTableItsRoom) {
+  QByteArray texts = "[frmSchedule]\n";
+  for (const char* name : {"butNew", "butSaveAs", "labelRow", "labelCol", "butAdd", "butClear"}) {
+    texts += QByteArray("frmSchedule.") + name + "=" + QByteArray("Wort ").repeated(9) + "\n";
+  }
+  folder_.UseLanguage(texts);
+  Window().resize(1, 1);
+  const auto* frame = Find<QWidget>("FrameSchTable");
+  EXPECT_TRUE(frame->rect().contains(Table()->geometry()));
+  EXPECT_LE(Window().width(), 800);
+  EXPECT_LE(Window().height(), 600);
 }
 
 TEST_F(GermanScheduleEditor, MessagesComeFromTheLanguageFile) {
