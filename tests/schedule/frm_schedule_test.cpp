@@ -9,6 +9,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,6 +17,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTextDocumentFragment>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -1016,6 +1018,27 @@ TEST_F(ScheduleEditor, InsertAndDeleteKeysOnTheTable) {
   Key(Qt::Key_Delete);
   EXPECT_EQ(Rows(), Lines({"End|||"}));
   Key(Qt::Key_Delete);  // nothing left
+  EXPECT_EQ(Rows(), Lines({"End|||"}));
+}
+
+TEST_F(ScheduleEditor, AKeyHeldTooLongTakesOneRowOut) {
+  NewSchedule(4);
+  Click(2);
+  for (const bool repeated : {false, true, true, true}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), repeated);
+    QApplication::sendEvent(Table(), &press);
+  }
+  EXPECT_EQ(Order(), Text("134"));
+}
+
+TEST_F(ScheduleEditor, TheProgramCanBeEndedWhileADialogOfTheEditorIsOpen) {
+  New();
+  const ModalWindowDriver property(Text("frmDelay"), [](QWidget*) { QCoreApplication::exit(); });
+  const FileChooser chooser(Message(1));
+  Button("butAdd")->setFocus();
+  QTimer::singleShot(0, &Window(), [this] { Press("butAdd"); });
+  EXPECT_EQ(QApplication::exec(), 0);
+  EXPECT_EQ(property.Count(), 1);
   EXPECT_EQ(Rows(), Lines({"End|||"}));
 }
 
