@@ -3,6 +3,7 @@
 #include "config/frmConfig.h"
 #include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
+#include "schedule/frmSchedule.h"
 
 namespace {
 
@@ -15,6 +16,6 @@ TaskWindow Opens(const char* button) {
 }  // namespace
 
 std::vector<TaskWindow> TaskWindows() {
-  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmConfig>("butConfigEdit"),
-          Opens<frmCommand>("butCommand")};
+  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmSchedule>("butSchEdit"),
+          Opens<frmConfig>("butConfigEdit"), Opens<frmCommand>("butCommand")};
 }

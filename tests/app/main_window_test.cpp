@@ -226,6 +226,14 @@ TEST_F(MainWindowTest, TheProgramsOwnTaskWindowsHaveAButton) {
   }
 }
 
+TEST_F(MainWindowTest, TheScheduleButtonOpensTheScheduleEditor) {
+  frmMain window;
+  window.show();
+  const ModalWindowDriver driver(Text("frmSchedule"), [](QWidget* task) { task->close(); });
+  QTest::mouseClick(Button(window, "butSchEdit"), Qt::LeftButton);
+  EXPECT_EQ(driver.Count(), 1);
+}
+
 TEST_F(MainWindowTest, ATaskWindowIsModalToTheApplicationWithoutAnOwner) {
   frmMain window(Tasks());
   window.show();
