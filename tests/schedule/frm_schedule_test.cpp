@@ -1369,6 +1369,17 @@ TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
   EXPECT_FALSE(is_grey(2));
 }
 
+TEST_F(ScheduleEditor, AFileNamedWithoutItsFolderIsLookedForInTheProgramsFolder) {
+  Message("here.msg");
+  const QByteArray head = "Week =0\r\nHour =**\r\nMin =**\r\nRow =2\r\nCol =80\r\n";
+  Open(folder_.Write(Text("week.sch"),
+                     "*** Brivon Schedule File ***\r\n" + head + "No of Sequence =2\r\n" +
+                         PathLine(Text("here.msg")) + "1\r\n" + Field("Fall", 20) + "\r\n" +
+                         PathLine(Text("gone.msg")) + "1\r\n" + Field("Fall", 20) + "\r\n"));
+  EXPECT_FALSE(Table()->item(0, 1)->font().italic());
+  EXPECT_TRUE(Table()->item(1, 1)->font().italic());
+}
+
 TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
   New();
   const QString path = folder_.Path(Text("<b>bold.msg"));
