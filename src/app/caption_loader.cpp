@@ -83,16 +83,12 @@ class Loader {
     }
   }
 
-  // An entry that the file lacks gets the English name of the code at its place, so that place and
-  // code agree; a place without either is left out.
   void FillFeatures(const CaptionRow& row) {
     auto* list = Find<QListWidget>(row);
     if (list == nullptr) return;
     list->clear();
     for (int n = 0; n < row.count; ++n) {
-      const QString english = Brivon1::FeatureNameAtCode(n);
-      const auto entry = file_.Find(section_, CaptionKey(row, n));
-      if (entry || !english.isEmpty()) list->addItem(entry.value_or(english));
+      if (const auto entry = Brivon1::FeatureEntry(file_, n)) list->addItem(*entry);
     }
   }
 

@@ -3,6 +3,7 @@
 #include "config/frmConfig.h"
 #include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
+#include "schedule/frmSchedule.h"
 #include "scrolling/frmShiftMsg.h"
 
 namespace {
@@ -17,5 +18,6 @@ TaskWindow Opens(const char* button) {
 
 std::vector<TaskWindow> TaskWindows() {
   return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmShiftMsg>("butShiftMsg"),
-          Opens<frmConfig>("butConfigEdit"), Opens<frmCommand>("butCommand")};
+          Opens<frmSchedule>("butSchEdit"), Opens<frmConfig>("butConfigEdit"),
+          Opens<frmCommand>("butCommand")};
 }

@@ -1,5 +1,8 @@
 #include "schedule/schedule_file.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include "core/code_page.h"
 #include "core/file_checks.h"
 #include "core/files.h"
@@ -70,6 +73,20 @@ QString SaveScheduleFile(const QString& path, const Schedule& schedule) {
     content += sequence.feature + "\r\n";
   }
   return SaveFailureText(SaveWholeFile(path, content));
+}
+
+QString FailureWhenSending(const QString& failure) {
+  if (failure == SaveFailureText(SaveResult::kInvalidPath)) return QStringLiteral("Path Not Valid");
+  if (failure == SaveFailureText(SaveResult::kDriveNotAvailable)) {
+    return QStringLiteral("Drive Not Available!");
+  }
+  return failure;
+}
+
+QString SendingRefusal(const QString& path) {
+  if (FileExists(path)) return {};
+  const bool has_folder = QFileInfo(path).absoluteDir().exists();
+  return has_folder ? QStringLiteral("File not found") : QStringLiteral("Path Not Valid");
 }
 
 std::optional<QByteArray> PathField(const QString& path) {

@@ -20,6 +20,15 @@ std::optional<Schedule> LoadScheduleFile(const QString& path);
 /// text that begins with no number counts as 0), or SaveFailureText(). Empty: it is saved.
 QString SaveScheduleFile(const QString& path, const Schedule& schedule);
 
+/// What SaveScheduleFile() returned, in the words that the editor has for a failing path or disk
+/// when it saves in order to send: "Path Not Valid" and "Drive Not Available!".
+QString FailureWhenSending(const QString& failure);
+
+/// Why the schedule file at `path` cannot be handed over to be sent, as English message: "Path Not
+/// Valid" where its folder does not exist, "File not found" where only the file does not. Empty: it
+/// can.
+QString SendingRefusal(const QString& path);
+
 /// A message file's path as the schedule's field, or nothing where it would not come back the same:
 /// longer than the field, a blank at an end, a line end within, or a character that the code page
 /// does not have.

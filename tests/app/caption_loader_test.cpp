@@ -29,6 +29,7 @@
 #include "page/frmMsgEditor.h"
 #include "page/frmPage.h"
 #include "page/frmSendMsg.h"
+#include "schedule/frmSchedule.h"
 #include "schedule/frmSendSch.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
@@ -65,6 +66,7 @@ const NamedWindow kWindows[] = {
     {"frmSendMsg", [] { return std::make_unique<frmSendMsg>(nullptr, QString()); }},
     Named<frmMsgEditor>("frmMsgEditor"),
     {"frmSendSch", [] { return std::make_unique<frmSendSch>(nullptr, QString()); }},
+    Named<frmSchedule>("frmSchedule"),
 };
 
 // What a window shows for key number `n` of a row; nothing where the control is missing.

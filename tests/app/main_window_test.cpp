@@ -241,6 +241,14 @@ TEST_F(MainWindowTest, TheScrollingMessageButtonOpensItsEditorModalAndWithoutAnO
   EXPECT_EQ(title, Text("Scrolling Message"));
 }
 
+TEST_F(MainWindowTest, TheScheduleButtonOpensTheScheduleEditor) {
+  frmMain window;
+  window.show();
+  const ModalWindowDriver driver(Text("frmSchedule"), [](QWidget* task) { task->close(); });
+  QTest::mouseClick(Button(window, "butSchEdit"), Qt::LeftButton);
+  EXPECT_EQ(driver.Count(), 1);
+}
+
 TEST_F(MainWindowTest, ATaskWindowIsModalToTheApplicationWithoutAnOwner) {
   frmMain window(Tasks());
   window.show();

@@ -1,8 +1,9 @@
-// Goes the way of an operator, by key and mouse, through the real windows: composes a page, saves
-// it, sends it, polls the panel, sets its clock, runs and deletes pages; over TCP and over a serial
-// line, in English and from a language file. The virtual panel runs as the program that it is; what
-// it holds afterwards is compared, byte for byte, with what was typed. Every step is printed, every
-// window leaves a picture, and any step that fails makes the program fail.
+// Goes the way of an operator, by key and mouse, through the real windows: sets up a panel,
+// composes a page, saves it, sends it, builds a schedule and sends that, polls the panel, sets its
+// clock, runs and deletes pages; over TCP and over a serial line, in English and from a language
+// file. The virtual panel runs as the program that it is; what it holds afterwards is compared,
+// byte for byte, with what was typed. Every step is printed, every window leaves a picture, and any
+// step that fails makes the program fail.
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,6 +21,7 @@
 #include <QListWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 
 #include "app/frmMain.h"
@@ -105,6 +107,7 @@ class Journey {
   int Run() {
     Step("the virtual panel is ready", panel_.IsReady());
     if (failures_ > 0) return failures_;
+    SetUpAPanel();
     OverTcp();
     OverTheSerialLine();
     InAnotherLanguage();
@@ -257,6 +260,109 @@ class Journey {
     Step(text, boxes.Texts() == QStringList{QString::fromLatin1(text)});
   }
 
+  static void TypeInto(QWidget* window, const char* name, const QString& text) {
+    auto* box = Find<QLineEdit>(window, name);
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, text);
+  }
+
+  /// From no configuration at all to the first panel and the link.
+  void SetUpAPanel() {
+    std::printf("-- the first panel\n");
+    frmMain launcher;
+    launcher.show();
+    Visit(launcher, "butConfigEdit", "frmConfig", [this](QWidget* dialog) {
+      const QByteArray address = panel_.TcpAddress();
+      auto* tcp = Find<QRadioButton>(dialog, "optTCPIP");
+      QTest::mouseClick(tcp, Qt::LeftButton, {}, QPoint(8, tcp->height() / 2));
+      TypeInto(dialog, "txtIPAddress", QStringLiteral("127.0.0.1"));
+      TypeInto(dialog, "txtIPPortNo", QString::fromLatin1(address.mid(address.indexOf(':') + 1)));
+      TypeInto(dialog, "txtID", QStringLiteral("1"));
+      TypeInto(dialog, "txtRow", QStringLiteral("4"));
+      TypeInto(dialog, "txtcol", QStringLiteral("96"));
+      Choose(dialog, "ComboColorType", 1);
+      Click(dialog, "butAdd");
+      TakePicture(dialog, "frmConfig");
+      Click(dialog, "butOK");
+    });
+    Step("brivon.ini holds the panel and the link",
+         folder_.Read(QStringLiteral("brivon.ini")) ==
+             "[Dimension Config]\r\nID001=4x96,Tri," + panel_.TcpAddress() +
+                 "\r\n[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=TCPIP\r\n");
+  }
+
+  /// Adds the saved page to the schedule, with `delay` and the feature `downs` entries below the
+  /// first.
+  void AddToSchedule(QWidget* editor, const QString& delay, int downs) {
+    const FileChooser chooser(page_file_);
+    const ModalWindowDriver properties(QStringLiteral("frmDelay"), [&](QWidget* dialog) {
+      TypeInto(dialog, "txtDelay", delay);
+      auto* features = Find<QListWidget>(dialog, "ListFeature");
+      features->setFocus();
+      QTest::keyClick(features, Qt::Key_Home);
+      for (int i = 0; i < downs; ++i) QTest::keyClick(features, Qt::Key_Down);
+      TakePicture(dialog, "frmDelay");
+      Click(dialog, "butOK");
+    });
+    Click(editor, "butAdd");
+  }
+
+  void BuildASchedule(QWidget* editor) {
+    const ModalWindowDriver sizes(QStringLiteral("frmDimension"),
+                                  [](QWidget* dialog) { QTest::keyClick(dialog, Qt::Key_Return); });
+    Click(editor, "butNew");
+    Choose(editor, "comboWeek", 2);
+    TypeInto(editor, "txtHour", QStringLiteral("8"));
+    TypeInto(editor, "txtMin", QStringLiteral("30"));
+    AddToSchedule(editor, QStringLiteral("5"), 0);
+    AddToSchedule(editor, QStringLiteral("12"), 3);
+    schedule_file_ = folder_.Path(QStringLiteral("monday.sch"));
+    const FileChooser chooser(schedule_file_);
+    Click(editor, "butSaveAs");
+    TakePicture(editor, "frmSchedule");
+    QByteArray path = page_file_.toLocal8Bit();
+    path += QByteArray(100 - path.size(), ' ');
+    Step("the saved schedule holds what was chosen",
+         folder_.Read(QStringLiteral("monday.sch")) ==
+             "*** Brivon Schedule File ***\r\nWeek =2\r\nHour =8\r\nMin =30\r\nRow =4\r\nCol "
+             "=96\r\nNo of Sequence =2\r\n" +
+                 path + "\r\n5\r\nAppear              \r\n" + path +
+                 "\r\n12\r\nWipe Left           \r\n");
+  }
+
+  /// Sends the editor's schedule to the first panel under `letter`; `page` is the letter's first.
+  void SendTheSchedule(QWidget* editor, const char* letter, int page, const char* text) {
+    MessageBoxReader boxes;
+    const ModalWindowDriver dialogs(QStringLiteral("frmSendSch"), [&](QWidget* dialog) {
+      Choose(dialog, "ComboSchID", 0);
+      TypeInto(dialog, "txtSchNo", QString::fromLatin1(letter));
+      TakePicture(dialog, "frmSendSch");
+      Click(dialog, "butSend");
+      Click(dialog, "butDone");
+    });
+    Click(editor, "butSend");
+    Step(text, boxes.Texts() == QStringList{QString::fromLatin1(text)});
+    const QJsonArray entries{
+        QJsonObject{{QStringLiteral("page"), page},
+                    {QStringLiteral("delay"), 5},
+                    {QStringLiteral("feature"), QStringLiteral("A")}},
+        QJsonObject{{QStringLiteral("page"), page},
+                    {QStringLiteral("delay"), 12},
+                    {QStringLiteral("feature"), QStringLiteral("E")}},
+    };
+    Step("the panel holds the schedule and its page", QTest::qWaitFor([&] {
+           const QJsonObject schedule = panel_.Panel(1)[QStringLiteral("schedules")]
+                                            .toObject()[QString::fromLatin1(letter)]
+                                            .toObject();
+           return schedule[QStringLiteral("entries")].toArray() == entries &&
+                  schedule[QStringLiteral("weekday")] == QStringLiteral("1") &&
+                  schedule[QStringLiteral("hour")] == QStringLiteral("08") &&
+                  schedule[QStringLiteral("minute")] == QStringLiteral("30") &&
+                  panel_.Page(1, page).size() == 4;
+         }));
+  }
+
   void OverTcp() {
     std::printf("-- over TCP\n");
     Configure("TCPIP", 1);
@@ -267,6 +373,11 @@ class Journey {
       ComposeAPage(editor);
       SaveThePage(editor);
       SendThePage(editor, QStringLiteral("7"));
+      Click(editor, "butExit");
+    });
+    Visit(launcher, "butSchEdit", "frmSchedule", [this](QWidget* editor) {
+      BuildASchedule(editor);
+      SendTheSchedule(editor, "C", 25, "Schedules file is sent successfully through network");
       Click(editor, "butExit");
     });
     Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
@@ -289,6 +400,12 @@ class Journey {
       const FileChooser chooser(page_file_);
       Click(editor, "butOpen");
       SendThePage(editor, QStringLiteral("12"));
+      QTest::keyClick(editor, Qt::Key_Escape);
+    });
+    Visit(launcher, "butSchEdit", "frmSchedule", [this](QWidget* editor) {
+      const FileChooser chooser(schedule_file_);
+      Click(editor, "butOpen");
+      SendTheSchedule(editor, "J", 109, "Transmission finished!");
       QTest::keyClick(editor, Qt::Key_Escape);
     });
     Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
@@ -333,6 +450,7 @@ class Journey {
   QDir pictures_;
   PanelProgram panel_;
   QString page_file_;
+  QString schedule_file_;
   int steps_ = 0;
   int failures_ = 0;
 };

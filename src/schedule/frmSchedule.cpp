@@ -1,0 +1,370 @@
+#include "schedule/frmSchedule.h"
+
+#include <algorithm>
+
+#include <QEvent>
+#include <QShortcut>
+#include <QValidator>
+
+#include "app/caption_loader.h"
+#include "app/file_dialogs.h"
+#include "app/message_boxes.h"
+#include "app/module_language.h"
+#include "core/code_page.h"
+#include "core/configuration_store.h"
+#include "core/dialog_results.h"
+#include "page/display_feature.h"
+#include "page/frmDelay.h"
+#include "page/frmDimension.h"
+#include "schedule/frmSendSch.h"
+#include "schedule/schedule_file.h"
+#include "ui_frmSchedule.h"
+
+namespace {
+
+using Brivon1::CodePage;
+using Brivon1::Schedule;
+using Brivon1::Sequence;
+using ModuleLanguage::TranslateMessage;
+
+/// Rows of the table, its heading included, from which on it is scrolled.
+constexpr int kRowsToScroll = 12;
+
+constexpr const char* kEmpty = "Empty schedule is not allowed!";
+constexpr const char* kExceeded = "Cannot Exceed 26 different message file!";
+constexpr const char* kExceededAtInsert = "Cannot Exceed 26 different Message Files!";
+
+/// Keeps out what would not come back from the file's line: a control character, and a character
+/// that the code page does not have.
+class LineValidator : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  State validate(QString& text, int& /*position*/) const override {
+    const bool has_control = std::any_of(
+        text.begin(), text.end(), [](QChar c) { return c.category() == QChar::Other_Control; });
+    return has_control || !CodePage::System().ToBytes(text) ? Invalid : Acceptable;
+  }
+};
+
+QByteArray LineBytes(const QString& text) {
+  return CodePage::System().ToBytes(text).value_or(QByteArray());
+}
+
+QString MessageFileFilter() {
+  return TranslateMessage(QStringLiteral("Message File")) + QStringLiteral("(*.msg)|*.msg|");
+}
+
+}  // namespace
+
+frmSchedule::frmSchedule(QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()) {
+  ui_->setupUi(this);
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  FillWeekdays(Brivon1::kWeekdays);
+  ConnectButtons();
+  ConnectSlot();
+  ConnectTable();
+  ui_->GridSeqTable->ShowSequences(schedule_, 1);
+  UpdateButtons();
+  ui_->butNew->setFocus();
+  LoadCaptions(this);
+  ui_->GridSeqTable->setAccessibleName(ui_->FrameSchTable->title());
+  // Captions that take several lines leave room for the table's rows.
+  setMinimumHeight(layout()->totalMinimumHeightForWidth(minimumSizeHint().width()));
+}
+
+frmSchedule::~frmSchedule() = default;
+
+void frmSchedule::FillWeekdays(const Brivon1::WeekdayNames& names) {
+  ui_->comboWeek->clear();
+  for (const char* name : names) ui_->comboWeek->addItem(QLatin1String(name));
+}
+
+void frmSchedule::ConnectButtons() {
+  connect(ui_->butNew, &QPushButton::clicked, this, &frmSchedule::New);
+  connect(ui_->butOpen, &QPushButton::clicked, this, &frmSchedule::Open);
+  connect(ui_->butSave, &QPushButton::clicked, this, &frmSchedule::Save);
+  connect(ui_->butSaveAs, &QPushButton::clicked, this, &frmSchedule::SaveAs);
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmSchedule::Send);
+  connect(ui_->butExit, &QPushButton::clicked, this, &frmSchedule::reject);
+  connect(ui_->butAdd, &QPushButton::clicked, this, &frmSchedule::Add);
+  connect(ui_->butInsert, &QPushButton::clicked, this, &frmSchedule::Insert);
+  connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::Delete);
+  connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::Clear);
+
+  AddShortcut(QKeySequence::New, ui_->butNew);
+  AddShortcut(QKeySequence::Open, ui_->butOpen);
+  AddShortcut(QKeySequence::Save, ui_->butSave);
+  const QKeySequence save_as(QKeySequence::SaveAs);
+  AddShortcut(save_as.isEmpty() ? QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S) : save_as,
+              ui_->butSaveAs);
+}
+
+void frmSchedule::AddShortcut(const QKeySequence& keys, QPushButton* button) {
+  // Captions come and go with the language, so the keys are bound beside the button, not to it.
+  connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
+  button->setToolTip(keys.toString(QKeySequence::NativeText));
+}
+
+void frmSchedule::ConnectSlot() {
+  connect(ui_->comboWeek, &QComboBox::currentIndexChanged, this, &frmSchedule::SetModified);
+  ui_->comboWeek->installEventFilter(this);
+  for (QLineEdit* box : {ui_->txtHour, ui_->txtMin}) {
+    box->setValidator(new LineValidator(box));
+    connect(box, &QLineEdit::textChanged, this, &frmSchedule::SetModified);
+  }
+}
+
+void frmSchedule::ConnectTable() {
+  connect(ui_->GridSeqTable, &SequenceTable::FileWanted, this, &frmSchedule::ChangeFile);
+  connect(ui_->GridSeqTable, &SequenceTable::PropertiesWanted, this,
+          &frmSchedule::ChangeProperties);
+  connect(ui_->GridSeqTable, &SequenceTable::InsertPressed, ui_->butInsert, &QPushButton::click);
+  connect(ui_->GridSeqTable, &SequenceTable::DeletePressed, ui_->butDelete, &QPushButton::click);
+  ui_->butInsert->setToolTip(QKeySequence(Qt::Key_Insert).toString(QKeySequence::NativeText));
+  ui_->butDelete->setToolTip(QKeySequence(Qt::Key_Delete).toString(QKeySequence::NativeText));
+}
+
+bool frmSchedule::eventFilter(QObject* object, QEvent* event) {
+  // A wheel that passes over the weekday chooses nothing by accident.
+  if (event->type() == QEvent::Wheel) return true;
+  return QDialog::eventFilter(object, event);
+}
+
+void frmSchedule::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  // Files may have come and gone while another window was in front.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    ui_->GridSeqTable->MarkMissingFiles();
+  }
+}
+
+void frmSchedule::Say(const QString& english) { ShowMessage(this, TranslateMessage(english)); }
+
+bool frmSchedule::MayLeaveSchedule() {
+  if (!modified_) return true;
+  switch (AskToSave(this)) {
+    case SaveAnswer::kYes:
+      return HasSequences(kEmpty) && SaveTo(ui_->lblfilename->text());
+    case SaveAnswer::kNo:
+      return true;
+    case SaveAnswer::kCancel:
+      return false;
+  }
+  return false;
+}
+
+bool frmSchedule::HasSequences(const char* refusal) {
+  if (schedule_.Count() > 0) return true;
+  Say(QLatin1String(refusal));
+  return false;
+}
+
+void frmSchedule::New() {
+  if (!MayLeaveSchedule()) return;
+  frmDimension(this).exec();
+  if (!Brivon1::DialogAccepted) return;
+  schedule_ = {};
+  schedule_.dimension = {Brivon1::SelectedRows, Brivon1::SelectedCols};
+  FillWeekdays(Brivon1::kWeekdaysOfNewSchedule);
+  ShowSchedule(Brivon1::InProgramFolder(QStringLiteral("NEW.SCH")));
+  ui_->butAdd->setFocus();
+}
+
+void frmSchedule::Open() {
+  if (!MayLeaveSchedule()) return;
+  const QString filter =
+      TranslateMessage(QStringLiteral("Schedule File")) + QStringLiteral("(*.sch)|*.sch|All|*.*");
+  const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
+  if (path.isEmpty()) return;
+  auto loaded = Brivon1::LoadScheduleFile(path);
+  if (!loaded) {
+    ShowMessage(this, TranslateMessage(QStringLiteral("Error in opening file")) + QLatin1Char('!'));
+    return;
+  }
+  schedule_ = *std::move(loaded);
+  ShowSchedule(path);
+  ui_->GridSeqTable->setFocus();
+}
+
+void frmSchedule::ShowSchedule(const QString& path) {
+  const CodePage& code_page = CodePage::System();
+  ui_->lblfilename->setText(path);
+  ui_->lblRow->setText(QString::number(schedule_.dimension.rows));
+  ui_->lblCol->setText(QString::number(schedule_.dimension.columns));
+  ui_->comboWeek->setCurrentIndex(schedule_.weekday);
+  ui_->txtHour->setText(code_page.ToText(schedule_.hour));
+  ui_->txtMin->setText(code_page.ToText(schedule_.minute));
+  ui_->GridSeqTable->ShowSequences(schedule_, 1);
+  UpdateButtons();
+  modified_ = false;
+}
+
+void frmSchedule::Save() {
+  if (HasSequences(kEmpty)) SaveTo(ui_->lblfilename->text());
+}
+
+void frmSchedule::SaveAs() {
+  if (!HasSequences(kEmpty)) return;
+  const QString path = ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs,
+                                      QStringLiteral("All|*.*|Sch File(*.Sch)|*.Sch"), 2);
+  if (!path.isEmpty() && SaveTo(path)) ui_->lblfilename->setText(path);
+}
+
+bool frmSchedule::SaveTo(const QString& path) { return ReportSave(Write(path)); }
+
+QString frmSchedule::Write(const QString& path) {
+  schedule_.weekday = ui_->comboWeek->currentIndex();
+  schedule_.hour = LineBytes(ui_->txtHour->text());
+  schedule_.minute = LineBytes(ui_->txtMin->text());
+  const QString failure = Brivon1::SaveScheduleFile(path, schedule_);
+  if (failure.isEmpty()) modified_ = false;
+  return failure;
+}
+
+bool frmSchedule::ReportSave(const QString& failure) {
+  if (failure.isEmpty()) return true;
+  Say(failure);
+  // Where to type what was wrong.
+  if (failure.startsWith(QLatin1String("Hour"))) ui_->txtHour->setFocus(Qt::TabFocusReason);
+  if (failure.startsWith(QLatin1String("Minute"))) ui_->txtMin->setFocus(Qt::TabFocusReason);
+  return false;
+}
+
+void frmSchedule::Send() {
+  if (modified_) {
+    const SaveAnswer answer = AskToSave(this);
+    if (answer == SaveAnswer::kCancel) return;
+    if (answer == SaveAnswer::kYes && !SaveToSend()) return;
+  }
+  const QString path = ui_->lblfilename->text();
+  const QString refusal = Brivon1::SendingRefusal(path);
+  if (!refusal.isEmpty()) {
+    Say(refusal);
+    return;
+  }
+  OpenSendDialog(path);
+}
+
+bool frmSchedule::SaveToSend() {
+  return HasSequences("Cannot Save: Empty Schedule!") &&
+         ReportSave(Brivon1::FailureWhenSending(Write(ui_->lblfilename->text())));
+}
+
+void frmSchedule::OpenSendDialog(const QString& path) { frmSendSch(this, path).exec(); }
+
+void frmSchedule::reject() {
+  if (MayLeaveSchedule()) QDialog::reject();
+}
+
+void frmSchedule::Add() { AddAt(schedule_.Count() + 1, kExceeded); }
+
+void frmSchedule::Insert() { AddAt(ui_->GridSeqTable->SelectedPosition(), kExceededAtInsert); }
+
+void frmSchedule::AddAt(int position, const char* exceeded) {
+  if (schedule_.IsFull()) {
+    Say(QStringLiteral("Schedule is full!"));
+    return;
+  }
+  const auto path =
+      ChooseFile(ModuleLanguage::DialogTitleAddMsg, MessageFileFilter() + QStringLiteral("All|*.*"),
+                 schedule_, exceeded);
+  if (!path) return;
+  Sequence sequence;
+  sequence.path = *path;
+  sequence.delay = delay_;
+  if (!AskProperties(sequence, Brivon1::FirstFeature())) return;
+  delay_ = sequence.delay;
+  const int added = schedule_.Holds(position) ? position : schedule_.Count() + 1;
+  schedule_.Insert(position, sequence);
+  ShowEdit(added);
+}
+
+std::optional<QByteArray> frmSchedule::ChooseFile(const QString& title, const QString& filter,
+                                                  Schedule& schedule, const char* exceeded) {
+  const QString path = ShowFileDialog(this, title, filter, 1);
+  if (path.isEmpty()) return std::nullopt;
+  QString refusal = Brivon1::MessageFileRefusal(path, schedule.dimension);
+  const auto field = Brivon1::PathField(path);
+  if (refusal.isEmpty() && !(field && schedule.OfferFile(*field))) {
+    refusal = QLatin1String(exceeded);
+  }
+  if (refusal.isEmpty()) return field;
+  Say(refusal);
+  return std::nullopt;
+}
+
+bool frmSchedule::AskProperties(Sequence& sequence, const QString& feature) {
+  const CodePage& code_page = CodePage::System();
+  Brivon1::DialogDelay = sequence.delay;
+  Brivon1::DialogText = feature;
+  frmDelay(this).exec();
+  if (!Brivon1::DialogAccepted) return false;
+  const QString before = code_page.ToText(sequence.feature).trimmed();
+  const QString stored = Brivon1::FeatureToStore(Brivon1::DialogText, before);
+  sequence.delay = Brivon1::DialogDelay;
+  if (stored != before) {
+    sequence.feature = Brivon1::FixedField(LineBytes(stored), Brivon1::kFeatureField);
+  }
+  return true;
+}
+
+void frmSchedule::ChangeFile(int position) {
+  if (!schedule_.Holds(position)) return;
+  // The file in its place counts no more.
+  Schedule others = schedule_;
+  others.Remove(position);
+  const auto path =
+      ChooseFile(QStringLiteral("Message File"), MessageFileFilter(), others, kExceeded);
+  if (!path) return;
+  Sequence sequence = schedule_.Sequences()[position - 1];
+  sequence.path = *path;
+  ReplaceSequence(position, sequence);
+}
+
+void frmSchedule::ChangeProperties(int position) {
+  if (!schedule_.Holds(position)) return;
+  Sequence sequence = schedule_.Sequences()[position - 1];
+  const QString feature = CodePage::System().ToText(sequence.feature);
+  if (!AskProperties(sequence, Brivon1::FeatureToPreselect(feature))) return;
+  ReplaceSequence(position, sequence);
+}
+
+void frmSchedule::ReplaceSequence(int position, const Sequence& sequence) {
+  if (sequence == schedule_.Sequences()[position - 1]) return;
+  schedule_.Replace(position, sequence);
+  ShowEdit(position);
+}
+
+void frmSchedule::Delete() {
+  const int position = ui_->GridSeqTable->SelectedPosition();
+  if (!schedule_.Holds(position)) return;
+  schedule_.Remove(position);
+  // The sequence that moved up, or the one that is the last now.
+  ShowEdit(std::clamp(position, 1, std::max(schedule_.Count(), 1)));
+  if (ui_->GridSeqTable->rowCount() + 1 < kRowsToScroll) ui_->GridSeqTable->scrollToTop();
+}
+
+void frmSchedule::Clear() {
+  schedule_.Clear();
+  ShowEdit(1);
+}
+
+void frmSchedule::ShowEdit(int position) {
+  ui_->GridSeqTable->ShowSequences(schedule_, position);
+  SetModified();
+  UpdateButtons();
+}
+
+void frmSchedule::UpdateButtons() {
+  const bool has_dimension = schedule_.dimension != Brivon1::Dimension{};
+  for (QWidget* control : std::initializer_list<QWidget*>{ui_->comboWeek, ui_->txtHour, ui_->txtMin,
+                                                          ui_->butAdd, ui_->butInsert}) {
+    control->setEnabled(has_dimension);
+  }
+  for (QPushButton* button :
+       {ui_->butSave, ui_->butSaveAs, ui_->butSend, ui_->butDelete, ui_->butClear}) {
+    button->setEnabled(schedule_.Count() > 0);
+  }
+}

@@ -1,0 +1,99 @@
+// The schedule editor: composes when a panel shows which message files, for how long and with which
+// entry effect, and keeps it in a schedule file.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <QDialog>
+
+#include "schedule/schedule.h"
+#include "schedule/weekdays.h"
+
+class QPushButton;
+
+namespace Ui {
+class frmSchedule;
+}
+
+class frmSchedule : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit frmSchedule(QWidget* parent = nullptr);
+  ~frmSchedule() override;
+
+  /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
+  void reject() override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void ConnectButtons();
+  void ConnectSlot();
+  void ConnectTable();
+  void AddShortcut(const QKeySequence& keys, QPushButton* button);
+  void FillWeekdays(const Brivon1::WeekdayNames& names);
+
+  void New();
+  void Open();
+  void Save();
+  void SaveAs();
+  void Send();
+
+  /// Asks about unsaved work. False: whatever was to follow is not to happen.
+  bool MayLeaveSchedule();
+
+  bool SaveTo(const QString& path);
+
+  /// Shows why a save failed; an empty text is none. True: it did not fail.
+  bool ReportSave(const QString& failure);
+
+  /// Writes the schedule with what the controls show of it; the English message where it fails.
+  QString Write(const QString& path);
+
+  /// Whether there is something to save. Shows the English message `refusal` where there is not.
+  bool HasSequences(const char* refusal);
+
+  bool SaveToSend();
+  void OpenSendDialog(const QString& path);
+
+  void Add();
+  void Insert();
+  void Delete();
+  void Clear();
+
+  /// Adds a chosen message file at `position`, as Schedule::Insert() does; `exceeded` is the
+  /// English message for one different message file too many.
+  void AddAt(int position, const char* exceeded);
+  void ChangeFile(int position);
+  void ChangeProperties(int position);
+  void ReplaceSequence(int position, const Brivon1::Sequence& sequence);
+
+  /// Lets the operator choose a message file that fits the schedule, and enters it in the list of
+  /// different files of `schedule`. Its path field; nothing where none was chosen or it does not
+  /// fit, which is said.
+  std::optional<QByteArray> ChooseFile(const QString& title, const QString& filter,
+                                       Brivon1::Schedule& schedule, const char* exceeded);
+
+  /// Asks for delay and feature, starting with those of `sequence` and the entry `feature`, and
+  /// puts the answer there. False where the dialog was cancelled.
+  bool AskProperties(Brivon1::Sequence& sequence, const QString& feature);
+
+  /// Shows schedule_ and the name of its file as the work to go on with; nothing is modified.
+  void ShowSchedule(const QString& path);
+
+  /// Shows an edit of the sequences.
+  void ShowEdit(int position);
+
+  void SetModified() { modified_ = true; }
+  void UpdateButtons();
+  void Say(const QString& english);
+
+  std::unique_ptr<Ui::frmSchedule> ui_;
+  Brivon1::Schedule schedule_;
+  bool modified_ = false;
+  qint16 delay_ = 1;  // seconds, at which a new sequence's dialog starts: those given last
+};

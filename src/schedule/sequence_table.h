@@ -1,0 +1,45 @@
+// The table of a schedule's sequences: a numbered row for each, with its message file, delay and
+// feature, and a row "End" below them. It shows which message files are missing on the disk.
+#pragma once
+
+#include <QTableWidget>
+
+#include "schedule/schedule.h"
+
+class SequenceTable : public QTableWidget {
+  Q_OBJECT
+
+ public:
+  explicit SequenceTable(QWidget* parent = nullptr);
+
+  /// Shows the sequences and "End" anew, with the row at `position` selected: 1 to the count of the
+  /// sequences, and one more for "End"; without sequences none is. That row is in sight afterwards.
+  void ShowSequences(const Brivon1::Schedule& schedule, int position);
+
+  /// The selected row's position; 0 where none is selected.
+  int SelectedPosition() const;
+
+  /// Looks again which message files are there, and greys the others.
+  void MarkMissingFiles();
+
+ Q_SIGNALS:
+  /// The operator wants to choose another message file for the sequence at `position`, or to set
+  /// its delay and feature; by double click or by key. `position` may also be that of "End", or 0.
+  void FileWanted(int position);
+  void PropertiesWanted(int position);
+
+  /// The operator has pressed the key for one more sequence, or for one fewer.
+  void InsertPressed();
+  void DeletePressed();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+
+ private:
+  void SetCell(int row, int column, const QString& text);
+  bool PressKey(int key);
+};
