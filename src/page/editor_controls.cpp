@@ -6,19 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
-#include <QPushButton>
 #include <QShortcut>
-
-namespace {
-
-// Captions come and go with the language, so the keys are bound beside the button, not to it.
-void AddShortcut(const QKeySequence& keys, QPushButton* button) {
-  QObject::connect(new QShortcut(keys, button->window()), &QShortcut::activated, button,
-                   &QPushButton::click);
-  button->setToolTip(keys.toString(QKeySequence::NativeText));
-}
-
-}  // namespace
 
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message) {
   for (const char* name : Brivon1::kColourNames) controls.colour->addItem(QLatin1String(name));
@@ -29,15 +17,6 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
                    [&message](int index) { message.ChooseSize(index); });
   QObject::connect(controls.blink, &QCheckBox::toggled, controls.blink,
                    [&message](bool checked) { message.ChooseBlink(checked); });
-}
-
-void AddFileShortcuts(const FileButtons& buttons) {
-  AddShortcut(QKeySequence::New, buttons.begin);
-  AddShortcut(QKeySequence::Open, buttons.open);
-  AddShortcut(QKeySequence::Save, buttons.save);
-  const QKeySequence save_as(QKeySequence::SaveAs);
-  AddShortcut(save_as.isEmpty() ? QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S) : save_as,
-              buttons.save_as);
 }
 
 void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,

@@ -1,5 +1,5 @@
 // What the windows of the page editor and of the scrolling message editor do alike with their
-// controls: the attributes of what is typed next, the lists, and the keys for buttons and undo.
+// controls: the attributes of what is typed next, the lists, and the keys for undo.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,6 @@
 
 class QCheckBox;
 class QComboBox;
-class QPushButton;
 
 struct AttributeControls {
   QComboBox* colour;
@@ -20,16 +19,6 @@ struct AttributeControls {
 
 /// Fills the lists and lets all three choose the attributes of `message`, which outlives them.
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message);
-
-struct FileButtons {
-  QPushButton* begin;
-  QPushButton* open;
-  QPushButton* save;
-  QPushButton* save_as;
-};
-
-/// Binds the usual keys to the buttons; their tool tips show them.
-void AddFileShortcuts(const FileButtons& buttons);
 
 /// Binds the usual keys of undo and redo in `window`.
 void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,

@@ -9,6 +9,7 @@
 
 #include "app/caption_loader.h"
 #include "app/file_dialogs.h"
+#include "app/file_shortcuts.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
 #include "core/dialog_results.h"

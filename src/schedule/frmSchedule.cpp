@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include <QEvent>
-#include <QShortcut>
 #include <QValidator>
 
 #include "app/caption_loader.h"
 #include "app/file_dialogs.h"
+#include "app/file_shortcuts.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
 #include "core/code_page.h"
@@ -92,19 +92,7 @@ void frmSchedule::ConnectButtons() {
   connect(ui_->butInsert, &QPushButton::clicked, this, &frmSchedule::Insert);
   connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::Delete);
   connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::Clear);
-
-  AddShortcut(QKeySequence::New, ui_->butNew);
-  AddShortcut(QKeySequence::Open, ui_->butOpen);
-  AddShortcut(QKeySequence::Save, ui_->butSave);
-  const QKeySequence save_as(QKeySequence::SaveAs);
-  AddShortcut(save_as.isEmpty() ? QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S) : save_as,
-              ui_->butSaveAs);
-}
-
-void frmSchedule::AddShortcut(const QKeySequence& keys, QPushButton* button) {
-  // Captions come and go with the language, so the keys are bound beside the button, not to it.
-  connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
-  button->setToolTip(keys.toString(QKeySequence::NativeText));
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
 }
 
 void frmSchedule::ConnectSlot() {

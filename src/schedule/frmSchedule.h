@@ -10,8 +10,6 @@
 #include "schedule/schedule.h"
 #include "schedule/weekdays.h"
 
-class QPushButton;
-
 namespace Ui {
 class frmSchedule;
 }
@@ -34,7 +32,6 @@ class frmSchedule : public QDialog {
   void ConnectButtons();
   void ConnectSlot();
   void ConnectTable();
-  void AddShortcut(const QKeySequence& keys, QPushButton* button);
   void FillWeekdays(const Brivon1::WeekdayNames& names);
 
   void New();

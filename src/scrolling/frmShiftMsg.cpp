@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "app/file_dialogs.h"
+#include "app/file_shortcuts.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
 #include "core/configuration_store.h"
