@@ -363,6 +363,40 @@ class Journey {
          }));
   }
 
+  void ComposeAScrollingMessage(QWidget* editor) {
+    auto* message = Find<QWidget>(editor, "Picture1");
+    Choose(editor, "ComboColor", 2);
+    message->setFocus();
+    QTest::keyClicks(message, QStringLiteral("Road works "));
+    QTest::mouseClick(Find<QWidget>(editor, "chkBlink"), Qt::LeftButton);
+    QTest::keyClicks(message, QStringLiteral("ahead"));
+    const FileChooser chooser(folder_.Path(QStringLiteral("works.srl")));
+    Click(editor, "butSaveAs");
+    TakePicture(editor, "frmShiftMsg");
+    Step("the saved scrolling message holds what was typed",
+         folder_.Read(QStringLiteral("works.srl")) ==
+             "*** Brivon Shift Message File ***\r\n<SA><CC>Road works <SE>ahead\r\n");
+  }
+
+  /// Sends the editor's scrolling message to row 3 of the first panel.
+  void SendTheScrollingMessage(QWidget* editor) {
+    MessageBoxReader boxes;
+    const ModalWindowDriver dialogs(QStringLiteral("frmSendShift"), [&](QWidget* dialog) {
+      TypeInto(dialog, "txtLine", QStringLiteral("3"));
+      TakePicture(dialog, "frmSendShift");
+      Click(dialog, "butSend");
+      Click(dialog, "butDone");
+    });
+    Click(editor, "butSend");
+    Step("the scrolling message is sent",
+         boxes.Texts() == QStringList{QStringLiteral("Transmission finished!")});
+    Step(
+        "the panel scrolls it over its third row", QTest::qWaitFor([this] {
+          return panel_.Panel(1)[QStringLiteral("scrolling")].toObject() ==
+                 QJsonObject{{QStringLiteral("3"), QStringLiteral("<SA><CC>Road works <SE>ahead")}};
+        }));
+  }
+
   void OverTcp() {
     std::printf("-- over TCP\n");
     Configure("TCPIP", 1);
@@ -407,6 +441,11 @@ class Journey {
       Click(editor, "butOpen");
       SendTheSchedule(editor, "J", 109, "Transmission finished!");
       QTest::keyClick(editor, Qt::Key_Escape);
+    });
+    Visit(launcher, "butShiftMsg", "frmShiftMsg", [this](QWidget* editor) {
+      ComposeAScrollingMessage(editor);
+      SendTheScrollingMessage(editor);
+      Click(editor, "butExit");
     });
     Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
       Command(window, 0, QString(), "Command is sent successfully!");
