@@ -46,9 +46,8 @@ Colouring ColouringOf(char letter, bool tri_colour) {
 // The rainbow runs through the colours along the row, each for some columns.
 Dot RainbowDot(int x) {
   constexpr std::array<Dot, 4> kRun = {kRedDot, kYellowDot, kGreenDot, kYellowDot};
-  constexpr int kColumnsOfAColour = 4;
-  const int place = x / kColumnsOfAColour % static_cast<int>(kRun.size());
-  return kRun[static_cast<std::size_t>(place)];
+  constexpr unsigned kColumnsOfAColour = 4;
+  return kRun[static_cast<unsigned>(x) / kColumnsOfAColour % kRun.size()];
 }
 
 // A byte as the Western code page 1252 has it; control characters and undefined bytes are blanks.
@@ -63,8 +62,21 @@ QChar CharacterOf(char byte) {
   return QChar(ushort(value));
 }
 
-int ColumnsOf(const Cell& cell) {
+int CharacterColumns(const Cell& cell) {
   return cell.IsCompressed() ? kCompressedColumns : kNormalColumns;
+}
+
+// Nearly every cell is one character; only a date or a time must be written out to be measured.
+int ColumnsOf(const Cell& cell, const QDateTime& clock) {
+  const bool is_single = cell.kind == Cell::Kind::kCharacter || cell.kind == Cell::Kind::kGraphic;
+  const int characters = is_single ? 1 : static_cast<int>(TextOf(cell, clock).size());
+  return characters * CharacterColumns(cell);
+}
+
+DotGlyph CellGlyph(const Cell& cell, QChar character) {
+  return cell.kind == Cell::Kind::kGraphic
+             ? SymbolOf(cell.character, cell.IsCompressed(), cell.IsBold())
+             : GlyphOf(character, cell.IsCompressed(), cell.IsBold());
 }
 
 template <typename Visit>
@@ -76,25 +88,31 @@ void ForEachLitDot(const DotGlyph& glyph, const Visit& visit) {
   }
 }
 
+// Puts a glyph's dots, those of them that lie inside the matrix.
 void PutGlyph(DotMatrix* matrix, int top, int left, const DotGlyph& glyph,
               const Colouring& colouring) {
   const bool has_ground = colouring.style == Style::kLitGround || colouring.style == Style::kShadow;
-  if (has_ground) {
-    for (int y = 0; y < kRowDots; ++y) {
-      for (int x = 0; x < glyph.columns; ++x) matrix->Set(left + x, top + y, colouring.second);
+  const int first = std::max(0, left);
+  const int last = std::min(left + glyph.columns, matrix->Columns());
+  if (has_ground && first < last) {
+    for (int y = top; y < top + kRowDots; ++y) {
+      std::fill(matrix->Line(y) + first, matrix->Line(y) + last, colouring.second);
     }
   }
+  const auto put = [&](int x, int y, Dot dot) {
+    if (x >= first && x < last) matrix->Line(y)[x] = dot;
+  };
   // The edge, or the dark shadow, lies one dot to the right and one below. It stays in its cell,
   // or it would run into the next character.
   if (colouring.style == Style::kEdge || colouring.style == Style::kShadow) {
     const Dot dot = colouring.style == Style::kEdge ? colouring.second : kDarkDot;
     ForEachLitDot(glyph, [&](int x, int y) {
-      if (x + 1 < glyph.columns) matrix->Set(left + x + 1, top + y + 1, dot);
+      if (x + 1 < glyph.columns) put(left + x + 1, top + y + 1, dot);
     });
   }
+  const bool is_rainbow = colouring.style == Style::kRainbow;
   ForEachLitDot(glyph, [&](int x, int y) {
-    const bool is_rainbow = colouring.style == Style::kRainbow;
-    matrix->Set(left + x, top + y, is_rainbow ? RainbowDot(left + x) : colouring.first);
+    put(left + x, top + y, is_rainbow ? RainbowDot(left + x) : colouring.first);
   });
 }
 
@@ -160,32 +178,50 @@ QString TextOf(const Cell& cell, const QDateTime& clock) {
 
 int ColumnsOf(const QList<Cell>& cells, const QDateTime& clock) {
   int columns = 0;
-  for (const Cell& cell : cells) {
-    columns += ColumnsOf(cell) * static_cast<int>(TextOf(cell, clock).size());
-  }
+  for (const Cell& cell : cells) columns += ColumnsOf(cell, clock);
   return columns;
 }
 
 void PutCells(DotMatrix* matrix, int top, int left, const QList<Cell>& cells, const RowLook& look) {
   for (const Cell& cell : cells) {
     if (left >= matrix->Columns()) return;
-    const Colouring colouring = ColouringOf(cell.colour, look.tri_colour);
-    for (const QChar character : TextOf(cell, look.clock)) {
-      const bool is_shown = left > -kNormalColumns && (look.blinking_lit || !cell.blinking);
-      if (is_shown) {
-        const DotGlyph glyph = cell.kind == Cell::Kind::kGraphic
-                                   ? SymbolOf(cell.character, cell.IsCompressed(), cell.IsBold())
-                                   : GlyphOf(character, cell.IsCompressed(), cell.IsBold());
-        PutGlyph(matrix, top, left, glyph, colouring);
+    const int right = left + ColumnsOf(cell, look.clock);
+    if (right > 0 && (look.blinking_lit || !cell.blinking)) {
+      const Colouring colouring = ColouringOf(cell.colour, look.tri_colour);
+      int at = left;
+      for (const QChar character : TextOf(cell, look.clock)) {
+        PutGlyph(matrix, top, at, CellGlyph(cell, character), colouring);
+        at += CharacterColumns(cell);
       }
-      left += ColumnsOf(cell);
     }
+    left = right;
   }
 }
 
+bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look) {
+  int left = 0;
+  for (const Cell& cell : cells) {
+    const int width = ColumnsOf(cell, look.clock);
+    if (left + width > columns) {
+      DotMatrix dots(width, kRowDots);
+      PutCells(&dots, 0, 0, {cell}, look);
+      for (int y = 0; y < dots.Rows(); ++y) {
+        const Dot* line = dots.Line(y);
+        const int first = std::max(0, columns - left);
+        if (std::any_of(line + first, line + width, [](Dot dot) { return dot != kDarkDot; })) {
+          return true;
+        }
+      }
+    }
+    left += width;
+  }
+  return false;
+}
+
 DotMatrix Transition(const DotMatrix& before, const DotMatrix& after, char code, double progress) {
+  const bool fits = before.Columns() == after.Columns() && before.Rows() == after.Rows();
+  if (progress >= 1 || !fits) return after;
   if (progress <= 0) return before;
-  if (progress >= 1) return after;
   const int columns = after.Columns();
   const int done = static_cast<int>(progress * columns);
   switch (code) {

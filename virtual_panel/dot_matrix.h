@@ -2,6 +2,7 @@
 // dot, before anything is painted.
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include <QDateTime>
@@ -39,6 +40,12 @@ class DotMatrix {
   const Dot* Line(int y) const { return dots_.data() + Index(0, y); }
   Dot* Line(int y) { return dots_.data() + Index(0, y); }
 
+  // `count` rows from `first` on, all inside the matrix.
+  void DarkenRows(int first, int count) {
+    std::fill_n(Line(first), static_cast<std::size_t>(count) * static_cast<std::size_t>(columns_),
+                kDarkDot);
+  }
+
   friend bool operator==(const DotMatrix&, const DotMatrix&) = default;
 
  private:
@@ -67,11 +74,15 @@ QString TextOf(const Cell& cell, const QDateTime& clock);
 int ColumnsOf(const QList<Cell>& cells, const QDateTime& clock);
 
 // Puts cells into the text row whose uppermost dots have the height `top`, the first one at column
-// `left`, which may lie outside. What does not fit is cut.
+// `left`, which may lie outside; the row lies inside. What does not fit is cut.
 void PutCells(DotMatrix* matrix, int top, int left, const QList<Cell>& cells, const RowLook& look);
 
+// Whether cells put at column 0 have light at column `columns` or behind it.
+bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look);
+
 // One picture turning into another by entry effect `code` ("A" Appear to "H" Shift; any other is
-// Appear), at `progress` 0 (still `before`) to 1 (all `after`). Both have the same size.
+// Appear), at `progress` 0 (still `before`) to 1 (all `after`). A `before` of another size
+// turns into `after` at once.
 DotMatrix Transition(const DotMatrix& before, const DotMatrix& after, char code, double progress);
 
 }  // namespace VirtualPanel

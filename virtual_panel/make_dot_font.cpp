@@ -122,6 +122,15 @@ void Print(const std::array<DotRow, kHeight>& rows) {
 constexpr std::array<std::pair<unsigned, unsigned>, 5> kRanges = {
     {{0x20, 0x7E}, {0xA0, 0x5FF}, {0x1E00, 0x20CF}, {0x2100, 0x2266}, {0x25A0, 0x266F}}};
 
+/// Stops that are crosses in the wide font, which run together in seven rows.
+struct Stop {
+  unsigned character;
+  std::array<DotRow, kHeight> rows;
+};
+constexpr std::array<Stop, 3> kStops = {{{'.', {0, 0, 0, 0, 0, 0x0C, 0x0C}},
+                                         {':', {0, 0x0C, 0x0C, 0, 0x0C, 0x0C, 0}},
+                                         {';', {0, 0x0C, 0x0C, 0, 0x0C, 0x04, 0x02}}}};
+
 /// False where a font cannot be read.
 bool PrintTable(FT_Library library, const char* compressed_path, const char* normal_path) {
   const Font compressed(library, compressed_path, 5, 0);
@@ -129,8 +138,12 @@ bool PrintTable(FT_Library library, const char* compressed_path, const char* nor
   if (!compressed.IsLoaded() || !normal.IsLoaded()) return false;
   for (const auto& [first, last] : kRanges) {
     for (unsigned character = first; character <= last; ++character) {
-      const auto wide = normal.Find(character);
+      auto wide = normal.Find(character);
       if (!wide) continue;
+      const auto* stop = std::find_if(
+          kStops.begin(), kStops.end(),
+          [character](const Stop& candidate) { return candidate.character == character; });
+      if (stop != kStops.end()) wide = stop->rows;
       std::printf("{0x%04X,", character);
       Print(compressed.Find(character).value_or(*wide));
       std::printf(",");
