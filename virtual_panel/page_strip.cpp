@@ -104,7 +104,10 @@ PageStrip::PageStrip(std::function<QString(int)> text, QWidget* parent)
 }
 
 void PageStrip::SetPages(const QList<int>& pages, std::optional<int> shown) {
+  const bool is_other = shown != model_->Shown();
   model_->Set(pages, shown);
+  // Whoever looks for a page with the keyboard is not led away from it.
+  if (is_other && shown && !hasFocus()) scrollTo(model_->IndexOf(*shown));
 }
 
 int PageStrip::Arrange(int width) {

@@ -37,6 +37,7 @@ constexpr QSize kUsualSize(1100, 860);
 constexpr int kLeastTrafficLines = 5;
 // Smaller dots cannot be read: a panel that is too wide for them is scrolled.
 constexpr double kLeastDotDistance = 2;
+constexpr double kGoodDotDistance = 3;
 // Larger ones are no dots any more.
 constexpr double kMostDotDistance = 24;
 constexpr double kMostOfScreen = 0.9;
@@ -278,11 +279,17 @@ void PanelWindow::MakePages(Place* place) {
   place->pages->setAccessibleName(QStringLiteral("Stored pages of panel %1").arg(id));
   connect(place->pages, &PageStrip::Chosen, this, [this, id](int page) { engine_->Run(id, page); });
   place->stored = new QWidget;
+  place->stored->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* layout = new QHBoxLayout(place->stored);
   layout->setContentsMargins(0, 0, 0, 0);
+  auto* caption = new QLabel(QStringLiteral("Pages"));
+  caption->setObjectName(QStringLiteral("pages_caption_%1").arg(id));
+  caption->setBuddy(place->pages);
   layout->addStretch();
+  layout->addWidget(caption);
   layout->addWidget(place->pages);
   layout->addStretch();
+  place->pages_caption = caption;
   place->stored->hide();
 }
 
@@ -297,6 +304,7 @@ bool PanelWindow::RefreshPages(Place* place, const QDateTime& now) {
 
 void PanelWindow::MakeSchedules(Place* place) {
   place->schedules = new QWidget;
+  place->schedules->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* grid = new QGridLayout(place->schedules);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setAlignment(Qt::AlignHCenter);
@@ -394,7 +402,11 @@ void PanelWindow::Arrange() {
   int free_height = panels_->height();
   for (Place& place : places_) {
     free_height -= place.facts->heightForWidth(qRound(width)) + 2 * spacing;
-    if (!place.stored->isHidden()) free_height -= place.pages->Arrange(qRound(width)) + spacing;
+    if (!place.stored->isHidden()) {
+      const int caption_width =
+          place.pages_caption->sizeHint().width() + place.stored->layout()->spacing();
+      free_height -= place.pages->Arrange(qRound(width) - caption_width) + spacing;
+    }
     if (!place.schedules->isHidden()) {
       free_height -= place.playing->sizeHint().height() + ArrangeSchedules(&place, qRound(width)) +
                      2 * spacing;
@@ -412,6 +424,12 @@ void PanelWindow::Arrange() {
     return qCeil(dots_of(i).height() * distance);
   };
   for (std::size_t i = 0; i < distances.size(); ++i) free_height -= height_of(i, distances[i]);
+  // If the panels must be scrolled anyway, they can have dots that are good to look at.
+  if (free_height < 0) {
+    for (std::size_t i = 0; i < distances.size(); ++i) {
+      if (dots_of(i).width() * kGoodDotDistance <= width) distances[i] = kGoodDotDistance;
+    }
+  }
   for (;;) {
     std::optional<std::size_t> smallest;
     for (std::size_t i = 0; i < distances.size(); ++i) {

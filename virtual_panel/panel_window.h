@@ -53,6 +53,7 @@ class PanelWindow : public QMainWindow {
     QLabel* facts = nullptr;
     QLabel* playing = nullptr;
     QWidget* stored = nullptr;  // around the pages
+    QLabel* pages_caption = nullptr;
     PageStrip* pages = nullptr;
     qsizetype page_count = 0;
     QWidget* schedules = nullptr;      // around the buttons

@@ -358,6 +358,24 @@ TEST_F(StoredPagesTest, TheKeyboardShowsAPage) {
   EXPECT_EQ(engine_.RunningPage(26), 7);
 }
 
+TEST_F(StoredPagesTest, ThePageThatIsShownCanBeSeenAmongTheOthers) {
+  QByteArray frames;
+  for (int page = 100; page < 200; ++page) {
+    frames += "<ID1A><L01><P" + QByteArray::number(page) + ">x \r\n";
+  }
+  Receive(frames);
+  const auto is_seen = [this](int row) {
+    const QRect place = Pages()->visualRect(Pages()->model()->index(row, 0));
+    return Pages()->viewport()->rect().contains(place.center());
+  };
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->width() > 700; }));
+  Receive("<ID1A><RP199>\r\n");
+  EXPECT_TRUE(is_seen(99));
+  EXPECT_FALSE(is_seen(0));
+  Receive("<ID1A><RP100>\r\n");
+  EXPECT_TRUE(is_seen(0));
+}
+
 TEST_F(StoredPagesTest, AThousandPagesTakeOneLine) {
   window_.resize(800, 600);
   QByteArray frames;
