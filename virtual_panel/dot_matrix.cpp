@@ -66,11 +66,28 @@ int CharacterColumns(const Cell& cell) {
   return cell.IsCompressed() ? kCompressedColumns : kNormalColumns;
 }
 
-// Nearly every cell is one character; only a date or a time must be written out to be measured.
+// As many as TextOf has, without writing it out: a row may hold thousands of dates.
+int CharactersOf(const Cell& cell, const QDateTime& clock) {
+  constexpr int kDateCharacters = 11;
+  constexpr int kTimeCharacters = 5;
+  switch (cell.kind) {
+    case Cell::Kind::kDate:
+      return clock.isValid() ? kDateCharacters : 0;
+    case Cell::Kind::kTime:
+      return clock.isValid() ? kTimeCharacters : 0;
+    case Cell::Kind::kCharacter:
+    case Cell::Kind::kGraphic:
+      break;
+  }
+  return 1;
+}
+
 int ColumnsOf(const Cell& cell, const QDateTime& clock) {
-  const bool is_single = cell.kind == Cell::Kind::kCharacter || cell.kind == Cell::Kind::kGraphic;
-  const int characters = is_single ? 1 : static_cast<int>(TextOf(cell, clock).size());
-  return characters * CharacterColumns(cell);
+  return CharactersOf(cell, clock) * CharacterColumns(cell);
+}
+
+bool HasGround(const Colouring& colouring) {
+  return colouring.style == Style::kLitGround || colouring.style == Style::kShadow;
 }
 
 DotGlyph CellGlyph(const Cell& cell, QChar character) {
@@ -91,10 +108,9 @@ void ForEachLitDot(const DotGlyph& glyph, const Visit& visit) {
 // Puts a glyph's dots, those of them that lie inside the matrix.
 void PutGlyph(DotMatrix* matrix, int top, int left, const DotGlyph& glyph,
               const Colouring& colouring) {
-  const bool has_ground = colouring.style == Style::kLitGround || colouring.style == Style::kShadow;
   const int first = std::max(0, left);
   const int last = std::min(left + glyph.columns, matrix->Columns());
-  if (has_ground && first < last) {
+  if (HasGround(colouring) && first < last) {
     for (int y = top; y < top + kRowDots; ++y) {
       std::fill(matrix->Line(y) + first, matrix->Line(y) + last, colouring.second);
     }
@@ -202,12 +218,16 @@ bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look) 
   int left = 0;
   for (const Cell& cell : cells) {
     const int width = ColumnsOf(cell, look.clock);
-    if (left + width > columns) {
+    // What most often stands there is a long tail of blanks.
+    const bool is_blank = cell.kind == Cell::Kind::kCharacter &&
+                          CharacterOf(cell.character) == QLatin1Char(' ') &&
+                          !HasGround(ColouringOf(cell.colour, look.tri_colour));
+    if (left + width > columns && !is_blank) {
       DotMatrix dots(width, kRowDots);
       PutCells(&dots, 0, 0, {cell}, look);
+      const int first = std::max(0, columns - left);
       for (int y = 0; y < dots.Rows(); ++y) {
         const Dot* line = dots.Line(y);
-        const int first = std::max(0, columns - left);
         if (std::any_of(line + first, line + width, [](Dot dot) { return dot != kDarkDot; })) {
           return true;
         }

@@ -26,7 +26,7 @@ namespace {
 
 constexpr int kBadUse = 2;
 constexpr quint16 kUsualPort = 2101;
-constexpr qint64 kMostTimerMs = 24 * 60 * kMinuteMs;
+constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
 
 int signal_sockets[2] = {-1, -1};
 

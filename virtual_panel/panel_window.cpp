@@ -31,7 +31,7 @@ enum TrafficColumn { kTimeColumn, kFrameColumn, kAnswerColumn, kMeaningColumn, k
 constexpr qsizetype kMostVisibleBytes = 2000;
 // Nobody sees a text move more often than that.
 constexpr qint64 kLeastScrollMs = 20;
-constexpr qint64 kMostTimerMs = 24 * 60 * kMinuteMs;
+constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
 constexpr qsizetype kMostToolTipEntries = 20;
 constexpr QSize kUsualSize(1100, 860);
 constexpr int kLeastTrafficLines = 5;

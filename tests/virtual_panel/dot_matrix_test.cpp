@@ -171,6 +171,16 @@ TEST(DotCharacters, DateAndTimeAreThePanelsOwn) {
   EXPECT_EQ(VirtualPanel::ColumnsOf(ParseCells("<SB><DT><SA>x<GB>"), Look().clock), 5 * 5 + 6 + 6);
 }
 
+TEST(DotCharacters, AMeasureOfDateAndTimeFitsWhatIsWritten) {
+  const QList<VirtualPanel::Cell> cells = ParseCells("<DD><DT>");
+  for (const QDateTime& clock : {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC),
+                                 QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), Qt::UTC)}) {
+    const qsizetype characters =
+        VirtualPanel::TextOf(cells[0], clock).size() + VirtualPanel::TextOf(cells[1], clock).size();
+    EXPECT_EQ(VirtualPanel::ColumnsOf(cells, clock), 6 * characters);
+  }
+}
+
 // ---- colours ------------------------------------------------------------------------------------
 
 TEST(DotColours, RedGreenAndYellow) {
