@@ -72,7 +72,6 @@ class PanelWindow : public QMainWindow {
   int ArrangeSchedules(Place* place, int width);
   QWidget* MakeTraffic();
   void MakeMenus();
-  QAction* AddFault(QMenu* menu, const QString& caption, const QString& name);
   void ToggleFault(const QString& name, bool is_wanted);
   void AskForFault();
   void SetPlugged(bool plugged);

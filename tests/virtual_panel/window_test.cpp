@@ -551,6 +551,15 @@ TEST_F(FaultMenuTest, OffersTheFaultsOfTheCommandLine) {
   EXPECT_EQ(NamesOf(all).size(), 9);
 }
 
+TEST_F(FaultMenuTest, AnAnswerIsLateByOneTimeOnly) {
+  Click("late:500");
+  Click("late:2000");
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("late:2000")});
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:2000"));
+  Click("late:2000");
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+}
+
 TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
   const auto enter = [&](const QString& text) {
     QTimer::singleShot(0, [&, text] {
@@ -837,6 +846,19 @@ TEST(SeveralPanels, ShrinkAndGrowWithTheWindow) {
   const int small = height();
   window.resize(1400, 1400);
   EXPECT_TRUE(WaitUntil([&] { return height() > small * 3 / 2 && is_shown_whole(); }));
+}
+
+TEST(SeveralPanels, HaveLargerDotsWhereTheyMustBeScrolledAnyway) {
+  PanelEngine engine({{1, 12, 192, true}, {2, 12, 192, false}, {3, 12, 3000, true}});
+  PanelWindow window(&engine);
+  window.resize(800, 600);
+  window.show();
+  const auto distance = [&](int id) {
+    const auto* view = window.findChild<PanelView*>(QStringLiteral("panel_%1").arg(id));
+    return DotDistance(view->size(), view->Picture().description);
+  };
+  EXPECT_TRUE(WaitUntil([&] { return distance(1) == 3 && distance(2) == 3 && distance(3) == 2; }))
+      << distance(1) << ' ' << distance(2) << ' ' << distance(3);
 }
 
 TEST(VisibleText, WritesControlCharactersOut) {
