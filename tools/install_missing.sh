@@ -7,6 +7,7 @@ packages=(
   g++ cmake ninja-build
   qt6-base-dev qt6-serialport-dev libgl-dev
   libgtest-dev libbenchmark-dev
+  libfreetype-dev xfonts-base
   xvfb xauth fonts-dejavu-core fonts-liberation
   "$@"
 )

@@ -57,4 +57,48 @@ bool ParseFault(const QString& text, Faults* faults, QString* error) {
   return true;
 }
 
+void RemoveFault(const QString& text, Faults* faults) {
+  const Faults none;
+  Faults single;
+  ParseFault(text, &single, nullptr);
+  const auto reset = [&](auto Faults::*member) {
+    if (single.*member != none.*member) faults->*member = none.*member;
+  };
+  reset(&Faults::silent);
+  reset(&Faults::silent_answers);
+  reset(&Faults::garbage);
+  reset(&Faults::lower_case);
+  reset(&Faults::stray_byte);
+  reset(&Faults::pieces);
+  reset(&Faults::late_ms);
+  reset(&Faults::close_after_frame);
+  reset(&Faults::flood);
+}
+
+bool HasFault(const QString& text, const Faults& faults) {
+  Faults with = faults;
+  return ParseFault(text, &with, nullptr) && with == faults;
+}
+
+QStringList NamesOf(const Faults& faults) {
+  const Faults none;
+  QStringList names;
+  const auto add = [&](bool is_there, const char* name) {
+    if (is_there) names.append(QLatin1String(name));
+  };
+  const auto add_number = [&](int number, int usual, const char* name) {
+    if (number != usual) names.append(QStringLiteral("%1:%2").arg(QLatin1String(name)).arg(number));
+  };
+  add(faults.silent, "silent");
+  add_number(faults.silent_answers, none.silent_answers, "silent");
+  add(faults.garbage, "garbage");
+  add(faults.lower_case, "lower-case");
+  add_number(faults.pieces, none.pieces, "pieces");
+  add_number(faults.late_ms, none.late_ms, "late");
+  add(faults.stray_byte, "stray-byte");
+  add_number(faults.close_after_frame, none.close_after_frame, "close-after");
+  add(faults.flood, "flood");
+  return names;
+}
+
 }  // namespace VirtualPanel

@@ -31,4 +31,13 @@ QStringList FaultNames();
 // else.
 bool ParseFault(const QString& text, Faults* faults, QString* error);
 
+// Takes away what ParseFault adds for the same text, whatever its number is now.
+void RemoveFault(const QString& text, Faults* faults);
+
+// Whether ParseFault would add nothing that is not there already, the same number included.
+bool HasFault(const QString& text, const Faults& faults);
+
+// The faults by name, as ParseFault takes them.
+QStringList NamesOf(const Faults& faults);
+
 }  // namespace VirtualPanel

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <vector>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -19,18 +18,15 @@
 #include <QTimer>
 
 #include "engine_json.h"
+#include "panel_lines.h"
 #include "panel_window.h"
-#include "pty_line.h"
-#include "serial_line.h"
-#include "tcp_line.h"
 
 namespace VirtualPanel {
 namespace {
 
 constexpr int kBadUse = 2;
 constexpr quint16 kUsualPort = 2101;
-constexpr int kReplugMs = 1000;
-constexpr qint64 kMostTimerMs = 24 * 60 * kMinuteMs;
+constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
 
 int signal_sockets[2] = {-1, -1};
 
@@ -63,19 +59,6 @@ int Complain(const QString& line) {
       (QStringLiteral("virtual_panel: ") + line + QLatin1Char('\n')).toLocal8Bit().constData(),
       stderr);
   return kBadUse;
-}
-
-// "ADDRESS:PORT", "[ADDRESS]:PORT" or "PORT".
-bool ParseAddress(const QString& text, QHostAddress* address, quint16* port) {
-  const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
-  QString host = colon < 0 ? QStringLiteral("127.0.0.1") : text.left(colon);
-  if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
-    host = host.mid(1, host.size() - 2);
-  }
-  if (host == QLatin1String("localhost")) host = QStringLiteral("127.0.0.1");
-  bool is_number = false;
-  *port = text.mid(colon + 1).toUShort(&is_number);
-  return is_number && address->setAddress(host);
 }
 
 bool WriteWhole(const QString& path, const QByteArray& bytes, QString* error) {
@@ -295,11 +278,14 @@ class Program {
     if (addresses.isEmpty() && links.isEmpty() && devices.isEmpty()) {
       addresses.append(QStringLiteral("127.0.0.1:%1").arg(kUsualPort));
     }
+    lines_ = std::make_unique<PanelLines>(engine_.get());
+    QObject::connect(lines_.get(), &PanelLines::Opened, application_, Say);
+    QObject::connect(lines_.get(), &PanelLines::Failed, application_, Complain);
     for (const QString& text : std::as_const(addresses)) {
-      if (!OpenTcp(text, error)) return false;
+      if (!lines_->OpenTcp(text, error)) return false;
     }
     for (const QString& link : links) {
-      if (!OpenPty(link, error)) return false;
+      if (!lines_->OpenPty(link, error)) return false;
     }
     bool is_number = false;
     const qint32 baud_rate = parser.value(options_.baud).toInt(&is_number);
@@ -308,88 +294,21 @@ class Program {
       return false;
     }
     for (const QString& device : devices) {
-      if (!OpenSerial(device, baud_rate, error)) return false;
+      if (!lines_->OpenSerial(device, baud_rate, error)) return false;
     }
     return true;
-  }
-
-  bool OpenTcp(const QString& text, QString* error) {
-    QHostAddress address;
-    quint16 port = 0;
-    if (!ParseAddress(text, &address, &port)) {
-      *error = QStringLiteral("TCP address \"%1\": expected ADDRESS:PORT or PORT").arg(text);
-      return false;
-    }
-    auto line = std::make_unique<TcpLine>(engine_.get());
-    if (!line->Listen(address, port)) {
-      *error = QStringLiteral("TCP address \"%1\": %2").arg(text, line->ErrorString());
-      return false;
-    }
-    const QString host = address.protocol() == QAbstractSocket::IPv6Protocol
-                             ? QLatin1Char('[') + address.toString() + QLatin1Char(']')
-                             : address.toString();
-    Announce(QStringLiteral("listening on tcp %1:%2").arg(host).arg(line->Port()));
-    lines_.push_back(std::move(line));
-    return true;
-  }
-
-  bool OpenPty(const QString& link, QString* error) {
-    auto line = std::make_unique<PtyLine>(engine_.get());
-    PtyLine* pty = line.get();
-    const auto announcement = [pty, link] {
-      return QStringLiteral("pty %1 -> %2").arg(link, pty->DeviceName());
-    };
-    if (!pty->Open(link)) {
-      *error = QStringLiteral("pseudo-terminal ") + pty->ErrorString();
-      return false;
-    }
-    Announce(announcement());
-    // A fault may have pulled it: after a while somebody plugs it in again.
-    QObject::connect(pty, &PtyLine::Unplugged, pty, [pty, link, announcement] {
-      QTimer::singleShot(kReplugMs, pty, [pty, link, announcement] {
-        if (pty->Open(link)) {
-          Say(announcement());
-        } else {
-          Complain(QStringLiteral("pseudo-terminal ") + pty->ErrorString());
-        }
-      });
-    });
-    lines_.push_back(std::move(line));
-    return true;
-  }
-
-  bool OpenSerial(const QString& device, qint32 baud_rate, QString* error) {
-    auto line = std::make_unique<SerialLine>(engine_.get());
-    SerialLine* serial = line.get();
-    if (!serial->Open(device, baud_rate)) {
-      *error = QStringLiteral("serial port %1: %2").arg(device, serial->ErrorString());
-      return false;
-    }
-    Announce(QStringLiteral("serial %1 at %2 baud").arg(device).arg(baud_rate));
-    QObject::connect(
-        serial, &SerialLine::Unplugged, serial, [serial, device, baud_rate](const QString& why) {
-          Complain(QStringLiteral("serial port %1: %2").arg(device, why));
-          auto* again = new QTimer(serial);
-          QObject::connect(again, &QTimer::timeout, serial, [serial, device, baud_rate, again] {
-            if (!serial->Open(device, baud_rate)) return;
-            Say(QStringLiteral("serial %1 at %2 baud").arg(device).arg(baud_rate));
-            again->deleteLater();
-          });
-          again->start(kReplugMs);
-        });
-    lines_.push_back(std::move(line));
-    return true;
-  }
-
-  void Announce(const QString& line) {
-    announced_.append(line);
-    Say(line);
   }
 
   void ShowWindow(const QString& picture_path) {
     window_ = std::make_unique<PanelWindow>(engine_.get());
     window_->SetScrollSpeed(scroll_speed_);
-    window_->SetLines(announced_.join(QStringLiteral("   \u00B7   ")));
+    const auto name_lines = [this] {
+      window_->SetLines(lines_->Descriptions().join(QStringLiteral("   \u00B7   ")));
+    };
+    name_lines();
+    // A pseudo-terminal has another name each time it is plugged in.
+    QObject::connect(lines_.get(), &PanelLines::Opened, window_.get(), name_lines);
+    QObject::connect(window_.get(), &PanelWindow::Plugged, lines_.get(), &PanelLines::SetPlugged);
     window_->show();
     if (picture_path.isEmpty()) return;
     const auto write_picture = [this, picture_path] {
@@ -409,8 +328,7 @@ class Program {
   int scroll_speed_ = kUsualScrollSpeed;
   QTimer next_change_;
   QFile log_;
-  std::vector<std::unique_ptr<QObject>> lines_;
-  QStringList announced_;
+  std::unique_ptr<PanelLines> lines_;
   std::unique_ptr<PanelWindow> window_;
 };
 

@@ -1,357 +1,155 @@
 #include "panel_drawing.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
+#include <cmath>
+#include <map>
 
-#include <QFont>
-#include <QFontMetricsF>
-#include <QHash>
 #include <QLinearGradient>
-#include <QLocale>
 #include <QPainterPath>
 #include <QTransform>
+
+#include "dot_painter.h"
 
 namespace VirtualPanel {
 namespace {
 
 // All measures are in dots.
-constexpr double kFrame = 2;
-constexpr double kRowHeight = 8;
-constexpr double kRowGap = 1;
-constexpr double kNormalWidth = 6;
-constexpr double kCompressedWidth = 5;
-constexpr double kCapHeight = 5.6;
-constexpr double kBaseline = 6.3;
-constexpr double kEdgeReach = 0.5;  // how far the edge of "3D" and the shadow reach
-constexpr double kRainbowPeriod = 36;
-constexpr int kDateCharacters = 11;
-constexpr int kTimeCharacters = 5;
-constexpr qint64 kSecondMs = 1000;
+constexpr int kFrame = 2;
+constexpr int kRowGap = 1;
+constexpr double kCorner = 1.2;
+constexpr double kBezel = 0.75;  // of the frame's width that is dark
 
-const QColor kRed(255, 0, 0);
-const QColor kGreen(0, 255, 0);
-const QColor kYellow(255, 255, 0);
-const QColor kBackground(0, 0, 0);
-const QColor kFrameColour(52, 54, 58);
-const QColor kRowBand(26, 17, 15);
+const QColor kFrameTop(86, 90, 98);
+const QColor kFrameBottom(38, 40, 45);
+const QColor kFrameEdge(20, 21, 24);
+const QColor kBehindDots(0, 0, 0);
+const QColor kCutMark(255, 176, 0);
 
-enum class Effect { kPlain, kEdge, kLitBackground, kShadow, kRainbow };
-
-struct Look {
-  Effect effect = Effect::kPlain;
-  QColor first = kRed;
-  QColor second = kBackground;
-};
-
-Look LookOf(char colour, bool tri_colour) {
-  if (!tri_colour) return {};
-  switch (colour) {
-    case 'B':
-      return {Effect::kPlain, kGreen, kBackground};
-    case 'C':
-      return {Effect::kPlain, kYellow, kBackground};
-    case 'D':
-      return {Effect::kEdge, kRed, kGreen};
-    case 'E':
-      return {Effect::kEdge, kRed, kYellow};
-    case 'F':
-      return {Effect::kEdge, kGreen, kRed};
-    case 'G':
-      return {Effect::kEdge, kGreen, kYellow};
-    case 'H':
-      return {Effect::kEdge, kYellow, kRed};
-    case 'I':
-      return {Effect::kEdge, kYellow, kGreen};
-    case 'J':
-      return {Effect::kLitBackground, kRed, kGreen};
-    case 'K':
-      return {Effect::kLitBackground, kGreen, kRed};
-    case 'L':
-      return {Effect::kShadow, kRed, kGreen};
-    case 'M':
-      return {Effect::kShadow, kGreen, kRed};
-    case 'N':
-      return {Effect::kShadow, kYellow, kRed};
-    case 'O':
-      return {Effect::kShadow, kYellow, kGreen};
-    case 'P':
-      return {Effect::kRainbow, kRed, kBackground};
-    default:
-      return {};
-  }
-}
-
-QBrush Rainbow() {
-  QLinearGradient gradient(0, 0, kRainbowPeriod, 0);
-  gradient.setColorAt(0, kRed);
-  gradient.setColorAt(0.25, kYellow);
-  gradient.setColorAt(0.5, kGreen);
-  gradient.setColorAt(0.75, kYellow);
-  gradient.setColorAt(1, kRed);
-  gradient.setSpread(QGradient::RepeatSpread);
-  return gradient;
-}
-
-// A byte as the Western code page 1252 has it; control characters and undefined bytes are blanks.
-QChar CharacterOf(char byte) {
-  static constexpr std::array<char16_t, 32> kUpperControls = {
-      0x20AC, u' ',   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-      0x2039, 0x0152, u' ',   0x017D, u' ',   u' ',   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, u' ',   0x017E, 0x0178};
-  const auto value = static_cast<unsigned char>(byte);
-  if (value < 0x20 || value == 0x7F) return QLatin1Char(' ');
-  if (value >= 0x80 && value < 0xA0) return QChar(kUpperControls[value - 0x80U]);
-  return QChar(ushort(value));
-}
-
-QString DateText(const QDateTime& clock) {
-  return QLocale::c().toString(clock.date(), QStringLiteral("dd MMM yyyy")).toUpper();
-}
-
-QString TimeText(const QDateTime& clock) { return clock.toString(QStringLiteral("HH:mm")); }
-
-// The outline of a character in a cell of 1 by kRowHeight.
-QPainterPath MakeGlyph(QChar character, bool bold) {
-  QFont font(QStringList{QStringLiteral("DejaVu Sans Mono"), QStringLiteral("Liberation Mono"),
-                         QStringLiteral("Courier New")});
-  font.setStyleHint(QFont::Monospace);
-  font.setFixedPitch(true);
-  font.setPixelSize(100);
-  font.setBold(bold);
-  const QFontMetricsF metrics(font);
-  const double advance = metrics.horizontalAdvance(QLatin1Char('M'));
-  const double cap_height = metrics.capHeight();
-  if (advance <= 0 || cap_height <= 0) return {};
-  QPainterPath path;
-  path.addText(0, 0, font, QString(character));
-  QTransform to_cell;
-  to_cell.translate(0, kBaseline);
-  to_cell.scale(1 / advance, kCapHeight / cap_height);
-  return to_cell.map(path);
-}
-
-// A graphic: its letter in a box, in a cell of 1 by kRowHeight.
-QPainterPath MakeGraphic(QChar letter) {
-  QPainterPath box;
-  box.setFillRule(Qt::WindingFill);
-  QPainterPath outer;
-  outer.addRoundedRect(QRectF(0.04, 0.3, 0.92, kRowHeight - 0.6), 0.12, 0.7);
-  QPainterPath inner;
-  inner.addRoundedRect(QRectF(0.14, 0.9, 0.72, kRowHeight - 1.8), 0.08, 0.5);
-  QTransform smaller;
-  smaller.translate(0.5, kRowHeight / 2);
-  smaller.scale(0.62, 0.68);
-  smaller.translate(-0.5, -(kBaseline - kCapHeight / 2));
-  return outer.subtracted(inner).united(smaller.map(MakeGlyph(letter, true)));
-}
-
-const QPainterPath& Glyph(QChar character, bool bold, bool graphic) {
-  // At most one entry for each byte, weight and kind.
-  static QHash<uint, QPainterPath> glyphs;
-  const uint key = character.unicode() | (bold ? 0x10000U : 0U) | (graphic ? 0x20000U : 0U);
-  auto found = glyphs.find(key);
-  if (found == glyphs.end()) {
-    found = glyphs.insert(key, graphic ? MakeGraphic(character) : MakeGlyph(character, bold));
-  }
-  return *found;
-}
-
-QString TextOf(const Cell& cell, const QDateTime& clock) {
-  switch (cell.kind) {
-    case Cell::Kind::kDate:
-      return DateText(clock);
-    case Cell::Kind::kTime:
-      return TimeText(clock);
-    case Cell::Kind::kCharacter:
-    case Cell::Kind::kGraphic:
-      break;
-  }
-  return QString(CharacterOf(cell.character));
-}
-
-// Backgrounds of neighbouring cells meet without a seam, which antialiasing would leave.
-void FillCell(QPainter* painter, const QRectF& place, const QColor& colour) {
-  painter->setRenderHint(QPainter::Antialiasing, false);
-  painter->fillRect(place, colour);
-  painter->setRenderHint(QPainter::Antialiasing, true);
-}
-
-void DrawGlyph(QPainter* painter, const QRectF& place, const QPainterPath& glyph,
-               const Look& look) {
-  QTransform to_place;
-  to_place.translate(place.x(), place.y());
-  to_place.scale(place.width(), 1);
-  const QPainterPath path = to_place.map(glyph);
-  switch (look.effect) {
-    case Effect::kPlain:
-      painter->fillPath(path, look.first);
-      break;
-    case Effect::kEdge:
-      painter->fillPath(path.translated(kEdgeReach, kEdgeReach), look.second);
-      painter->fillPath(path, look.first);
-      break;
-    case Effect::kLitBackground:
-      FillCell(painter, place, look.second);
-      painter->fillPath(path, look.first);
-      break;
-    case Effect::kShadow:
-      FillCell(painter, place, look.second);
-      painter->fillPath(path.translated(kEdgeReach, kEdgeReach), kBackground);
-      painter->fillPath(path, look.first);
-      break;
-    case Effect::kRainbow:
-      painter->fillPath(path, Rainbow());
-      break;
-  }
-}
-
-double CharacterWidth(const Cell& cell) {
-  return cell.IsCompressed() ? kCompressedWidth : kNormalWidth;
-}
-
-// How many characters a cell shows.
-int CharacterCount(const Cell& cell) {
-  if (cell.kind == Cell::Kind::kDate) return kDateCharacters;
-  return cell.kind == Cell::Kind::kTime ? kTimeCharacters : 1;
-}
-
-// Draws a row at height 0, from `x` on: what of it lies between `left` and `right`.
-void DrawRow(QPainter* painter, const StoredRow& row, const PanelPicture& picture, bool is_lit,
-             double x, double left, double right) {
-  for (const Cell& cell : row.cells) {
-    const double width = CharacterWidth(cell);
-    const double whole_width = width * CharacterCount(cell);
-    if (x >= right) return;
-    if (x + whole_width <= left) {
-      x += whole_width;
-      continue;
-    }
-    const Look look = LookOf(cell.colour, picture.description.tri_colour);
-    const QString text = TextOf(cell, picture.clock);
-    for (const QChar character : text) {
-      if (is_lit || !cell.blinking) {
-        DrawGlyph(painter, QRectF(x, 0, width, kRowHeight),
-                  Glyph(character, cell.IsBold(), cell.kind == Cell::Kind::kGraphic), look);
-      }
-      x += width;
-    }
-  }
-}
-
-// How many pixels a dot has, and where the panel's top left corner is.
+// Where a panel is drawn.
 struct Placing {
-  double dot = 1;
-  QPointF corner;
+  double dot = 1;  // the distance between two dots, in units of size
+  QPointF corner;  // of the frame
+  int pitch = 1;   // the distance in pixels; 1 also where there is less room than that
 };
 
-Placing Place(const QSizeF& size, const PanelDescription& description) {
+Placing Place(const QSizeF& size, const PanelDescription& description, double pixels) {
+  // Rounding errors must not take a pixel away.
+  constexpr double kNearlyWhole = 1e-6;
   const QSizeF dots = SizeInDots(description);
-  const double dot = qMin(size.width() / dots.width(), size.height() / dots.height());
-  return {dot, QPointF((size.width() - dots.width() * dot) / 2,
-                       (size.height() - dots.height() * dot) / 2)};
+  const double room = qMin(size.width() / dots.width(), size.height() / dots.height()) * pixels;
+  const int whole =
+      static_cast<int>(qMin(std::floor(room + kNearlyWhole), double{DotPainter::kLargestPitch}));
+  const double dot = (whole >= 1 ? whole : room) / pixels;
+  const auto middle = [&](double place, double taken) {
+    return std::floor((place - taken) / 2 * pixels + kNearlyWhole) / pixels;
+  };
+  return {
+      dot,
+      QPointF(middle(size.width(), dots.width() * dot), middle(size.height(), dots.height() * dot)),
+      qMax(whole, 1)};
 }
 
-// How much of a scrolling line's current second has gone.
-qint64 MsIntoSecond(const ScrollingLine& line, qint64 now_ms) {
-  return ((now_ms - line.began_ms) % kSecondMs + kSecondMs) % kSecondMs;
+// Of a row, from the frame's corner.
+int RowTop(int row) { return kFrame + (row - 1) * (kRowDots + kRowGap); }
+
+const DotPainter& PainterOf(int pitch) {
+  thread_local std::map<int, DotPainter> painters;  // one for each pitch at most
+  return painters.try_emplace(pitch, pitch).first->second;
 }
 
-double RowTop(int row) { return kFrame + (row - 1) * (kRowHeight + kRowGap); }
+void DrawFrame(QPainter* painter, const QSizeF& dots) {
+  const QRectF outline(QPointF(0, 0), dots);
+  QLinearGradient metal(outline.topLeft(), outline.bottomLeft());
+  metal.setColorAt(0, kFrameTop);
+  metal.setColorAt(1, kFrameBottom);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(kFrameEdge);
+  painter->drawRoundedRect(outline, kCorner, kCorner);
+  painter->setBrush(metal);
+  painter->drawRoundedRect(outline.adjusted(0.15, 0.15, -0.15, -0.15), kCorner, kCorner);
+  painter->setBrush(kBehindDots);
+  const double rim = kFrame - kBezel;
+  painter->drawRoundedRect(outline.adjusted(rim, rim, -rim, -rim), kCorner / 3, kCorner / 3);
+}
+
+// An arrow that points to where the row would go on.
+void DrawCutMark(QPainter* painter, double right, int row) {
+  const double middle = RowTop(row) + kRowDots / 2.0;
+  QPainterPath arrow(QPointF(right - kFrame + 0.35, middle - 1.9));
+  arrow.lineTo(right - 0.3, middle);
+  arrow.lineTo(right - kFrame + 0.35, middle + 1.9);
+  arrow.closeSubpath();
+  painter->fillPath(arrow, kCutMark);
+}
+
+// The dots of the panel's rows, without its frame: that part of them which lies in `part`, in
+// pixels from the upper left dot.
+QImage DotsImage(const PanelPicture& picture, qint64 now_ms, int pitch, const QRect& part) {
+  QImage image(part.size(), QImage::Format_RGB32);
+  image.fill(kBehindDots);
+  const int row_height = (kRowDots + kRowGap) * pitch;
+  const int first_row = part.top() / row_height + 1;
+  const int last_row = qMin(part.bottom() / row_height + 1, picture.description.rows);
+  const DotMatrix dots = DotsOf(picture, now_ms, first_row, last_row);
+  for (int row = first_row; row <= last_row; ++row) {
+    const QPoint corner(-part.left(), (row - 1) * row_height - part.top());
+    PainterOf(pitch).Paint(&image, corner, dots, (row - 1) * kRowDots, kRowDots);
+  }
+  return image;
+}
 
 }  // namespace
 
 QSizeF SizeInDots(const PanelDescription& description) {
-  return {description.columns + 2 * kFrame,
-          description.rows * (kRowHeight + kRowGap) - kRowGap + 2 * kFrame};
+  return QSizeF(description.columns + 2 * kFrame,
+                description.rows * (kRowDots + kRowGap) - kRowGap + 2 * kFrame);
 }
 
-QRectF RowRect(const QSizeF& size, const PanelDescription& description, int row) {
-  const Placing placing = Place(size, description);
+double DotDistance(const QSizeF& size, const PanelDescription& description, double pixels) {
+  return Place(size, description, pixels).dot;
+}
+
+QRectF RowRect(const QSizeF& size, const PanelDescription& description, int row, double pixels) {
+  const Placing placing = Place(size, description, pixels);
   return {placing.corner.x() + kFrame * placing.dot, placing.corner.y() + RowTop(row) * placing.dot,
-          description.columns * placing.dot, kRowHeight * placing.dot};
-}
-
-bool HasBlinkingCells(const PanelPicture& picture) {
-  const auto blinks = [](const StoredRow& row) {
-    return std::any_of(row.cells.cbegin(), row.cells.cend(),
-                       [](const Cell& cell) { return cell.blinking; });
-  };
-  for (auto row = picture.rows.cbegin(); row != picture.rows.cend(); ++row) {
-    if (!picture.scrolling_lines.contains(row.key()) && blinks(*row)) return true;
-  }
-  return std::any_of(picture.scrolling_lines.cbegin(), picture.scrolling_lines.cend(),
-                     [&](const ScrollingLine& line) { return blinks(line.row); });
-}
-
-QString RowText(const StoredRow& row, const QDateTime& clock) {
-  QString text;
-  for (const Cell& cell : row.cells) {
-    const QString part = TextOf(cell, clock);
-    text += cell.kind == Cell::Kind::kGraphic ? QStringLiteral("[%1]").arg(part) : part;
-  }
-  return text;
-}
-
-qint64 ScrolledDots(const ScrollingLine& line, const PanelPicture& picture, qint64 now_ms) {
-  double width = 0;
-  for (const Cell& cell : line.row.cells) width += CharacterWidth(cell) * CharacterCount(cell);
-  const qint64 way = picture.description.columns + qRound64(width);
-  // Whole seconds and the rest apart: a whole number of dots is gone after every second. The
-  // machine's clock may have been set back to before the beginning.
-  const qint64 into_second = MsIntoSecond(line, now_ms);
-  const qint64 seconds = (now_ms - line.began_ms - into_second) / kSecondMs;
-  const qint64 dots =
-      seconds * picture.scroll_speed + into_second * picture.scroll_speed / kSecondMs;
-  return (dots % way + way) % way;
-}
-
-qint64 MsToNextDot(const ScrollingLine& line, const PanelPicture& picture, qint64 now_ms) {
-  const qint64 into_second = MsIntoSecond(line, now_ms);
-  const qint64 next_dot = into_second * picture.scroll_speed / kSecondMs + 1;
-  const qint64 due = (next_dot * kSecondMs + picture.scroll_speed - 1) / picture.scroll_speed;
-  return qMax(due - into_second, qint64{1});
+          description.columns * placing.dot, kRowDots * placing.dot};
 }
 
 void DrawPanel(QPainter* painter, const QSizeF& size, const PanelPicture& picture, qint64 now_ms) {
+  if (size.isEmpty()) return;
   const PanelDescription& description = picture.description;
-  const Placing placing = Place(size, description);
+  const QTransform& to_device = painter->deviceTransform();
+  const double pixels = to_device.m11() > 0 ? to_device.m11() : 1;
+  const Placing placing = Place(size, description, pixels);
   const QSizeF dots = SizeInDots(description);
-  const bool is_lit = (now_ms / kBlinkMs) % 2 == 0;
 
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->translate(placing.corner);
+  // On whole pixels, also where the painter's own place is not.
+  const QPointF corner = to_device.map(placing.corner);
+  painter->translate(placing.corner +
+                     (QPointF(std::round(corner.x()), std::round(corner.y())) - corner) / pixels);
+  painter->save();
   painter->scale(placing.dot, placing.dot);
-  const QRectF visible =
-      painter->hasClipping() ? painter->clipBoundingRect() : QRectF(QPointF(0, 0), dots);
-  painter->setPen(Qt::NoPen);
-  painter->setBrush(kFrameColour);
-  painter->drawRoundedRect(QRectF(QPointF(0, 0), dots), 1.2, 1.2);
-  painter->fillRect(QRectF(kFrame / 2, kFrame / 2, dots.width() - kFrame, dots.height() - kFrame),
-                    kBackground);
+  DrawFrame(painter, dots);
   for (int row = 1; row <= description.rows; ++row) {
-    const QRectF band(kFrame, RowTop(row), description.columns, kRowHeight);
-    painter->fillRect(band, kRowBand);
-    const QRectF to_draw = band.intersected(visible);
-    if (to_draw.isEmpty()) continue;
-    const auto scrolling = picture.scrolling_lines.constFind(row);
-    const bool is_scrolling = scrolling != picture.scrolling_lines.constEnd();
-    const auto stored = picture.rows.constFind(row);
-    if (!is_scrolling && stored == picture.rows.constEnd()) continue;
-    painter->save();
-    painter->setClipRect(band, Qt::IntersectClip);
-    painter->translate(band.topLeft());
-    const double left = to_draw.left() - band.left() - kEdgeReach;
-    const double right = to_draw.right() - band.left();
-    if (is_scrolling) {
-      const auto dots_gone = static_cast<double>(ScrolledDots(*scrolling, picture, now_ms));
-      DrawRow(painter, scrolling->row, picture, is_lit, description.columns - dots_gone, left,
-              right);
-    } else {
-      DrawRow(painter, *stored, picture, is_lit, 0, left, right);
-    }
-    painter->restore();
+    if (IsCut(picture, row)) DrawCutMark(painter, dots.width(), row);
+  }
+  painter->restore();
+
+  painter->translate(kFrame * placing.dot, kFrame * placing.dot);
+  const QSize whole((description.columns) * placing.pitch,
+                    (description.rows * (kRowDots + kRowGap) - kRowGap) * placing.pitch);
+  // From here on a unit is a pixel of the dots.
+  const double scale = placing.dot / placing.pitch;
+  painter->scale(scale, scale);
+  QRect part(QPoint(0, 0), whole);
+  if (painter->hasClipping()) part &= painter->clipBoundingRect().toAlignedRect();
+  if (!part.isEmpty()) {
+    // Smaller than its dots: they melt together.
+    const bool is_shrunk = placing.dot * pixels < 1;
+    painter->setRenderHint(QPainter::SmoothPixmapTransform, is_shrunk);
+    painter->drawImage(part.topLeft(), DotsImage(picture, now_ms, placing.pitch, part));
   }
   painter->restore();
 }

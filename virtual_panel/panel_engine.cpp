@@ -54,6 +54,16 @@ bool HasRow(const PanelDescription& description, int row) {
   return row >= 1 && row <= description.rows;
 }
 
+// The effect with which the first schedule that has a page shows it.
+char EffectOf(const Schedules& schedules, int page) {
+  for (const Schedule& schedule : schedules) {
+    for (const ScheduleEntry& entry : schedule.entries) {
+      if (entry.page == page) return entry.feature;
+    }
+  }
+  return ScheduleEntry().feature;
+}
+
 QByteArray LowerCaseDigits(QByteArray acknowledgement) {
   // "<IDhh>": only the digits change their case.
   for (const qsizetype at : {3, 4}) {
@@ -95,6 +105,7 @@ void PanelEngine::SetFaults(const Faults& faults) {
   faults_ = faults;
   answers_swallowed_ = 0;
   frames_since_faults_ = 0;
+  Q_EMIT FaultsChanged();
 }
 
 QList<int> PanelEngine::PanelIds() const {
@@ -156,12 +167,29 @@ void PanelEngine::Begin(Member* member, char letter, qint64 now_ms) {
   member->running_page.reset();
 }
 
+void PanelEngine::RunPage(Member* member, int page, qint64 now_ms) {
+  member->running_page = page;
+  member->ran_at_ms = now_ms;
+  member->started.reset();
+  member->panel.scrolling_lines.clear();
+}
+
 bool PanelEngine::Play(int id, char letter) {
   const auto found = members_.find(id);
   if (found == members_.end() || !found->second.panel.schedules.contains(letter)) return false;
   const qint64 now_ms = now_().toMSecsSinceEpoch();
   Settle(&found->second, now_ms);
   Begin(&found->second, letter, now_ms);
+  Q_EMIT Changed();
+  return true;
+}
+
+bool PanelEngine::Run(int id, int page) {
+  const auto found = members_.find(id);
+  if (found == members_.end() || !found->second.panel.pages.contains(page)) return false;
+  const qint64 now_ms = now_().toMSecsSinceEpoch();
+  Settle(&found->second, now_ms);
+  RunPage(&found->second, page, now_ms);
   Q_EMIT Changed();
   return true;
 }
@@ -194,6 +222,22 @@ std::optional<int> PanelEngine::ShownPage(int id, const QDateTime& now) const {
 StoredPage PanelEngine::ShownRows(int id, const QDateTime& now) const {
   const auto page = ShownPage(id, now);
   return page ? FindPanel(id)->pages.value(*page) : StoredPage();
+}
+
+std::optional<PageEntrance> PanelEngine::LastEntrance(int id, const QDateTime& now) const {
+  const Member* member = FindMember(id);
+  if (member == nullptr) return std::nullopt;
+  const qint64 now_ms = now.toMSecsSinceEpoch();
+  if (const auto started = StartedAt(*member, now_ms)) {
+    const Schedule schedule = member->panel.schedules.value(started->letter);
+    const EntryAtTime at = EntryAt(schedule, now_ms - started->at_ms);
+    const ScheduleEntry& entry = schedule.entries[at.index];
+    const bool is_alone = schedule.entries.size() == 1;
+    return PageEntrance{entry.page, entry.feature, is_alone ? started->at_ms : now_ms - at.gone_ms};
+  }
+  if (!member->running_page) return std::nullopt;
+  return PageEntrance{*member->running_page,
+                      EffectOf(member->panel.schedules, *member->running_page), member->ran_at_ms};
 }
 
 QDateTime PanelEngine::Clock(int id, const QDateTime& now) const {
@@ -318,9 +362,7 @@ bool PanelEngine::Obey(const Frame& frame, Member* member, QString* note) {
       return true;
     }
     case Meaning::kRunPage:
-      member->running_page = frame.page;
-      member->started.reset();
-      panel.scrolling_lines.clear();
+      RunPage(member, frame.page, now_ms);
       if (!panel.pages.contains(frame.page)) *note = QStringLiteral("an empty page");
       return true;
     case Meaning::kMessageLine:

@@ -104,6 +104,17 @@ struct Playing {
   friend bool operator==(const Playing&, const Playing&) = default;
 };
 
+// How a page came to be shown: a schedule came to it, or it was run.
+struct PageEntrance {
+  int page = 0;
+  // The entry effect, A to H. A command to run a page names none: it is the one with which the
+  // first of the panel's schedules has this page, or A, Appear.
+  char effect = 'A';
+  qint64 began_ms = 0;  // in the time source's milliseconds
+
+  friend bool operator==(const PageEntrance&, const PageEntrance&) = default;
+};
+
 // What a panel holds. What it shows is asked of the engine: it depends on the time.
 struct Panel {
   PanelDescription description;
@@ -148,6 +159,8 @@ class PanelEngine : public QObject {
   // Plays a schedule from its first page on. False: there is no such panel, or it has no such
   // schedule.
   bool Play(int id, char letter);
+  // Runs a page as the command does. False: there is no such panel, or it has no such page.
+  bool Run(int id, int page);
   // Plays the schedule of this letter as soon as it arrives, due or not.
   void SetPlayOnArrival(std::optional<char> letter) { play_on_arrival_ = letter; }
 
@@ -164,6 +177,10 @@ class PanelEngine : public QObject {
   std::optional<int> RunningPage(int id, const QDateTime& now) const;
   std::optional<int> ShownPage(int id, const QDateTime& now) const;
   StoredPage ShownRows(int id, const QDateTime& now) const;
+  // Every page that a schedule comes to and every one that is run enters anew, also the one that is
+  // shown already; a schedule of a single page enters once. None: no page is shown, or its rows
+  // were just received.
+  std::optional<PageEntrance> LastEntrance(int id, const QDateTime& now) const;
   // The panel's own date and time, a wall-clock reading held as UTC; invalid: no such panel.
   QDateTime Clock(int id, const QDateTime& now) const;
   // When PlayingAt next answers otherwise without any frame, always behind `now`; none: never. A
@@ -183,8 +200,10 @@ class PanelEngine : public QObject {
 
  Q_SIGNALS:
   void FrameReceived(const VirtualPanel::FrameRecord& record);
-  // What a panel holds, shows or has for its clock, by a frame or by Play; not by the time alone.
+  // What a panel holds, shows or has for its clock, by a frame, by Play or by Run; not by the time
+  // alone.
   void Changed();
+  void FaultsChanged();
 
  private:
   // Moments are in the time source's milliseconds.
@@ -200,6 +219,7 @@ class PanelEngine : public QObject {
     // How things stood at `settled_at`: what has begun since then follows from the plan.
     qint64 settled_at = 0;
     std::optional<int> running_page;  // may be a page that is not stored: an empty one
+    qint64 ran_at_ms = 0;
     std::optional<int> last_received_page;
     std::optional<Start> started;
     mutable std::optional<WeekPlan> plan;  // worked out when it is first needed
@@ -212,6 +232,7 @@ class PanelEngine : public QObject {
   // Makes what has begun by the passing of time the state from which a frame goes on.
   static void Settle(Member* member, qint64 now_ms);
   static void Begin(Member* member, char letter, qint64 now_ms);
+  static void RunPage(Member* member, int page, qint64 now_ms);
 
   QList<Answer> Handle(const ReceivedFrame& received, const QString& line);
   bool Obey(const Frame& frame, Member* member, QString* note);

@@ -1,20 +1,33 @@
 #include "panel_view.h"
 
+#include <utility>
+
 #include <QPaintEvent>
 
 namespace VirtualPanel {
+namespace {
+
+constexpr char kAppear = 'A';
+
+}  // namespace
 
 PanelView::PanelView(const PanelEngine* engine, int id, QWidget* parent)
     : QWidget(parent), engine_(engine), id_(id) {
   setAccessibleName(QStringLiteral("Panel %1").arg(id));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  picture_.description = engine_->FindPanel(id)->description;
   Refresh(engine_->Now());
 }
 
 void PanelView::Refresh(const QDateTime& now) {
   const Panel* panel = engine_->FindPanel(id_);
-  picture_ = {panel->description, engine_->ShownRows(id_, now), engine_->Clock(id_, now),
-              panel->scrolling_lines, scroll_speed_};
+  auto entrance = NextEntrance(now);
+  picture_ = {panel->description,
+              engine_->ShownRows(id_, now),
+              engine_->Clock(id_, now),
+              panel->scrolling_lines,
+              scroll_speed_,
+              std::move(entrance)};
   is_blinking_ = HasBlinkingCells(picture_);
   QStringList lines;
   for (int row = 1; row <= picture_.description.rows; ++row) {
@@ -28,10 +41,34 @@ void PanelView::Refresh(const QDateTime& now) {
   update();
 }
 
+std::optional<Entrance> PanelView::NextEntrance(const QDateTime& now) {
+  const auto last = engine_->LastEntrance(id_, now);
+  const bool is_other =
+      last.has_value() != last_entrance_.has_value() ||
+      (last && (last->page != last_entrance_->page || last->began_ms != last_entrance_->began_ms));
+  last_entrance_ = last;
+  // The effect of a page that has entered already may become another one: that comes too late.
+  if (!is_other) return picture_.entrance;
+  if (!last || last->effect == kAppear) return std::nullopt;
+  return Entrance{DotsOf(picture_, now.toMSecsSinceEpoch()), last->effect, last->began_ms};
+}
+
+void PanelView::Enter(const QDateTime& now) {
+  if (!picture_.entrance) return;
+  if (!MsToNextFrame(now)) picture_.entrance.reset();
+  update();
+}
+
+std::optional<qint64> PanelView::MsToNextFrame(const QDateTime& now) const {
+  return VirtualPanel::MsToNextFrame(picture_, now.toMSecsSinceEpoch());
+}
+
 void PanelView::Scroll() {
   for (auto line = picture_.scrolling_lines.cbegin(); line != picture_.scrolling_lines.cend();
        ++line) {
-    update(RowRect(size(), picture_.description, line.key()).toAlignedRect());
+    const QRectF row = RowRect(size(), picture_.description, line.key(), devicePixelRatioF());
+    // Where the view itself lies between two pixels, what is drawn is moved to a whole one.
+    update(row.toAlignedRect().adjusted(-1, -1, 1, 1));
   }
 }
 

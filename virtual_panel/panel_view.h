@@ -1,9 +1,11 @@
-// One panel of the engine as a widget that scales with its window.
+// One panel of the engine as a widget that scales with its window. A page that a schedule comes to
+// or that is run enters by its effect; rows that arrive just appear.
 #pragma once
 
 #include <QWidget>
 
 #include "panel_drawing.h"
+#include "panel_engine.h"
 
 namespace VirtualPanel {
 
@@ -18,6 +20,10 @@ class PanelView : public QWidget {
   void Refresh(const QDateTime& now);
   // Draws again only where a text scrolls.
   void Scroll();
+  // Draws a page that is entering once more, the last time when it is all there.
+  void Enter(const QDateTime& now);
+  // How long until Enter should be called again; no page is entering: nothing.
+  std::optional<qint64> MsToNextFrame(const QDateTime& now) const;
   // How long until a scrolling text has moved; none scrolls: nothing.
   std::optional<qint64> MsToNextDot(const QDateTime& now) const;
   void SetScrollSpeed(int dots_per_second);
@@ -29,10 +35,14 @@ class PanelView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // The entrance of what is shown from now on, by what was shown until now.
+  std::optional<Entrance> NextEntrance(const QDateTime& now);
+
   const PanelEngine* engine_;
   int id_;
   int scroll_speed_ = kUsualScrollSpeed;
   PanelPicture picture_;
+  std::optional<PageEntrance> last_entrance_;
   bool is_blinking_ = false;
 };
 

@@ -1,11 +1,19 @@
 #include "panel_window.h"
 
+#include <optional>
+#include <vector>
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QFontDatabase>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QHeaderView>
+#include <QInputDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -13,6 +21,7 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <QtMath>
 
 namespace VirtualPanel {
 namespace {
@@ -22,13 +31,34 @@ enum TrafficColumn { kTimeColumn, kFrameColumn, kAnswerColumn, kMeaningColumn, k
 constexpr qsizetype kMostVisibleBytes = 2000;
 // Nobody sees a text move more often than that.
 constexpr qint64 kLeastScrollMs = 20;
-constexpr qint64 kMostTimerMs = 24 * 60 * kMinuteMs;
+constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
 constexpr qsizetype kMostToolTipEntries = 20;
-constexpr QSize kUsualSize(960, 720);
+constexpr QSize kUsualSize(1100, 860);
 constexpr int kLeastTrafficLines = 5;
 // Smaller dots cannot be read: a panel that is too wide for them is scrolled.
-constexpr double kLeastDotPixels = 2;
+constexpr double kLeastDotDistance = 2;
+constexpr double kGoodDotDistance = 3;
+// Larger ones are no dots any more.
+constexpr double kMostDotDistance = 24;
 constexpr double kMostOfScreen = 0.9;
+
+// What the menu offers, by the names of the command line.
+struct OfferedFault {
+  const char* caption;
+  const char* name;
+};
+constexpr OfferedFault kOfferedFaults[] = {
+    {"&Silent", "silent"},
+    {"Silent for the First &3 Answers", "silent:3"},
+    {"&Garbled Answers", "garbage"},
+    {"Lower-Case &Address", "lower-case"},
+    {"Answers in &Pieces", "pieces"},
+    {"Answers Late by &Half a Second", "late:500"},
+    {"Answers &Late by Two Seconds", "late:2000"},
+    {"Stray &Byte before Each Answer", "stray-byte"},
+    {"&Cut the Line after the Next Frame", "close-after:1"},
+    {"&Flood of Bytes", "flood"},
+};
 
 QString Separator() { return QStringLiteral("   \u00B7   "); }
 
@@ -90,6 +120,16 @@ QString ScheduleToolTip(const Schedule& schedule) {
   return lines.join(QLatin1Char('\n'));
 }
 
+// What is on a page, row by row.
+QString PageText(const PanelEngine& engine, int id, int page) {
+  const StoredPage rows = engine.FindPanel(id)->pages.value(page);
+  QStringList lines;
+  for (auto row = rows.cbegin(); row != rows.cend(); ++row) {
+    lines.append(QStringLiteral("%1.  %2").arg(row.key()).arg(RowText(*row, engine.Clock(id))));
+  }
+  return lines.join(QLatin1Char('\n'));
+}
+
 }  // namespace
 
 QString VisibleText(const QByteArray& bytes) {
@@ -119,15 +159,23 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   splitter->setStretchFactor(0, 3);
   splitter->setStretchFactor(1, 1);
   splitter->setChildrenCollapsible(false);
-  splitter->setSizes({kUsualSize.height() * 2 / 3, kUsualSize.height() / 3});
+  splitter->setSizes({kUsualSize.height() * 3 / 4, kUsualSize.height() / 4});
   auto* centre = new QWidget;
   auto* layout = new QVBoxLayout(centre);
   layout->addWidget(splitter);
   setCentralWidget(centre);
+  MakeMenus();
   lines_ = new QLabel;
   lines_->setObjectName(QStringLiteral("lines"));
   lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   statusBar()->addWidget(lines_, 1);
+  fault_names_ = new QLabel;
+  fault_names_->setObjectName(QStringLiteral("fault_names"));
+  fault_names_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  // As a warning lamp: nobody should look for a fault that he has set himself.
+  fault_names_->setStyleSheet(
+      QStringLiteral("background: #ffb000; color: black; padding: 1px 8px; border-radius: 3px;"));
+  statusBar()->addPermanentWidget(fault_names_);
 
   blink_timer_.setObjectName(QStringLiteral("blink_timer"));
   clock_timer_.setObjectName(QStringLiteral("clock_timer"));
@@ -135,13 +183,15 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   clock_timer_.setParent(this);
   play_timer_.setObjectName(QStringLiteral("play_timer"));
   scroll_timer_.setObjectName(QStringLiteral("scroll_timer"));
+  entrance_timer_.setObjectName(QStringLiteral("entrance_timer"));
+  entrance_timer_.setParent(this);
   play_timer_.setParent(this);
   scroll_timer_.setParent(this);
-  for (QTimer* timer :
-       {&refresh_timer_, &blink_timer_, &clock_timer_, &play_timer_, &scroll_timer_}) {
+  for (QTimer* timer : {&refresh_timer_, &blink_timer_, &clock_timer_, &play_timer_, &scroll_timer_,
+                        &entrance_timer_}) {
     timer->setSingleShot(true);
   }
-  for (QTimer* timer : {&blink_timer_, &play_timer_, &scroll_timer_}) {
+  for (QTimer* timer : {&blink_timer_, &play_timer_, &scroll_timer_, &entrance_timer_}) {
     timer->setTimerType(Qt::PreciseTimer);
   }
   connect(&refresh_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
@@ -149,6 +199,8 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   connect(&clock_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
   connect(&play_timer_, &QTimer::timeout, this, &PanelWindow::Refresh);
   connect(&scroll_timer_, &QTimer::timeout, this, &PanelWindow::Scroll);
+  connect(&entrance_timer_, &QTimer::timeout, this, &PanelWindow::Enter);
+  connect(engine_, &PanelEngine::FaultsChanged, this, &PanelWindow::RefreshFaults);
   // Many frames that come at once are shown at once.
   const auto refresh_soon = [this] {
     if (!refresh_timer_.isActive()) refresh_timer_.start(0);
@@ -161,6 +213,7 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
           });
   for (const FrameRecord& record : engine_->Frames()) AddTraffic(record);
   Refresh();
+  RefreshFaults();
 
   resize(kUsualSize.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
@@ -191,6 +244,7 @@ QWidget* PanelWindow::MakePanels() {
     place.playing->setTextInteractionFlags(Qt::TextSelectableByMouse);
     place.playing->setAlignment(Qt::AlignHCenter);
     place.playing->hide();
+    MakePages(&place);
     MakeSchedules(&place);
 
     // A panel that is too wide for the window is scrolled by itself.
@@ -202,6 +256,7 @@ QWidget* PanelWindow::MakePanels() {
     place.scroll = scroll;
     layout->addWidget(scroll);
     layout->addWidget(place.facts);
+    layout->addWidget(place.stored);
     layout->addWidget(place.playing);
     layout->addWidget(place.schedules);
     layout->addStretch();
@@ -216,8 +271,40 @@ QWidget* PanelWindow::MakePanels() {
   return panels_;
 }
 
+void PanelWindow::MakePages(Place* place) {
+  const int id = place->id;
+  place->pages =
+      new PageStrip([engine = engine_, id](int page) { return PageText(*engine, id, page); });
+  place->pages->setObjectName(QStringLiteral("pages_%1").arg(id));
+  place->pages->setAccessibleName(QStringLiteral("Stored pages of panel %1").arg(id));
+  connect(place->pages, &PageStrip::Chosen, this, [this, id](int page) { engine_->Run(id, page); });
+  place->stored = new QWidget;
+  place->stored->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  auto* layout = new QHBoxLayout(place->stored);
+  layout->setContentsMargins(0, 0, 0, 0);
+  auto* caption = new QLabel(QStringLiteral("Pages"));
+  caption->setObjectName(QStringLiteral("pages_caption_%1").arg(id));
+  caption->setBuddy(place->pages);
+  layout->addStretch();
+  layout->addWidget(caption);
+  layout->addWidget(place->pages);
+  layout->addStretch();
+  place->pages_caption = caption;
+  place->stored->hide();
+}
+
+bool PanelWindow::RefreshPages(Place* place, const QDateTime& now) {
+  const QList<int> pages = engine_->FindPanel(place->id)->pages.keys();
+  place->pages->SetPages(pages, engine_->ShownPage(place->id, now));
+  place->stored->setHidden(pages.isEmpty());
+  const bool is_other = pages.size() != place->page_count;
+  place->page_count = pages.size();
+  return is_other;
+}
+
 void PanelWindow::MakeSchedules(Place* place) {
   place->schedules = new QWidget;
+  place->schedules->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* grid = new QGridLayout(place->schedules);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setAlignment(Qt::AlignHCenter);
@@ -288,17 +375,17 @@ int PanelWindow::ArrangeSchedules(Place* place, int width) {
 
 void PanelWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange) StartScrollTimer(engine_->Now());
+  if (event->type() == QEvent::WindowStateChange) StartMotionTimers(engine_->Now());
 }
 
 void PanelWindow::hideEvent(QHideEvent* event) {
   QMainWindow::hideEvent(event);
-  scroll_timer_.stop();
+  StartMotionTimers(engine_->Now());
 }
 
 void PanelWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
-  StartScrollTimer(engine_->Now());
+  StartMotionTimers(engine_->Now());
 }
 
 bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -312,25 +399,57 @@ void PanelWindow::Arrange() {
   const double width = panels_->width() - bar;
   const int spacing = panels_->widget()->layout()->spacing();
 
-  double free_height = panels_->height();
-  double wanted_height = 0;
+  int free_height = panels_->height();
   for (Place& place : places_) {
-    const QSizeF dots = SizeInDots(place.view->Picture().description);
     free_height -= place.facts->heightForWidth(qRound(width)) + 2 * spacing;
+    if (!place.stored->isHidden()) {
+      const int caption_width =
+          place.pages_caption->sizeHint().width() + place.stored->layout()->spacing();
+      free_height -= place.pages->Arrange(qRound(width) - caption_width) + spacing;
+    }
     if (!place.schedules->isHidden()) {
       free_height -= place.playing->sizeHint().height() + ArrangeSchedules(&place, qRound(width)) +
                      2 * spacing;
     }
-    wanted_height += dots.height() * qMax(width / dots.width(), kLeastDotPixels);
   }
-  const double shrink = wanted_height > free_height ? free_height / wanted_height : 1;
-  for (const Place& place : std::as_const(places_)) {
-    const QSizeF dots = SizeInDots(place.view->Picture().description);
-    const double fitting = width / dots.width();
-    const bool is_too_wide = fitting < kLeastDotPixels;
-    const double dot = is_too_wide ? kLeastDotPixels : qMax(fitting * shrink, kLeastDotPixels);
-    place.view->setMinimumWidth(is_too_wide ? qRound(dots.width() * dot) : 0);
-    place.scroll->setFixedHeight(qRound(dots.height() * dot) + (is_too_wide ? bar : 0));
+  // Dot by dot of its own pixels each panel grows, the one with the smallest dots first, until it
+  // is as wide as the window or there is no more height.
+  const double pixel = 1 / devicePixelRatioF();
+  std::vector<double> distances(static_cast<std::size_t>(places_.size()), kLeastDotDistance);
+  const auto dots_of = [&](std::size_t i) {
+    const auto& place = places_[static_cast<qsizetype>(i)];
+    return SizeInDots(place.view->Picture().description);
+  };
+  const auto height_of = [&](std::size_t i, double distance) {
+    return qCeil(dots_of(i).height() * distance);
+  };
+  for (std::size_t i = 0; i < distances.size(); ++i) free_height -= height_of(i, distances[i]);
+  // If the panels must be scrolled anyway, they can have dots that are good to look at.
+  if (free_height < 0) {
+    for (std::size_t i = 0; i < distances.size(); ++i) {
+      if (dots_of(i).width() * kGoodDotDistance <= width) distances[i] = kGoodDotDistance;
+    }
+  }
+  for (;;) {
+    std::optional<std::size_t> smallest;
+    for (std::size_t i = 0; i < distances.size(); ++i) {
+      const double next = distances[i] + pixel;
+      const bool has_room = dots_of(i).width() * next <= width &&
+                            height_of(i, next) - height_of(i, distances[i]) <= free_height &&
+                            next <= kMostDotDistance;
+      if (has_room && (!smallest || distances[i] < distances[*smallest])) smallest = i;
+    }
+    if (!smallest) break;
+    double& distance = distances[*smallest];
+    free_height -= height_of(*smallest, distance + pixel) - height_of(*smallest, distance);
+    distance += pixel;
+  }
+  for (std::size_t i = 0; i < distances.size(); ++i) {
+    const Place& place = places_[static_cast<qsizetype>(i)];
+    const double dots_width = dots_of(i).width() * distances[i];
+    const bool is_too_wide = dots_width > width;
+    place.view->setMinimumWidth(is_too_wide ? qCeil(dots_width) : 0);
+    place.scroll->setFixedHeight(height_of(i, distances[i]) + (is_too_wide ? bar : 0));
   }
 }
 
@@ -370,6 +489,85 @@ QWidget* PanelWindow::MakeTraffic() {
   return traffic_;
 }
 
+void PanelWindow::MakeMenus() {
+  auto* file = menuBar()->addMenu(QStringLiteral("&Program"));
+  file->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
+                  &PanelWindow::close);
+
+  auto* faults = menuBar()->addMenu(QStringLiteral("&Faults"));
+  faults->setObjectName(QStringLiteral("faults"));
+  no_fault_ = faults->addAction(QStringLiteral("&None"), this, [this] {
+    SetPlugged(true);
+    engine_->SetFaults(Faults());
+  });
+  no_fault_->setObjectName(QStringLiteral("fault_none"));
+  no_fault_->setCheckable(true);
+  faults->addSeparator();
+  for (const OfferedFault& fault : kOfferedFaults) {
+    const QString name = QLatin1String(fault.name);
+    QAction* action =
+        faults->addAction(QLatin1String(fault.caption), this,
+                          [this, name](bool is_wanted) { ToggleFault(name, is_wanted); });
+    action->setObjectName(QStringLiteral("fault_") + name);
+    action->setCheckable(true);
+    faults_.insert(name, action);
+  }
+  faults->addAction(QStringLiteral("&Other\u2026"), this, &PanelWindow::AskForFault)
+      ->setObjectName(QStringLiteral("fault_other"));
+  faults->addSeparator();
+  unplugged_ = faults->addAction(QStringLiteral("&Unplugged"), this,
+                                 [this](bool is_wanted) { SetPlugged(!is_wanted); });
+  unplugged_->setObjectName(QStringLiteral("fault_unplugged"));
+  unplugged_->setCheckable(true);
+}
+
+void PanelWindow::ToggleFault(const QString& name, bool is_wanted) {
+  Faults faults = engine_->CurrentFaults();
+  if (is_wanted) {
+    ParseFault(name, &faults, nullptr);
+  } else {
+    RemoveFault(name, &faults);
+  }
+  engine_->SetFaults(faults);
+}
+
+void PanelWindow::AskForFault() {
+  bool is_entered = false;
+  const QString name = QInputDialog::getText(
+      this, QStringLiteral("Fault"),
+      QStringLiteral("One of %1:").arg(FaultNames().join(QStringLiteral(", "))), QLineEdit::Normal,
+      QString(), &is_entered);
+  if (!is_entered) return;
+  Faults faults = engine_->CurrentFaults();
+  QString error;
+  if (ParseFault(name.trimmed(), &faults, &error)) {
+    engine_->SetFaults(faults);
+  } else {
+    QMessageBox::warning(this, QStringLiteral("Fault"), error);
+  }
+}
+
+void PanelWindow::SetPlugged(bool plugged) {
+  if (plugged != is_plugged_) {
+    is_plugged_ = plugged;
+    Q_EMIT Plugged(plugged);
+  }
+  RefreshFaults();
+}
+
+void PanelWindow::RefreshFaults() {
+  const Faults& faults = engine_->CurrentFaults();
+  for (auto fault = faults_.cbegin(); fault != faults_.cend(); ++fault) {
+    (*fault)->setChecked(HasFault(fault.key(), faults));
+  }
+  QStringList names = NamesOf(faults);
+  if (!is_plugged_) names.append(QStringLiteral("unplugged"));
+  unplugged_->setChecked(!is_plugged_);
+  no_fault_->setChecked(names.isEmpty());
+  fault_names_->setText(QStringLiteral("Fault: ") + names.join(QStringLiteral(", ")));
+  fault_names_->setHidden(names.isEmpty());
+}
+
 void PanelWindow::Refresh() {
   // One moment for all, so that what is shown and when it is next looked at fit each other.
   const QDateTime now = engine_->Now();
@@ -377,6 +575,7 @@ void PanelWindow::Refresh() {
   for (Place& place : places_) {
     place.view->Refresh(now);
     place.facts->setText(Facts(*engine_, place.id, now));
+    is_other |= RefreshPages(&place, now);
     is_other |= RefreshSchedules(&place, now);
   }
   if (is_other) Arrange();
@@ -388,12 +587,32 @@ void PanelWindow::Blink() {
   for (const Place& place : std::as_const(places_)) {
     if (place.view->IsBlinking()) place.view->update();
   }
-  StartTimers(engine_->Now());
+  StartMotionTimers(engine_->Now());
 }
 
 void PanelWindow::Scroll() {
   for (const Place& place : std::as_const(places_)) place.view->Scroll();
   StartScrollTimer(engine_->Now());
+}
+
+void PanelWindow::Enter() {
+  const QDateTime now = engine_->Now();
+  for (const Place& place : std::as_const(places_)) place.view->Enter(now);
+  StartEntranceTimer(now);
+  if (!entrance_timer_.isActive()) Q_EMIT Refreshed();
+}
+
+void PanelWindow::StartMotionTimers(const QDateTime& now) {
+  // To the next change of phase, so that nothing drifts.
+  bool is_blinking = false;
+  for (const Place& place : std::as_const(places_)) is_blinking |= place.view->IsBlinking();
+  if (is_blinking && IsSeen()) {
+    blink_timer_.start(static_cast<int>(kBlinkMs - now.toMSecsSinceEpoch() % kBlinkMs));
+  } else {
+    blink_timer_.stop();
+  }
+  StartScrollTimer(now);
+  StartEntranceTimer(now);
 }
 
 void PanelWindow::StartScrollTimer(const QDateTime& now) {
@@ -402,23 +621,27 @@ void PanelWindow::StartScrollTimer(const QDateTime& now) {
     const auto to_next_dot = place.view->MsToNextDot(now);
     if (to_next_dot) wait = wait ? qMin(*wait, *to_next_dot) : *to_next_dot;
   }
-  // Nobody looks at a window that is hidden or minimised.
-  if (!wait || !isVisible() || isMinimized()) {
-    scroll_timer_.stop();
-  } else {
+  if (wait && IsSeen()) {
     scroll_timer_.start(static_cast<int>(qMax(*wait, kLeastScrollMs)));
+  } else {
+    scroll_timer_.stop();
+  }
+}
+
+void PanelWindow::StartEntranceTimer(const QDateTime& now) {
+  std::optional<qint64> wait;
+  for (const Place& place : std::as_const(places_)) {
+    const auto to_next_frame = place.view->MsToNextFrame(now);
+    if (to_next_frame) wait = wait ? qMin(*wait, *to_next_frame) : *to_next_frame;
+  }
+  if (wait && IsSeen()) {
+    entrance_timer_.start(static_cast<int>(*wait));
+  } else {
+    entrance_timer_.stop();
   }
 }
 
 void PanelWindow::StartTimers(const QDateTime& now) {
-  // To the next change of phase, so that nothing drifts.
-  bool is_blinking = false;
-  for (const Place& place : std::as_const(places_)) is_blinking |= place.view->IsBlinking();
-  if (is_blinking) {
-    blink_timer_.start(static_cast<int>(kBlinkMs - now.toMSecsSinceEpoch() % kBlinkMs));
-  } else {
-    blink_timer_.stop();
-  }
   // To the next minute of any panel: their clocks show no seconds.
   qint64 to_next_minute = kMinuteMs;
   for (const Place& place : std::as_const(places_)) {
@@ -433,7 +656,7 @@ void PanelWindow::StartTimers(const QDateTime& now) {
   } else {
     play_timer_.stop();
   }
-  StartScrollTimer(now);
+  StartMotionTimers(now);
 }
 
 void PanelWindow::AddTraffic(const FrameRecord& record) {

@@ -1,7 +1,9 @@
-// The program's window: every panel of the engine with what it is, holds and plays, its schedules
-// as buttons that play them, and the traffic below. It wakes only when what it shows changes.
+// The program's window: every panel of the engine with what it is, holds and plays, its pages and
+// schedules to be chosen, the traffic below, and the faults to play with in a menu. It wakes only
+// when what it shows changes; while nobody can see it, nothing moves.
 #pragma once
 
+#include <QAction>
 #include <QLabel>
 #include <QList>
 #include <QMainWindow>
@@ -11,6 +13,7 @@
 #include <QTableWidget>
 #include <QTimer>
 
+#include "page_strip.h"
 #include "panel_engine.h"
 #include "panel_view.h"
 
@@ -31,7 +34,9 @@ class PanelWindow : public QMainWindow {
   void SetScrollSpeed(int dots_per_second);
 
  Q_SIGNALS:
-  // The window shows the engine's latest change.
+  // From the menu: the lines are to be cut, or can be reached again.
+  void Plugged(bool plugged);
+  // The window shows the engine's latest change; once more when a page has entered.
   void Refreshed();
 
  protected:
@@ -47,25 +52,44 @@ class PanelWindow : public QMainWindow {
     QScrollArea* scroll = nullptr;  // around the view
     QLabel* facts = nullptr;
     QLabel* playing = nullptr;
+    QWidget* stored = nullptr;  // around the pages
+    QLabel* pages_caption = nullptr;
+    PageStrip* pages = nullptr;
+    qsizetype page_count = 0;
     QWidget* schedules = nullptr;      // around the buttons
     QMap<char, QPushButton*> letters;  // one for each schedule that a panel may have
     QString shape;                     // of the buttons as they are arranged
   };
 
   QWidget* MakePanels();
+  void MakePages(Place* place);
   void MakeSchedules(Place* place);
+  // Whether its pages have become others.
+  bool RefreshPages(Place* place, const QDateTime& now);
   // Whether its buttons have become others or have other captions.
   bool RefreshSchedules(Place* place, const QDateTime& now);
   // Lays the buttons out in as many columns as fit, and returns their height.
   int ArrangeSchedules(Place* place, int width);
   QWidget* MakeTraffic();
+  void MakeMenus();
+  void ToggleFault(const QString& name, bool is_wanted);
+  void AskForFault();
+  void SetPlugged(bool plugged);
+  // The menu and the status line say what is wrong.
+  void RefreshFaults();
   // Makes all panels as large as fits the window.
   void Arrange();
   void Refresh();
   void Blink();
   void Scroll();
+  void Enter();
   void StartTimers(const QDateTime& now);
+  // Of what moves without a change of the engine's.
+  void StartMotionTimers(const QDateTime& now);
   void StartScrollTimer(const QDateTime& now);
+  void StartEntranceTimer(const QDateTime& now);
+  // Nobody looks at a window that is hidden or minimised.
+  bool IsSeen() const { return isVisible() && !isMinimized(); }
   void AddTraffic(const FrameRecord& record);
   void CopyTraffic();
 
@@ -74,11 +98,17 @@ class PanelWindow : public QMainWindow {
   QScrollArea* panels_ = nullptr;
   QTableWidget* traffic_ = nullptr;
   QLabel* lines_ = nullptr;
+  QLabel* fault_names_ = nullptr;
+  QMap<QString, QAction*> faults_;  // by their names
+  QAction* no_fault_ = nullptr;
+  QAction* unplugged_ = nullptr;
+  bool is_plugged_ = true;
   QTimer refresh_timer_;
   QTimer blink_timer_;
   QTimer clock_timer_;
   QTimer play_timer_;
   QTimer scroll_timer_;
+  QTimer entrance_timer_;
 };
 
 // Bytes as a reader can see them: "<CR>", "<LF>", other control characters as "<07>", a long text

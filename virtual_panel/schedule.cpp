@@ -144,13 +144,13 @@ EntryAtTime EntryAt(const Schedule& schedule, qint64 elapsed_ms) {
   qint64 total = 0;
   for (const ScheduleEntry& entry : schedule.entries) total += EntryMs(entry);
   if (total == 0) return {};
-  qint64 left = FloorModulo(elapsed_ms, total);
+  qint64 gone = FloorModulo(elapsed_ms, total);
   qsizetype index = 0;
-  while (left >= EntryMs(schedule.entries[index])) {
-    left -= EntryMs(schedule.entries[index]);
+  while (gone >= EntryMs(schedule.entries[index])) {
+    gone -= EntryMs(schedule.entries[index]);
     ++index;
   }
-  return {index, EntryMs(schedule.entries[index]) - left};
+  return {index, gone, EntryMs(schedule.entries[index]) - gone};
 }
 
 std::optional<char> OwnerOf(const Schedules& schedules, qint64 minute_of_week) {

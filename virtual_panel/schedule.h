@@ -52,6 +52,7 @@ QString ScheduleTime(const Schedule& schedule);
 // has an answer, a negative one too.
 struct EntryAtTime {
   qsizetype index = 0;
+  qint64 gone_ms = 0;  // since it began
   qint64 left_ms = 0;  // until the next entry
 };
 EntryAtTime EntryAt(const Schedule& schedule, qint64 elapsed_ms);

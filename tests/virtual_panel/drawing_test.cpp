@@ -1,18 +1,18 @@
+#include <QDir>
 #include <QImage>
 
 #include <gtest/gtest.h>
 
+#include "led_of.h"
 #include "panel_drawing.h"
 
 namespace VirtualPanel {
 namespace {
 
-const QColor kRed(255, 0, 0);
-const QColor kGreen(0, 255, 0);
-const QColor kYellow(255, 255, 0);
-
 // A panel of two rows and 60 dot columns, ten pixels a dot: a frame of 2 dots, rows of 8 with 1
 // between.
+constexpr int kColumns = 60;
+constexpr int kPitch = 10;
 constexpr QSize kSize(640, 210);
 
 // Where the rows of that panel are.
@@ -33,22 +33,34 @@ class DrawingTest : public testing::Test {
     DrawPanel(&painter, kSize, picture_, now_ms);
   }
 
-  int Count(const QRect& area, const QColor& colour) const {
+  // The LED at a dot of a row: column and height counted from 0.
+  Led At(const QRect& row, int column, int height) const {
+    return LedOf(image_.pixelColor(row.left() + column * kPitch + kPitch / 2,
+                                   row.top() + height * kPitch + kPitch / 2));
+  }
+
+  // How many dots of a row have an LED of this colour, from one column to before another.
+  int Count(const QRect& row, Led led, int first = 0, int last = kColumns) const {
     int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-      for (int x = area.left(); x <= area.right(); ++x) {
-        if (image_.pixelColor(x, y) == colour) ++count;
+    for (int column = first; column < last; ++column) {
+      for (int height = 0; height < 8; ++height) {
+        if (At(row, column, height) == led) ++count;
       }
     }
     return count;
   }
 
-  // Cell `index` of a row whose cells are all of normal size.
-  static QRect CellOf(const QRect& row, int index) {
-    return {row.left() + index * 60, row.top(), 60, row.height()};
+  // Whether there is amber in the frame at the right of a row.
+  bool IsMarkedAsCut(const QRect& row) const {
+    for (int y = row.top(); y <= row.bottom(); ++y) {
+      for (int x = row.right() + 1; x < kSize.width(); ++x) {
+        if (LedOf(image_.pixelColor(x, y)) == Led::kYellow) return true;
+      }
+    }
+    return false;
   }
 
-  PanelPicture picture_{{1, 2, 60, true}, {}, QDateTime(QDate(2026, 11, 21), QTime(9, 5))};
+  PanelPicture picture_{{1, 2, kColumns, true}, {}, QDateTime(QDate(2026, 11, 21), QTime(9, 5))};
   QImage image_;
 };
 
@@ -60,13 +72,24 @@ TEST_F(DrawingTest, PlacesTheRowsInTheFrame) {
   EXPECT_EQ(RowRect(QSizeF(840, 210), picture_.description, 1), QRectF(kRowOne).translated(100, 0));
 }
 
-TEST_F(DrawingTest, ShowsDimBandsWithoutAPage) {
+TEST_F(DrawingTest, GivesEachDotAWholeNumberOfPixels) {
+  EXPECT_EQ(DotDistance(kSize, picture_.description), 10);
+  EXPECT_EQ(DotDistance(QSizeF(703, 230), picture_.description), 10);
+  EXPECT_EQ(RowRect(QSizeF(703, 230), picture_.description, 1), QRectF(kRowOne).translated(31, 10));
+  EXPECT_EQ(DotDistance(QSizeF(703, 300), picture_.description), 10);
+  EXPECT_EQ(DotDistance(QSizeF(704, 300), picture_.description), 11);
+  // On a screen of two pixels for each unit a dot may have half a unit more.
+  EXPECT_EQ(DotDistance(QSizeF(703, 230), picture_.description, 2), 10.5);
+  // Where there is no room for a pixel each, the panel is as large as the place.
+  EXPECT_EQ(DotDistance(QSizeF(32, 210), picture_.description), 0.5);
+}
+
+TEST_F(DrawingTest, ShowsDimDotsWithoutAPage) {
   Draw();
-  const QColor band = image_.pixelColor(kRowOne.center());
-  EXPECT_EQ(Count(kRowOne, band), 600 * 80);
-  EXPECT_EQ(Count(kRowTwo, band), 600 * 80);
-  EXPECT_LT(band.value(), 40);
-  EXPECT_NE(band, QColor(0, 0, 0));
+  EXPECT_EQ(Count(kRowOne, Led::kDark), 60 * 8);
+  EXPECT_EQ(Count(kRowTwo, Led::kDark), 60 * 8);
+  // Each is round, with darkness around it.
+  EXPECT_LT(image_.pixelColor(kRowOne.topLeft()).value(), 30);
   EXPECT_EQ(image_.pixelColor(300, 105), QColor(0, 0, 0));
 }
 
@@ -74,82 +97,77 @@ TEST_F(DrawingTest, ShowsPlainColoursInTheirRows) {
   SetRow(1, "<CA>HHH");
   SetRow(2, "<CB>H<CC>H");
   Draw();
-  EXPECT_GT(Count(kRowOne, kRed), 500);
-  EXPECT_EQ(Count(kRowOne, kGreen), 0);
-  EXPECT_EQ(Count(kRowTwo, kRed), 0);
-  EXPECT_GT(Count(CellOf(kRowTwo, 0), kGreen), 500);
-  EXPECT_EQ(Count(CellOf(kRowTwo, 0), kYellow), 0);
-  EXPECT_GT(Count(CellOf(kRowTwo, 1), kYellow), 500);
+  // An H has two strokes of seven dots and three between them.
+  EXPECT_EQ(Count(kRowOne, Led::kRed), 3 * 17);
+  EXPECT_EQ(Count(kRowOne, Led::kGreen), 0);
+  EXPECT_EQ(Count(kRowTwo, Led::kRed), 0);
+  EXPECT_EQ(Count(kRowTwo, Led::kGreen, 0, 6), 17);
+  EXPECT_EQ(Count(kRowTwo, Led::kYellow, 0, 6), 0);
+  EXPECT_EQ(Count(kRowTwo, Led::kYellow, 6, 12), 17);
 }
 
 TEST_F(DrawingTest, LightsTheBackgroundOfOnColours) {
   SetRow(1, "<CJ>H<CK>H");
   Draw();
-  const QRect red_on_green = CellOf(kRowOne, 0);
-  EXPECT_EQ(image_.pixelColor(red_on_green.topLeft() + QPoint(2, 2)), kGreen);
-  EXPECT_GT(Count(red_on_green, kRed), 500);
-  const QRect green_on_red = CellOf(kRowOne, 1);
-  EXPECT_EQ(image_.pixelColor(green_on_red.bottomRight() - QPoint(2, 2)), kRed);
-  EXPECT_GT(Count(green_on_red, kGreen), 500);
+  EXPECT_EQ(At(kRowOne, 5, 0), Led::kGreen);
+  EXPECT_EQ(Count(kRowOne, Led::kRed, 0, 6), 17);
+  EXPECT_EQ(Count(kRowOne, Led::kGreen, 0, 6), 6 * 8 - 17);
+  EXPECT_EQ(At(kRowOne, 11, 7), Led::kRed);
+  EXPECT_EQ(Count(kRowOne, Led::kGreen, 6, 12), 17);
+  EXPECT_EQ(Count(kRowOne, Led::kRed, 6, 12), 6 * 8 - 17);
 }
 
 TEST_F(DrawingTest, GivesThreeDimensionalColoursAnEdge) {
   struct Case {
     char letter;
-    QColor first;
-    QColor second;
+    Led first;
+    Led second;
   };
   for (const Case& colour :
-       {Case{'D', kRed, kGreen}, Case{'E', kRed, kYellow}, Case{'F', kGreen, kRed},
-        Case{'G', kGreen, kYellow}, Case{'H', kYellow, kRed}, Case{'I', kYellow, kGreen}}) {
+       {Case{'D', Led::kRed, Led::kGreen}, Case{'E', Led::kRed, Led::kYellow},
+        Case{'F', Led::kGreen, Led::kRed}, Case{'G', Led::kGreen, Led::kYellow},
+        Case{'H', Led::kYellow, Led::kRed}, Case{'I', Led::kYellow, Led::kGreen}}) {
     SetRow(1, QByteArray("<C") + colour.letter + ">H");
     Draw();
-    EXPECT_GT(Count(kRowOne, colour.first), 500) << colour.letter;
-    EXPECT_GT(Count(kRowOne, colour.second), 100) << colour.letter;
+    EXPECT_EQ(Count(kRowOne, colour.first), 17) << colour.letter;
+    EXPECT_GT(Count(kRowOne, colour.second), 10) << colour.letter;
     // The leftmost colour of a vertical stroke is the first, the rightmost the second.
-    QList<QColor> met;
-    for (int x = kRowOne.left(); x < kRowOne.left() + 66; ++x) {
-      const QColor pixel = image_.pixelColor(x, kRowOne.top() + 30);
-      if (pixel == colour.first || pixel == colour.second) met.append(pixel);
+    QList<Led> met;
+    for (int column = 0; column < 6; ++column) {
+      const Led led = At(kRowOne, column, 2);
+      if (led == colour.first || led == colour.second) met.append(led);
     }
     ASSERT_FALSE(met.isEmpty()) << colour.letter;
     EXPECT_EQ(met.first(), colour.first) << colour.letter;
     EXPECT_EQ(met.last(), colour.second) << colour.letter;
+    // Below the lowest dots of the strokes there is an edge, too.
+    EXPECT_EQ(At(kRowOne, 1, 7), colour.second) << colour.letter;
   }
 }
 
-TEST_F(DrawingTest, GivesShadowColoursABackgroundAndABlackShadow) {
+TEST_F(DrawingTest, GivesShadowColoursABackgroundAndADarkShadow) {
   struct Case {
     char letter;
-    QColor first;
-    QColor second;
+    Led first;
+    Led second;
   };
-  for (const Case& colour : {Case{'L', kRed, kGreen}, Case{'M', kGreen, kRed},
-                             Case{'N', kYellow, kRed}, Case{'O', kYellow, kGreen}}) {
+  for (const Case& colour :
+       {Case{'L', Led::kRed, Led::kGreen}, Case{'M', Led::kGreen, Led::kRed},
+        Case{'N', Led::kYellow, Led::kRed}, Case{'O', Led::kYellow, Led::kGreen}}) {
     SetRow(1, QByteArray("<C") + colour.letter + ">H");
     Draw();
-    const QRect cell = CellOf(kRowOne, 0);
-    EXPECT_EQ(image_.pixelColor(cell.topLeft() + QPoint(2, 2)), colour.second) << colour.letter;
-    EXPECT_GT(Count(cell, colour.first), 500) << colour.letter;
-    EXPECT_GT(Count(cell, QColor(0, 0, 0)), 100) << colour.letter;
+    EXPECT_EQ(At(kRowOne, 5, 0), colour.second) << colour.letter;
+    EXPECT_EQ(Count(kRowOne, colour.first), 17) << colour.letter;
+    EXPECT_GT(Count(kRowOne, Led::kDark, 0, 6), 10) << colour.letter;
   }
 }
 
 TEST_F(DrawingTest, RunsTheRainbowThroughTheColours) {
   SetRow(1, "<SC><CP>HHHHHHHHHH");
   Draw();
-  bool has_red = false;
-  bool has_green = false;
-  bool has_yellow = false;
-  for (int x = kRowOne.left(); x <= kRowOne.right(); ++x) {
-    const QColor pixel = image_.pixelColor(x, kRowOne.top() + 30);
-    has_red |= pixel.red() > 200 && pixel.green() < 60;
-    has_green |= pixel.green() > 200 && pixel.red() < 60;
-    has_yellow |= pixel.green() > 200 && pixel.red() > 200;
-  }
-  EXPECT_TRUE(has_red);
-  EXPECT_TRUE(has_green);
-  EXPECT_TRUE(has_yellow);
+  EXPECT_GT(Count(kRowOne, Led::kRed), 50);
+  EXPECT_GT(Count(kRowOne, Led::kGreen), 50);
+  EXPECT_GT(Count(kRowOne, Led::kYellow), 50);
 }
 
 TEST_F(DrawingTest, ShowsEverythingRedOnASingleColourPanel) {
@@ -157,10 +175,8 @@ TEST_F(DrawingTest, ShowsEverythingRedOnASingleColourPanel) {
   for (char colour = 'A'; colour <= 'P'; ++colour) {
     SetRow(1, QByteArray("<C") + colour + ">H");
     Draw();
-    EXPECT_GT(Count(kRowOne, kRed), 500) << colour;
-    for (int x = kRowOne.left(); x <= kRowOne.right(); ++x) {
-      ASSERT_LT(image_.pixelColor(x, kRowOne.center().y()).green(), 40) << colour;
-    }
+    EXPECT_EQ(Count(kRowOne, Led::kRed), 17) << colour;
+    EXPECT_EQ(Count(kRowOne, Led::kDark), 60 * 8 - 17) << colour;
   }
 }
 
@@ -168,28 +184,42 @@ TEST_F(DrawingTest, DrawsBoldWithMoreLight) {
   SetRow(1, "<SA>H");
   SetRow(2, "<SC>H");
   Draw();
-  EXPECT_GT(Count(kRowTwo, kRed), Count(kRowOne, kRed) * 5 / 4);
+  EXPECT_GT(Count(kRowTwo, Led::kRed), Count(kRowOne, Led::kRed) * 5 / 4);
 }
 
 TEST_F(DrawingTest, GivesCompressedCellsFiveDotsAndNormalOnesSix) {
   SetRow(1, "<SA><CJ>  <CK> ");
   SetRow(2, "<SB><CJ>  <CK> ");
   Draw();
-  EXPECT_EQ(image_.pixelColor(20 + 118, 60), kGreen);
-  EXPECT_EQ(image_.pixelColor(20 + 122, 60), kRed);
-  EXPECT_EQ(image_.pixelColor(20 + 98, 150), kGreen);
-  EXPECT_EQ(image_.pixelColor(20 + 102, 150), kRed);
-  EXPECT_EQ(image_.pixelColor(20 + 148, 150), kRed);
-  EXPECT_NE(image_.pixelColor(20 + 152, 150), kRed);
+  EXPECT_EQ(At(kRowOne, 11, 4), Led::kGreen);
+  EXPECT_EQ(At(kRowOne, 12, 4), Led::kRed);
+  EXPECT_EQ(At(kRowTwo, 9, 4), Led::kGreen);
+  EXPECT_EQ(At(kRowTwo, 10, 4), Led::kRed);
+  EXPECT_EQ(At(kRowTwo, 14, 4), Led::kRed);
+  EXPECT_EQ(At(kRowTwo, 15, 4), Led::kDark);
 }
 
-TEST_F(DrawingTest, CutsWhatDoesNotFitTheDotColumns) {
+TEST_F(DrawingTest, CutsWhatDoesNotFitTheDotColumnsAndMarksTheCut) {
   SetRow(1, "<SB><CJ>" + QByteArray(1000, ' '));
   SetRow(2, "<CJ>" + QByteArray(9, ' ') + "<SB>  ");  // 54 + 5 + 1 of 5 dots
   Draw();
-  EXPECT_EQ(Count(kRowOne, kGreen), 600 * 80);
-  EXPECT_EQ(Count(kRowTwo, kGreen), 600 * 80);
-  EXPECT_EQ(Count(image_.rect(), kGreen), 2 * 600 * 80);
+  EXPECT_EQ(Count(kRowOne, Led::kGreen), 60 * 8);
+  EXPECT_EQ(Count(kRowTwo, Led::kGreen), 60 * 8);
+  // Nothing is lit outside of the rows.
+  int green = 0;
+  for (int y = 0; y < kSize.height(); ++y) {
+    for (int x = 0; x < kSize.width(); ++x) {
+      const bool is_inside = kRowOne.contains(x, y) || kRowTwo.contains(x, y);
+      if (!is_inside && LedOf(image_.pixelColor(x, y)) == Led::kGreen) ++green;
+    }
+  }
+  EXPECT_EQ(green, 0);
+  EXPECT_TRUE(IsMarkedAsCut(kRowOne));
+  EXPECT_TRUE(IsMarkedAsCut(kRowTwo));
+  SetRow(2, QByteArray(10, 'H'));
+  Draw();
+  EXPECT_TRUE(IsMarkedAsCut(kRowOne));
+  EXPECT_FALSE(IsMarkedAsCut(kRowTwo));
 }
 
 TEST_F(DrawingTest, BlinksInStep) {
@@ -197,12 +227,12 @@ TEST_F(DrawingTest, BlinksInStep) {
   SetRow(2, "<SA><CJ>H");
   for (const qint64 lit : {0, 499, 1000, 1499}) {
     Draw(lit);
-    EXPECT_GT(Count(kRowOne, kGreen), 500) << lit;
+    EXPECT_GT(Count(kRowOne, Led::kGreen), 20) << lit;
   }
   for (const qint64 dark : {500, 999, 1500}) {
     Draw(dark);
-    EXPECT_EQ(Count(kRowOne, kGreen), 0) << dark;
-    EXPECT_GT(Count(kRowTwo, kGreen), 500) << dark;
+    EXPECT_EQ(Count(kRowOne, Led::kDark), 60 * 8) << dark;
+    EXPECT_GT(Count(kRowTwo, Led::kGreen), 20) << dark;
   }
   EXPECT_TRUE(HasBlinkingCells(picture_));
   picture_.rows.remove(1);
@@ -216,30 +246,103 @@ TEST_F(DrawingTest, FillsInThePanelsDateAndTime) {
             QStringLiteral("01 MAR 2027 at 23:59 [A]!"));
 
   // A date is eleven characters wide, a time five.
-  picture_.description.columns = 200;
   SetRow(1, "<SB><CJ><DD><CK> ");
   SetRow(2, "<SB><CJ><DT><CK> ");
-  const QSize size(2040, 210);
-  image_ = QImage(size, QImage::Format_RGB32);
-  QPainter painter(&image_);
-  DrawPanel(&painter, size, picture_, 0);
-  EXPECT_EQ(image_.pixelColor(20 + 552, 22), kRed);
-  EXPECT_EQ(image_.pixelColor(20 + 548, 22), kGreen);
-  EXPECT_EQ(image_.pixelColor(20 + 252, 112), kRed);
-  EXPECT_EQ(image_.pixelColor(20 + 248, 112), kGreen);
+  Draw();
+  EXPECT_EQ(At(kRowOne, 54, 7), Led::kGreen);
+  EXPECT_EQ(At(kRowOne, 55, 7), Led::kRed);
+  EXPECT_EQ(At(kRowTwo, 24, 7), Led::kGreen);
+  EXPECT_EQ(At(kRowTwo, 25, 7), Led::kRed);
 }
 
 TEST_F(DrawingTest, DrawsEveryGraphicDifferently) {
   QList<QImage> symbols;
+  const auto cell = [this](const QRect& row) {
+    return image_.copy(row.left(), row.top(), 6 * kPitch, row.height());
+  };
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     SetRow(1, QByteArray("<G") + letter + '>');
     SetRow(2, QByteArray(1, letter));
     Draw();
-    const QImage symbol = image_.copy(CellOf(kRowOne, 0));
+    const QImage symbol = cell(kRowOne);
     EXPECT_FALSE(symbols.contains(symbol)) << letter;
-    EXPECT_NE(symbol, image_.copy(CellOf(kRowTwo, 0))) << letter;
+    EXPECT_NE(symbol, cell(kRowTwo)) << letter;
     symbols.append(symbol);
   }
+}
+
+TEST_F(DrawingTest, DrawsEachDotAlikeOnAnyScreen) {
+  SetRow(1, "<CJ>          ");
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+    const QSizeF size(331, 123);
+    image_ = QImage((size * ratio).toSize() * 2, QImage::Format_RGB32);
+    image_.setDevicePixelRatio(ratio);
+    image_.fill(Qt::white);
+    QPainter painter(&image_);
+    painter.translate(10.3, 7.7);  // between two pixels
+    DrawPanel(&painter, size, picture_, 0);
+    const int pitch = qRound(DotDistance(size, picture_.description, ratio) * ratio);
+    EXPECT_EQ(pitch, static_cast<int>(331 * ratio / 64)) << ratio;
+    const QPointF row =
+        RowRect(size, picture_.description, 1, ratio).topLeft() + QPointF(10.3, 7.7);
+    const QPoint corner = (row * ratio).toPoint();
+    const QImage first = image_.copy(corner.x(), corner.y(), pitch, pitch);
+    EXPECT_EQ(LedOf(first.pixelColor(pitch / 2, pitch / 2)), Led::kGreen) << ratio;
+    for (int column = 0; column < kColumns; ++column) {
+      for (int height = 0; height < 8; ++height) {
+        ASSERT_EQ(
+            image_.copy(corner.x() + column * pitch, corner.y() + height * pitch, pitch, pitch),
+            first)
+            << ratio << ' ' << column << ' ' << height;
+      }
+    }
+  }
+}
+
+TEST_F(DrawingTest, DrawsIntoAnySize) {
+  SetRow(1, "<CJ>          ");
+  for (const QSizeF& size : {QSizeF(0, 0), QSizeF(0, 100), QSizeF(100, 0), QSizeF(-5, 10)}) {
+    image_ = QImage(100, 100, QImage::Format_RGB32);
+    image_.fill(Qt::white);
+    QPainter painter(&image_);
+    DrawPanel(&painter, size, picture_, 0);
+    QImage untouched(100, 100, QImage::Format_RGB32);
+    untouched.fill(Qt::white);
+    EXPECT_EQ(image_, untouched) << size.width() << 'x' << size.height();
+  }
+  for (const QSizeF& size : {QSizeF(2, 2), QSizeF(7, 2), QSizeF(31.5, 90), QSizeF(63, 20.9)}) {
+    image_ = QImage(100, 100, QImage::Format_RGB32);
+    image_.fill(Qt::white);
+    QPainter painter(&image_);
+    DrawPanel(&painter, size, picture_, 0);
+    QImage untouched(100, 100, QImage::Format_RGB32);
+    untouched.fill(Qt::white);
+    EXPECT_NE(image_, untouched) << size.width();
+    EXPECT_EQ(image_.pixelColor(64, 21), QColor(Qt::white)) << size.width();
+  }
+}
+
+TEST_F(DrawingTest, DrawsTheLargestPanel) {
+  picture_.description = {1, 12, 3000, true};
+  for (int row = 1; row <= 12; ++row) SetRow(row, "<SA><CB>" + QByteArray(500, 'H'));
+  // Smaller than its dots: what is lit can still be seen.
+  image_ = QImage(300, 40, QImage::Format_RGB32);
+  image_.fill(Qt::white);
+  {
+    QPainter painter(&image_);
+    DrawPanel(&painter, image_.size(), picture_, 0);
+  }
+  const QColor middle = image_.pixelColor(150, 20);
+  EXPECT_GT(middle.green(), middle.red());
+  // The last character at its right end.
+  image_ = QImage(6008, 222, QImage::Format_RGB32);
+  {
+    QPainter painter(&image_);
+    DrawPanel(&painter, image_.size(), picture_, 0);
+  }
+  EXPECT_EQ(LedOf(image_.pixelColor(4 + 2 * 2994, 4)), Led::kGreen);
+  EXPECT_EQ(LedOf(image_.pixelColor(4 + 2 * 2998, 4 + 2 * (11 * 9 + 6))), Led::kGreen);
+  EXPECT_EQ(LedOf(image_.pixelColor(4 + 2 * 2999, 4)), Led::kDark);
 }
 
 class ScrollingTest : public DrawingTest {
@@ -251,10 +354,10 @@ class ScrollingTest : public DrawingTest {
   }
 
   // Where on the row of the panel a colour begins and ends, in dots; {-1, -1}: nowhere.
-  std::pair<int, int> Extent(const QRect& row, const QColor& colour) const {
+  std::pair<int, int> Extent(const QRect& row, Led led) const {
     std::pair<int, int> extent{-1, -1};
-    for (int dot = 0; dot < 60; ++dot) {
-      if (image_.pixelColor(row.left() + dot * 10 + 5, row.top() + 2) != colour) continue;
+    for (int dot = 0; dot < kColumns; ++dot) {
+      if (At(row, dot, 0) != led) continue;
       if (extent.first < 0) extent.first = dot;
       extent.second = dot + 1;
     }
@@ -270,7 +373,7 @@ TEST_F(ScrollingTest, ComesInAtTheRightEdgeAndGoesOutAtTheLeft) {
   picture_.scroll_speed = 10;
   const auto after = [&](qint64 ms) {
     Draw(kBegan + ms);
-    return std::pair(Extent(kRowTwo, kGreen), Extent(kRowTwo, kRed));
+    return std::pair(Extent(kRowTwo, Led::kGreen), Extent(kRowTwo, Led::kRed));
   };
   const Dots none(-1, -1);
   EXPECT_EQ(after(0), std::pair(none, none));
@@ -286,8 +389,8 @@ TEST_F(ScrollingTest, ComesInAtTheRightEdgeAndGoesOutAtTheLeft) {
   // And again.
   EXPECT_EQ(after(7900), std::pair(Dots(59, 60), none));
   EXPECT_EQ(after(78'000 + 3000), std::pair(Dots(30, 42), Dots(42, 48)));
-  // Nothing of it is anywhere else.
-  EXPECT_EQ(Count(image_.rect(), kGreen), Count(kRowTwo, kGreen));
+  // Nothing of it is in the other row.
+  EXPECT_EQ(Count(kRowOne, Led::kDark), 60 * 8);
 }
 
 TEST_F(ScrollingTest, MovesAtItsSpeed) {
@@ -295,7 +398,7 @@ TEST_F(ScrollingTest, MovesAtItsSpeed) {
   for (const int speed : {1, 7, 30, 59}) {
     picture_.scroll_speed = speed;
     Draw(kBegan + 1000);
-    EXPECT_EQ(Extent(kRowOne, kGreen), (Dots(60 - speed, qMin(66 - speed, 60)))) << speed;
+    EXPECT_EQ(Extent(kRowOne, Led::kGreen), (Dots(60 - speed, qMin(66 - speed, 60)))) << speed;
   }
   picture_.scroll_speed = 1000;
   EXPECT_EQ(ScrolledDots(picture_.scrolling_lines[1], picture_, kBegan + 65), 65);
@@ -327,35 +430,29 @@ TEST_F(ScrollingTest, TakesThePlaceOfItsRowAlone) {
   SetRow(2, "<CK>          ");
   SetScrolling(2, "<CB>H");
   Draw(kBegan);
-  EXPECT_EQ(Count(kRowOne, kGreen), 600 * 80);
-  EXPECT_EQ(Count(kRowTwo, kRed), 0);
+  EXPECT_EQ(Count(kRowOne, Led::kGreen), 60 * 8);
+  EXPECT_EQ(Count(kRowTwo, Led::kRed), 0);
   Draw(kBegan + 1000);
-  EXPECT_GT(Count(kRowTwo, kGreen), 500);
-  EXPECT_EQ(Count(kRowTwo, kRed), 0);
+  EXPECT_EQ(Count(kRowTwo, Led::kGreen), 17);
+  EXPECT_EQ(Count(kRowTwo, Led::kRed), 0);
 }
 
 TEST_F(ScrollingTest, KeepsColourSizeAndBlinking) {
   picture_.scroll_speed = 60;
   SetScrolling(1, "<SE><CK> <SB><CJ> <SA><CK> ");
-  const auto at = [&](int dot) {
-    return image_.pixelColor(kRowOne.left() + dot * 10 + 5, kRowOne.top() + 2);
-  };
-  const QColor band = [&] {
-    Draw(kBegan);
-    return at(0);
-  }();
+  const auto at = [&](int dot) { return At(kRowOne, dot, 0); };
   Draw(kBegan + 1000);  // lit
-  EXPECT_EQ(at(5), kRed);
-  EXPECT_EQ(at(6), kGreen);
-  EXPECT_EQ(at(10), kGreen);
-  EXPECT_EQ(at(11), kRed);
-  EXPECT_EQ(at(16), kRed);
-  EXPECT_EQ(at(17), band);
+  EXPECT_EQ(at(5), Led::kRed);
+  EXPECT_EQ(at(6), Led::kGreen);
+  EXPECT_EQ(at(10), Led::kGreen);
+  EXPECT_EQ(at(11), Led::kRed);
+  EXPECT_EQ(at(16), Led::kRed);
+  EXPECT_EQ(at(17), Led::kDark);
   Draw(kBegan + 500);  // dark, half way
-  EXPECT_EQ(at(30), band);
-  EXPECT_EQ(at(35), band);
-  EXPECT_EQ(at(36), kGreen);
-  EXPECT_EQ(at(41), kRed);
+  EXPECT_EQ(at(30), Led::kDark);
+  EXPECT_EQ(at(35), Led::kDark);
+  EXPECT_EQ(at(36), Led::kGreen);
+  EXPECT_EQ(at(41), Led::kRed);
   EXPECT_TRUE(HasBlinkingCells(picture_));
   // What blinks under a scrolling text is not seen.
   SetRow(1, "<SE>x");
@@ -372,15 +469,27 @@ TEST_F(ScrollingTest, IsWiderByADateAndATime) {
 }
 
 TEST_F(ScrollingTest, DrawsOnlyWhatAClipShows) {
-  SetRow(1, "<CJ>          ");
-  SetRow(2, "<CJ>          ");
-  image_ = QImage(kSize, QImage::Format_RGB32);
-  image_.fill(Qt::white);
-  QPainter painter(&image_);
-  painter.setClipRect(kRowTwo.adjusted(100, 10, -100, -10));
-  DrawPanel(&painter, kSize, picture_, 0);
-  EXPECT_EQ(Count(image_.rect(), kGreen), 400 * 60);
-  EXPECT_EQ(Count(image_.rect(), Qt::white), 640 * 210 - 400 * 60);
+  SetRow(1, "<CJ>ABCDEFGHIJKL");
+  SetRow(2, "<CJ>ABCDEFGHIJKL");
+  Draw();
+  const QImage whole = image_;
+  // Also in the middle of a dot, in one row, across both, and in the frame alone.
+  for (const QRect& clip : {kRowTwo, kRowTwo.adjusted(103, 14, -97, -13), QRect(57, 33, 400, 101),
+                            QRect(0, 0, 15, 210), QRect(615, 100, 20, 90), QRect(0, 0, 640, 210)}) {
+    image_ = QImage(kSize, QImage::Format_RGB32);
+    image_.fill(Qt::white);
+    QPainter painter(&image_);
+    painter.setClipRect(clip);
+    DrawPanel(&painter, kSize, picture_, 0);
+    painter.end();
+    EXPECT_EQ(image_.copy(clip), whole.copy(clip)) << clip.left() << ' ' << clip.top();
+    for (int y = 0; y < kSize.height(); ++y) {
+      for (int x = 0; x < kSize.width(); ++x) {
+        if (clip.contains(x, y)) continue;
+        ASSERT_EQ(image_.pixelColor(x, y), QColor(Qt::white)) << x << ' ' << y;
+      }
+    }
+  }
 }
 
 TEST_F(ScrollingTest, DrawsAnyText) {
@@ -392,7 +501,7 @@ TEST_F(ScrollingTest, DrawsAnyText) {
   for (qint64 ms = 0; ms < 400'000; ms += 9973) {
     Draw(kBegan + ms);
     EXPECT_EQ(image_.pixelColor(300, 105), QColor(0, 0, 0)) << ms;
-    EXPECT_EQ(Count(kRowTwo, kRed), 0);
+    EXPECT_EQ(Count(kRowTwo, Led::kDark), 60 * 8);
   }
 }
 
@@ -408,7 +517,101 @@ TEST_F(DrawingTest, DrawsAnyBytes) {
   // Control characters are blanks.
   SetRow(1, QByteArrayView("\x01\x1F\x7F\x81", 4));
   Draw();
-  EXPECT_EQ(Count(kRowOne, kRed), 0);
+  EXPECT_EQ(Count(kRowOne, Led::kDark), 60 * 8);
+}
+
+// ---- whole pictures, against ones that were looked at -------------------------------------------
+
+class PictureTest : public DrawingTest {
+ protected:
+  void Draw(int pitch, qint64 now_ms = 0, double ratio = 1) {
+    const QSizeF size = SizeInDots(picture_.description) * pitch;
+    image_ = QImage((size * ratio).toSize(), QImage::Format_RGB32);
+    image_.setDevicePixelRatio(ratio);
+    image_.fill(Qt::white);
+    QPainter painter(&image_);
+    DrawPanel(&painter, size, picture_, now_ms);
+  }
+
+  // No pixel may be much brighter or darker than in the picture of that name. With
+  // VIRTUAL_PANEL_WRITE_PICTURES in the environment the picture is made anew instead: look at it.
+  void ExpectPicture(const char* name) {
+    const QString path = QDir(QStringLiteral(VIRTUAL_PANEL_PICTURES)).filePath(QLatin1String(name));
+    if (qEnvironmentVariableIsSet("VIRTUAL_PANEL_WRITE_PICTURES")) {
+      ASSERT_TRUE(image_.save(path)) << name;
+      GTEST_SKIP() << name << " was written";
+    }
+    const QImage expected = QImage(path).convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(image_.size(), expected.size()) << name;
+    constexpr int kTolerance = 24;
+    int wrong = 0;
+    for (int y = 0; y < expected.height(); ++y) {
+      for (int x = 0; x < expected.width(); ++x) {
+        const QColor one = image_.pixelColor(x, y);
+        const QColor other = expected.pixelColor(x, y);
+        if (qAbs(one.red() - other.red()) > kTolerance ||
+            qAbs(one.green() - other.green()) > kTolerance ||
+            qAbs(one.blue() - other.blue()) > kTolerance) {
+          ++wrong;
+        }
+      }
+    }
+    if (wrong > 0) {
+      const QString actual = QDir::temp().filePath(QLatin1String(name));
+      image_.save(actual);
+      ADD_FAILURE() << wrong << " pixels differ, see " << actual.toStdString();
+    }
+  }
+};
+
+TEST_F(PictureTest, AllColours) {
+  picture_.description = {1, 8, 96, true};
+  SetRow(1, "<CA>Red <CB>Gre <CC>Yell");
+  SetRow(2, "<CD>3D <CE>3D <CF>3D<CG> 3D");
+  SetRow(3, "<CH>3D <CI>3D <CJ>On<CK> On ");
+  SetRow(4, "<CL>Shadow<CM> Shadow");
+  SetRow(5, "<CN>Shadow<CO> Shadow");
+  SetRow(6, "<CP>Rainbow Rainbow");
+  SetRow(7, "<SB><CB>Compressed <SD>Bold");
+  SetRow(8, "<SC><CC>Bold <SA><CA><GA><GB><GP><GT><GZ> <SG>no");
+  Draw(4);
+  ExpectPicture("all_colours.png");
+}
+
+TEST_F(PictureTest, ASingleColourPanelWithACutRowInItsDarkHalf) {
+  picture_.description = {1, 2, 48, false};
+  SetRow(1, "<CJ>Too long.");
+  SetRow(2, "<CB>Dark <SE>half");
+  Draw(6, 700);
+  ExpectPicture("single_colour_cut.png");
+}
+
+TEST_F(PictureTest, AScreenOfTwoPixels) {
+  picture_.description = {1, 2, 48, true};
+  SetRow(1, "<SC><CB>Drive");
+  SetRow(2, "<CD>safely!");
+  Draw(4, 0, 2);
+  ExpectPicture("two_pixels.png");
+}
+
+TEST_F(PictureTest, SmallDots) {
+  picture_.description = {1, 2, 96, true};
+  SetRow(1, "<SC><CB>Drive <CD>safely!");
+  SetRow(2, "<CC><DD> <DT>");
+  Draw(2);
+  ExpectPicture("small_dots.png");
+}
+
+TEST_F(PictureTest, APageHalfOnItsWayIn) {
+  picture_.description = {1, 2, 48, true};
+  SetRow(1, "<CA>Before");
+  SetRow(2, "<CA>Before");
+  Entrance entrance{DotsOf(picture_, 0), 'C', 10'000};
+  SetRow(1, "<CB>Open..");
+  SetRow(2, "<CJ>Open it!");
+  picture_.entrance = entrance;
+  Draw(5, 10'000 + kEntranceMs / 2);
+  ExpectPicture("entering.png");
 }
 
 }  // namespace

@@ -121,5 +121,39 @@ TEST(ParseFault, RefusesWhatItDoesNotKnow) {
   }
 }
 
+TEST(FaultNames, NameTheFaultsAsTheyAreParsed) {
+  EXPECT_TRUE(NamesOf(Faults{}).isEmpty());
+  const QStringList names = {
+      QStringLiteral("silent"),     QStringLiteral("silent:3"),      QStringLiteral("garbage"),
+      QStringLiteral("lower-case"), QStringLiteral("pieces:8"),      QStringLiteral("late:500"),
+      QStringLiteral("stray-byte"), QStringLiteral("close-after:1"), QStringLiteral("flood")};
+  Faults all;
+  for (const QString& name : names) {
+    Faults single;
+    ASSERT_TRUE(ParseFault(name, &single, nullptr));
+    EXPECT_EQ(NamesOf(single), QStringList{name});
+    EXPECT_TRUE(HasFault(name, single));
+    EXPECT_FALSE(HasFault(name, Faults{}));
+    EXPECT_FALSE(HasFault(name, all));
+    ASSERT_TRUE(ParseFault(name, &all, nullptr));
+  }
+  EXPECT_EQ(NamesOf(all), names);
+  EXPECT_FALSE(HasFault(QStringLiteral("late:501"), all));
+  EXPECT_FALSE(HasFault(QStringLiteral("nonsense"), all));
+}
+
+TEST(FaultNames, EachFaultIsTakenAwayAlone) {
+  Faults faults;
+  for (const char* name : {"silent", "silent:3", "late:500", "pieces"}) {
+    ASSERT_TRUE(ParseFault(QString::fromLatin1(name), &faults, nullptr));
+  }
+  RemoveFault(QStringLiteral("silent"), &faults);
+  EXPECT_EQ(NamesOf(faults), (QStringList{QStringLiteral("silent:3"), QStringLiteral("pieces:3"),
+                                          QStringLiteral("late:500")}));
+  RemoveFault(QStringLiteral("late:2000"), &faults);  // whatever its number
+  RemoveFault(QStringLiteral("nonsense"), &faults);
+  EXPECT_EQ(NamesOf(faults), (QStringList{QStringLiteral("silent:3"), QStringLiteral("pieces:3")}));
+}
+
 }  // namespace
 }  // namespace VirtualPanel

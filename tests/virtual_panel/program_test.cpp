@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include "led_of.h"
 #include "wait_until.h"
 
 namespace {
@@ -260,7 +261,7 @@ TEST_F(ProgramTest, KeepsAPictureOfItsWindow) {
     int count = 0;
     for (int y = 0; y < image.height(); ++y) {
       for (int x = 0; x < image.width(); ++x) {
-        if (image.pixelColor(x, y) == QColor(255, 0, 0)) ++count;
+        if (LedOf(image.pixelColor(x, y)) == Led::kRed) ++count;
       }
     }
     return count;

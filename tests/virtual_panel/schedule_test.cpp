@@ -439,6 +439,59 @@ TEST_F(ScheduleTest, PlaysAtOnceOnDemand) {
   EXPECT_EQ(Letter(3), "-");
 }
 
+TEST_F(ScheduleTest, RunsAPageOnDemandAsTheCommandDoes) {
+  Send({"<TA>*****00105A", "<L01><P001>x ", "<L01><P009>y ", "<L2>scrolling"});
+  const QSignalSpy changes(&engine_, &PanelEngine::Changed);
+  EXPECT_TRUE(engine_.Run(26, 9));
+  EXPECT_EQ(changes.count(), 1);
+  EXPECT_EQ(engine_.RunningPage(26), 9);
+  EXPECT_EQ(Letter(), "-");
+  EXPECT_TRUE(engine_.FindPanel(26)->scrolling_lines.isEmpty());
+  EXPECT_EQ(engine_.ShownRows(26).value(1).text, "y ");
+  EXPECT_FALSE(engine_.Run(26, 8));
+  EXPECT_FALSE(engine_.Run(26, -1));
+  EXPECT_FALSE(engine_.Run(3, 9));
+  EXPECT_FALSE(engine_.Run(4, 9));
+  EXPECT_EQ(engine_.RunningPage(26), 9);
+  EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(ScheduleTest, SaysHowAndWhenTheShownPageEntered) {
+  const auto entrance = [this] { return engine_.LastEntrance(26, now_); };
+  const qint64 start = now_.toMSecsSinceEpoch();
+  EXPECT_EQ(entrance(), std::nullopt);
+  EXPECT_EQ(engine_.LastEntrance(4, now_), std::nullopt);
+  // A row that arrives just appears.
+  Send({"<L01><P007>x "});
+  EXPECT_EQ(entrance(), std::nullopt);
+  Send({"<RP007>"});
+  EXPECT_EQ(entrance(), (PageEntrance{7, 'A', start}));
+  // Of two schedules that have the page the first one says how.
+  Wait(100);
+  Send({"<TB>3235900805C,00705D", "<TC>3235900705E"});
+  EXPECT_EQ(entrance(), (PageEntrance{7, 'D', start}));
+  Wait(100);
+  Send({"<RP007>"});
+  EXPECT_EQ(entrance(), (PageEntrance{7, 'D', start + 200}));
+  // A schedule: entry by entry, round and round.
+  Send({"<TA>*****00102F,00203G"});
+  EXPECT_EQ(entrance(), (PageEntrance{1, 'F', start + 200}));
+  Wait(1999);
+  EXPECT_EQ(entrance(), (PageEntrance{1, 'F', start + 200}));
+  Wait(1);
+  EXPECT_EQ(entrance(), (PageEntrance{2, 'G', start + 2200}));
+  Wait(3500);
+  EXPECT_EQ(entrance(), (PageEntrance{1, 'F', start + 5200}));
+  // A single page enters once, and anew when it is played anew.
+  Send({"<TA>*****00102H"});
+  Wait(9000);
+  EXPECT_EQ(entrance(), (PageEntrance{1, 'H', start + 5700}));
+  EXPECT_TRUE(engine_.Play(26, 'A'));
+  EXPECT_EQ(entrance(), (PageEntrance{1, 'H', start + 14'700}));
+  Send({"<D*>"});
+  EXPECT_EQ(entrance(), std::nullopt);
+}
+
 TEST_F(ScheduleTest, PlaysOnArrivalOnEveryPanelThatHasIt) {
   engine_.SetPlayOnArrival('C');
   Send({"<TA>*****00105A", "<TC>3235900205B"});

@@ -1,10 +1,17 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
 #include <QSignalSpy>
+#include <QTcpSocket>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include "led_of.h"
+#include "panel_lines.h"
 #include "panel_window.h"
 #include "wait_until.h"
 
@@ -29,6 +36,25 @@ class WindowTest : public testing::Test {
     Widget* widget = window_.findChild<Widget*>(QLatin1String(name));
     EXPECT_NE(widget, nullptr) << name;
     return widget;
+  }
+
+  // How many dots of a row have an LED of this colour.
+  static int Count(PanelView* view, int row, Led led) {
+    const QImage image = view->grab().toImage();
+    const PanelDescription& description = view->Picture().description;
+    const QRectF place = RowRect(view->size(), description, row);
+    const double dot = DotDistance(view->size(), description);
+    int count = 0;
+    for (int column = 0; column < description.columns; ++column) {
+      for (int height = 0; height < kRowDots; ++height) {
+        const QPointF middle = place.topLeft() + QPointF(column + 0.5, height + 0.5) * dot;
+        if (LedOf(image.pixelColor(static_cast<int>(middle.x()), static_cast<int>(middle.y()))) ==
+            led) {
+          ++count;
+        }
+      }
+    }
+    return count;
   }
 
   QString Facts(const char* name) { return Find<QLabel>(name)->text(); }
@@ -59,22 +85,10 @@ TEST_F(WindowTest, NamesEveryPanelAndWhatItHolds) {
 TEST_F(WindowTest, ShowsThePageInItsRowAndColour) {
   Receive("<ID1A><L02><P007><CK>HHHH \r\n<ID1A><RP007>\r\n");
   auto* view = Find<PanelView>("panel_26");
-  const QImage image = view->grab().toImage();
-  const QSizeF size = view->size();
-  const auto count = [&](int row, const QColor& colour) {
-    int found = 0;
-    const QRect rect = RowRect(size, {26, 4, 96, true}, row).toRect();
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-      for (int x = rect.left(); x <= rect.right(); ++x) {
-        if (image.pixelColor(x, y) == colour) ++found;
-      }
-    }
-    return found;
-  };
-  EXPECT_GT(count(2, QColor(255, 0, 0)), 100);
-  EXPECT_GT(count(2, QColor(0, 255, 0)), 50);
-  EXPECT_EQ(count(1, QColor(255, 0, 0)), 0);
-  EXPECT_EQ(count(3, QColor(255, 0, 0)), 0);
+  // Four characters on red: an H has 17 dots.
+  EXPECT_EQ(Count(view, 2, Led::kGreen), 4 * 17);
+  EXPECT_EQ(Count(view, 2, Led::kRed), 4 * (6 * 8 - 17));
+  for (const int row : {1, 3, 4}) EXPECT_EQ(Count(view, row, Led::kDark), 96 * 8) << row;
   EXPECT_EQ(view->accessibleDescription(), QStringLiteral("HHHH"));
 }
 
@@ -128,6 +142,466 @@ TEST_F(WindowTest, KeepsTheLastTrafficOnly) {
 TEST_F(WindowTest, NamesItsLines) {
   window_.SetLines(QStringLiteral("listening on tcp 127.0.0.1:2101"));
   EXPECT_EQ(Find<QLabel>("lines")->text(), QStringLiteral("listening on tcp 127.0.0.1:2101"));
+}
+
+TEST_F(WindowTest, TakesNoTimeWhileNothingMoves) {
+  Receive("<ID1A><L01><P001>steady \r\n<ID1A><RP001>\r\n");
+  for (const char* name : {"blink_timer", "scroll_timer", "entrance_timer", "play_timer"}) {
+    EXPECT_FALSE(Find<QTimer>(name)->isActive()) << name;
+  }
+  // Only the panels' clocks, once a minute.
+  EXPECT_EQ(Find<QTimer>("clock_timer")->interval(), 60'000);
+}
+
+TEST_F(WindowTest, MovesNothingWhileItIsHiddenOrMinimised) {
+  Receive("<ID1A><L01><P001><SE>blinking \r\n<ID1A><L2>scrolling\r\n<ID1A><TA>*****00105C\r\n");
+  const auto moving = [this] {
+    QStringList names;
+    for (const char* name : {"blink_timer", "scroll_timer", "entrance_timer"}) {
+      if (Find<QTimer>(name)->isActive()) names.append(QLatin1String(name));
+    }
+    return names;
+  };
+  EXPECT_EQ(moving().size(), 3);
+  window_.hide();
+  EXPECT_TRUE(moving().isEmpty());
+  Receive("<ID1A><L2>another\r\n");
+  EXPECT_TRUE(moving().isEmpty());
+  window_.show();
+  EXPECT_EQ(moving().size(), 3);
+  window_.showMinimized();
+  EXPECT_TRUE(moving().isEmpty());
+  window_.showNormal();
+  EXPECT_EQ(moving().size(), 3);
+}
+
+// ---- pages that enter ---------------------------------------------------------------------------
+
+class EntranceTest : public WindowTest {
+ protected:
+  static constexpr int kLit = 6 * 8;  // dots of a blank on a lit background
+
+  void SetUp() override {
+    WindowTest::SetUp();
+    // Page 1 is red along row 1, page 2 green along row 1.
+    Receive("<ID1A><L01><P001><CK>" + QByteArray(16, ' ') + " \r\n<ID1A><L01><P002><CJ>" +
+            QByteArray(16, ' ') + " \r\n");
+  }
+
+  PanelView* View() { return Find<PanelView>("panel_26"); }
+
+  // Dots of row 1 of each colour.
+  std::pair<int, int> RedAndGreen() {
+    return {Count(View(), 1, Led::kRed), Count(View(), 1, Led::kGreen)};
+  }
+
+  void Pass(int ms) { now_ = now_.addMSecs(ms); }
+};
+
+TEST_F(EntranceTest, AScheduleShowsEachPageByItsEffect) {
+  Receive("<ID1A><RP001>\r\n");
+  Receive("<ID1A><TA>*****00203D,00103E\r\n");
+  EXPECT_TRUE(Find<QTimer>("entrance_timer")->isActive());
+  // Wipe Right: page 2 comes from the left.
+  EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
+  Pass(400);
+  EXPECT_EQ(RedAndGreen(), std::pair(8 * kLit, 8 * kLit));
+  const QRectF row = RowRect(View()->size(), View()->Picture().description, 1);
+  const QImage image = View()->grab().toImage();
+  const double dot = DotDistance(View()->size(), View()->Picture().description);
+  EXPECT_EQ(LedOf(image.pixelColor((row.topLeft() + QPointF(dot / 2, dot / 2)).toPoint())),
+            Led::kGreen);
+  Pass(400);
+  EXPECT_EQ(RedAndGreen(), std::pair(0, 16 * kLit));
+  EXPECT_TRUE(WaitUntil([&] { return !Find<QTimer>("entrance_timer")->isActive(); }));
+  // Wipe Left brings page 1 back, from the right.
+  Pass(2200);
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(RedAndGreen(), std::pair(0, 16 * kLit));
+  Pass(200);
+  EXPECT_EQ(RedAndGreen(), std::pair(4 * kLit, 12 * kLit));
+}
+
+TEST_F(EntranceTest, APageThatIsRunEntersByTheEffectThatAScheduleGivesIt) {
+  Receive("<ID1A><TC>1083000105A,00205C\r\n<ID1A><RP001>\r\n");
+  EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
+  EXPECT_FALSE(Find<QTimer>("entrance_timer")->isActive());
+  Receive("<ID1A><RP002>\r\n");
+  EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
+  Pass(400);
+  EXPECT_EQ(RedAndGreen(), std::pair(8 * kLit, 8 * kLit));
+  // A row that arrives meanwhile is part of the page that enters.
+  Receive("<ID1A><L02><P002><CK>" + QByteArray(16, ' ') + " \r\n");
+  EXPECT_EQ(Count(View(), 2, Led::kRed), 8 * kLit);
+  // Another one that is run meanwhile begins with what is seen now.
+  Receive("<ID1A><TC>1083000105C,00205C\r\n");
+  EXPECT_EQ(RedAndGreen(), std::pair(8 * kLit, 8 * kLit));
+  Receive("<ID1A><RP001>\r\n");
+  EXPECT_EQ(RedAndGreen(), std::pair(8 * kLit, 8 * kLit));
+  Pass(800);
+  EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
+}
+
+TEST_F(EntranceTest, RowsThatArriveJustAppear) {
+  Receive("<ID1A><TC>1083000105C,00305C\r\n");
+  Receive("<ID1A><L01><P003><CK>" + QByteArray(16, ' ') + " \r\n");
+  EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
+  EXPECT_FALSE(Find<QTimer>("entrance_timer")->isActive());
+}
+
+TEST_F(EntranceTest, TheSamePageEntersAnewInTheNextEntry) {
+  Receive("<ID1A><TA>*****00103A,00103B\r\n");
+  Pass(3000);
+  Receive("<ID1A><?>\r\n");
+  Pass(400);  // Flip: half way it is seen from its edge
+  EXPECT_EQ(RedAndGreen(), std::pair(0, 0));
+  Pass(400);
+  EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
+}
+
+TEST_F(EntranceTest, DeletingAllPagesEndsIt) {
+  Receive("<ID1A><TA>*****00103C\r\n");
+  Pass(400);
+  Receive("<ID1A><D*>\r\n");
+  EXPECT_EQ(Count(View(), 1, Led::kDark), 96 * 8);
+  EXPECT_FALSE(Find<QTimer>("entrance_timer")->isActive());
+}
+
+TEST_F(EntranceTest, DrawsAboutThirtyTimesASecond) {
+  Receive("<ID1A><TA>*****00105F\r\n");
+  EXPECT_EQ(Find<QTimer>("entrance_timer")->interval(), 33);
+  const QSignalSpy frames(Find<QTimer>("entrance_timer"), &QTimer::timeout);
+  EXPECT_TRUE(WaitUntil([&] { return frames.count() >= 3; }));
+  Pass(790);
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(Find<QTimer>("entrance_timer")->interval(), 10);
+}
+
+// ---- stored pages -------------------------------------------------------------------------------
+
+class StoredPagesTest : public WindowTest {
+ protected:
+  PageStrip* Pages() { return Find<PageStrip>("pages_26"); }
+
+  QStringList Captions() {
+    QStringList captions;
+    const QAbstractItemModel* model = Pages()->model();
+    for (int row = 0; row < model->rowCount(); ++row) {
+      captions.append(model->index(row, 0).data().toString());
+    }
+    return captions;
+  }
+
+  void Click(int row) {
+    const QRect place = Pages()->visualRect(Pages()->model()->index(row, 0));
+    QTest::mouseClick(Pages()->viewport(), Qt::LeftButton, {}, place.center());
+  }
+
+  void WaitForRefresh() {
+    const QSignalSpy refreshed(&window_, &PanelWindow::Refreshed);
+    ASSERT_TRUE(WaitUntil([&] { return refreshed.count() > 0; }));
+  }
+};
+
+TEST_F(StoredPagesTest, ListsThePagesAndWhatIsOnThem) {
+  EXPECT_FALSE(Pages()->isVisible());
+  Receive("<ID1A><L02><P012><CA>two \r\n<ID1A><L01><P012><CB>one <GA> \r\n<ID1A><L01><P007>x \r\n");
+  EXPECT_TRUE(Pages()->isVisible());
+  EXPECT_FALSE(Find<PageStrip>("pages_3")->isVisible());
+  EXPECT_EQ(Captions(), (QStringList{QStringLiteral("7"), QStringLiteral("12")}));
+  const QModelIndex twelve = Pages()->model()->index(1, 0);
+  EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString(), QStringLiteral("1.  one [A]\n2.  two"));
+  // The last one that was received is shown.
+  EXPECT_EQ(Pages()->model()->index(0, 0).data(Qt::AccessibleTextRole).toString(),
+            QStringLiteral("Page 7, shown"));
+  EXPECT_EQ(twelve.data(Qt::AccessibleTextRole).toString(), QStringLiteral("Page 12"));
+  Receive("<ID1A><D012>\r\n");
+  EXPECT_EQ(Captions(), QStringList{QStringLiteral("7")});
+  Receive("<ID1A><D*>\r\n");
+  EXPECT_FALSE(Pages()->isVisible());
+}
+
+TEST_F(StoredPagesTest, AClickShowsAPage) {
+  Receive("<ID1A><L01><P007>seven \r\n<ID1A><L01><P012>twelve \r\n<ID1A><TA>*****00705A\r\n");
+  EXPECT_TRUE(WaitUntil([&] { return Pages()->width() > 20; }));
+  Click(1);
+  EXPECT_EQ(engine_.RunningPage(26), 12);
+  EXPECT_EQ(engine_.PlayingAt(26, now_), std::nullopt);
+  WaitForRefresh();
+  EXPECT_TRUE(Facts("facts_26").contains(QStringLiteral("running page 12")));
+  EXPECT_EQ(Find<PanelView>("panel_26")->accessibleDescription(), QStringLiteral("twelve"));
+  EXPECT_EQ(engine_.RunningPage(3), std::nullopt);
+}
+
+TEST_F(StoredPagesTest, TheKeyboardShowsAPage) {
+  Receive("<ID1A><L01><P007>x \r\n<ID1A><L01><P012>x \r\n<ID1A><L01><P120>x \r\n<ID1A><RP012>\r\n");
+  window_.activateWindow();
+  Find<QTableWidget>("traffic")->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Find<QTableWidget>("traffic")->hasFocus(); }));
+  for (int i = 0; i < 10 && !Pages()->hasFocus(); ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  ASSERT_TRUE(Pages()->hasFocus());
+  // From the page that is shown.
+  QTest::keyClick(Pages(), Qt::Key_Right);
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), 120);
+  WaitForRefresh();
+  EXPECT_TRUE(Pages()->hasFocus());
+  QTest::keyClick(Pages(), Qt::Key_Home);
+  EXPECT_EQ(engine_.RunningPage(26), 120);
+  QTest::keyClick(Pages(), Qt::Key_Space);
+  EXPECT_EQ(engine_.RunningPage(26), 7);
+  // A page that arrives does not take the place away.
+  Receive("<ID1A><L01><P003>x \r\n");
+  QTest::keyClick(Pages(), Qt::Key_Enter);
+  EXPECT_EQ(engine_.RunningPage(26), 7);
+}
+
+TEST_F(StoredPagesTest, ThePageThatIsShownCanBeSeenAmongTheOthers) {
+  QByteArray frames;
+  for (int page = 100; page < 200; ++page) {
+    frames += "<ID1A><L01><P" + QByteArray::number(page) + ">x \r\n";
+  }
+  Receive(frames);
+  const auto is_seen = [this](int row) {
+    const QRect place = Pages()->visualRect(Pages()->model()->index(row, 0));
+    return Pages()->viewport()->rect().contains(place.center());
+  };
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->width() > 700; }));
+  Receive("<ID1A><RP199>\r\n");
+  EXPECT_TRUE(is_seen(99));
+  EXPECT_FALSE(is_seen(0));
+  Receive("<ID1A><RP100>\r\n");
+  EXPECT_TRUE(is_seen(0));
+}
+
+TEST_F(StoredPagesTest, AThousandPagesTakeOneLine) {
+  window_.resize(800, 600);
+  QByteArray frames;
+  for (int page = 0; page < 1000; ++page) {
+    frames += "<ID1A><L01><P" + QByteArray::number(page).rightJustified(3, '0') + ">x \r\n";
+  }
+  Receive(frames);
+  EXPECT_EQ(Captions().size(), 1000);
+  EXPECT_EQ(window_.width(), 800);
+  EXPECT_TRUE(WaitUntil([&] { return Pages()->width() > 700 && Pages()->width() < 800; }));
+  EXPECT_LT(Pages()->height(), 60);
+  window_.activateWindow();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
+  QTest::keyClick(Pages(), Qt::Key_End);
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), 999);
+  // And it can be seen there.
+  EXPECT_TRUE(
+      Pages()->viewport()->rect().contains(Pages()->visualRect(Pages()->currentIndex()).center()));
+  QTest::keyClicks(Pages(), QStringLiteral("512"));
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), 512);
+}
+
+// ---- faults -------------------------------------------------------------------------------------
+
+class FaultMenuTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    QString error;
+    ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("0"), &error)) << error.toStdString();
+    QObject::connect(&window_, &PanelWindow::Plugged, &lines_, &PanelLines::SetPlugged);
+    port_ = lines_.Descriptions().first().section(QLatin1Char(':'), -1).toUShort();
+    Connect();
+  }
+
+  void Connect() {
+    socket_.connectToHost(QStringLiteral("127.0.0.1"), port_);
+    ASSERT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::ConnectedState; }));
+  }
+
+  QAction* Fault(const char* name) {
+    return Find<QAction>((QByteArray("fault_") + name).constData());
+  }
+
+  // Opens the menu and clicks the entry.
+  void Click(const char* name) {
+    auto* menu = Find<QMenu>("faults");
+    menu->popup(window_.mapToGlobal(QPoint(10, 10)));
+    ASSERT_TRUE(WaitUntil([&] { return menu->isVisible(); }));
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(Fault(name)).center());
+    EXPECT_FALSE(menu->isVisible());
+  }
+
+  // What the panel answers to a poll, as far as it has come when `size` bytes are there.
+  QByteArray Poll(qsizetype size) {
+    const qint64 count = engine_.FrameCount();
+    socket_.write("<ID1A><?>\r\n");
+    QByteArray answer;
+    EXPECT_TRUE(WaitUntil([&] {
+      answer += socket_.readAll();
+      return engine_.FrameCount() > count && answer.size() >= size;
+    }));
+    return answer;
+  }
+
+  QString StatusLine() {
+    const auto* label = Find<QLabel>("fault_names");
+    return label->isVisible() ? label->text() : QString();
+  }
+
+  QStringList Checked() {
+    QStringList names;
+    for (const QAction* action : Find<QMenu>("faults")->actions()) {
+      if (action->isChecked()) names.append(action->objectName().mid(6));
+    }
+    return names;
+  }
+
+  PanelLines lines_{&engine_};
+  QTcpSocket socket_;
+  quint16 port_ = 0;
+};
+
+TEST_F(FaultMenuTest, AFaultIsChosenByTheMouseAndSeenAtTheOtherEnd) {
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+  EXPECT_EQ(StatusLine(), QString());
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+  Click("lower-case");
+  EXPECT_EQ(Poll(8), "<ID1a>\r\n");
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: lower-case"));
+  Click("stray-byte");
+  EXPECT_EQ(Poll(9), "\xFF<ID1a>\r\n");
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: lower-case, stray-byte"));
+  EXPECT_EQ(Checked(), (QStringList{QStringLiteral("lower-case"), QStringLiteral("stray-byte")}));
+  Click("lower-case");
+  EXPECT_EQ(Poll(9), "\xFF<ID1A>\r\n");
+  Click("none");
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+  EXPECT_EQ(StatusLine(), QString());
+}
+
+TEST_F(FaultMenuTest, AFaultIsChosenByTheKeyboard) {
+  auto* menu = Find<QMenu>("faults");
+  const auto choose = [&](Qt::Key key) {
+    window_.activateWindow();
+    ASSERT_TRUE(WaitUntil([&] { return QApplication::activeWindow() == &window_; }));
+    QTest::keyClick(&window_, Qt::Key_F, Qt::AltModifier);
+    ASSERT_TRUE(WaitUntil([&] { return menu->isVisible(); }));
+    QTest::keyClick(menu, key);
+    EXPECT_FALSE(menu->isVisible());
+  };
+  choose(Qt::Key_G);
+  const QByteArray answer = Poll(8);
+  EXPECT_EQ(answer.size(), 8);
+  EXPECT_NE(answer, "<ID1A>\r\n");
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: garbage"));
+  choose(Qt::Key_N);
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+}
+
+TEST_F(FaultMenuTest, SilenceIsSeenAtTheOtherEnd) {
+  Click("silent");
+  Poll(0);
+  Click("silent");
+  // Nothing had been answered before.
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+}
+
+TEST_F(FaultMenuTest, TheLineIsCutAfterTheNextFrame) {
+  Click("close-after:1");
+  socket_.write("<ID1A><?>\r\n");
+  EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
+  EXPECT_EQ(socket_.readAll(), "<ID1A>\r\n");
+  Connect();
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+}
+
+TEST_F(FaultMenuTest, UnpluggedNobodyReachesThePanelsUntilTheyArePluggedInAgain) {
+  Click("unplugged");
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: unplugged"));
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("unplugged")});
+  EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
+  socket_.connectToHost(QStringLiteral("127.0.0.1"), port_);
+  EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
+  Click("unplugged");
+  EXPECT_EQ(StatusLine(), QString());
+  Connect();
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+  // "None" plugs in, too.
+  Click("unplugged");
+  Click("silent");
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: silent, unplugged"));
+  Click("none");
+  EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
+  Connect();
+  EXPECT_EQ(Poll(8), "<ID1A>\r\n");
+}
+
+TEST_F(FaultMenuTest, OffersTheFaultsOfTheCommandLine) {
+  Faults all;
+  for (const QAction* action : Find<QMenu>("faults")->actions()) {
+    const QString name = action->objectName().mid(6);
+    if (name.isEmpty() || name == QLatin1String("none") || name == QLatin1String("other") ||
+        name == QLatin1String("unplugged")) {
+      continue;
+    }
+    EXPECT_TRUE(ParseFault(name, &all, nullptr)) << name.toStdString();
+  }
+  EXPECT_EQ(NamesOf(all).size(), 9);
+}
+
+TEST_F(FaultMenuTest, AnAnswerIsLateByOneTimeOnly) {
+  Click("late:500");
+  Click("late:2000");
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("late:2000")});
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:2000"));
+  Click("late:2000");
+  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+}
+
+TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
+  const auto enter = [&](const QString& text) {
+    QTimer::singleShot(0, [&, text] {
+      auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      QTest::keyClicks(dialog->findChild<QLineEdit*>(), text);
+      QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    Fault("other")->trigger();
+  };
+  enter(QStringLiteral("late:7"));
+  EXPECT_EQ(engine_.CurrentFaults().late_ms, 7);
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:7"));
+  EXPECT_TRUE(Checked().isEmpty());
+  QString warning;
+  QTimer closer;
+  QObject::connect(&closer, &QTimer::timeout, [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    warning = box->text();
+    box->accept();
+  });
+  closer.start(1);
+  enter(QStringLiteral("nonsense"));
+  EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"nonsense\": expected one of silent")));
+  EXPECT_EQ(engine_.CurrentFaults().late_ms, 7);
+}
+
+TEST_F(FaultMenuTest, ShowsFaultsThatWereSetElsewhere) {
+  Faults faults;
+  faults.flood = true;
+  faults.late_ms = 500;
+  engine_.SetFaults(faults);
+  EXPECT_EQ(Checked(), (QStringList{QStringLiteral("late:500"), QStringLiteral("flood")}));
+  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:500, flood"));
+}
+
+TEST_F(WindowTest, QuitsByItsStandardKey) {
+  window_.activateWindow();
+  ASSERT_TRUE(WaitUntil([&] { return window_.isActiveWindow(); }));
+  QTest::keyClick(&window_, Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_FALSE(window_.isVisible());
 }
 
 class SchedulesTest : public WindowTest {
@@ -295,20 +769,10 @@ TEST_F(SchedulesTest, ShowsAScrollingText) {
   EXPECT_TRUE(timer->isActive());
   EXPECT_GE(timer->interval(), 20);
   EXPECT_EQ(view->accessibleDescription(), QStringLiteral("one\nHHHH"));
-  const auto green = [&] {
-    const QImage image = view->grab().toImage();
-    const QRect row = RowRect(view->size(), {26, 4, 96, true}, 2).toRect();
-    int found = 0;
-    for (int y = row.top(); y <= row.bottom(); ++y) {
-      for (int x = row.left(); x <= row.right(); ++x) {
-        if (image.pixelColor(x, y) == QColor(0, 255, 0)) ++found;
-      }
-    }
-    return found;
-  };
+  const auto green = [&] { return Count(view, 2, Led::kGreen); };
   EXPECT_EQ(green(), 0);
   now_ = now_.addSecs(2);  // 60 dots of the 96 + 24
-  EXPECT_GT(green(), 50);
+  EXPECT_EQ(green(), 4 * 17);
   const QSignalSpy scrolls(timer, &QTimer::timeout);
   EXPECT_TRUE(WaitUntil([&] { return scrolls.count() >= 3; }));
   now_ = now_.addSecs(2);
@@ -382,6 +846,19 @@ TEST(SeveralPanels, ShrinkAndGrowWithTheWindow) {
   const int small = height();
   window.resize(1400, 1400);
   EXPECT_TRUE(WaitUntil([&] { return height() > small * 3 / 2 && is_shown_whole(); }));
+}
+
+TEST(SeveralPanels, HaveLargerDotsWhereTheyMustBeScrolledAnyway) {
+  PanelEngine engine({{1, 12, 192, true}, {2, 12, 192, false}, {3, 12, 3000, true}});
+  PanelWindow window(&engine);
+  window.resize(800, 600);
+  window.show();
+  const auto distance = [&](int id) {
+    const auto* view = window.findChild<PanelView*>(QStringLiteral("panel_%1").arg(id));
+    return DotDistance(view->size(), view->Picture().description);
+  };
+  EXPECT_TRUE(WaitUntil([&] { return distance(1) == 3 && distance(2) == 3 && distance(3) == 2; }))
+      << distance(1) << ' ' << distance(2) << ' ' << distance(3);
 }
 
 TEST(VisibleText, WritesControlCharactersOut) {
