@@ -13,6 +13,7 @@
 #include "app/module_language.h"
 #include "app/plain_tool_tip.h"
 #include "core/code_page.h"
+#include "core/configuration_store.h"
 #include "core/files.h"
 #include "schedule/schedule_file.h"
 
@@ -155,7 +156,8 @@ void SequenceTable::MarkMissingFiles() {
   const QString missing_text = ModuleLanguage::TranslateMessage(QStringLiteral("File not found"));
   for (int row = 0; row < rowCount(); ++row) {
     QTableWidgetItem* cell = item(row, kFile);
-    const bool missing = !cell->text().isEmpty() && !Brivon1::FileExists(cell->text());
+    const QString name = cell->text();
+    const bool missing = !name.isEmpty() && !Brivon1::FileExists(Brivon1::InProgramFolder(name));
     QFont font = this->font();
     font.setItalic(missing);  // for those who do not see the grey
     cell->setFont(font);

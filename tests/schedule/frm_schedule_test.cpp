@@ -1335,6 +1335,28 @@ TEST_F(ScheduleEditor, AfterAnAddTheNewLastSequenceIsInSight) {
   EXPECT_EQ(Table()->SelectedPosition(), 9);
 }
 
+TEST_F(ScheduleEditor, TheEndStaysInSightBehindTheNewLastSequence) {
+  NewSchedule(11);
+  Window().resize(1, 1);
+  Add(Message(12));
+  const QRect end = Table()->visualItemRect(Table()->item(12, 0));
+  EXPECT_TRUE(Table()->viewport()->rect().contains(end));
+}
+
+TEST_F(ScheduleEditor, ADeleteThatLeavesFewerThan12RowsScrollsTheFirstRowIntoView) {
+  NewSchedule(12);
+  Table()->setMinimumHeight(0);
+  Table()->setMaximumHeight(150);  // fewer rows than there are, in any case
+  Click(12);
+  Press("butDelete");
+  Press("butDelete");
+  EXPECT_EQ(1 + Table()->rowCount(), 12);
+  EXPECT_GT(Table()->verticalScrollBar()->value(), 0);
+  Press("butDelete");
+  EXPECT_EQ(1 + Table()->rowCount(), 11);
+  EXPECT_EQ(Table()->verticalScrollBar()->value(), 0);
+}
+
 TEST_F(ScheduleEditor, AtItsSmallestTheWindowShowsTheWholeTable) {
   Window().resize(1, 1);
   const QRect frame(Find<QWidget>("FrameSchTable")->rect());
@@ -1367,6 +1389,18 @@ TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
   Message(2);
   Activate();
   EXPECT_FALSE(is_grey(2));
+}
+
+TEST_F(ScheduleEditor, AFileNamedWithoutItsFolderIsLookedForInTheProgramsFolder) {
+  Message("here.msg");
+  Open(folder_.Write(Text("r.sch"), "*** Brivon Schedule File ***\r\n" + QByteArray(kHead) +
+                                        "No of Sequence =2\r\n" + Field("here.msg", 100) +
+                                        "\r\n1\r\nFlip\r\n" + Field("gone.msg", 100) +
+                                        "\r\n2\r\nFall\r\n"));
+  EXPECT_EQ(Rows(), Lines({"1|here.msg|1|Flip", "2|gone.msg|2|Fall", "End|||"}));
+  EXPECT_FALSE(Table()->item(0, 1)->font().italic());
+  EXPECT_TRUE(Table()->item(1, 1)->font().italic());
+  EXPECT_FALSE(Table()->item(2, 1)->font().italic());  // "End" names none
 }
 
 TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
