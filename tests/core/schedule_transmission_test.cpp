@@ -222,6 +222,12 @@ TEST_F(ScheduleTransmission, ANumberWithBlanksOrLeadingZerosIsWrittenWithTwoDigi
             "<ID0A><TA>*080700105A\r\n");
 }
 
+TEST_F(ScheduleTransmission, BlanksAroundAnHourThatIsNoNumberAreKeptToo) {
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = **\r\nMin =ab \r\n",
+                          {Message(QStringLiteral("a.msg"), "A")}),
+            "<ID0A><TA>* **ab 00105A\r\n");
+}
+
 TEST_F(ScheduleTransmission, ADelayIsWrittenWithAtLeastTwoDigits) {
   const QString a = Message(QStringLiteral("a.msg"), "A");
   Answer(2);
