@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -498,6 +499,17 @@ TEST_F(ConfigDialogTest, RemoveWithoutASelectedLineDoesNothing) {
   QTest::keyClick(List(), Qt::Key_Delete);
   EXPECT_EQ(Lines().size(), 2);
   EXPECT_TRUE(reader_.Seen().isEmpty());
+}
+
+TEST_F(ConfigDialogTest, ADeleteKeyHeldTooLongTakesOnePanelOut) {
+  Open(kTwoPanels);
+  ClickLine(List(), 0);
+  QTest::keyClick(List(), Qt::Key_Delete);
+  for (int n = 0; n < 5; ++n) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(List(), &held);
+  }
+  EXPECT_EQ(Lines(), QStringList{Text(kLine12)});
 }
 
 TEST_F(ConfigDialogTest, TheDeleteKeyInTheListRemovesAndInABoxDeletesACharacter) {
