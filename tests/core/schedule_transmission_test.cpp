@@ -335,6 +335,15 @@ TEST_F(ScheduleTransmission, AMissingMessageFileIsFoundBeforeAnythingIsSent) {
   ExpectRefused(ScheduleOf({{a}, {missing}}), QStringLiteral("File not found: ") + missing);
 }
 
+TEST_F(ScheduleTransmission, OfANameThatNoFileCanHaveTheStartIsShown) {
+  // A whole line of a megabyte would keep a message box busy for many seconds.
+  const QString endless(1000000, QLatin1Char('x'));
+  ExpectRefused(ScheduleOf({{endless}}),
+                QStringLiteral("File not found: ") + QString(4096, QLatin1Char('x')));
+  const QString longest(4096, QLatin1Char('x'));
+  ExpectRefused(ScheduleOf({{longest}}), QStringLiteral("File not found: ") + longest);
+}
+
 TEST_F(ScheduleTransmission, AFileThatIsNoMessageFileIsFoundBeforeAnythingIsSent) {
   const QString a = Message(QStringLiteral("a.msg"), "A");
   const QString other =
