@@ -367,6 +367,7 @@ TEST_F(ScheduleEditor, NewBeginsAnEmptyScheduleOfTheChosenSize) {
   for (const char* name : {"butSave", "butSaveAs", "butSend", "butDelete", "butClear"}) {
     EXPECT_FALSE(Button(name)->isEnabled()) << name;
   }
+  EXPECT_EQ(Window().focusWidget(), Button("butAdd"));
   EXPECT_FALSE(Asks());
 }
 
@@ -969,6 +970,18 @@ TEST_F(ScheduleEditor, DoubleClickOnEndOrWithAnotherButtonDoesNothing) {
   });
   EXPECT_EQ(cancelled.Count(), 0);
   EXPECT_EQ(properties_, 1);
+}
+
+TEST_F(ScheduleEditor, BlanksBeforeAStoredFeatureStayWhereThePropertyDialogChangesNothing) {
+  Open(folder_.Write(Text("b.sch"), "*** Brivon Schedule File ***\r\n" + QByteArray(kHead) +
+                                        "No of Sequence =1\r\n" + PathLine(Message(1)) + "7\r\n" +
+                                        Field("  Fall", 20) + "\r\n"));
+  Properties({}, {}, [&] { DoubleClick(1, 2); });
+  EXPECT_EQ(shown_feature_, Text("Fall"));
+  EXPECT_FALSE(Asks());
+  Properties(Text("8"), {}, [&] { DoubleClick(1, 2); });
+  Press("butSave");
+  EXPECT_TRUE(folder_.Read(Text("b.sch")).endsWith("\r\n8\r\n  Fall              \r\n"));
 }
 
 TEST_F(ScheduleEditor, AStoredDelayOutside1To99ThePropertyDialogStartsAtTheNearestValidOne) {
