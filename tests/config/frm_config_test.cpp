@@ -552,6 +552,15 @@ TEST_F(ConfigDialogTest, AnythingButFourPartsOfDigitsIsInvalid) {
   }
 }
 
+TEST_F(ConfigDialogTest, TheBoxShowsTheAddressOfAChosenLineAsItWasAdded) {
+  Open("[Dimension Config]\r\nID001=8x96,Mono,010.0.0.5:80\r\n");
+  ClickLine(List(), 0);
+  EXPECT_EQ(Box("txtIPAddress")->text(), Text("010.0.0.5"));
+  Click("butAdd");
+  EXPECT_EQ(Box("txtIPAddress")->text(), Text("10.0.0.5"));
+  EXPECT_EQ(SelectedLine(), Text("ID001     8x96     Mono-Color     10.0.0.5:80"));
+}
+
 TEST_F(ConfigDialogTest, LeadingZerosGoWhenTheAddressBoxIsLeft) {
   Open(kTwoPanels);
   Type("txtIPAddress", "192.168.001.020");
