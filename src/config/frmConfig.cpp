@@ -218,10 +218,12 @@ void frmConfig::RefuseAddress() {
 
 bool frmConfig::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
+    const auto* press = static_cast<QKeyEvent*>(event);
+    const int key = press->key();
     const bool is_list = object == ui_->List1;
     if (is_list && key == Qt::Key_Delete) {
-      Remove();
+      // A key that is held too long takes one panel out, not all.
+      if (!press->isAutoRepeat()) Remove();
       return true;
     }
     if (!is_list && (key == Qt::Key_Return || key == Qt::Key_Enter)) {

@@ -21,6 +21,7 @@ using ModuleLanguage::TranslateMessage;
 
 constexpr int kPagesOfALetter = 12;
 constexpr int kPausesAheadOfTheSchedule = 3;
+constexpr qsizetype kLongestShownName = 4096;  // no file has a longer one
 
 /// A step of the schedule as the panel is told it.
 struct Entry {
@@ -126,7 +127,7 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
   for (const QString& name : plan->files) {
     const QString refusal = FileRefusal(name, plan->head.dimension);
     if (refusal.isEmpty()) continue;
-    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name);
+    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name.left(kLongestShownName));
     return false;
   }
 

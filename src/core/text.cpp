@@ -33,6 +33,7 @@ QByteArray ValueAfterEquals(QByteArrayView line) {
 }
 
 QByteArray ZeroPadded(int number, int digits) {
+  if (number < 0) return '-' + ZeroPadded(-number, digits);
   return QByteArray::number(number).rightJustified(digits, '0');
 }
 

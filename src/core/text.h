@@ -24,7 +24,7 @@ qint16 LeadingNumber16(QByteArrayView text);
 /// What stands right of the first "=" of a line; the whole line where there is none.
 QByteArray ValueAfterEquals(QByteArrayView line);
 
-/// `number` in decimal, with leading zeros up to `digits` places.
+/// `number` in decimal, with leading zeros up to `digits` places; a sign comes before them.
 QByteArray ZeroPadded(int number, int digits);
 
 }  // namespace Brivon1

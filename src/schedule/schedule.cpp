@@ -28,8 +28,9 @@ void Schedule::Remove(int position) {
 
 void Schedule::Replace(int position, const Sequence& sequence) {
   if (!Holds(position)) return;
+  const bool is_other_file = sequences_[position - 1].path != sequence.path;
   sequences_[position - 1] = sequence;
-  RefillFiles();
+  if (is_other_file) RefillFiles();
 }
 
 void Schedule::Clear() {

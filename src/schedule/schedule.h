@@ -76,8 +76,8 @@ class Schedule {
   /// A position outside 1..Count() changes nothing.
   void Remove(int position);
 
-  /// Puts another sequence at `position`; the list of different files is made anew. A position
-  /// outside 1..Count() changes nothing.
+  /// Puts another sequence at `position`; where it names another file, the list of different files
+  /// is made anew. A position outside 1..Count() changes nothing.
   void Replace(int position, const Sequence& sequence);
 
   /// Takes out all sequences and different files.

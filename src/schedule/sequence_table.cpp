@@ -156,8 +156,8 @@ void SequenceTable::MarkMissingFiles() {
   const QString missing_text = ModuleLanguage::TranslateMessage(QStringLiteral("File not found"));
   for (int row = 0; row < rowCount(); ++row) {
     QTableWidgetItem* cell = item(row, kFile);
-    const bool missing =
-        !cell->text().isEmpty() && !Brivon1::FileExists(Brivon1::InProgramFolder(cell->text()));
+    const QString name = cell->text();
+    const bool missing = !name.isEmpty() && !Brivon1::FileExists(Brivon1::InProgramFolder(name));
     QFont font = this->font();
     font.setItalic(missing);  // for those who do not see the grey
     cell->setFont(font);

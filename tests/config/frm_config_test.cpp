@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -500,6 +501,17 @@ TEST_F(ConfigDialogTest, RemoveWithoutASelectedLineDoesNothing) {
   EXPECT_TRUE(reader_.Seen().isEmpty());
 }
 
+TEST_F(ConfigDialogTest, ADeleteKeyHeldTooLongTakesOnePanelOut) {
+  Open(kTwoPanels);
+  ClickLine(List(), 0);
+  QTest::keyClick(List(), Qt::Key_Delete);
+  for (int n = 0; n < 5; ++n) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(List(), &held);
+  }
+  EXPECT_EQ(Lines(), QStringList{Text(kLine12)});
+}
+
 TEST_F(ConfigDialogTest, TheDeleteKeyInTheListRemovesAndInABoxDeletesACharacter) {
   Open(kTwoPanels);
   ClickLine(List(), 0);
@@ -538,6 +550,15 @@ TEST_F(ConfigDialogTest, AnythingButFourPartsOfDigitsIsInvalid) {
     EXPECT_EQ(reader.Texts(), QStringList{Text("Invalid IP Address!")}) << text;
     EXPECT_EQ(Box("txtIPAddress")->text(), Text("0.0.0.0")) << text;
   }
+}
+
+TEST_F(ConfigDialogTest, TheBoxShowsTheAddressOfAChosenLineAsItWasAdded) {
+  Open("[Dimension Config]\r\nID001=8x96,Mono,010.0.0.5:80\r\n");
+  ClickLine(List(), 0);
+  EXPECT_EQ(Box("txtIPAddress")->text(), Text("010.0.0.5"));
+  Click("butAdd");
+  EXPECT_EQ(Box("txtIPAddress")->text(), Text("10.0.0.5"));
+  EXPECT_EQ(SelectedLine(), Text("ID001     8x96     Mono-Color     10.0.0.5:80"));
 }
 
 TEST_F(ConfigDialogTest, LeadingZerosGoWhenTheAddressBoxIsLeft) {

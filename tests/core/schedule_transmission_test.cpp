@@ -222,6 +222,12 @@ TEST_F(ScheduleTransmission, ANumberWithBlanksOrLeadingZerosIsWrittenWithTwoDigi
             "<ID0A><TA>*080700105A\r\n");
 }
 
+TEST_F(ScheduleTransmission, BlanksAroundAnHourThatIsNoNumberAreKeptToo) {
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = **\r\nMin =ab \r\n",
+                          {Message(QStringLiteral("a.msg"), "A")}),
+            "<ID0A><TA>* **ab 00105A\r\n");
+}
+
 TEST_F(ScheduleTransmission, ADelayIsWrittenWithAtLeastTwoDigits) {
   const QString a = Message(QStringLiteral("a.msg"), "A");
   Answer(2);
@@ -327,6 +333,15 @@ TEST_F(ScheduleTransmission, AMissingMessageFileIsFoundBeforeAnythingIsSent) {
   const QString a = Message(QStringLiteral("a.msg"), "A");
   const QString missing = Path(QStringLiteral("missing.msg"));
   ExpectRefused(ScheduleOf({{a}, {missing}}), QStringLiteral("File not found: ") + missing);
+}
+
+TEST_F(ScheduleTransmission, OfANameThatNoFileCanHaveTheStartIsShown) {
+  // A whole line of a megabyte would keep a message box busy for many seconds.
+  const QString endless(1000000, QLatin1Char('x'));
+  ExpectRefused(ScheduleOf({{endless}}),
+                QStringLiteral("File not found: ") + QString(4096, QLatin1Char('x')));
+  const QString longest(4096, QLatin1Char('x'));
+  ExpectRefused(ScheduleOf({{longest}}), QStringLiteral("File not found: ") + longest);
 }
 
 TEST_F(ScheduleTransmission, AFileThatIsNoMessageFileIsFoundBeforeAnythingIsSent) {

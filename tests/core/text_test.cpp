@@ -89,6 +89,7 @@ TEST(Text, LeadingZerosFillUpToTheGivenPlaces) {
   EXPECT_EQ(ZeroPadded(0, 2), "00");
   EXPECT_EQ(ZeroPadded(255, 3), "255");
   EXPECT_EQ(ZeroPadded(1234, 3), "1234");
+  EXPECT_EQ(ZeroPadded(-5, 2), "-05");
 }
 
 }  // namespace

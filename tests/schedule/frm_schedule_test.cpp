@@ -367,6 +367,7 @@ TEST_F(ScheduleEditor, NewBeginsAnEmptyScheduleOfTheChosenSize) {
   for (const char* name : {"butSave", "butSaveAs", "butSend", "butDelete", "butClear"}) {
     EXPECT_FALSE(Button(name)->isEnabled()) << name;
   }
+  EXPECT_EQ(Window().focusWidget(), Button("butAdd"));
   EXPECT_FALSE(Asks());
 }
 
@@ -971,6 +972,18 @@ TEST_F(ScheduleEditor, DoubleClickOnEndOrWithAnotherButtonDoesNothing) {
   EXPECT_EQ(properties_, 1);
 }
 
+TEST_F(ScheduleEditor, BlanksBeforeAStoredFeatureStayWhereThePropertyDialogChangesNothing) {
+  Open(folder_.Write(Text("b.sch"), "*** Brivon Schedule File ***\r\n" + QByteArray(kHead) +
+                                        "No of Sequence =1\r\n" + PathLine(Message(1)) + "7\r\n" +
+                                        Field("  Fall", 20) + "\r\n"));
+  Properties({}, {}, [&] { DoubleClick(1, 2); });
+  EXPECT_EQ(shown_feature_, Text("Fall"));
+  EXPECT_FALSE(Asks());
+  Properties(Text("8"), {}, [&] { DoubleClick(1, 2); });
+  Press("butSave");
+  EXPECT_TRUE(folder_.Read(Text("b.sch")).endsWith("\r\n8\r\n  Fall              \r\n"));
+}
+
 TEST_F(ScheduleEditor, AStoredDelayOutside1To99ThePropertyDialogStartsAtTheNearestValidOne) {
   Open(folder_.Write(Text("d.sch"), "*** Brivon Schedule File ***\r\n" + QByteArray(kHead) +
                                         "No of Sequence =2\r\n" + PathLine(Message(1)) +
@@ -1335,6 +1348,28 @@ TEST_F(ScheduleEditor, AfterAnAddTheNewLastSequenceIsInSight) {
   EXPECT_EQ(Table()->SelectedPosition(), 9);
 }
 
+TEST_F(ScheduleEditor, TheEndStaysInSightBehindTheNewLastSequence) {
+  NewSchedule(11);
+  Window().resize(1, 1);
+  Add(Message(12));
+  const QRect end = Table()->visualItemRect(Table()->item(12, 0));
+  EXPECT_TRUE(Table()->viewport()->rect().contains(end));
+}
+
+TEST_F(ScheduleEditor, ADeleteThatLeavesFewerThan12RowsScrollsTheFirstRowIntoView) {
+  NewSchedule(12);
+  Table()->setMinimumHeight(0);
+  Table()->setMaximumHeight(150);  // fewer rows than there are, in any case
+  Click(12);
+  Press("butDelete");
+  Press("butDelete");
+  EXPECT_EQ(1 + Table()->rowCount(), 12);
+  EXPECT_GT(Table()->verticalScrollBar()->value(), 0);
+  Press("butDelete");
+  EXPECT_EQ(1 + Table()->rowCount(), 11);
+  EXPECT_EQ(Table()->verticalScrollBar()->value(), 0);
+}
+
 TEST_F(ScheduleEditor, AtItsSmallestTheWindowShowsTheWholeTable) {
   Window().resize(1, 1);
   const QRect frame(Find<QWidget>("FrameSchTable")->rect());
@@ -1371,13 +1406,14 @@ TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
 
 TEST_F(ScheduleEditor, AFileNamedWithoutItsFolderIsLookedForInTheProgramsFolder) {
   Message("here.msg");
-  const QByteArray head = "Week =0\r\nHour =**\r\nMin =**\r\nRow =2\r\nCol =80\r\n";
-  Open(folder_.Write(Text("week.sch"),
-                     "*** Brivon Schedule File ***\r\n" + head + "No of Sequence =2\r\n" +
-                         PathLine(Text("here.msg")) + "1\r\n" + Field("Fall", 20) + "\r\n" +
-                         PathLine(Text("gone.msg")) + "1\r\n" + Field("Fall", 20) + "\r\n"));
+  Open(folder_.Write(Text("r.sch"), "*** Brivon Schedule File ***\r\n" + QByteArray(kHead) +
+                                        "No of Sequence =2\r\n" + Field("here.msg", 100) +
+                                        "\r\n1\r\nFlip\r\n" + Field("gone.msg", 100) +
+                                        "\r\n2\r\nFall\r\n"));
+  EXPECT_EQ(Rows(), Lines({"1|here.msg|1|Flip", "2|gone.msg|2|Fall", "End|||"}));
   EXPECT_FALSE(Table()->item(0, 1)->font().italic());
   EXPECT_TRUE(Table()->item(1, 1)->font().italic());
+  EXPECT_FALSE(Table()->item(2, 1)->font().italic());  // "End" names none
 }
 
 TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {

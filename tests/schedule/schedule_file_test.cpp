@@ -405,6 +405,7 @@ TEST_F(ScheduleFile, APathLongerThanIts100CharacterFieldIsRefusedWhenItIsChosen)
   const QString path = Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n",
                              QString(100, QLatin1Char('x')));
   EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QStringLiteral("Invalid path!"));
+  EXPECT_EQ(MessageFileRefusal(path, {4, 96}), QStringLiteral("Dimension not matched!"));
 }
 
 // ---- anything at all ----------------------------------------------------------------------------

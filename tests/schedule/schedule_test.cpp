@@ -132,6 +132,14 @@ TEST(Schedule, AnotherFileForASlotRebuildsTheDistinctList) {
   EXPECT_EQ(Paths(schedule), "b b ");
 }
 
+TEST(Schedule, AnotherDelayOrFeatureForASlotLeavesTheDistinctListAsItIs) {
+  Schedule schedule = ScheduleOf({"a"});
+  EXPECT_TRUE(schedule.OfferFile(FixedField("offered only", 100)));
+  schedule.Replace(1, Step("a", 7));
+  EXPECT_EQ(schedule.Sequences()[0].delay, 7);
+  EXPECT_EQ(schedule.Files().Count(), 2);
+}
+
 TEST(Schedule, ClearTakesOutSequencesAndFilesAndLeavesTheTime) {
   Schedule schedule = ScheduleOf({"a", "b"});
   schedule.weekday = 3;
