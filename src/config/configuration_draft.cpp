@@ -67,14 +67,16 @@ void ConfigurationDraft::ChooseMode(SendMode mode) {
 }
 
 AddResult ConfigurationDraft::Add(const PanelBoxes& boxes) {
+  // The address first: pressing the button has left its box.
+  const auto address = IpAddress(boxes.address);
+  if (!address) return AddResult::kInvalidAddress;
   const auto id = WholeNumber(boxes.id, 0, kHighestPanelId);
   const auto rows = WholeNumber(boxes.rows, 1, kMaxRows);
   const auto columns = WholeNumber(boxes.columns, 1, kMostColumns);
-  if (!id || !rows || !columns) return AddResult::kInvalidInput;
-  const auto address = IpAddress(boxes.address);
-  if (!address) return AddResult::kInvalidAddress;
   const QString port = boxes.port.isEmpty() ? QString(kDefaultTcpPort) : boxes.port;
-  if (!WholeNumber(port, 1, kHighestTcpPort)) return AddResult::kInvalidInput;
+  if (!id || !rows || !columns || !WholeNumber(port, 1, kHighestTcpPort)) {
+    return AddResult::kInvalidInput;
+  }
   PanelEntry entry;
   entry.rows = static_cast<qint16>(*rows);
   entry.columns = static_cast<qint16>(*columns);
