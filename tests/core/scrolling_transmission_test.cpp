@@ -118,6 +118,15 @@ TEST_F(ScrollingTransmission, NineBytesRunIntoTheTimeOut) {
   EXPECT_EQ(time_.Now(), 1400 + 300 + 200);
 }
 
+TEST_F(ScrollingTransmission, BytesLeftOverFromAnEarlierExchangeAreCountedIntoTheAnswer) {
+  link_.Receive("!");
+  link_.AnswerAfter(10, "<ID12>\r\n");
+  link_.AnswerAfter(10, "<ID12>\r\n");
+  EXPECT_TRUE(Send(File("x"), 18, 2));
+  EXPECT_EQ(link_.Written().size(), 2);
+  EXPECT_EQ(time_.Now(), 1400 + 300 + 200);
+}
+
 TEST_F(ScrollingTransmission, TimelineForPanelId0) {
   EXPECT_TRUE(Send(File("x"), 0, 2));
   EXPECT_EQ(time_.Timeline(), (QStringList{

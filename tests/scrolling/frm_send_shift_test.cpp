@@ -199,6 +199,27 @@ TEST_F(SendScrolling, TheBoxIsPlainAndBearsTheWindowsCaption) {
   EXPECT_EQ(boxes.Seen()[0].parent, &dialog.window);
 }
 
+TEST_F(SendScrolling, ThePortIsOpenAndTheControlsAreLockedUntilTheResultIsRead) {
+  Dialog dialog(path_);
+  bool ready = true;
+  bool open = false;
+  const ModalWindowDriver box(QString(), [&](QWidget*) {
+    ready = dialog.Find<QWidget>("butSend")->isEnabled();
+    open = dialog.Find<QSerialPort>("Comm1")->isOpen();
+  });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_FALSE(ready);
+  EXPECT_TRUE(open);
+  EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
+}
+
+TEST_F(SendScrolling, ALineOfBlanksIsNotEmptyIsReadAs0AndSent) {
+  Dialog dialog(path_);
+  dialog.TypeLine(QStringLiteral("  "));
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
+}
+
 TEST_F(SendScrolling, ASilentPanelFailsAfterFiveAttempts) {
   bench_.Fail({.silent = true});
   Dialog dialog(path_);
@@ -439,6 +460,21 @@ TEST_F(SendScrollingChecks, AMessageAboutWhatWasChosenLocksNothing) {
   const ModalWindowDriver box(QString(), [&](QWidget*) { ready = dialog.IsReady(); });
   EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
   EXPECT_TRUE(ready);
+}
+
+TEST_F(SendScrollingChecks, TheControlsAreLockedUntilTheMessageAboutThePortIsRead) {
+  Dialog dialog(path_);
+  bool ready = true;
+  const ModalWindowDriver box(
+      QString(), [&](QWidget*) { ready = dialog.Find<QWidget>("butSend")->isEnabled(); });
+  EXPECT_EQ(dialog.Send(), QStringList{kNoPort});
+  EXPECT_FALSE(ready);
+  EXPECT_TRUE(dialog.IsReady());
+}
+
+TEST_F(SendScrollingChecks, WithoutAFileTheKeyboardIsAtBrowse) {
+  Dialog dialog{QString()};
+  EXPECT_EQ(dialog.window.focusWidget()->objectName(), QStringLiteral("butBrowse"));
 }
 
 TEST_F(SendScrollingChecks, WithoutAFileOrWithAFolderThereIsNoneToFind) {

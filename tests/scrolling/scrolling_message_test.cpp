@@ -284,6 +284,32 @@ TEST(ScrollingMessage, UndoAndRedoBringBackTextCursorAndSpan) {
   EXPECT_FALSE(message.Redo());
 }
 
+TEST(ScrollingMessage, UndoAndRedoAreEditsThatAreToBeSaved) {
+  ScrollingMessage message = Opened(3);
+  message.TypeKey('x');
+  message.SetModified(false);
+  EXPECT_TRUE(message.Undo());
+  EXPECT_TRUE(message.IsModified());
+  message.SetModified(false);
+  EXPECT_TRUE(message.Redo());
+  EXPECT_TRUE(message.IsModified());
+}
+
+TEST(ScrollingMessage, WhatStandsInFrontOfAnEditThatIsTakenBackOrMadeAgainIsInSight) {
+  ScrollingMessage message = Opened(100);
+  Press(message, MoveKey::kLeft, 50);
+  Press(message, MoveKey::kDelete);
+  EXPECT_EQ(message.FirstVisible(), 50);
+  EXPECT_TRUE(message.Undo());
+  EXPECT_EQ(message.Row().Cursor(), 50);
+  EXPECT_LT(message.FirstVisible(), 50);
+  Press(message, MoveKey::kEnd);
+  EXPECT_EQ(message.FirstVisible(), 70);
+  EXPECT_TRUE(message.Redo());
+  EXPECT_EQ(message.Row().Cursor(), 50);
+  EXPECT_LT(message.FirstVisible(), 50);
+}
+
 TEST(ScrollingMessage, AFileOfMoreThan1000CharactersStaysWholeAndTakesNoFurtherOne) {
   ScrollingMessage message = Opened(600000);
   EXPECT_EQ(message.Row().Cursor(), 600000);

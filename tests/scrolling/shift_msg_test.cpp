@@ -10,10 +10,13 @@
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -206,6 +209,59 @@ TEST_F(ShiftMsg, TimersOfThePreviewCursor500MsBlinkingCharacters500Ms) {
 TEST_F(ShiftMsg, TheCursorBlinks) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return CursorCell() == -1; }));
   EXPECT_TRUE(QTest::qWaitFor([this] { return CursorCell() == 0; }));
+}
+
+TEST_F(ShiftMsg, TheCursorBlinksAnewFromEveryEdit) {
+  auto* timer = Find<QTimer>("Timer1");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return timer->remainingTime() < 250; }));
+  const int before = timer->remainingTime();
+  Key(Qt::Key_Left);
+  EXPECT_GT(timer->remainingTime(), before);
+}
+
+/// Keeps which part of a widget is painted while it lives.
+class PaintWatcher : public QObject {
+ public:
+  explicit PaintWatcher(QWidget* widget) { widget->installEventFilter(this); }
+
+  const QRegion& Painted() const { return painted_; }
+
+  bool eventFilter(QObject* /*object*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted_ += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+
+ private:
+  QRegion painted_;
+};
+
+TEST_F(ShiftMsg, ATickPaintsWhatItChangesAndAnEditTheWholeSpan) {
+  // The characters 70 to 99 are in sight.
+  Open(Write("a.srl", QByteArray(10, 'a') + "<SE>b<SA>" + QByteArray(61, 'c') + "<SE>d<SA>e<SE>f" +
+                          "<SA>" + QByteArray(25, 'g')));
+  ASSERT_EQ(Position(), Text("100 of 100"));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+  auto* cursor = Find<QTimer>("Timer1");
+  auto* blink = Find<QTimer>("Timer2");
+  for (QTimer* timer : {cursor, blink}) timer->stop();
+  QApplication::processEvents();
+  {
+    const PaintWatcher picture(Picture());
+    QMetaObject::invokeMethod(cursor, "timeout");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return picture.Painted() == QRegion(360, 0, 1, 20); }));
+  }
+  {
+    const PaintWatcher picture(Picture());
+    QMetaObject::invokeMethod(blink, "timeout");
+    // From the first blinking character in sight to the last.
+    const QRegion blinking(24, 0, 36, 20);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return picture.Painted().intersected(blinking) == blinking; }));
+    EXPECT_FALSE(picture.Painted().contains(QPoint(360, 10)));
+  }
+  const PaintWatcher picture(Picture());
+  Key(Qt::Key_Home);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return picture.Painted() == QRegion(Picture()->rect()); }));
 }
 
 TEST_F(ShiftMsg, TypingThe1001stCharacterDoesNothing) {
@@ -496,6 +552,18 @@ TEST_F(ShiftMsg, YesToTheSaveQuestionSavesClearsTheModifiedFlagAndContinues) {
   EXPECT_FALSE(Asks());
 }
 
+TEST_F(ShiftMsg, SendHandsTheCurrentFileOver) {
+  const QString path = Write("current.srl", "abc");
+  Open(path);
+  QString given;
+  const ModalWindowDriver send(Text("frmSendShift"), [&](QWidget* dialog) {
+    given = dialog->findChild<QLabel*>(Text("lblFileName"))->text();
+    dialog->close();
+  });
+  Press("butSend");
+  EXPECT_EQ(given, path);
+}
+
 TEST_F(ShiftMsg, NoContinuesWithoutSaving) {
   Keys("x");
   MessageBoxReader boxes;
@@ -741,6 +809,21 @@ TEST_F(ShiftMsg, AnInputMethodFindsTheCursorInTheSpan) {
   EXPECT_EQ(Picture()->inputMethodQuery(Qt::ImCursorRectangle).toRect(), QRect(360, 0, 1, 20));
   Key(Qt::Key_Left);
   EXPECT_EQ(Picture()->inputMethodQuery(Qt::ImCursorRectangle).toRect(), QRect(348, 0, 1, 20));
+}
+
+TEST_F(ShiftMsg, AnInputMethodIsToldWhereTheCursorGoes) {
+  window_.activateWindow();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return QGuiApplication::focusObject() == Picture(); }));
+  Keys("abc");
+  const QSignalSpy told(QGuiApplication::inputMethod(), &QInputMethod::cursorRectangleChanged);
+  Key(Qt::Key_Left);
+  EXPECT_GE(told.count(), 1);
+}
+
+TEST_F(ShiftMsg, TheDrawingAreaIsNamedAndReadOutToWhoCannotSeeIt) {
+  EXPECT_EQ(Picture()->accessibleName(), Text("Message"));
+  Keys("Road works");
+  EXPECT_EQ(Picture()->accessibleDescription(), Text("Road works"));
 }
 
 TEST_F(ShiftMsg, ControlCharactersTypedInAnEditorAreIgnoredAndNoEdit) {
