@@ -33,9 +33,25 @@ const FontEntry* Find(char16_t character) {
   return found != std::end(kFont) && found->character == character ? found : nullptr;
 }
 
+// Doubles every stroke: to the right, or to the left where it would close the gap to the next
+// stroke or reach the last column.
 void MakeBold(DotGlyph* glyph) {
-  const unsigned kept = (1U << static_cast<unsigned>(glyph->columns - 1)) - 1;
-  for (quint8& row : glyph->rows) row = static_cast<quint8>(row | (row << 1U & kept));
+  for (std::size_t y = 0; y < glyph->rows.size(); ++y) {
+    const DotGlyph thin = *glyph;
+    unsigned row = glyph->rows[y];
+    const auto is_lit = [&row](int x) { return x >= 0 && (row >> static_cast<unsigned>(x) & 1U); };
+    for (int x = 0; x < glyph->columns; ++x) {
+      if (!thin.IsLit(x, static_cast<int>(y))) continue;
+      const auto light = [&row](int column) { row |= 1U << static_cast<unsigned>(column); };
+      if (x + 1 >= glyph->columns - 1) continue;
+      if (!is_lit(x + 2)) {
+        light(x + 1);
+      } else if (x > 0 && !is_lit(x - 2)) {
+        light(x - 1);
+      }
+    }
+    glyph->rows[y] = static_cast<quint8>(row);
+  }
 }
 
 }  // namespace

@@ -21,8 +21,8 @@ struct DotGlyph {
   }
 };
 
-// A character's glyph; an empty box for a character that the font lacks. In bold each dot has
-// another one on its right, but for the last column, so that neighbours stay apart.
+// A character's glyph; an empty box for a character that the font lacks. In bold every stroke
+// is doubled as far as there is room: gaps within the character, and the last column, stay dark.
 DotGlyph GlyphOf(QChar character, bool compressed, bool bold);
 
 // The symbol that a panel shows for graphic `letter`, "A" to "Z"; an empty box for any other.

@@ -92,6 +92,18 @@ TEST(DotCharacters, BoldIsADoubledStrokeThatLeavesTheLastColumnDark) {
             ".....\n");
 }
 
+TEST(DotCharacters, BoldDoesNotCloseTheGapWithinACharacter) {
+  EXPECT_EQ(Row("<SD><CA>0", 5),
+            "..rr.\n"
+            "rr.r.\n"
+            "rr.r.\n"
+            "rr.r.\n"
+            "rr.r.\n"
+            "..rr.\n"
+            ".....\n"
+            ".....\n");
+}
+
 TEST(DotCharacters, WhatHangsBelowTheLineIsKept) {
   EXPECT_EQ(Row("<SA><CA>p", 6),
             "......\n"
