@@ -213,6 +213,21 @@ TEST_F(SendScrolling, ThePortIsOpenAndTheControlsAreLockedUntilTheResultIsRead) 
   EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
 }
 
+TEST_F(SendScrolling, TheControlsAreLockedUntilTheLinkIsClosed) {
+  Dialog dialog(path_);
+  int closed = 0;
+  QObject::connect(dialog.Find<QSerialPort>("Comm1"), &QIODevice::aboutToClose, &dialog.window,
+                   [&] {
+                     ++closed;
+                     for (const char* name : {"butSend", "butDone", "butBrowse", "ComboID"}) {
+                       EXPECT_FALSE(dialog.Find<QWidget>(name)->isEnabled()) << name;
+                     }
+                   });
+  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
+  EXPECT_EQ(closed, 1);
+  EXPECT_TRUE(dialog.IsReady());
+}
+
 TEST_F(SendScrolling, ALineOfBlanksIsNotEmptyIsReadAs0AndSent) {
   Dialog dialog(path_);
   dialog.TypeLine(QStringLiteral("  "));

@@ -458,6 +458,18 @@ TEST_F(ShiftMsg, AfterOpenTheCursorStandsBehindTheLastCharacterTheSpanAsEndSetsI
   EXPECT_FALSE(Asks());
 }
 
+TEST_F(ShiftMsg, OpenLeavesTheAttributesOfWhatIsTypedNext) {
+  Find<QComboBox>("ComboColor")->setCurrentIndex(2);
+  Find<QComboBox>("ComboSize")->setCurrentIndex(3);
+  Find<QCheckBox>("chkBlink")->setChecked(true);
+  Open(Write("a.srl", "<SB><CP>a"));
+  Keys("x");
+  EXPECT_EQ(Body(), "<SB><CP>a<SH><CC>x\r\n");
+  EXPECT_EQ(Find<QComboBox>("ComboColor")->currentIndex(), 2);
+  EXPECT_EQ(Find<QComboBox>("ComboSize")->currentIndex(), 3);
+  EXPECT_TRUE(Find<QCheckBox>("chkBlink")->isChecked());
+}
+
 TEST_F(ShiftMsg, TheFileDialogsHaveTheirTitlesAndFilters) {
   Open(QString());
   EXPECT_EQ(dialog_.title, Text("Open Message"));
