@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 
 #include "app/caption_loader.h"
+#include "app/ignore_wheel.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
 #include "app/plain_tool_tip.h"
@@ -99,6 +100,7 @@ void frmConfig::SetUpPanels() {
   SetUpNumber(ui_->txtRow, 1, Brivon1::kMaxRows);
   SetUpNumber(ui_->txtcol, 1, Brivon1::kMostColumns);
   ui_->ComboColorType->addItems({QStringLiteral("Mono"), QStringLiteral("Tri")});
+  IgnoreWheel(ui_->ComboColorType);
   ui_->txtIPAddress->setText(Brivon1::kNoAddress);
   QSizePolicy note_place = ui_->lblColumnsNote->sizePolicy();
   note_place.setRetainSizeWhenHidden(true);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScopeGuard>
 
+#include "app/ignore_wheel.h"
 #include "app/module_language.h"
 #include "core/code_page.h"
 
@@ -15,6 +16,7 @@ void FillPanelList(QComboBox* list, QByteArray (*line)(int id, const Brivon1::Pa
     list->addItem(Brivon1::CodePage::System().ToText(entry), entry);
   }
   list->setCurrentIndex(-1);
+  IgnoreWheel(list);
 }
 
 std::optional<Brivon1::PanelListEntry> SelectedPanel(const QComboBox* list) {

@@ -8,6 +8,8 @@
 #include <QEvent>
 #include <QShortcut>
 
+#include "app/ignore_wheel.h"
+
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message) {
   for (const char* name : Brivon1::kColourNames) controls.colour->addItem(QLatin1String(name));
   for (const char* name : Brivon1::kSizeNames) controls.size->addItem(QLatin1String(name));
@@ -31,12 +33,11 @@ void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,
 
 ListGuard::ListGuard(QComboBox* list, std::function<void()> closed)
     : QObject(list), list_(list), closed_(std::move(closed)) {
-  list->installEventFilter(this);
+  IgnoreWheel(list);
   list->view()->installEventFilter(this);
 }
 
-bool ListGuard::eventFilter(QObject* object, QEvent* event) {
-  if (object == list_) return event->type() == QEvent::Wheel;
+bool ListGuard::eventFilter(QObject* /*view*/, QEvent* event) {
   // A list that vanishes with its window has nothing to give back.
   if (event->type() == QEvent::Hide && list_->isVisible()) closed_();
   return false;

@@ -8,6 +8,7 @@
 #include "app/caption_loader.h"
 #include "app/file_dialogs.h"
 #include "app/file_shortcuts.h"
+#include "app/ignore_wheel.h"
 #include "app/message_boxes.h"
 #include "app/module_language.h"
 #include "core/code_page.h"
@@ -97,7 +98,7 @@ void frmSchedule::ConnectButtons() {
 
 void frmSchedule::ConnectSlot() {
   connect(ui_->comboWeek, &QComboBox::currentIndexChanged, this, &frmSchedule::SetModified);
-  ui_->comboWeek->installEventFilter(this);
+  IgnoreWheel(ui_->comboWeek);
   for (QLineEdit* box : {ui_->txtHour, ui_->txtMin}) {
     box->setValidator(new LineValidator(box));
     connect(box, &QLineEdit::textChanged, this, &frmSchedule::SetModified);
@@ -112,12 +113,6 @@ void frmSchedule::ConnectTable() {
   connect(ui_->GridSeqTable, &SequenceTable::DeletePressed, ui_->butDelete, &QPushButton::click);
   ui_->butInsert->setToolTip(QKeySequence(Qt::Key_Insert).toString(QKeySequence::NativeText));
   ui_->butDelete->setToolTip(QKeySequence(Qt::Key_Delete).toString(QKeySequence::NativeText));
-}
-
-bool frmSchedule::eventFilter(QObject* object, QEvent* event) {
-  // A wheel that passes over the weekday chooses nothing by accident.
-  if (event->type() == QEvent::Wheel) return true;
-  return QDialog::eventFilter(object, event);
 }
 
 void frmSchedule::changeEvent(QEvent* event) {

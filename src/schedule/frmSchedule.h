@@ -26,7 +26,6 @@ class frmSchedule : public QDialog {
 
  protected:
   void changeEvent(QEvent* event) override;
-  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   void ConnectButtons();

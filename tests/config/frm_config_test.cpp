@@ -27,6 +27,7 @@
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/wheel.h"
 
 namespace {
 
@@ -169,6 +170,12 @@ TEST_F(ConfigDialogTest, ItShowsItsCaptions) {
   for (int i = 0; i < 4; ++i) {
     EXPECT_EQ(Ports()->item(i)->text(), QStringLiteral("Com %1").arg(i + 1));
   }
+}
+
+TEST_F(ConfigDialogTest, AWheelOverTheColourTypeChoosesNothing) {
+  Open("");
+  TurnWheel(Find<QComboBox>("ComboColorType"));
+  EXPECT_EQ(Find<QComboBox>("ComboColorType")->currentIndex(), 0);
 }
 
 TEST_F(ConfigDialogTest, ItStartsWithTheStoredSettingsAndOneLineForEachConfiguredPanel) {

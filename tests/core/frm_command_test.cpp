@@ -17,6 +17,7 @@
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/shown_window.h"
+#include "support/wheel.h"
 
 namespace {
 
@@ -478,6 +479,16 @@ TEST_F(CommandWindowAlone, TextsAndTitleComeFromTheLanguageFile) {
   command.DoubleClick(0);
   ExpectBox(boxes, QStringLiteral("Keine Verbindung!"), QMessageBox::Warning,
             QStringLiteral("Befehl"));
+}
+
+TEST(PanelList, AWheelOverItChoosesNoOtherPanel) {
+  TemporaryProgramFolder folder;
+  folder.Configure("[Dimension Config]\r\nID001=4x96,Tri\r\nID002=4x96,Tri\r\n");
+  CommandWindow command;
+  auto* list = command.Find<QComboBox>("ComboID");
+  ASSERT_EQ(list->currentIndex(), 0);
+  TurnWheel(list);
+  EXPECT_EQ(list->currentIndex(), 0);
 }
 
 }  // namespace

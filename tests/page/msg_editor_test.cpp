@@ -18,7 +18,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +29,7 @@
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/wheel.h"
 
 namespace {
 
@@ -936,9 +936,7 @@ TEST_F(MsgEditor, AWheelOverAListChoosesNothing) {
   New(1, 80);
   for (const char* name : {"ComboColor", "ComboGraphic"}) {
     auto* list = Find<QComboBox>(name);
-    QWheelEvent wheel(QPointF(5, 5), list->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(list, &wheel);
+    TurnWheel(list);
     EXPECT_EQ(list->currentIndex(), 0);
   }
   EXPECT_FALSE(Asks());

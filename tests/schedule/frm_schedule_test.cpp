@@ -19,7 +19,6 @@
 #include <QTextDocumentFragment>
 #include <QTimer>
 #include <QToolTip>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +29,7 @@
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/wheel.h"
 
 namespace {
 
@@ -1120,9 +1120,7 @@ TEST_F(ScheduleEditor, TheStandardKeysObeyTheStateOfTheirButtons) {
 TEST_F(ScheduleEditor, AWheelOverTheWeekdayChoosesNothing) {
   NewSchedule(1);
   auto* week = Find<QComboBox>("comboWeek");
-  QWheelEvent wheel(QPointF(5, 5), week->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
-                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(week, &wheel);
+  TurnWheel(week);
   EXPECT_EQ(week->currentIndex(), 0);
   EXPECT_FALSE(Asks());
 }

@@ -19,7 +19,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -29,6 +28,7 @@
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/program_folder.h"
+#include "support/wheel.h"
 
 namespace {
 
@@ -917,9 +917,7 @@ TEST_F(ShiftMsg, ClosingAListReturnsTheKeyboardToTheDrawingArea) {
 TEST_F(ShiftMsg, AWheelOverAListChoosesNothing) {
   for (const char* name : {"ComboColor", "ComboSize"}) {
     auto* list = Find<QComboBox>(name);
-    QWheelEvent wheel(QPointF(5, 5), list->mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(list, &wheel);
+    TurnWheel(list);
     EXPECT_EQ(list->currentIndex(), 0);
   }
 }
