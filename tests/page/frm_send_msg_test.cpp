@@ -14,7 +14,7 @@
 #include "support/full_listener.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
-#include "support/shown_window.h"
+#include "support/send_dialog.h"
 
 namespace {
 
@@ -23,31 +23,15 @@ const QString kFailure = QStringLiteral("Transmission failure!");
 const QString kNoLink = QStringLiteral("Cannot create TCP link!");
 const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
 
-class Dialog : public ShownWindow<frmSendMsg> {
+class Dialog : public SendDialog<frmSendMsg> {
  public:
-  explicit Dialog(const QString& file_name) : ShownWindow(nullptr, file_name) {}
+  using SendDialog::SendDialog;
 
   void ChoosePanel(int index) { Find<QComboBox>("ComboID")->setCurrentIndex(index); }
-
-  void TypePage(const QString& page) {
-    auto* box = Find<QLineEdit>("txtPage");
-    box->selectAll();
-    QTest::keyClick(box, Qt::Key_Delete);
-    QTest::keyClicks(box, page);
-  }
-
-  /// Presses "Send" and returns the texts of the message boxes that followed.
-  QStringList Send() {
-    const MessageBoxReader boxes;
-    Click("butSend");
-    return boxes.Texts();
-  }
+  void TypePage(const QString& page) { TypeInto("txtPage", page); }
 
   bool IsReady() {
-    for (const char* name : {"butBrowse", "ComboID", "txtPage", "butSend", "butDone"}) {
-      if (!Find<QWidget>(name)->isEnabled()) return false;
-    }
-    return window.cursor().shape() == Qt::ArrowCursor &&
+    return AreReady({"butBrowse", "ComboID", "txtPage", "butSend", "butDone"}) &&
            Find<QLabel>("lblSendStatus")->text().isEmpty();
   }
 };

@@ -18,7 +18,7 @@
 #include "support/full_listener.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
-#include "support/shown_window.h"
+#include "support/send_dialog.h"
 
 namespace {
 
@@ -28,34 +28,15 @@ const QString kNoPort = QStringLiteral("Fail to initialize communication port!")
 const QString kWrongDimension = QStringLiteral("Dimension not matched!");
 const QString kEnterLetter = QStringLiteral("Please enter A-J");
 
-class Dialog : public ShownWindow<frmSendSch> {
+class Dialog : public SendDialog<frmSendSch> {
  public:
-  explicit Dialog(const QString& file_name) : ShownWindow(nullptr, file_name) {}
+  using SendDialog::SendDialog;
 
   void ChoosePanel(int index) { Find<QComboBox>("ComboSchID")->setCurrentIndex(index); }
-
-  void TypeLetter(const QString& letter) {
-    auto* box = Find<QLineEdit>("txtSchNo");
-    box->selectAll();
-    QTest::keyClick(box, Qt::Key_Delete);
-    QTest::keyClicks(box, letter);
-  }
-
-  /// Presses "Send" and returns the texts of the message boxes that followed.
-  QStringList Send() {
-    const MessageBoxReader boxes;
-    Click("butSend");
-    return boxes.Texts();
-  }
-
+  void TypeLetter(const QString& letter) { TypeInto("txtSchNo", letter); }
   QString Shown(const char* label) { return Find<QLabel>(label)->text(); }
 
-  bool IsReady() {
-    for (const char* name : {"butSend", "butDone", "ComboSchID", "butBrowse", "txtSchNo"}) {
-      if (!Find<QWidget>(name)->isEnabled()) return false;
-    }
-    return window.cursor().shape() == Qt::ArrowCursor;
-  }
+  bool IsReady() { return AreReady({"butSend", "butDone", "ComboSchID", "butBrowse", "txtSchNo"}); }
 };
 
 /// A step of a schedule file.

@@ -12,6 +12,7 @@
 #include "scrolling/frmSendShift.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
+#include "support/send_dialog.h"
 
 namespace {
 
@@ -21,47 +22,17 @@ const QString kNoPort = QStringLiteral("Fail to initialize communication port!")
 const QByteArray kFile = "*** Brivon Shift Message File ***\r\n<SA><CA>Road <CB>works\r\n";
 
 /// The dialog as an operator has it before him.
-class Dialog {
+class Dialog : public SendDialog<frmSendShift> {
  public:
-  explicit Dialog(const QString& file_name) : window(nullptr, file_name) {
-    window.show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-  }
+  using SendDialog::SendDialog;
 
-  template <typename T>
-  T* Find(const char* name) {
-    T* control = window.findChild<T*>(QString::fromLatin1(name));
-    EXPECT_NE(control, nullptr) << name;
-    return control;
-  }
-
-  void Click(const char* name) { QTest::mouseClick(Find<QPushButton>(name), Qt::LeftButton); }
-
-  void TypeLine(const QString& line) {
-    auto* box = Find<QLineEdit>("txtLine");
-    box->selectAll();
-    QTest::keyClick(box, Qt::Key_Delete);
-    QTest::keyClicks(box, line);
-  }
-
+  void TypeLine(const QString& line) { TypeInto("txtLine", line); }
   QString File() { return Find<QLabel>("lblFileName")->text(); }
 
-  /// Presses "Send" and returns the texts of the message boxes that followed.
-  QStringList Send() {
-    const MessageBoxReader boxes;
-    Click("butSend");
-    return boxes.Texts();
-  }
-
   bool IsReady() {
-    for (const char* name : {"butBrowse", "ComboID", "txtLine", "butSend", "butDone"}) {
-      if (!Find<QWidget>(name)->isEnabled()) return false;
-    }
-    return window.cursor().shape() == Qt::ArrowCursor &&
+    return AreReady({"butBrowse", "ComboID", "txtLine", "butSend", "butDone"}) &&
            Find<QLabel>("lblSendStatus")->text().isEmpty();
   }
-
-  frmSendShift window;
 };
 
 /// The dialog in front of panels that are really there.
