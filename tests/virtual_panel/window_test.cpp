@@ -4,9 +4,11 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
+#include <QTextDocument>
 
 #include <gtest/gtest.h>
 
@@ -117,6 +119,52 @@ TEST_F(WindowTest, ListsTheTrafficReadably) {
   EXPECT_EQ(text(0, 3), QStringLiteral("poll"));
   EXPECT_EQ(text(1, 1), QStringLiteral("<ID00><D*><LF>"));
   EXPECT_EQ(text(1, 2), QStringLiteral("-"));
+}
+
+TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
+  Faults faults;
+  faults.late_ms = 2000;
+  faults.pieces = 3;
+  engine_.SetFaults(faults);
+  Receive("<ID1A><?>\r\n<ID00><?>\r\n");
+  auto* traffic = Find<QTableWidget>("traffic");
+  EXPECT_EQ(traffic->item(0, 2)->text(), QStringLiteral("<ID1A><CR><LF> after 2000 ms"));
+  EXPECT_EQ(traffic->item(1, 2)->text(), QStringLiteral("-"));
+}
+
+// What a tool tip of this text says when it is shown.
+QString ShownText(const QString& tool_tip) {
+  QTextDocument document;
+  if (Qt::mightBeRichText(tool_tip)) {
+    document.setHtml(tool_tip);
+  } else {
+    document.setPlainText(tool_tip);
+  }
+  return document.toPlainText();
+}
+
+TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
+  Receive("<b>a</b> &lt; <br>  b\r\n<ID1A><L01><P001><b>a</b> &lt; <br>  b \r\n");
+  EXPECT_EQ(ShownText(Find<QTableWidget>("traffic")->item(0, 1)->toolTip()),
+            QStringLiteral("<b>a</b> &lt; <br>  b<CR><LF>"));
+  const QModelIndex page = Find<PageStrip>("pages_26")->model()->index(0, 0);
+  EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()),
+            QStringLiteral("1.  <b>a</b> &lt; <br>  b"));
+}
+
+TEST_F(WindowTest, FollowsTheTrafficUnlessItsReaderHasGoneBack) {
+  auto* traffic = Find<QTableWidget>("traffic");
+  const QScrollBar* bar = traffic->verticalScrollBar();
+  for (int i = 0; i < 100; ++i) engine_.Receive("<ID1A><?>\r\n");
+  Receive("<ID1A><?>\r\n");
+  EXPECT_GT(bar->maximum(), 0);
+  EXPECT_EQ(bar->value(), bar->maximum());
+  traffic->scrollToTop();
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(bar->value(), 0);
+  traffic->scrollToBottom();
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(bar->value(), bar->maximum());
 }
 
 TEST_F(WindowTest, CopiesTheSelectedTraffic) {
@@ -315,6 +363,10 @@ TEST_F(StoredPagesTest, ListsThePagesAndWhatIsOnThem) {
   EXPECT_EQ(Pages()->model()->index(0, 0).data(Qt::AccessibleTextRole).toString(),
             QStringLiteral("Page 7, shown"));
   EXPECT_EQ(twelve.data(Qt::AccessibleTextRole).toString(), QStringLiteral("Page 12"));
+  // Of an endless row as much as can be read.
+  Receive("<ID1A><L03><P012>" + QByteArray(60'000, 'x') + " \r\n");
+  EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString().section(QLatin1Char('\n'), 2),
+            QStringLiteral("3.  ") + QString(600, QLatin1Char('x')) + QChar(0x2026));
   Receive("<ID1A><D012>\r\n");
   EXPECT_EQ(Captions(), QStringList{QStringLiteral("7")});
   Receive("<ID1A><D*>\r\n");
@@ -828,6 +880,15 @@ TEST(WidePanel, IsScrolledInsteadOfWideningTheWindow) {
   };
   EXPECT_TRUE(WaitUntil([&] { return width("panel_1") >= 6000; }));
   EXPECT_LE(width("panel_2"), 800);
+  // The keyboard can scroll the wide one, and does not stop at the other.
+  const auto focus_policy = [&](const char* name) {
+    return window.findChild<QScrollArea*>(QLatin1String(name))->focusPolicy();
+  };
+  EXPECT_EQ(focus_policy("scroll_1"), Qt::StrongFocus);
+  EXPECT_EQ(focus_policy("scroll_2"), Qt::NoFocus);
+  auto* wide = window.findChild<QScrollArea*>(QStringLiteral("scroll_1"));
+  QTest::keyClick(wide, Qt::Key_Right);
+  EXPECT_GT(wide->horizontalScrollBar()->value(), 0);
 }
 
 TEST(SeveralPanels, ShrinkAndGrowWithTheWindow) {
