@@ -428,6 +428,26 @@ TEST_F(StoredPagesTest, ThePageThatIsShownCanBeSeenAmongTheOthers) {
   EXPECT_TRUE(is_seen(0));
 }
 
+TEST_F(StoredPagesTest, WhoeverLooksForAPageWithTheKeyboardIsNotLedAway) {
+  QByteArray frames;
+  for (int page = 100; page < 200; ++page) {
+    frames += "<ID1A><L01><P" + QByteArray::number(page) + ">x \r\n";
+  }
+  Receive(frames + "<ID1A><RP100>\r\n");
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->width() > 700; }));
+  window_.activateWindow();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
+  QTest::keyClick(Pages(), Qt::Key_Right);
+  Receive("<ID1A><RP199>\r\n");
+  const QRect place = Pages()->visualRect(Pages()->currentIndex());
+  EXPECT_TRUE(Pages()->viewport()->rect().contains(place.center()));
+  EXPECT_EQ(Pages()->currentIndex().row(), 1);
+  // Also when the pages become others.
+  Receive("<ID1A><L01><P001>x \r\n");
+  EXPECT_EQ(Pages()->currentIndex().data().toString(), QStringLiteral("101"));
+}
+
 TEST_F(StoredPagesTest, AThousandPagesTakeOneLine) {
   window_.resize(800, 600);
   QByteArray frames;
