@@ -130,8 +130,18 @@ QString AnswerText(const FrameRecord& record) {
   return answer + QStringLiteral(" after %1 ms").arg(record.answer_after_ms);
 }
 
-// A tool tip that shows its text as it is, also one that a tool tip would take for HTML.
-QString PlainToolTip(const QString& text) {
+// A tool tip that shows its text as it is, also one that a tool tip would take for HTML. What has
+// no blanks can be broken all the same, or it would end at the edge of the screen.
+QString PlainToolTip(QString text) {
+  constexpr int kLongestWord = 80;
+  constexpr char16_t kBreak = 0x200B;  // has no width
+  int length = 0;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    length = text[at].isSpace() ? 0 : length + 1;
+    if (length <= kLongestWord) continue;
+    text.insert(at, QChar(kBreak));
+    length = 0;
+  }
   if (!Qt::mightBeRichText(text)) return text;
   return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
 }

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTcpSocket>
@@ -150,6 +151,17 @@ TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
   const QModelIndex page = Find<PageStrip>("pages_26")->model()->index(0, 0);
   EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()),
             QStringLiteral("1.  <b>a</b> &lt; <br>  b"));
+}
+
+TEST_F(WindowTest, ALongTextWithoutBlanksCanBeBrokenInAToolTip) {
+  Receive(QByteArray(80, 'x') + ' ' + QByteArray(200, 'y') + "\r\n");
+  const QString tool_tip = Find<QTableWidget>("traffic")->item(0, 1)->toolTip();
+  EXPECT_EQ(tool_tip.count(QChar(0x200B)), 2);
+  for (const QString& word : tool_tip.split(QRegularExpression(QStringLiteral("[ \u200B]")))) {
+    EXPECT_LE(word.size(), 80);
+  }
+  // What is copied has no breaks of its own.
+  EXPECT_FALSE(Find<QTableWidget>("traffic")->item(0, 1)->text().contains(QChar(0x200B)));
 }
 
 TEST_F(WindowTest, FollowsTheTrafficUnlessItsReaderHasGoneBack) {
@@ -364,9 +376,9 @@ TEST_F(StoredPagesTest, ListsThePagesAndWhatIsOnThem) {
             QStringLiteral("Page 7, shown"));
   EXPECT_EQ(twelve.data(Qt::AccessibleTextRole).toString(), QStringLiteral("Page 12"));
   // Of an endless row as much as can be read.
-  Receive("<ID1A><L03><P012>" + QByteArray(60'000, 'x') + " \r\n");
+  Receive("<ID1A><L03><P012>" + QByteArray("some ").repeated(12'000) + "\r\n");
   EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString().section(QLatin1Char('\n'), 2),
-            QStringLiteral("3.  ") + QString(600, QLatin1Char('x')) + QChar(0x2026));
+            QStringLiteral("3.  ") + QStringLiteral("some ").repeated(120) + QChar(0x2026));
   Receive("<ID1A><D012>\r\n");
   EXPECT_EQ(Captions(), QStringList{QStringLiteral("7")});
   Receive("<ID1A><D*>\r\n");
