@@ -218,9 +218,9 @@ bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look) 
   int left = 0;
   for (const Cell& cell : cells) {
     const int width = ColumnsOf(cell, look.clock);
-    // What most often stands there is a long tail of blanks.
+    // What most often stands there is a long tail of blanks, no-break ones among them.
     const bool is_blank = cell.kind == Cell::Kind::kCharacter &&
-                          CharacterOf(cell.character) == QLatin1Char(' ') &&
+                          CharacterOf(cell.character).isSpace() &&
                           !HasGround(ColouringOf(cell.colour, look.tri_colour));
     if (left + width > columns && !is_blank) {
       DotMatrix dots(width, kRowDots);

@@ -5,11 +5,12 @@
 
 #include <QByteArrayView>
 #include <QList>
+#include <QtGlobal>
 
 namespace VirtualPanel {
 
 struct Cell {
-  enum class Kind { kCharacter, kGraphic, kDate, kTime };
+  enum class Kind : quint8 { kCharacter, kGraphic, kDate, kTime };
 
   Kind kind = Kind::kCharacter;
   char character = ' ';  // of a graphic its letter; of a date or time a blank

@@ -319,7 +319,10 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
   if (!notes.isEmpty()) {
     record.description += QStringLiteral(": ") + notes.join(QStringLiteral("; "));
   }
-  for (const Answer& answer : std::as_const(answers)) record.answer += answer.bytes;
+  for (const Answer& answer : std::as_const(answers)) {
+    if (record.answer.isEmpty()) record.answer_after_ms = answer.after_ms;
+    record.answer += answer.bytes;
+  }
   Remember(record);
 
   Q_EMIT FrameReceived(record);

@@ -72,9 +72,10 @@ struct FrameRecord {
   Meaning meaning = Meaning::kNotUnderstood;
   int page = -1;
   int row = -1;
-  bool obeyed = false;  // at least one panel did what it says
-  QString description;  // what it meant and what became of it, in words
-  QByteArray answer;    // every byte that is sent for it; empty: not answered
+  bool obeyed = false;      // at least one panel did what it says
+  QString description;      // what it meant and what became of it, in words
+  QByteArray answer;        // every byte that is sent for it; empty: not answered
+  int answer_after_ms = 0;  // when its first byte is sent, counted from `time`
 };
 
 struct StoredRow {
@@ -133,9 +134,10 @@ class PanelEngine : public QObject {
   // What is remembered of the traffic: the last frames, and no more bytes of them than this.
   static constexpr int kMostRememberedFrames = 10'000;
   static constexpr qint64 kMostRememberedBytes = 16'777'216;
-  // A panel's memory: a row that does not fit is acknowledged and dropped.
+  // A panel's memory: a row that does not fit is acknowledged and dropped. Beside its bytes a row
+  // takes a cell for each of its characters, which are several times as many.
   static constexpr int kMostPages = 1000;
-  static constexpr qint64 kMostStoredBytes = 67'108'864;
+  static constexpr qint64 kMostStoredBytes = 16'777'216;
   // A schedule with more entries is acknowledged and dropped.
   static constexpr qsizetype kMostScheduleEntries = 64;
 

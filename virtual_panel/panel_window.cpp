@@ -20,6 +20,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <QtMath>
 
@@ -33,6 +34,7 @@ constexpr qsizetype kMostVisibleBytes = 2000;
 constexpr qint64 kLeastScrollMs = 20;
 constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
 constexpr qsizetype kMostToolTipEntries = 20;
+constexpr qsizetype kMostToolTipCharacters = 600;
 constexpr QSize kUsualSize(1100, 860);
 constexpr int kLeastTrafficLines = 5;
 // Smaller dots cannot be read: a panel that is too wide for them is scrolled.
@@ -120,12 +122,41 @@ QString ScheduleToolTip(const Schedule& schedule) {
   return lines.join(QLatin1Char('\n'));
 }
 
-// What is on a page, row by row.
+// What is answered, and how long after the frame, unless it is at once.
+QString AnswerText(const FrameRecord& record) {
+  if (record.answer.isEmpty()) return QStringLiteral("-");
+  const QString answer = VisibleText(record.answer);
+  if (record.answer_after_ms == 0) return answer;
+  return answer + QStringLiteral(" after %1 ms").arg(record.answer_after_ms);
+}
+
+// A tool tip that shows its text as it is, also one that a tool tip would take for HTML. What has
+// no blanks can be broken all the same, or it would end at the edge of the screen.
+QString PlainToolTip(QString text) {
+  constexpr int kLongestWord = 80;
+  constexpr char16_t kBreak = 0x200B;  // has no width
+  int length = 0;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    length = text[at].isSpace() ? 0 : length + 1;
+    if (length <= kLongestWord) continue;
+    text.insert(at, QChar(kBreak));
+    length = 0;
+  }
+  if (!Qt::mightBeRichText(text)) return text;
+  return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+}
+
+// What is on a page, row by row, of each as much as the widest panel can show.
 QString PageText(const PanelEngine& engine, int id, int page) {
   const StoredPage rows = engine.FindPanel(id)->pages.value(page);
   QStringList lines;
   for (auto row = rows.cbegin(); row != rows.cend(); ++row) {
-    lines.append(QStringLiteral("%1.  %2").arg(row.key()).arg(RowText(*row, engine.Clock(id))));
+    QString text = RowText(*row, engine.Clock(id));
+    if (text.size() > kMostToolTipCharacters) {
+      text.truncate(kMostToolTipCharacters);
+      text += QChar(0x2026);
+    }
+    lines.append(QStringLiteral("%1.  ").arg(row.key()) + text);
   }
   return lines.join(QLatin1Char('\n'));
 }
@@ -252,6 +283,8 @@ QWidget* PanelWindow::MakePanels() {
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setObjectName(QStringLiteral("scroll_%1").arg(id));
+    scroll->setAccessibleName(QStringLiteral("Panel %1").arg(id));
     scroll->setWidget(place.view);
     place.scroll = scroll;
     layout->addWidget(scroll);
@@ -273,8 +306,8 @@ QWidget* PanelWindow::MakePanels() {
 
 void PanelWindow::MakePages(Place* place) {
   const int id = place->id;
-  place->pages =
-      new PageStrip([engine = engine_, id](int page) { return PageText(*engine, id, page); });
+  place->pages = new PageStrip(
+      [engine = engine_, id](int page) { return PlainToolTip(PageText(*engine, id, page)); });
   place->pages->setObjectName(QStringLiteral("pages_%1").arg(id));
   place->pages->setAccessibleName(QStringLiteral("Stored pages of panel %1").arg(id));
   connect(place->pages, &PageStrip::Chosen, this, [this, id](int page) { engine_->Run(id, page); });
@@ -449,6 +482,8 @@ void PanelWindow::Arrange() {
     const double dots_width = dots_of(i).width() * distances[i];
     const bool is_too_wide = dots_width > width;
     place.view->setMinimumWidth(is_too_wide ? qCeil(dots_width) : 0);
+    // The tab key stops only where the arrow keys have something to scroll.
+    place.scroll->setFocusPolicy(is_too_wide ? Qt::StrongFocus : Qt::NoFocus);
     place.scroll->setFixedHeight(height_of(i, distances[i]) + (is_too_wide ? bar : 0));
   }
 }
@@ -668,12 +703,12 @@ void PanelWindow::AddTraffic(const FrameRecord& record) {
   const QStringList texts = {
       record.time.toString(QStringLiteral("HH:mm:ss.zzz")),
       VisibleText(record.bytes),
-      record.answer.isEmpty() ? QStringLiteral("-") : VisibleText(record.answer),
+      AnswerText(record),
       record.description,
   };
   for (int column = 0; column < kTrafficColumns; ++column) {
     auto* item = new QTableWidgetItem(texts[column]);
-    item->setToolTip(texts[column]);
+    item->setToolTip(PlainToolTip(texts[column]));
     traffic_->setItem(row, column, item);
   }
   if (was_at_end) traffic_->scrollToBottom();

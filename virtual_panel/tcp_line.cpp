@@ -81,7 +81,12 @@ void TcpLine::Close() {
 
 void TcpLine::Accept() {
   while (QTcpSocket* socket = server_.nextPendingConnection()) {
-    new Connection(engine_, socket, this);
+    if (ConnectionCount() < kMostConnections) {
+      new Connection(engine_, socket, this);
+    } else {
+      socket->abort();
+      socket->deleteLater();
+    }
   }
 }
 

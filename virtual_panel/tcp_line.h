@@ -12,6 +12,9 @@ class TcpLine : public QObject {
   Q_OBJECT
 
  public:
+  // One more is cut at once: each may hold some memory, and the program has only so many files.
+  static constexpr int kMostConnections = 250;
+
   // The engine must outlive the line.
   explicit TcpLine(PanelEngine* engine, QObject* parent = nullptr);
   ~TcpLine() override;

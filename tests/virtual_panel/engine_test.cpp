@@ -250,6 +250,28 @@ TEST_F(EngineTest, BoundsAPanelsMemory) {
   EXPECT_EQ(engine_.Page(26, 1099).value(1), "x ");
 }
 
+TEST_F(EngineTest, BoundsTheBytesInAPanelsMemory) {
+  // 258 rows of 65,000 bytes fit, one more does not.
+  const QByteArray text(65'000, 'x');
+  const auto store = [&](int page) {
+    engine_.Receive("<ID1A><L01><P" + QByteArray::number(page) + ">" + text + "\r\n");
+    return engine_.FindPanel(26)->pages.contains(page);
+  };
+  for (int page = 1; page <= 258; ++page) ASSERT_TRUE(store(page)) << page;
+  EXPECT_FALSE(store(259));
+  EXPECT_EQ(LastDescription(),
+            QStringLiteral("page 259, row 1: ignored, the memory of panel 26 is full"));
+  // What replaces a row takes its place; what is deleted leaves room for as much.
+  EXPECT_TRUE(store(258));
+  EXPECT_FALSE(LastDescription().contains(QStringLiteral("full")));
+  Exchange("<ID1A><D100>\r\n");
+  EXPECT_TRUE(store(259));
+  EXPECT_FALSE(store(260));
+  Exchange("<ID1A><D*>\r\n");
+  EXPECT_TRUE(store(260));
+  EXPECT_EQ(engine_.FindPanel(26)->stored_bytes, 65'000);
+}
+
 TEST_F(EngineTest, SurvivesRandomBytes) {
   std::mt19937 random(20'261'121);
   const QByteArray alphabet("<<<<IIDDLP0011122A>>>>?*RTSCG~ x,-\r\n\n\xFF\0", 40);

@@ -87,6 +87,8 @@ TEST_F(DotsOfTest, ARowWithLightBehindTheLastColumnIsCut) {
   // What is dark there is not missed.
   EXPECT_FALSE(is_cut("HH        "));
   EXPECT_TRUE(is_cut("HH<CJ> "));
+  EXPECT_FALSE(is_cut("HH\xA0\xA0"));
+  EXPECT_TRUE(is_cut("HH<CJ>\xA0"));
   picture_.description.columns = 11;
   EXPECT_FALSE(is_cut("HH"));  // its last column is dark
   EXPECT_TRUE(is_cut("<CJ>HH"));

@@ -1,5 +1,9 @@
 #include "tcp_line.h"
 
+#include <memory>
+#include <vector>
+
+#include <QSignalSpy>
 #include <QTcpSocket>
 
 #include <gtest/gtest.h>
@@ -145,6 +149,26 @@ TEST_F(TcpLineTest, DropsAndRefusesConnections) {
   socket.connectToHost(QHostAddress(QHostAddress::LocalHost), port);
   ASSERT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
   EXPECT_EQ(socket.error(), QAbstractSocket::ConnectionRefusedError);
+}
+
+TEST_F(TcpLineTest, CutsMoreConnectionsThanItCanServe) {
+  std::vector<std::unique_ptr<QTcpSocket>> sockets;
+  for (int i = 0; i < 250; ++i) {
+    sockets.push_back(std::make_unique<QTcpSocket>());
+    Connect(sockets.back().get());
+  }
+  ASSERT_TRUE(WaitUntil([&] { return line_.ConnectionCount() == 250; }));
+  QTcpSocket one_more;
+  const QSignalSpy cuts(&one_more, &QTcpSocket::disconnected);
+  one_more.connectToHost(QHostAddress(QHostAddress::LocalHost), line_.Port());
+  EXPECT_TRUE(WaitUntil([&] { return cuts.count() == 1; }));
+  EXPECT_EQ(line_.ConnectionCount(), 250);
+  EXPECT_EQ(Exchange(sockets.back().get(), "<ID1A><?>\r\n"), "<ID1A>\r\n");
+  // Whoever goes makes room.
+  sockets.front()->abort();
+  ASSERT_TRUE(WaitUntil([&] { return line_.ConnectionCount() == 249; }));
+  Connect(&one_more);
+  EXPECT_EQ(Exchange(&one_more, "<ID1A><?>\r\n"), "<ID1A>\r\n");
 }
 
 TEST_F(TcpLineTest, SurvivesASenderThatNeverReads) {

@@ -4,9 +4,12 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QRegularExpression>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
+#include <QTextDocument>
 
 #include <gtest/gtest.h>
 
@@ -117,6 +120,63 @@ TEST_F(WindowTest, ListsTheTrafficReadably) {
   EXPECT_EQ(text(0, 3), QStringLiteral("poll"));
   EXPECT_EQ(text(1, 1), QStringLiteral("<ID00><D*><LF>"));
   EXPECT_EQ(text(1, 2), QStringLiteral("-"));
+}
+
+TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
+  Faults faults;
+  faults.late_ms = 2000;
+  faults.pieces = 3;
+  engine_.SetFaults(faults);
+  Receive("<ID1A><?>\r\n<ID00><?>\r\n");
+  auto* traffic = Find<QTableWidget>("traffic");
+  EXPECT_EQ(traffic->item(0, 2)->text(), QStringLiteral("<ID1A><CR><LF> after 2000 ms"));
+  EXPECT_EQ(traffic->item(1, 2)->text(), QStringLiteral("-"));
+}
+
+// What a tool tip of this text says when it is shown.
+QString ShownText(const QString& tool_tip) {
+  QTextDocument document;
+  if (Qt::mightBeRichText(tool_tip)) {
+    document.setHtml(tool_tip);
+  } else {
+    document.setPlainText(tool_tip);
+  }
+  return document.toPlainText();
+}
+
+TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
+  Receive("<b>a</b> &lt; <br>  b\r\n<ID1A><L01><P001><b>a</b> &lt; <br>  b \r\n");
+  EXPECT_EQ(ShownText(Find<QTableWidget>("traffic")->item(0, 1)->toolTip()),
+            QStringLiteral("<b>a</b> &lt; <br>  b<CR><LF>"));
+  const QModelIndex page = Find<PageStrip>("pages_26")->model()->index(0, 0);
+  EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()),
+            QStringLiteral("1.  <b>a</b> &lt; <br>  b"));
+}
+
+TEST_F(WindowTest, ALongTextWithoutBlanksCanBeBrokenInAToolTip) {
+  Receive(QByteArray(80, 'x') + ' ' + QByteArray(200, 'y') + "\r\n");
+  const QString tool_tip = Find<QTableWidget>("traffic")->item(0, 1)->toolTip();
+  EXPECT_EQ(tool_tip.count(QChar(0x200B)), 2);
+  for (const QString& word : tool_tip.split(QRegularExpression(QStringLiteral("[ \u200B]")))) {
+    EXPECT_LE(word.size(), 80);
+  }
+  // What is copied has no breaks of its own.
+  EXPECT_FALSE(Find<QTableWidget>("traffic")->item(0, 1)->text().contains(QChar(0x200B)));
+}
+
+TEST_F(WindowTest, FollowsTheTrafficUnlessItsReaderHasGoneBack) {
+  auto* traffic = Find<QTableWidget>("traffic");
+  const QScrollBar* bar = traffic->verticalScrollBar();
+  for (int i = 0; i < 100; ++i) engine_.Receive("<ID1A><?>\r\n");
+  Receive("<ID1A><?>\r\n");
+  EXPECT_GT(bar->maximum(), 0);
+  EXPECT_EQ(bar->value(), bar->maximum());
+  traffic->scrollToTop();
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(bar->value(), 0);
+  traffic->scrollToBottom();
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(bar->value(), bar->maximum());
 }
 
 TEST_F(WindowTest, CopiesTheSelectedTraffic) {
@@ -315,6 +375,10 @@ TEST_F(StoredPagesTest, ListsThePagesAndWhatIsOnThem) {
   EXPECT_EQ(Pages()->model()->index(0, 0).data(Qt::AccessibleTextRole).toString(),
             QStringLiteral("Page 7, shown"));
   EXPECT_EQ(twelve.data(Qt::AccessibleTextRole).toString(), QStringLiteral("Page 12"));
+  // Of an endless row as much as can be read.
+  Receive("<ID1A><L03><P012>" + QByteArray("some ").repeated(12'000) + "\r\n");
+  EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString().section(QLatin1Char('\n'), 2),
+            QStringLiteral("3.  ") + QStringLiteral("some ").repeated(120) + QChar(0x2026));
   Receive("<ID1A><D012>\r\n");
   EXPECT_EQ(Captions(), QStringList{QStringLiteral("7")});
   Receive("<ID1A><D*>\r\n");
@@ -374,6 +438,26 @@ TEST_F(StoredPagesTest, ThePageThatIsShownCanBeSeenAmongTheOthers) {
   EXPECT_FALSE(is_seen(0));
   Receive("<ID1A><RP100>\r\n");
   EXPECT_TRUE(is_seen(0));
+}
+
+TEST_F(StoredPagesTest, WhoeverLooksForAPageWithTheKeyboardIsNotLedAway) {
+  QByteArray frames;
+  for (int page = 100; page < 200; ++page) {
+    frames += "<ID1A><L01><P" + QByteArray::number(page) + ">x \r\n";
+  }
+  Receive(frames + "<ID1A><RP100>\r\n");
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->width() > 700; }));
+  window_.activateWindow();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
+  QTest::keyClick(Pages(), Qt::Key_Right);
+  Receive("<ID1A><RP199>\r\n");
+  const QRect place = Pages()->visualRect(Pages()->currentIndex());
+  EXPECT_TRUE(Pages()->viewport()->rect().contains(place.center()));
+  EXPECT_EQ(Pages()->currentIndex().row(), 1);
+  // Also when the pages become others.
+  Receive("<ID1A><L01><P001>x \r\n");
+  EXPECT_EQ(Pages()->currentIndex().data().toString(), QStringLiteral("101"));
 }
 
 TEST_F(StoredPagesTest, AThousandPagesTakeOneLine) {
@@ -828,6 +912,15 @@ TEST(WidePanel, IsScrolledInsteadOfWideningTheWindow) {
   };
   EXPECT_TRUE(WaitUntil([&] { return width("panel_1") >= 6000; }));
   EXPECT_LE(width("panel_2"), 800);
+  // The keyboard can scroll the wide one, and does not stop at the other.
+  const auto focus_policy = [&](const char* name) {
+    return window.findChild<QScrollArea*>(QLatin1String(name))->focusPolicy();
+  };
+  EXPECT_EQ(focus_policy("scroll_1"), Qt::StrongFocus);
+  EXPECT_EQ(focus_policy("scroll_2"), Qt::NoFocus);
+  auto* wide = window.findChild<QScrollArea*>(QStringLiteral("scroll_1"));
+  QTest::keyClick(wide, Qt::Key_Right);
+  EXPECT_GT(wide->horizontalScrollBar()->value(), 0);
 }
 
 TEST(SeveralPanels, ShrinkAndGrowWithTheWindow) {
