@@ -9,15 +9,17 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QCommandLineParser>
-#include <QFile>
-#include <QSaveFile>
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include "engine_json.h"
+#include "kept_file.h"
 #include "panel_lines.h"
 #include "panel_window.h"
 
@@ -59,14 +61,6 @@ int Complain(const QString& line) {
       (QStringLiteral("virtual_panel: ") + line + QLatin1Char('\n')).toLocal8Bit().constData(),
       stderr);
   return kBadUse;
-}
-
-bool WriteWhole(const QString& path, const QByteArray& bytes, QString* error) {
-  QSaveFile file(path);
-  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-    return true;
-  *error = path + QStringLiteral(": ") + file.errorString();
-  return false;
 }
 
 struct Options {
@@ -154,7 +148,7 @@ class Program {
         !StartRecords(parser, &error) || !OpenLines(parser, &error)) {
       return Complain(error);
     }
-    if (has_window) ShowWindow(parser.value(options_.picture));
+    if (has_window && !ShowWindow(parser.value(options_.picture), &error)) return Complain(error);
     Say(QStringLiteral("ready"));
     return QCoreApplication::exec();
   }
@@ -228,29 +222,24 @@ class Program {
       return false;
     }
     if (parser.isSet(options_.log)) {
-      log_.setFileName(parser.value(options_.log));
-      if (!log_.open(QIODevice::WriteOnly | QIODevice::Append)) {
-        *error = log_.fileName() + QStringLiteral(": ") + log_.errorString();
-        return false;
-      }
-      QObject::connect(engine_.get(), &PanelEngine::FrameReceived, application_,
-                       [this](const FrameRecord& record) {
-                         log_.write(LogLine(record));
-                         log_.flush();
-                       });
+      auto log = std::make_unique<LogFile>(QStringLiteral("log"), parser.value(options_.log));
+      QObject::connect(
+          engine_.get(), &PanelEngine::FrameReceived, log.get(),
+          [log = log.get()](const FrameRecord& record) { log->Append(LogLine(record)); });
+      const bool is_open = log->Open();
+      if (!Keep(std::move(log), is_open, error)) return false;
     }
     if (parser.isSet(options_.state)) {
-      const QString path = parser.value(options_.state);
-      if (!WriteWhole(path, StateDocument(*engine_), error)) return false;
-      const auto write_state = [this, path] {
-        QString reason;
-        if (!WriteWhole(path, StateDocument(*engine_), &reason)) Complain(reason);
-      };
+      auto state =
+          std::make_unique<WholeFile>(QStringLiteral("state"), parser.value(options_.state),
+                                      [this] { return StateDocument(*engine_); });
       // The wait is set first: a change that comes while the file is written ends it at once.
-      const auto follow = [this, write_state] {
+      const auto follow = [this, state = state.get()] {
         WaitForNextChange();
-        write_state();
+        state->Write();
       };
+      const bool is_written = state->Write();
+      if (!Keep(std::move(state), is_written, error)) return false;
       // Before the answer is sent: whoever has read an answer finds what it was for.
       QObject::connect(engine_.get(), &PanelEngine::Changed, application_, follow);
       // A schedule goes on without a frame.
@@ -259,6 +248,31 @@ class Program {
       QObject::connect(&next_change_, &QTimer::timeout, application_, follow);
     }
     return true;
+  }
+
+  // Takes a file over that is to be kept written from now on. False: it cannot be written at all.
+  bool Keep(std::unique_ptr<KeptFile> file, bool is_written, QString* error) {
+    if (!is_written) {
+      *error = file->TroubleText();
+      return false;
+    }
+    QObject::connect(file.get(), &KeptFile::Said, application_, Complain);
+    QObject::connect(file.get(), &KeptFile::TroubleChanged, application_,
+                     [this] { ShowTroubles(); });
+    kept_files_.push_back(std::move(file));
+    return true;
+  }
+
+  void ShowTroubles() {
+    if (window_ == nullptr) return;
+    QStringList names;
+    QStringList reasons;
+    for (const auto& file : kept_files_) {
+      if (file->Trouble().isEmpty()) continue;
+      names.append(file->Name());
+      reasons.append(file->TroubleText());
+    }
+    window_->SetUnwrittenFiles(names, reasons);
   }
 
   void WaitForNextChange() {
@@ -299,7 +313,7 @@ class Program {
     return true;
   }
 
-  void ShowWindow(const QString& picture_path) {
+  bool ShowWindow(const QString& picture_path, QString* error) {
     window_ = std::make_unique<PanelWindow>(engine_.get());
     window_->SetScrollSpeed(scroll_speed_);
     const auto name_lines = [this] {
@@ -310,16 +324,19 @@ class Program {
     QObject::connect(lines_.get(), &PanelLines::Opened, window_.get(), name_lines);
     QObject::connect(window_.get(), &PanelWindow::Plugged, lines_.get(), &PanelLines::SetPlugged);
     window_->show();
-    if (picture_path.isEmpty()) return;
-    const auto write_picture = [this, picture_path] {
-      QSaveFile file(picture_path);
-      if (!file.open(QIODevice::WriteOnly) || !window_->grab().save(&file, "PNG") ||
-          !file.commit()) {
-        Complain(picture_path + QStringLiteral(": ") + file.errorString());
-      }
-    };
-    QObject::connect(window_.get(), &PanelWindow::Refreshed, application_, write_picture);
-    write_picture();
+    if (picture_path.isEmpty()) return true;
+    auto picture = std::make_unique<WholeFile>(QStringLiteral("picture"), picture_path,
+                                               [this] { return WindowPicture(); });
+    QObject::connect(window_.get(), &PanelWindow::Refreshed, picture.get(), &WholeFile::Write);
+    const bool is_written = picture->Write();
+    return Keep(std::move(picture), is_written, error);
+  }
+
+  QByteArray WindowPicture() {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    window_->grab().save(&buffer, "PNG");
+    return buffer.data();
   }
 
   QCoreApplication* application_;
@@ -327,9 +344,9 @@ class Program {
   std::unique_ptr<PanelEngine> engine_;
   int scroll_speed_ = kUsualScrollSpeed;
   QTimer next_change_;
-  QFile log_;
   std::unique_ptr<PanelLines> lines_;
   std::unique_ptr<PanelWindow> window_;
+  std::vector<std::unique_ptr<KeptFile>> kept_files_;
 };
 
 // Options that need no display.

@@ -64,6 +64,17 @@ constexpr OfferedFault kOfferedFaults[] = {
 
 QString Separator() { return QStringLiteral("   \u00B7   "); }
 
+// A label of the status line that is seen at once, and only while it is wanted.
+QLabel* MakeWarningLamp(const char* name) {
+  auto* lamp = new QLabel;
+  lamp->setObjectName(QLatin1String(name));
+  lamp->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lamp->setStyleSheet(
+      QStringLiteral("background: #ffb000; color: black; padding: 1px 8px; border-radius: 3px;"));
+  lamp->hide();
+  return lamp;
+}
+
 // What a panel is and holds, in one line.
 QString Facts(const PanelEngine& engine, int id, const QDateTime& now) {
   const Panel* panel = engine.FindPanel(id);
@@ -200,12 +211,10 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   lines_->setObjectName(QStringLiteral("lines"));
   lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   statusBar()->addWidget(lines_, 1);
-  fault_names_ = new QLabel;
-  fault_names_->setObjectName(QStringLiteral("fault_names"));
-  fault_names_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  // As a warning lamp: nobody should look for a fault that he has set himself.
-  fault_names_->setStyleSheet(
-      QStringLiteral("background: #ffb000; color: black; padding: 1px 8px; border-radius: 3px;"));
+  unwritten_files_ = MakeWarningLamp("unwritten_files");
+  statusBar()->addPermanentWidget(unwritten_files_);
+  // Nobody should look for a fault that he has set himself.
+  fault_names_ = MakeWarningLamp("fault_names");
   statusBar()->addPermanentWidget(fault_names_);
 
   blink_timer_.setObjectName(QStringLiteral("blink_timer"));
@@ -250,6 +259,12 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
 }
 
 void PanelWindow::SetLines(const QString& text) { lines_->setText(text); }
+
+void PanelWindow::SetUnwrittenFiles(const QStringList& names, const QStringList& reasons) {
+  unwritten_files_->setText(QStringLiteral("Not written: ") + names.join(QStringLiteral(", ")));
+  unwritten_files_->setToolTip(PlainToolTip(reasons.join(QLatin1Char('\n'))));
+  unwritten_files_->setHidden(names.isEmpty());
+}
 
 void PanelWindow::SetScrollSpeed(int dots_per_second) {
   for (const Place& place : std::as_const(places_)) place.view->SetScrollSpeed(dots_per_second);

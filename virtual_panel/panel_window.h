@@ -30,6 +30,8 @@ class PanelWindow : public QMainWindow {
 
   // The status line: where the panels are reached.
   void SetLines(const QString& text);
+  // The status line: the files that cannot be written, and in its tool tip why, a line for each.
+  void SetUnwrittenFiles(const QStringList& names, const QStringList& reasons);
   // 1 to kMostScrollSpeed dots a second.
   void SetScrollSpeed(int dots_per_second);
 
@@ -98,6 +100,7 @@ class PanelWindow : public QMainWindow {
   QScrollArea* panels_ = nullptr;
   QTableWidget* traffic_ = nullptr;
   QLabel* lines_ = nullptr;
+  QLabel* unwritten_files_ = nullptr;
   QLabel* fault_names_ = nullptr;
   QMap<QString, QAction*> faults_;  // by their names
   QAction* no_fault_ = nullptr;

@@ -1,5 +1,6 @@
 // The real program, started as a process and watched from outside.
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -66,6 +67,24 @@ class ProgramTest : public testing::Test {
     return device->readAll();
   }
 
+  // The window is drawn all the same.
+  void ShowNoWindow() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    process_.setProcessEnvironment(environment);
+  }
+
+  // What it has said on standard error so far, without the warnings of the toolkit.
+  QString Errors() {
+    process_.setReadChannel(QProcess::StandardError);
+    while (process_.canReadLine() || process_.state() == QProcess::NotRunning) {
+      const QString line = QString::fromLocal8Bit(process_.readLine());
+      if (line.isEmpty()) break;
+      if (line.startsWith(QLatin1String("virtual_panel: "))) errors_ += line;
+    }
+    return errors_;
+  }
+
   // Ends it as a user does, and gives its exit code.
   int Terminate() {
     process_.terminate();
@@ -95,6 +114,7 @@ class ProgramTest : public testing::Test {
   QTemporaryDir folder_;
   QProcess process_;
   QString output_;
+  QString errors_;
 };
 
 TEST_F(ProgramTest, SpeaksLogsAndKeepsItsState) {
@@ -252,9 +272,7 @@ TEST_F(ProgramTest, TakesAScrollSpeed) {
 
 TEST_F(ProgramTest, KeepsAPictureOfItsWindow) {
   const QString picture = PathOf("picture.png");
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-  process_.setProcessEnvironment(environment);
+  ShowNoWindow();
   Start(Words("--tcp 0 --picture") + QStringList{picture});
   const auto red_pixels = [&] {
     const QImage image(picture);
@@ -273,6 +291,69 @@ TEST_F(ProgramTest, KeepsAPictureOfItsWindow) {
   EXPECT_EQ(Exchange(&socket, "<ID01><L01><P001>HHHH \r\n"), "<ID01>\r\n");
   EXPECT_TRUE(WaitUntil([&] { return red_pixels() > 100; }));
   EXPECT_EQ(Terminate(), 0);
+}
+
+TEST_F(ProgramTest, SaysOnceThatItsLogCannotBeWrittenAndGoesOn) {
+  const QString picture = PathOf("picture.png");
+  ShowNoWindow();
+  Start(Words("--tcp 0 --log /dev/full --picture") + QStringList{picture});
+  // The warning in the status line.
+  const auto warning_pixels = [&] {
+    const QImage image(picture);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixelColor(x, y) == QColor(0xFF, 0xB0, 0x00)) ++count;
+      }
+    }
+    return count;
+  };
+  EXPECT_EQ(warning_pixels(), 0);
+  QTcpSocket socket;
+  Connect(&socket);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Exchange(&socket, "<ID01><?>\r\n"), "<ID01>\r\n");
+  EXPECT_TRUE(WaitUntil([&] { return warning_pixels() > 500; }));
+  EXPECT_EQ(Terminate(), 0);
+  EXPECT_EQ(Errors().toStdString(),
+            "virtual_panel: the log /dev/full cannot be written: No space left on device\n");
+}
+
+TEST_F(ProgramTest, SaysThatTheFolderOfItsStateIsGoneAndWhenItIsBack) {
+  const QString folder = PathOf("folder");
+  ASSERT_TRUE(QDir().mkdir(folder));
+  const QString state = folder + QStringLiteral("/state");
+  Start(Words("--headless --tcp 0 --state") + QStringList{state});
+  QTcpSocket socket;
+  Connect(&socket);
+  ASSERT_TRUE(QDir(folder).removeRecursively());
+  for (const char* page : {"001", "002", "003"}) {
+    EXPECT_EQ(Exchange(&socket, QByteArray("<ID01><RP") + page + ">\r\n"), "<ID01>\r\n");
+  }
+  const QString gone =
+      QStringLiteral("virtual_panel: the state %1 cannot be written: No such file or directory\n")
+          .arg(state);
+  EXPECT_TRUE(WaitUntil([&] { return Errors() == gone; })) << errors_.toStdString();
+  ASSERT_TRUE(QDir().mkdir(folder));
+  const QString back = QStringLiteral("virtual_panel: the state %1 is written again\n").arg(state);
+  EXPECT_TRUE(WaitUntil([&] { return Errors() == gone + back; })) << errors_.toStdString();
+  // It is up to date without another frame.
+  EXPECT_TRUE(Contents(state).contains("\"running_page\": 3"));
+  EXPECT_EQ(Terminate(), 0);
+}
+
+TEST_F(ProgramTest, RefusesFilesThatCannotBeWrittenFromTheStart) {
+  ShowNoWindow();
+  for (const char* what : {"log", "state", "picture"}) {
+    errors_.clear();
+    StartProcess({QStringLiteral("--tcp"), QStringLiteral("0"),
+                  QStringLiteral("--") + QLatin1String(what),
+                  QStringLiteral("/no/such/folder/file")});
+    EXPECT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(process_.exitCode(), 2);
+    EXPECT_EQ(Errors().toStdString(),
+              std::string("virtual_panel: the ") + what +
+                  " /no/such/folder/file cannot be written: No such file or directory\n");
+  }
 }
 
 TEST_F(ProgramTest, RefusesBadUseInWords) {

@@ -204,6 +204,18 @@ TEST_F(WindowTest, NamesItsLines) {
   EXPECT_EQ(Find<QLabel>("lines")->text(), QStringLiteral("listening on tcp 127.0.0.1:2101"));
 }
 
+TEST_F(WindowTest, NamesTheFilesThatCannotBeWritten) {
+  auto* label = Find<QLabel>("unwritten_files");
+  EXPECT_FALSE(label->isVisible());
+  window_.SetUnwrittenFiles({QStringLiteral("log"), QStringLiteral("state")},
+                            {QStringLiteral("the log <b>x</b>: why"), QStringLiteral("the state")});
+  EXPECT_TRUE(label->isVisible());
+  EXPECT_EQ(label->text(), QStringLiteral("Not written: log, state"));
+  EXPECT_EQ(ShownText(label->toolTip()), QStringLiteral("the log <b>x</b>: why\nthe state"));
+  window_.SetUnwrittenFiles({}, {});
+  EXPECT_FALSE(label->isVisible());
+}
+
 TEST_F(WindowTest, TakesNoTimeWhileNothingMoves) {
   Receive("<ID1A><L01><P001>steady \r\n<ID1A><RP001>\r\n");
   for (const char* name : {"blink_timer", "scroll_timer", "entrance_timer", "play_timer"}) {
