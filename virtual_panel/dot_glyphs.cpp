@@ -16,7 +16,7 @@ struct FontEntry {
 
 // In ascending order of the characters.
 constexpr FontEntry kFont[] = {
-#include "dot_font_table.inc"
+#include "panel_dots/dot_font_table.inc"
 };
 
 // The symbols of graphics A to Z.

@@ -1,6 +1,5 @@
 // Makes the panels' dot font out of two bitmap fonts of the X window system ("5x7" and "6x10" of
-// the public-domain "fixed" family): reads them and writes a table of C++ for dot_glyphs.cpp. Runs
-// when the program is built.
+// the public-domain "fixed" family): reads them and writes a table of C++ for dot_glyphs.cpp.
 //
 //   make_dot_font 5x7.pcf.gz 6x10.pcf.gz dot_font_table.inc
 
@@ -112,6 +111,13 @@ class Font {
   int bottom_;
 };
 
+constexpr char kHeading[] =
+    R"(// The panels' dot font: a character, its rows in the compressed sizes, its rows in the normal ones.
+// Made out of the bitmap fonts "5x7" and "6x10" of the X window system's "fixed" family (Debian
+// package xfonts-base), which are in the public domain: "Public domain font. Share and enjoy."
+// `cmake --build build/release --target dot_font_table` makes it anew.
+)";
+
 void Print(const std::array<DotRow, kHeight>& rows) {
   std::printf("{");
   for (const DotRow row : rows) std::printf("0x%02X,", row);
@@ -136,6 +142,7 @@ bool PrintTable(FT_Library library, const char* compressed_path, const char* nor
   const Font compressed(library, compressed_path, 5, 0);
   const Font normal(library, normal_path, 6, 1);
   if (!compressed.IsLoaded() || !normal.IsLoaded()) return false;
+  std::printf("%s", kHeading);
   for (const auto& [first, last] : kRanges) {
     for (unsigned character = first; character <= last; ++character) {
       auto wide = normal.Find(character);
