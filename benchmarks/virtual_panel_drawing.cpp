@@ -13,20 +13,20 @@
 #include <benchmark/benchmark.h>
 
 #include "measure.h"
-#include "panel_drawing.h"
-#include "panel_window.h"
+#include "panel_dots/panel_drawing.h"
+#include "window/panel_window.h"
 
 namespace {
 
-using VirtualPanel::DotsOf;
-using VirtualPanel::DrawPanel;
-using VirtualPanel::PanelDescription;
+using PanelDots::DotsOf;
+using PanelDots::DrawPanel;
+using PanelDots::PanelPicture;
+using PanelDots::PanelShape;
 using VirtualPanel::PanelEngine;
-using VirtualPanel::PanelPicture;
 using VirtualPanel::PanelView;
 using VirtualPanel::PanelWindow;
 
-constexpr PanelDescription kLargest{1, 12, 3000, true};
+constexpr PanelShape kLargest{12, 3000, true};
 constexpr qint64 kScrolledMs = 60'000;  // the text has come to the panel's middle
 constexpr double kLimit = 16;
 
@@ -39,9 +39,9 @@ QByteArray LongText() { return "<SE><CP>" + QByteArray(2000, 'W'); }
 PanelPicture FullPicture() {
   PanelPicture picture{kLargest, {}, QDateTime(QDate(2026, 11, 21), QTime(9, 5))};
   for (int row = 1; row <= kLargest.rows; ++row) {
-    picture.rows.insert(row, {{}, VirtualPanel::ParseCells(RowText(row))});
+    picture.rows.insert(row, PanelDots::ParseCells(RowText(row)));
   }
-  picture.scrolling_lines.insert(6, {{{}, VirtualPanel::ParseCells(LongText())}, 0});
+  picture.scrolling_texts.insert(6, {PanelDots::ParseCells(LongText()), 0});
   return picture;
 }
 
@@ -75,7 +75,7 @@ void ReportTimes(benchmark::State& state, const std::vector<double>& millisecond
 void EveryDot(benchmark::State& state) {
   const PanelPicture picture = FullPicture();
   const int pitch = static_cast<int>(state.range(0));
-  QImage image((VirtualPanel::SizeInDots(kLargest) * pitch).toSize(), QImage::Format_RGB32);
+  QImage image((PanelDots::SizeInDots(kLargest) * pitch).toSize(), QImage::Format_RGB32);
   std::vector<double> milliseconds;
   for (auto _ : state) {
     milliseconds.push_back(Microseconds([&] {
@@ -91,10 +91,10 @@ BENCHMARK(EveryDot)->Arg(2)->Arg(4)->Unit(benchmark::kMillisecond);
 /// A page half on its way in, which is worked out from two pages.
 void EveryDotOfAPageThatEnters(benchmark::State& state) {
   PanelPicture picture = FullPicture();
-  picture.entrance = VirtualPanel::Entrance{DotsOf(picture, 0), static_cast<char>(state.range(0)),
-                                            kScrolledMs - VirtualPanel::kEntranceMs / 2};
+  picture.entrance = PanelDots::Entrance{DotsOf(picture, 0), static_cast<char>(state.range(0)),
+                                         kScrolledMs - PanelDots::kEntranceMs / 2};
   constexpr int kPitch = 2;
-  QImage image((VirtualPanel::SizeInDots(kLargest) * kPitch).toSize(), QImage::Format_RGB32);
+  QImage image((PanelDots::SizeInDots(kLargest) * kPitch).toSize(), QImage::Format_RGB32);
   std::vector<double> milliseconds;
   for (auto _ : state) {
     milliseconds.push_back(Microseconds([&] {
@@ -137,14 +137,15 @@ class LargestPanel {
 
   QSize Seen() const { return view_->visibleRegion().boundingRect().size(); }
   QSize RowSeen() const {
-    const QRectF row = VirtualPanel::RowRect(view_->size(), kLargest, 6);
+    const QRectF row = PanelDots::RowRect(view_->size(), kLargest, 6);
     return row.intersected(view_->visibleRegion().boundingRect()).size().toSize();
   }
-  int Pitch() const { return static_cast<int>(VirtualPanel::DotDistance(view_->size(), kLargest)); }
+  int Pitch() const { return static_cast<int>(PanelDots::DotDistance(view_->size(), kLargest)); }
 
  private:
   QDateTime now_{QDate(2026, 11, 21), QTime(9, 5)};
-  PanelEngine engine_{{kLargest}, [this] { return now_; }};
+  PanelEngine engine_{{{1, kLargest.rows, kLargest.columns, kLargest.tri_colour}},
+                      [this] { return now_; }};
   PanelWindow window_{&engine_};
   PanelView* view_ = nullptr;
 };
@@ -154,9 +155,9 @@ void BlinkTickInTheWindow(benchmark::State& state) {
   std::vector<double> milliseconds;
   // One tick hides the characters; the next one, which shows them, has more to draw.
   for (auto _ : state) {
-    panel.Pass(VirtualPanel::kBlinkMs);
+    panel.Pass(PanelDots::kBlinkMs);
     panel.Blink();
-    panel.Pass(VirtualPanel::kBlinkMs);
+    panel.Pass(PanelDots::kBlinkMs);
     milliseconds.push_back(Microseconds([&] { panel.Blink(); }) / 1000);
   }
   ReportTimes(state, milliseconds, PlainMilliseconds(panel.Seen(), panel.Pitch()));

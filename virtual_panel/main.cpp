@@ -18,10 +18,10 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
-#include "engine_json.h"
-#include "kept_file.h"
-#include "panel_lines.h"
-#include "panel_window.h"
+#include "lines/panel_lines.h"
+#include "records/engine_json.h"
+#include "records/kept_file.h"
+#include "window/panel_window.h"
 
 namespace VirtualPanel {
 namespace {
@@ -112,9 +112,9 @@ struct Options {
   QCommandLineOption scroll_speed{
       QStringLiteral("scroll-speed"),
       QStringLiteral("The speed of scrolling texts in dots per second, 1 to %1 (%2).")
-          .arg(kMostScrollSpeed)
-          .arg(kUsualScrollSpeed),
-      QStringLiteral("N"), QString::number(kUsualScrollSpeed)};
+          .arg(PanelDots::kMostScrollSpeed)
+          .arg(PanelDots::kUsualScrollSpeed),
+      QStringLiteral("N"), QString::number(PanelDots::kUsualScrollSpeed)};
 };
 
 class Program {
@@ -207,10 +207,10 @@ class Program {
     const QString text = parser.value(options_.scroll_speed);
     bool is_number = false;
     scroll_speed_ = text.toInt(&is_number);
-    if (!is_number || scroll_speed_ < 1 || scroll_speed_ > kMostScrollSpeed) {
+    if (!is_number || scroll_speed_ < 1 || scroll_speed_ > PanelDots::kMostScrollSpeed) {
       *error = QStringLiteral("scroll speed \"%1\": expected dots per second, 1 to %2")
                    .arg(text)
-                   .arg(kMostScrollSpeed);
+                   .arg(PanelDots::kMostScrollSpeed);
       return false;
     }
     return true;
@@ -342,7 +342,7 @@ class Program {
   QCoreApplication* application_;
   Options options_;
   std::unique_ptr<PanelEngine> engine_;
-  int scroll_speed_ = kUsualScrollSpeed;
+  int scroll_speed_ = PanelDots::kUsualScrollSpeed;
   QTimer next_change_;
   std::unique_ptr<PanelLines> lines_;
   std::unique_ptr<PanelWindow> window_;

@@ -10,10 +10,10 @@
 
 #include <gtest/gtest.h>
 
-#include "panel_engine.h"
-#include "pty_line.h"
+#include "engine/panel_engine.h"
+#include "lines/pty_line.h"
+#include "lines/tcp_line.h"
 #include "support/program_folder.h"
-#include "tcp_line.h"
 
 enum class LineKind { kTcp, kSerial };
 

@@ -1,158 +1,12 @@
-// The real program, started as a process and watched from outside.
+// The program's lines, faults and refusals.
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QSerialPort>
-#include <QTcpSocket>
-#include <QTemporaryDir>
 
-#include <gtest/gtest.h>
+#include "program_fixture.h"
 
-#include "led_of.h"
-#include "wait_until.h"
-
+namespace VirtualPanel {
 namespace {
-
-class ProgramTest : public testing::Test {
- protected:
-  void SetUp() override { ASSERT_TRUE(folder_.isValid()); }
-
-  void TearDown() override {
-    if (process_.state() == QProcess::NotRunning) return;
-    process_.kill();
-    process_.waitForFinished();
-  }
-
-  QString PathOf(const char* name) const { return folder_.filePath(QLatin1String(name)); }
-
-  void StartProcess(const QStringList& arguments) {
-    process_.setProgram(QStringLiteral(VIRTUAL_PANEL_PROGRAM));
-    process_.setArguments(arguments);
-    process_.start();
-  }
-
-  // Starts the program and waits until it is ready.
-  void Start(const QStringList& arguments) {
-    StartProcess(arguments);
-    ASSERT_TRUE(WaitUntil([&] {
-      output_ += QString::fromLocal8Bit(process_.readAllStandardOutput());
-      return output_.endsWith(QLatin1String("ready\n")) || process_.state() == QProcess::NotRunning;
-    }));
-    ASSERT_TRUE(output_.endsWith(QLatin1String("ready\n")))
-        << process_.readAllStandardError().toStdString();
-  }
-
-  quint16 Port() const {
-    const QRegularExpression line(QStringLiteral("^listening on tcp 127\\.0\\.0\\.1:(\\d+)$"),
-                                  QRegularExpression::MultilineOption);
-    return line.match(output_).captured(1).toUShort();
-  }
-
-  void Connect(QTcpSocket* socket) const {
-    socket->connectToHost(QStringLiteral("127.0.0.1"), Port());
-    ASSERT_TRUE(WaitUntil([&] { return socket->state() == QAbstractSocket::ConnectedState; }));
-  }
-
-  template <typename Device>
-  static QByteArray Exchange(Device* device, const QByteArray& frame) {
-    device->write(frame);
-    EXPECT_TRUE(WaitUntil([&] { return device->bytesAvailable() >= 8; }));
-    return device->readAll();
-  }
-
-  // The window is drawn all the same.
-  void ShowNoWindow() {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    process_.setProcessEnvironment(environment);
-  }
-
-  // What it has said on standard error so far, without the warnings of the toolkit.
-  QString Errors() {
-    process_.setReadChannel(QProcess::StandardError);
-    while (process_.canReadLine() || process_.state() == QProcess::NotRunning) {
-      const QString line = QString::fromLocal8Bit(process_.readLine());
-      if (line.isEmpty()) break;
-      if (line.startsWith(QLatin1String("virtual_panel: "))) errors_ += line;
-    }
-    return errors_;
-  }
-
-  // Ends it as a user does, and gives its exit code.
-  int Terminate() {
-    process_.terminate();
-    EXPECT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
-    EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
-    return process_.exitCode();
-  }
-
-  static QByteArray Contents(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-  }
-
-  // Expects that the program refuses these arguments, and gives what it says.
-  QString Refusal(const QStringList& arguments) {
-    StartProcess(arguments);
-    EXPECT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
-    EXPECT_EQ(process_.exitCode(), 2);
-    return QString::fromLocal8Bit(process_.readAllStandardError());
-  }
-
-  static QStringList Words(const char* text) {
-    return QString::fromLatin1(text).split(QLatin1Char(' '));
-  }
-
-  QTemporaryDir folder_;
-  QProcess process_;
-  QString output_;
-  QString errors_;
-};
-
-TEST_F(ProgramTest, SpeaksLogsAndKeepsItsState) {
-  const QString log = PathOf("log");
-  const QString state = PathOf("state");
-  Start(Words("--headless --panel 26:2x48:mono --panel 7:4x96:tri --tcp 127.0.0.1:0") +
-        QStringList{QStringLiteral("--log"), log, QStringLiteral("--state"), state});
-  ASSERT_NE(Port(), 0);
-  QTcpSocket socket;
-  Connect(&socket);
-  EXPECT_EQ(Exchange(&socket, "<ID1A><L01><P007><SA>x\xE9 \r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(Exchange(&socket, "<ID1A><RP007>\r\n"), "<ID1A>\r\n");
-
-  // Both files are up to date as soon as the answer is there.
-  const QList<QByteArray> lines = Contents(log).split('\n');
-  ASSERT_EQ(lines.size(), 3);
-  EXPECT_TRUE(lines[2].isEmpty());
-  const QJsonObject entry = QJsonDocument::fromJson(lines[0]).object();
-  EXPECT_EQ(entry[QStringLiteral("frame")].toString(),
-            QStringLiteral("<ID1A><L01><P007><SA>x\u00E9 \r\n"));
-  EXPECT_EQ(entry[QStringLiteral("line")].toString(), QStringLiteral("tcp"));
-  EXPECT_EQ(entry[QStringLiteral("panel")].toInt(), 26);
-  EXPECT_EQ(entry[QStringLiteral("meaning")].toString(), QStringLiteral("page 7, row 1"));
-  EXPECT_TRUE(entry[QStringLiteral("answered")].toBool());
-  const QRegularExpression time(
-      QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}(Z|[+-]\\d\\d:\\d\\d)$"));
-  EXPECT_TRUE(time.match(entry[QStringLiteral("time")].toString()).hasMatch());
-
-  const QJsonArray panels =
-      QJsonDocument::fromJson(Contents(state)).object()[QStringLiteral("panels")].toArray();
-  ASSERT_EQ(panels.size(), 2);
-  const QJsonObject panel = panels[1].toObject();
-  EXPECT_EQ(panel[QStringLiteral("id")].toInt(), 26);
-  EXPECT_EQ(panel[QStringLiteral("running_page")].toInt(), 7);
-  EXPECT_EQ(panel[QStringLiteral("pages")][QStringLiteral("7")][QStringLiteral("1")].toString(),
-            QStringLiteral("<SA>x\u00E9 "));
-  EXPECT_EQ(Terminate(), 0);
-}
 
 TEST_F(ProgramTest, AnswersOnAPseudoTerminalAndRemovesItsLink) {
   const QString link = PathOf("panel");
@@ -215,40 +69,6 @@ TEST_F(ProgramTest, LetsTheChosenPanelAnswerTheClock) {
   EXPECT_EQ(Exchange(&socket, "<T2503053140709>\r\n"), "<ID1A>\r\n");
 }
 
-TEST_F(ProgramTest, PlaysAScheduleOnDemandAndKeepsItsStateUpToDate) {
-  const QString state = PathOf("state");
-  // Lower case will do, as in the program that sends.
-  Start(Words("--headless --panel 26:4x96:tri --panel 3:2x48:mono --tcp 0 --play c --state") +
-        QStringList{state});
-  QTcpSocket socket;
-  Connect(&socket);
-  const auto panel = [&](int index) -> QJsonObject {
-    return QJsonDocument::fromJson(Contents(state))
-        .object()[QStringLiteral("panels")]
-        .toArray()[index]
-        .toObject();
-  };
-  const auto playing = [&](int index) -> QJsonValue {
-    return panel(index)[QStringLiteral("playing")];
-  };
-  // Due on another day only, also if midnight comes now.
-  const int today = QDate::currentDate().dayOfWeek() % 7;
-  const QByteArray other_day = QByteArray::number((today + 3) % 7);
-  EXPECT_EQ(Exchange(&socket, "<ID1A><TB>" + other_day + "120000101A\r\n"), "<ID1A>\r\n");
-  EXPECT_TRUE(playing(1).isNull());
-  EXPECT_EQ(Exchange(&socket, "<ID1A><TC>" + other_day + "120002501B,02601D\r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(playing(1)[QStringLiteral("letter")].toString(), QStringLiteral("C"));
-  EXPECT_EQ(playing(1)[QStringLiteral("entry")].toInt(), 1);
-  EXPECT_TRUE(playing(0).isNull());
-  // It goes on without a frame.
-  EXPECT_TRUE(WaitUntil([&] { return playing(1)[QStringLiteral("entry")].toInt() == 2; }));
-  EXPECT_EQ(playing(1)[QStringLiteral("effect")].toString(), QStringLiteral("Wipe Right"));
-  EXPECT_EQ(Exchange(&socket, "<ID1A><L2>text\r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(panel(1)[QStringLiteral("scrolling")][QStringLiteral("2")].toString(),
-            QStringLiteral("text"));
-  EXPECT_EQ(Terminate(), 0);
-}
-
 TEST_F(ProgramTest, RefusesALetterOrASpeedThatCannotBe) {
   for (const char* letter : {"K", "AB", "@", "1", ""}) {
     EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--play"),
@@ -268,92 +88,6 @@ TEST_F(ProgramTest, RefusesALetterOrASpeedThatCannotBe) {
 TEST_F(ProgramTest, TakesAScrollSpeed) {
   Start(Words("--headless --tcp 0 --scroll-speed 1000"));
   EXPECT_EQ(Terminate(), 0);
-}
-
-TEST_F(ProgramTest, KeepsAPictureOfItsWindow) {
-  const QString picture = PathOf("picture.png");
-  ShowNoWindow();
-  Start(Words("--tcp 0 --picture") + QStringList{picture});
-  const auto red_pixels = [&] {
-    const QImage image(picture);
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        if (LedOf(image.pixelColor(x, y)) == Led::kRed) ++count;
-      }
-    }
-    return count;
-  };
-  ASSERT_FALSE(QImage(picture).isNull());
-  EXPECT_EQ(red_pixels(), 0);
-  QTcpSocket socket;
-  Connect(&socket);
-  EXPECT_EQ(Exchange(&socket, "<ID01><L01><P001>HHHH \r\n"), "<ID01>\r\n");
-  EXPECT_TRUE(WaitUntil([&] { return red_pixels() > 100; }));
-  EXPECT_EQ(Terminate(), 0);
-}
-
-TEST_F(ProgramTest, SaysOnceThatItsLogCannotBeWrittenAndGoesOn) {
-  const QString picture = PathOf("picture.png");
-  ShowNoWindow();
-  Start(Words("--tcp 0 --log /dev/full --picture") + QStringList{picture});
-  // The warning in the status line.
-  const auto warning_pixels = [&] {
-    const QImage image(picture);
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        if (image.pixelColor(x, y) == QColor(0xFF, 0xB0, 0x00)) ++count;
-      }
-    }
-    return count;
-  };
-  EXPECT_EQ(warning_pixels(), 0);
-  QTcpSocket socket;
-  Connect(&socket);
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(Exchange(&socket, "<ID01><?>\r\n"), "<ID01>\r\n");
-  EXPECT_TRUE(WaitUntil([&] { return warning_pixels() > 500; }));
-  EXPECT_EQ(Terminate(), 0);
-  EXPECT_EQ(Errors().toStdString(),
-            "virtual_panel: the log /dev/full cannot be written: No space left on device\n");
-}
-
-TEST_F(ProgramTest, SaysThatTheFolderOfItsStateIsGoneAndWhenItIsBack) {
-  const QString folder = PathOf("folder");
-  ASSERT_TRUE(QDir().mkdir(folder));
-  const QString state = folder + QStringLiteral("/state");
-  Start(Words("--headless --tcp 0 --state") + QStringList{state});
-  QTcpSocket socket;
-  Connect(&socket);
-  ASSERT_TRUE(QDir(folder).removeRecursively());
-  for (const char* page : {"001", "002", "003"}) {
-    EXPECT_EQ(Exchange(&socket, QByteArray("<ID01><RP") + page + ">\r\n"), "<ID01>\r\n");
-  }
-  const QString gone =
-      QStringLiteral("virtual_panel: the state %1 cannot be written: No such file or directory\n")
-          .arg(state);
-  EXPECT_TRUE(WaitUntil([&] { return Errors() == gone; })) << errors_.toStdString();
-  ASSERT_TRUE(QDir().mkdir(folder));
-  const QString back = QStringLiteral("virtual_panel: the state %1 is written again\n").arg(state);
-  EXPECT_TRUE(WaitUntil([&] { return Errors() == gone + back; })) << errors_.toStdString();
-  // It is up to date without another frame.
-  EXPECT_TRUE(Contents(state).contains("\"running_page\": 3"));
-  EXPECT_EQ(Terminate(), 0);
-}
-
-TEST_F(ProgramTest, RefusesFilesThatCannotBeWrittenFromTheStart) {
-  ShowNoWindow();
-  for (const char* what : {"log", "state", "picture"}) {
-    errors_.clear();
-    StartProcess({QStringLiteral("--tcp"), QStringLiteral("0"),
-                  QStringLiteral("--") + QLatin1String(what),
-                  QStringLiteral("/no/such/folder/file")});
-    EXPECT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
-    EXPECT_EQ(process_.exitCode(), 2);
-    EXPECT_EQ(Errors().toStdString(),
-              std::string("virtual_panel: the ") + what +
-                  " /no/such/folder/file cannot be written: No such file or directory\n");
-  }
 }
 
 TEST_F(ProgramTest, RefusesBadUseInWords) {
@@ -405,3 +139,4 @@ TEST_F(ProgramTest, SaysWhatItCanDo) {
 }
 
 }  // namespace
+}  // namespace VirtualPanel

@@ -1,0 +1,117 @@
+#include "panel_dots/dot_matrix.h"
+
+#include <gtest/gtest.h>
+
+#include "dots_as_text.h"
+
+namespace PanelDots {
+namespace {
+
+TEST(DotColours, RedGreenAndYellow) {
+  EXPECT_EQ(Row("<SB><CA>-<CB>-<CC>-", 15),
+            "...............\n"
+            "...............\n"
+            "...............\n"
+            "rrrr.gggg.yyyy.\n"
+            "...............\n"
+            "...............\n"
+            "...............\n"
+            "...............\n");
+}
+
+TEST(DotColours, ThreeDHasAnEdgeBelowAndToTheRight) {
+  EXPECT_EQ(Row("<SA><CD>-", 6),
+            "......\n"
+            "......\n"
+            "......\n"
+            "rrrrr.\n"
+            ".ggggg\n"
+            "......\n"
+            "......\n"
+            "......\n");
+}
+
+TEST(DotColours, OnHasALitGround) {
+  EXPECT_EQ(Row("<SA><CK>-", 7),
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "gggggr.\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n");
+}
+
+TEST(DotColours, ShadowIsDarkOnALitGround) {
+  EXPECT_EQ(Row("<SA><CN>-", 7),
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "yyyyyr.\n"
+            "r......\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n"
+            "rrrrrr.\n");
+}
+
+TEST(DotColours, RainbowRunsThroughTheColoursAlongTheRow) {
+  EXPECT_EQ(Row("<SA><CP>---", 18).substr(19 * 3, 18), "rrrry.yyggg.yyyyr.");
+}
+
+TEST(DotColours, EachColourLooksDifferent) {
+  QList<QByteArray> seen;
+  for (char colour = 'A'; colour <= 'P'; ++colour) {
+    const std::string row = Row(QByteArray("<SA><C") + colour + ">AB", 12);
+    EXPECT_FALSE(seen.contains(QByteArray::fromStdString(row))) << colour;
+    seen.append(QByteArray::fromStdString(row));
+  }
+}
+
+TEST(DotColours, AnUnknownColourIsRed) {
+  EXPECT_EQ(Row("<SA><CQ>A", 6), Row("<SA><CA>A", 6));
+  EXPECT_EQ(Row("<SA><C\xFF>A", 6), Row("<SA><CA>A", 6));
+}
+
+TEST(DotColours, OnASingleColourPanelEverythingIsRed) {
+  RowLook look = Look();
+  look.tri_colour = false;
+  for (char colour = 'A'; colour <= 'P'; ++colour) {
+    EXPECT_EQ(Row(QByteArray("<SA><C") + colour + ">AB", 12, look), Row("<SA><CA>AB", 12));
+  }
+}
+
+TEST(DotRows, BlinkingCharactersAreDarkInTheirDarkHalfAndTheOthersAreNot) {
+  RowLook look = Look();
+  look.blinking_lit = false;
+  EXPECT_EQ(Row("<SA><CA>A<SE>B<SA>A", 18, look), Row("<SA><CA>A A", 18));
+  EXPECT_EQ(Row("<SA><CA>A<SE>B<SA>A", 18), Row("<SA><CA>ABA", 18));
+}
+
+TEST(DotRows, WhatDoesNotFitIsCut) {
+  EXPECT_EQ(Row("<SA><CA>LL", 8),
+            "r.....r.\n"
+            "r.....r.\n"
+            "r.....r.\n"
+            "r.....r.\n"
+            "r.....r.\n"
+            "r.....r.\n"
+            "rrrrr.rr\n"
+            "........\n");
+  EXPECT_EQ(Row("<SA><CA>LL", 8, Look(), -4),
+            "..r.....\n"
+            "..r.....\n"
+            "..r.....\n"
+            "..r.....\n"
+            "..r.....\n"
+            "..r.....\n"
+            "r.rrrrr.\n"
+            "........\n");
+}
+
+TEST(DotRows, AnEndlessRowIsShownAsFarAsItFits) {
+  EXPECT_EQ(Row("<SA><CA>" + QByteArray(60000, 'L'), 6), Row("<SA><CA>L", 6));
+}
+
+}  // namespace
+}  // namespace PanelDots

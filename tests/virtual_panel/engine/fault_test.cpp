@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include "engine/faults.h"
+#include "engine/panel_engine.h"
+#include "print_answer.h"
+
+namespace VirtualPanel {
+namespace {
+
+using Step = Answer::Step;
+
+constexpr char kPoll[] = "<ID1A><?>\r\n";
+
+class FaultTest : public testing::Test {
+ protected:
+  // What is answered to one poll.
+  QList<Answer> Poll() { return engine_.Receive(kPoll); }
+
+  void Set(const char* fault) {
+    QString error;
+    ASSERT_TRUE(ParseFault(QString::fromLatin1(fault), &faults_, &error)) << error.toStdString();
+    engine_.SetFaults(faults_);
+  }
+
+  const QList<Answer> good_{{Step::kSend, "<ID1A>\r\n", 0}};
+  Faults faults_;
+  PanelEngine engine_{{{26, 4, 96, true}}};
+};
+
+TEST_F(FaultTest, SilentAnswersNothingButObeys) {
+  Set("silent");
+  for (int i = 0; i < 10; ++i) EXPECT_TRUE(Poll().isEmpty());
+  EXPECT_TRUE(engine_.Receive("<ID1A><L01><P001>x \r\n").isEmpty());
+  EXPECT_EQ(engine_.Page(26, 1).value(1), "x ");
+  EXPECT_TRUE(engine_.Frames().last().answer.isEmpty());
+}
+
+TEST_F(FaultTest, SilentForACountSwallowsTheFirstAnswers) {
+  Set("silent:2");
+  EXPECT_TRUE(Poll().isEmpty());
+  EXPECT_TRUE(engine_.Receive("<ID00><?>\r\n").isEmpty());  // would not be answered anyway
+  EXPECT_TRUE(Poll().isEmpty());
+  EXPECT_EQ(Poll(), good_);
+  // Setting it again begins anew.
+  engine_.SetFaults(faults_);
+  EXPECT_TRUE(Poll().isEmpty());
+}
+
+TEST_F(FaultTest, GarbageIsEightWrongBytes) {
+  Set("garbage");
+  const QList<Answer> answers = Poll();
+  ASSERT_EQ(answers.size(), 1);
+  EXPECT_EQ(answers[0].bytes.size(), 8);
+  EXPECT_NE(answers[0].bytes, "<ID1A>\r\n");
+}
+
+TEST_F(FaultTest, LowerCaseShowsInTheLettersOfTheAddress) {
+  Set("lower-case");
+  EXPECT_EQ(Poll(), (QList<Answer>{{Step::kSend, "<ID1a>\r\n", 0}}));
+}
+
+TEST_F(FaultTest, PiecesComeWithPauses) {
+  Set("pieces");
+  EXPECT_EQ(Poll(),
+            (QList<Answer>{
+                {Step::kSend, "<I", 0}, {Step::kSend, "D1A", 50}, {Step::kSend, ">\r\n", 100}}));
+  Set("pieces:100");
+  const QList<Answer> single = Poll();
+  ASSERT_EQ(single.size(), 8);
+  EXPECT_EQ(single[7], (Answer{Step::kSend, "\n", 350}));
+}
+
+TEST_F(FaultTest, LateComesLater) {
+  Set("late:1500");
+  EXPECT_EQ(Poll(), (QList<Answer>{{Step::kSend, "<ID1A>\r\n", 1500}}));
+}
+
+TEST_F(FaultTest, AStrayByteMakesNineBytesAtOnce) {
+  Set("stray-byte");
+  EXPECT_EQ(Poll(), (QList<Answer>{{Step::kSend, "\xFF<ID1A>\r\n", 0}}));
+}
+
+TEST_F(FaultTest, TheLineIsCutOnceAfterTheAnswerOfAFrame) {
+  Set("close-after:2");
+  EXPECT_EQ(Poll(), good_);
+  EXPECT_EQ(Poll(), (QList<Answer>{{Step::kSend, "<ID1A>\r\n", 0}, {Step::kClose, {}, 0}}));
+  EXPECT_EQ(Poll(), good_);
+}
+
+TEST_F(FaultTest, AFloodFollowsTheAnswer) {
+  Set("flood");
+  EXPECT_EQ(Poll(), (QList<Answer>{{Step::kSend, "<ID1A>\r\n", 0}, {Step::kFlood, {}, 0}}));
+}
+
+TEST_F(FaultTest, FaultsCombine) {
+  Set("late:200");
+  Set("pieces:2");
+  Set("lower-case");
+  Set("stray-byte");
+  Set("close-after:1");
+  EXPECT_EQ(Poll(), (QList<Answer>{{Step::kSend, "\xFF<ID", 200},
+                                   {Step::kSend, "1a>\r\n", 250},
+                                   {Step::kClose, {}, 250}}));
+}
+
+TEST_F(FaultTest, CanBeTakenAwayAgain) {
+  Set("silent");
+  EXPECT_TRUE(Poll().isEmpty());
+  engine_.SetFaults(Faults{});
+  EXPECT_EQ(Poll(), good_);
+}
+
+TEST(ParseFault, RefusesWhatItDoesNotKnow) {
+  for (const char* text : {"", "loud", "silent:", "silent:0", "silent:-1", "silent:x", "garbage:1",
+                           "late", "close-after", "flood:3", "late:99999999999", "pieces:0"}) {
+    Faults faults;
+    QString error;
+    EXPECT_FALSE(ParseFault(QString::fromLatin1(text), &faults, &error)) << text;
+    EXPECT_TRUE(error.contains(QStringLiteral("close-after:N"))) << text;
+    EXPECT_EQ(faults, Faults{}) << text;
+  }
+}
+
+TEST(FaultNames, NameTheFaultsAsTheyAreParsed) {
+  EXPECT_TRUE(NamesOf(Faults{}).isEmpty());
+  const QStringList names = {
+      QStringLiteral("silent"),     QStringLiteral("silent:3"),      QStringLiteral("garbage"),
+      QStringLiteral("lower-case"), QStringLiteral("pieces:8"),      QStringLiteral("late:500"),
+      QStringLiteral("stray-byte"), QStringLiteral("close-after:1"), QStringLiteral("flood")};
+  Faults all;
+  for (const QString& name : names) {
+    Faults single;
+    ASSERT_TRUE(ParseFault(name, &single, nullptr));
+    EXPECT_EQ(NamesOf(single), QStringList{name});
+    EXPECT_TRUE(HasFault(name, single));
+    EXPECT_FALSE(HasFault(name, Faults{}));
+    EXPECT_FALSE(HasFault(name, all));
+    ASSERT_TRUE(ParseFault(name, &all, nullptr));
+  }
+  EXPECT_EQ(NamesOf(all), names);
+  EXPECT_FALSE(HasFault(QStringLiteral("late:501"), all));
+  EXPECT_FALSE(HasFault(QStringLiteral("nonsense"), all));
+}
+
+TEST(FaultNames, EachFaultIsTakenAwayAlone) {
+  Faults faults;
+  for (const char* name : {"silent", "silent:3", "late:500", "pieces"}) {
+    ASSERT_TRUE(ParseFault(QString::fromLatin1(name), &faults, nullptr));
+  }
+  RemoveFault(QStringLiteral("silent"), &faults);
+  EXPECT_EQ(NamesOf(faults), (QStringList{QStringLiteral("silent:3"), QStringLiteral("pieces:3"),
+                                          QStringLiteral("late:500")}));
+  RemoveFault(QStringLiteral("late:2000"), &faults);  // whatever its number
+  RemoveFault(QStringLiteral("nonsense"), &faults);
+  EXPECT_EQ(NamesOf(faults), (QStringList{QStringLiteral("silent:3"), QStringLiteral("pieces:3")}));
+}
+
+}  // namespace
+}  // namespace VirtualPanel

@@ -1,0 +1,53 @@
+#include "lines/conversation.h"
+
+#include <gtest/gtest.h>
+
+#include "support/wait_until.h"
+
+namespace VirtualPanel {
+namespace {
+
+// Keeps what is sent, and says what it is told of what has not left yet.
+class HeldOutlet : public Outlet {
+ public:
+  void Send(const QByteArray& bytes) override { sent += bytes; }
+  qint64 Unsent() const override { return unsent; }
+  void HangUp() override {}
+
+  QByteArray sent;
+  qint64 unsent = 0;
+};
+
+class ConversationTest : public testing::Test {
+ protected:
+  PanelEngine engine_{{{26, 4, 96, true}}};
+  HeldOutlet outlet_;
+  Conversation conversation_{&engine_, QStringLiteral("test"), &outlet_};
+};
+
+TEST_F(ConversationTest, LosesAnswersThatNobodyReads) {
+  outlet_.unsent = Conversation::kMostUnsent - 8;
+  conversation_.Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(outlet_.sent, "<ID1A>\r\n");
+  outlet_.unsent = Conversation::kMostUnsent - 7;
+  conversation_.Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(outlet_.sent, "<ID1A>\r\n");
+  outlet_.unsent = 0;
+  conversation_.Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(outlet_.sent, "<ID1A>\r\n<ID1A>\r\n");
+}
+
+TEST_F(ConversationTest, KeepsNoEndlessLineOfLateAnswers) {
+  Faults faults;
+  faults.late_ms = 1;
+  engine_.SetFaults(faults);
+  conversation_.Receive(QByteArray("<ID1A><?>\r\n").repeated(10'100));
+  EXPECT_TRUE(WaitUntil([&] { return outlet_.sent.size() >= qsizetype{8} * 10'000; }));
+  EXPECT_EQ(outlet_.sent.size(), qsizetype{8} * 10'000);
+  // Those that follow are answered again.
+  conversation_.Receive("<ID1A><?>\r\n");
+  EXPECT_TRUE(WaitUntil([&] { return outlet_.sent.size() == qsizetype{8} * 10'001; }));
+}
+
+}  // namespace
+}  // namespace VirtualPanel

@@ -1,0 +1,127 @@
+#include "lines/panel_lines.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "support/wait_until.h"
+
+namespace VirtualPanel {
+namespace {
+
+class PanelLinesTest : public testing::Test {
+ protected:
+  // The answer of panel 26 to a poll over TCP.
+  QByteArray Poll(quint16 port) {
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+    socket.write("<ID1A><?>\r\n");
+    QByteArray answer;
+    EXPECT_TRUE(WaitUntil([&] {
+      answer += socket.readAll();
+      return answer.size() >= 8;
+    }));
+    return answer;
+  }
+
+  quint16 Port() const {
+    return lines_.Descriptions().value(0).section(QLatin1Char(':'), -1).toUShort();
+  }
+
+  QString error_;
+  PanelEngine engine_{{{26, 4, 96, true}}};
+  PanelLines lines_{&engine_};
+};
+
+TEST_F(PanelLinesTest, SaysWhereThePanelsAreReached) {
+  const QSignalSpy opened(&lines_, &PanelLines::Opened);
+  ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("127.0.0.1:0"), &error_)) << error_.toStdString();
+  EXPECT_GT(Port(), 0);
+  EXPECT_EQ(lines_.Descriptions(),
+            QStringList{QStringLiteral("listening on tcp 127.0.0.1:%1").arg(Port())});
+  EXPECT_EQ(opened.count(), 1);
+  EXPECT_EQ(opened[0][0].toString(), lines_.Descriptions().first());
+  EXPECT_EQ(Poll(Port()), "<ID1A>\r\n");
+}
+
+TEST_F(PanelLinesTest, RefusesAnAddressThatIsNone) {
+  for (const char* address : {"", "x", "127.0.0.1:", "127.0.0.1:x", "300.1.1.1:1", ":70000"}) {
+    EXPECT_FALSE(lines_.OpenTcp(QString::fromLatin1(address), &error_)) << address;
+    EXPECT_TRUE(error_.endsWith(QStringLiteral("expected ADDRESS:PORT or PORT"))) << address;
+  }
+  EXPECT_TRUE(lines_.Descriptions().isEmpty());
+}
+
+TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
+  QTemporaryDir folder;
+  const QString link = folder.filePath(QStringLiteral("panels"));
+  ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("0"), &error_)) << error_.toStdString();
+  ASSERT_TRUE(lines_.OpenPty(link, &error_)) << error_.toStdString();
+  const quint16 port = Port();
+  QTcpSocket socket;
+  socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+  ASSERT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::ConnectedState; }));
+
+  const QSignalSpy opened(&lines_, &PanelLines::Opened);
+  const QSignalSpy failed(&lines_, &PanelLines::Failed);
+  lines_.SetPlugged(false);
+  EXPECT_FALSE(lines_.IsPlugged());
+  EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
+  socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+  EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
+  EXPECT_FALSE(QFile::exists(link));
+
+  lines_.SetPlugged(true);
+  EXPECT_EQ(opened.count(), 2);
+  EXPECT_EQ(failed.count(), 0);
+  EXPECT_EQ(Port(), port);
+  EXPECT_EQ(Poll(port), "<ID1A>\r\n");
+  EXPECT_TRUE(QFile::exists(link));
+  // Once more is no different.
+  lines_.SetPlugged(true);
+  EXPECT_EQ(opened.count(), 2);
+}
+
+TEST_F(PanelLinesTest, APortThatIsTakenMeanwhileIsOpenedAsSoonAsItIsFree) {
+  ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("0"), &error_)) << error_.toStdString();
+  const quint16 port = Port();
+  lines_.SetPlugged(false);
+  const QSignalSpy failed(&lines_, &PanelLines::Failed);
+  {
+    QTcpServer other;
+    ASSERT_TRUE(other.listen(QHostAddress(QHostAddress::LocalHost), port));
+    lines_.SetPlugged(true);
+    EXPECT_EQ(failed.count(), 1);
+  }
+  EXPECT_TRUE(WaitUntil([&] { return Port() == port; }));
+  EXPECT_EQ(Poll(port), "<ID1A>\r\n");
+}
+
+TEST_F(PanelLinesTest, ATerminalThatAFaultHasPulledIsPluggedInAgain) {
+  QTemporaryDir folder;
+  const QString link = folder.filePath(QStringLiteral("panels"));
+  ASSERT_TRUE(lines_.OpenPty(link, &error_)) << error_.toStdString();
+  Faults faults;
+  faults.close_after_frame = 1;
+  engine_.SetFaults(faults);
+  const QSignalSpy opened(&lines_, &PanelLines::Opened);
+  QFile terminal(link);
+  ASSERT_TRUE(terminal.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+  terminal.write("<ID1A><?>\n");
+  EXPECT_TRUE(WaitUntil([&] { return opened.count() > 0; }));
+  EXPECT_TRUE(QFile::exists(link));
+}
+
+TEST_F(PanelLinesTest, RefusesADeviceThatIsNotThere) {
+  EXPECT_FALSE(lines_.OpenSerial(QStringLiteral("/dev/nonexistent"), 9600, &error_));
+  EXPECT_TRUE(error_.startsWith(QStringLiteral("serial port /dev/nonexistent: ")));
+  EXPECT_FALSE(lines_.OpenPty(QStringLiteral("/nonexistent/folder/panels"), &error_));
+  EXPECT_TRUE(error_.startsWith(QStringLiteral("pseudo-terminal ")));
+}
+
+}  // namespace
+}  // namespace VirtualPanel

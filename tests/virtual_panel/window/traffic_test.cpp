@@ -1,0 +1,101 @@
+// The list of the traffic.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTest>
+
+#include "window_fixture.h"
+
+namespace VirtualPanel {
+namespace {
+
+TEST_F(WindowTest, ListsTheTrafficReadably) {
+  auto* traffic = Find<QTableWidget>("traffic");
+  now_ = now_.addMSecs(45);
+  Receive("<ID1A><?>\r\n<ID00><D*>\n");
+  ASSERT_EQ(traffic->rowCount(), 2);
+  const auto text = [&](int row, int column) { return traffic->item(row, column)->text(); };
+  EXPECT_EQ(text(0, 0), QStringLiteral("10:30:00.045"));
+  EXPECT_EQ(text(0, 1), QStringLiteral("<ID1A><?><CR><LF>"));
+  EXPECT_EQ(text(0, 2), QStringLiteral("<ID1A><CR><LF>"));
+  EXPECT_EQ(text(0, 3), QStringLiteral("poll"));
+  EXPECT_EQ(text(1, 1), QStringLiteral("<ID00><D*><LF>"));
+  EXPECT_EQ(text(1, 2), QStringLiteral("-"));
+}
+
+TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
+  Faults faults;
+  faults.late_ms = 2000;
+  faults.pieces = 3;
+  engine_.SetFaults(faults);
+  Receive("<ID1A><?>\r\n<ID00><?>\r\n");
+  auto* traffic = Find<QTableWidget>("traffic");
+  EXPECT_EQ(traffic->item(0, 2)->text(), QStringLiteral("<ID1A><CR><LF> after 2000 ms"));
+  EXPECT_EQ(traffic->item(1, 2)->text(), QStringLiteral("-"));
+}
+
+TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
+  Receive("<b>a</b> &lt; <br>  b\r\n<ID1A><L01><P001><b>a</b> &lt; <br>  b \r\n");
+  EXPECT_EQ(ShownText(Find<QTableWidget>("traffic")->item(0, 1)->toolTip()),
+            QStringLiteral("<b>a</b> &lt; <br>  b<CR><LF>"));
+  const QModelIndex page = Find<PageStrip>("pages_26")->model()->index(0, 0);
+  EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()),
+            QStringLiteral("1.  <b>a</b> &lt; <br>  b"));
+}
+
+TEST_F(WindowTest, ALongTextWithoutBlanksCanBeBrokenInAToolTip) {
+  Receive(QByteArray(80, 'x') + ' ' + QByteArray(200, 'y') + "\r\n");
+  const QString tool_tip = Find<QTableWidget>("traffic")->item(0, 1)->toolTip();
+  EXPECT_EQ(tool_tip.count(QChar(0x200B)), 2);
+  for (const QString& word : tool_tip.split(QRegularExpression(QStringLiteral("[ \u200B]")))) {
+    EXPECT_LE(word.size(), 80);
+  }
+  // What is copied has no breaks of its own.
+  EXPECT_FALSE(Find<QTableWidget>("traffic")->item(0, 1)->text().contains(QChar(0x200B)));
+}
+
+TEST_F(WindowTest, FollowsTheTrafficUnlessItsReaderHasGoneBack) {
+  auto* traffic = Find<QTableWidget>("traffic");
+  const QScrollBar* bar = traffic->verticalScrollBar();
+  for (int i = 0; i < 100; ++i) engine_.Receive("<ID1A><?>\r\n");
+  Receive("<ID1A><?>\r\n");
+  EXPECT_GT(bar->maximum(), 0);
+  EXPECT_EQ(bar->value(), bar->maximum());
+  traffic->scrollToTop();
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(bar->value(), 0);
+  traffic->scrollToBottom();
+  Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(bar->value(), bar->maximum());
+}
+
+TEST_F(WindowTest, CopiesTheSelectedTraffic) {
+  auto* traffic = Find<QTableWidget>("traffic");
+  Receive("<ID1A><?>\r\n<ID03><?>\r\n");
+  traffic->selectRow(1);
+  window_.activateWindow();
+  traffic->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return traffic->hasFocus(); }));
+  QTest::keyClick(traffic, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(),
+            QStringLiteral("10:30:00.000\t<ID03><?><CR><LF>\t<ID03><CR><LF>\tpoll"));
+}
+
+TEST_F(WindowTest, KeepsTheLastTrafficOnly) {
+  auto* traffic = Find<QTableWidget>("traffic");
+  for (int i = 0; i < 600; ++i) engine_.Receive("<ID1A><?>\r\n");
+  Receive("<ID1A><RP042>\r\n");
+  EXPECT_EQ(traffic->rowCount(), 500);
+  EXPECT_EQ(traffic->item(499, 3)->text(), QStringLiteral("run page 42: an empty page"));
+}
+
+TEST(VisibleText, WritesControlCharactersOut) {
+  EXPECT_EQ(VisibleText(QByteArray("a\r\n\0\x07\x7F\xE9", 7)),
+            QStringLiteral("a<CR><LF><00><07><7F>\u00E9"));
+  EXPECT_EQ(VisibleText(QByteArray(5000, 'x')), QString(2000, QLatin1Char('x')) + QChar(0x2026));
+}
+
+}  // namespace
+}  // namespace VirtualPanel

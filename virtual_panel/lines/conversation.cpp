@@ -1,0 +1,91 @@
+#include "lines/conversation.h"
+
+#include <utility>
+
+namespace VirtualPanel {
+namespace {
+
+// A flood keeps this much on its way: enough to be without a gap, little enough to be stopped at
+// once.
+constexpr qint64 kFloodAhead = 16'384;
+constexpr qsizetype kFloodPiece = 4096;
+constexpr char kFloodByte = 'U';
+
+}  // namespace
+
+Conversation::Conversation(PanelEngine* engine, QString line, Outlet* outlet, QObject* parent)
+    : QObject(parent), engine_(engine), line_(std::move(line)), outlet_(outlet) {
+  clock_.start();
+  timer_.setSingleShot(true);
+  timer_.setTimerType(Qt::PreciseTimer);
+  connect(&timer_, &QTimer::timeout, this, &Conversation::Play);
+}
+
+void Conversation::Receive(QByteArrayView bytes) {
+  if (hung_up_) return;
+  const QList<Answer> answers = engine_->Receive(&splitter_, bytes, line_);
+  const qint64 arrival = clock_.elapsed();
+  for (const Answer& answer : answers) {
+    if (steps_.size() >= kMostWaitingSteps) break;
+    // A line keeps its order: nothing overtakes what came before it.
+    const qint64 earliest = steps_.isEmpty() ? 0 : steps_.last().due;
+    steps_.enqueue({answer, qMax(earliest, arrival + answer.after_ms)});
+  }
+  Play();
+}
+
+void Conversation::BytesHaveLeft() {
+  if (flooding_) Flood();
+}
+
+void Conversation::Reset() {
+  splitter_ = FrameSplitter();
+  steps_.clear();
+  timer_.stop();
+  flooding_ = false;
+  hung_up_ = false;
+}
+
+void Conversation::Play() {
+  while (!hung_up_ && !steps_.isEmpty()) {
+    const qint64 wait = steps_.head().due - clock_.elapsed();
+    if (wait > 0) {
+      timer_.start(static_cast<int>(wait));
+      return;
+    }
+    const Answer answer = steps_.dequeue().answer;
+    switch (answer.step) {
+      case Answer::Step::kSend:
+        if (outlet_->Unsent() + answer.bytes.size() <= kMostUnsent) outlet_->Send(answer.bytes);
+        break;
+      case Answer::Step::kFlood:
+        flooding_ = true;
+        Flood();
+        break;
+      case Answer::Step::kClose:
+        hung_up_ = true;
+        flooding_ = false;
+        steps_.clear();
+        outlet_->HangUp();
+        break;
+    }
+  }
+}
+
+void Conversation::Flood() {
+  if (!engine_->CurrentFaults().flood) {
+    flooding_ = false;
+    return;
+  }
+  while (outlet_->Unsent() < kFloodAhead) {
+    const qint64 before = outlet_->Unsent();
+    outlet_->Send(QByteArray(kFloodPiece, kFloodByte));
+    // An outlet that passes everything on at once is fed again when the event loop comes round.
+    if (outlet_->Unsent() <= before) {
+      QTimer::singleShot(0, this, &Conversation::BytesHaveLeft);
+      return;
+    }
+  }
+}
+
+}  // namespace VirtualPanel

@@ -1,0 +1,150 @@
+#include "lines/panel_lines.h"
+
+#include <utility>
+
+#include "lines/pty_line.h"
+#include "lines/serial_line.h"
+#include "lines/tcp_line.h"
+
+namespace VirtualPanel {
+namespace {
+
+// After a while somebody plugs in again what a fault has pulled.
+constexpr int kReplugMs = 1000;
+
+// "ADDRESS:PORT", "[ADDRESS]:PORT" or "PORT".
+bool ParseAddress(const QString& text, QHostAddress* address, quint16* port) {
+  const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
+  QString host = colon < 0 ? QStringLiteral("127.0.0.1") : text.left(colon);
+  if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
+    host = host.mid(1, host.size() - 2);
+  }
+  if (host == QLatin1String("localhost")) host = QStringLiteral("127.0.0.1");
+  bool is_number = false;
+  *port = text.mid(colon + 1).toUShort(&is_number);
+  return is_number && address->setAddress(host);
+}
+
+QString HostText(const QHostAddress& address) {
+  return address.protocol() == QAbstractSocket::IPv6Protocol
+             ? QLatin1Char('[') + address.toString() + QLatin1Char(']')
+             : address.toString();
+}
+
+}  // namespace
+
+PanelLines::PanelLines(PanelEngine* engine, QObject* parent) : QObject(parent), engine_(engine) {}
+
+PanelLines::~PanelLines() = default;
+
+bool PanelLines::OpenTcp(const QString& address, QString* error) {
+  QHostAddress host;
+  quint16 port = 0;
+  if (!ParseAddress(address, &host, &port)) {
+    *error = QStringLiteral("TCP address \"%1\": expected ADDRESS:PORT or PORT").arg(address);
+    return false;
+  }
+  auto line = std::make_unique<Line>();
+  auto tcp = std::make_unique<TcpLine>(engine_);
+  line->open = [tcp = tcp.get(), address, host, port](QString* reason) mutable {
+    if (!tcp->Listen(host, port)) {
+      *reason = QStringLiteral("TCP address \"%1\": %2").arg(address, tcp->ErrorString());
+      return false;
+    }
+    port = tcp->Port();  // whichever was free remains the same
+    return true;
+  };
+  line->cut = [tcp = tcp.get()] { tcp->Close(); };
+  line->description = [tcp = tcp.get(), host] {
+    return QStringLiteral("listening on tcp %1:%2").arg(HostText(host)).arg(tcp->Port());
+  };
+  line->line = std::move(tcp);
+  return Add(std::move(line), error);
+}
+
+bool PanelLines::OpenPty(const QString& link, QString* error) {
+  auto line = std::make_unique<Line>();
+  auto pty = std::make_unique<PtyLine>(engine_);
+  line->open = [pty = pty.get(), link](QString* reason) {
+    if (pty->Open(link)) return true;
+    *reason = QStringLiteral("pseudo-terminal ") + pty->ErrorString();
+    return false;
+  };
+  line->cut = [pty = pty.get()] { pty->Unplug(); };
+  line->description = [pty = pty.get(), link] {
+    return QStringLiteral("pty %1 -> %2").arg(link, pty->DeviceName());
+  };
+  connect(pty.get(), &PtyLine::Unplugged, &line->again, [this, line = line.get()] {
+    if (is_plugged_) line->again.start();
+  });
+  line->line = std::move(pty);
+  return Add(std::move(line), error);
+}
+
+bool PanelLines::OpenSerial(const QString& device, qint32 baud_rate, QString* error) {
+  auto line = std::make_unique<Line>();
+  auto serial = std::make_unique<SerialLine>(engine_);
+  line->open = [serial = serial.get(), device, baud_rate](QString* reason) {
+    if (serial->Open(device, baud_rate)) return true;
+    *reason = QStringLiteral("serial port %1: %2").arg(device, serial->ErrorString());
+    return false;
+  };
+  line->cut = [serial = serial.get()] { serial->Unplug(); };
+  line->description = [device, baud_rate] {
+    return QStringLiteral("serial %1 at %2 baud").arg(device).arg(baud_rate);
+  };
+  connect(serial.get(), &SerialLine::Unplugged, &line->again,
+          [this, line = line.get(), device](const QString& reason) {
+            if (!is_plugged_) return;
+            Q_EMIT Failed(QStringLiteral("serial port %1: %2").arg(device, reason));
+            line->again.start();
+          });
+  line->line = std::move(serial);
+  return Add(std::move(line), error);
+}
+
+bool PanelLines::Add(std::unique_ptr<Line> line, QString* error) {
+  if (!line->open(error)) return false;
+  line->again.setInterval(kReplugMs);
+  line->again.setSingleShot(true);
+  connect(&line->again, &QTimer::timeout, this, [this, line = line.get()] { Reopen(line); });
+  const QString description = line->description();
+  lines_.push_back(std::move(line));
+  Q_EMIT Opened(description);
+  return true;
+}
+
+QStringList PanelLines::Descriptions() const {
+  QStringList descriptions;
+  for (const auto& line : lines_) descriptions.append(line->description());
+  return descriptions;
+}
+
+void PanelLines::SetPlugged(bool plugged) {
+  if (plugged == is_plugged_) return;
+  is_plugged_ = plugged;
+  for (const auto& line : lines_) {
+    if (plugged) {
+      Reopen(line.get());
+    } else {
+      line->again.stop();
+      line->cut();
+    }
+  }
+}
+
+void PanelLines::Reopen(Line* line) {
+  QString reason;
+  if (line->open(&reason)) {
+    line->again.stop();
+    line->failure.clear();
+    Q_EMIT Opened(line->description());
+    return;
+  }
+  // Said once, however often it is tried.
+  if (reason != line->failure) Q_EMIT Failed(reason);
+  line->failure = reason;
+  line->again.start();
+}
+
+}  // namespace VirtualPanel

@@ -1,0 +1,199 @@
+#include "lines/pty_line.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace VirtualPanel {
+namespace {
+
+constexpr int kHangUpLookMs = 10;
+// Whoever has not read the last answer after this many looks does not get it.
+constexpr int kMostHangUpLooks = 200;
+
+void CloseDescriptor(int* descriptor) {
+  if (*descriptor >= 0) ::close(*descriptor);
+  *descriptor = -1;
+}
+
+}  // namespace
+
+PtyLine::PtyLine(PanelEngine* engine, QObject* parent)
+    : QObject(parent), conversation_(engine, QStringLiteral("pty"), this) {
+  hang_up_timer_.setInterval(kHangUpLookMs);
+  connect(&hang_up_timer_, &QTimer::timeout, this, &PtyLine::UnplugOnceRead);
+}
+
+PtyLine::~PtyLine() {
+  disconnect();
+  Unplug();
+}
+
+bool PtyLine::Open(const QString& link) {
+  Unplug();
+  error_.clear();
+  master_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+  if (master_ < 0) return Fail(QStringLiteral("no pseudo-terminal"));
+  std::array<char, 128> name{};
+  if (::grantpt(master_) != 0 || ::unlockpt(master_) != 0 ||
+      ::ptsname_r(master_, name.data(), name.size()) != 0) {
+    return Fail(QStringLiteral("no pseudo-terminal"));
+  }
+  slave_ = ::open(name.data(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+  termios settings{};
+  if (slave_ < 0 || ::tcgetattr(slave_, &settings) != 0)
+    return Fail(QString::fromLatin1(name.data()));
+  ::cfmakeraw(&settings);
+  if (::tcsetattr(slave_, TCSANOW, &settings) != 0) return Fail(QString::fromLatin1(name.data()));
+
+  // Without it everything works, but for the old bytes that the next user would find.
+  openings_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  if (openings_ >= 0 && ::inotify_add_watch(openings_, name.data(), IN_OPEN | IN_CLOSE) < 0) {
+    CloseDescriptor(&openings_);
+  }
+  if (openings_ >= 0) {
+    users_ = 0;
+    opened_ = std::make_unique<QSocketNotifier>(openings_, QSocketNotifier::Read);
+    connect(opened_.get(), &QSocketNotifier::activated, this, &PtyLine::TakeInOpenings);
+  }
+
+  device_ = QString::fromLatin1(name.data());
+  if (!link.isEmpty() && !MakeLink(link)) return false;
+
+  readable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Read);
+  connect(readable_.get(), &QSocketNotifier::activated, this, &PtyLine::Read);
+  writable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Write);
+  writable_->setEnabled(false);
+  connect(writable_.get(), &QSocketNotifier::activated, this, &PtyLine::Write);
+  return true;
+}
+
+bool PtyLine::Fail(const QString& what) {
+  const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+  Unplug();
+  error_ = what + QStringLiteral(": ") + reason;
+  return false;
+}
+
+bool PtyLine::MakeLink(const QString& link) {
+  const QByteArray path = QFile::encodeName(link);
+  std::array<char, 128> target{};
+  const ssize_t length = ::readlink(path.constData(), target.data(), target.size());
+  if (length > 0 && QByteArrayView(target.data(), length).startsWith("/dev/pts/")) {
+    ::unlink(path.constData());
+  }
+  // Fails if anything is there.
+  if (::symlink(QFile::encodeName(device_).constData(), path.constData()) != 0) return Fail(link);
+  link_ = QFileInfo(link).absoluteFilePath();
+  return true;
+}
+
+void PtyLine::Unplug() {
+  const bool was_plugged = readable_ != nullptr;
+  hang_up_timer_.stop();
+  // A notifier may be the one that is calling.
+  for (auto* notifier : {&readable_, &writable_, &opened_}) {
+    if (*notifier == nullptr) continue;
+    (*notifier)->setEnabled(false);
+    notifier->release()->deleteLater();
+  }
+  if (!link_.isEmpty() && QFile::symLinkTarget(link_) == device_) QFile::remove(link_);
+  CloseDescriptor(&openings_);
+  CloseDescriptor(&slave_);
+  CloseDescriptor(&master_);
+  device_.clear();
+  link_.clear();
+  users_ = kUnknown;
+  unsent_.clear();
+  conversation_.Reset();
+  if (was_plugged) Q_EMIT Unplugged();
+}
+
+void PtyLine::TakeInOpenings() {
+  alignas(inotify_event) std::array<char, 4096> events{};
+  bool has_closed = false;
+  ssize_t size = 0;
+  while ((size = ::read(openings_, events.data(), events.size())) > 0) {
+    size_t at = 0;
+    while (at + sizeof(inotify_event) <= static_cast<size_t>(size)) {
+      inotify_event event{};
+      std::memcpy(&event, events.data() + at, sizeof(event));
+      at += sizeof(event) + event.len;
+      if ((event.mask & IN_OPEN) != 0) ++users_;
+      if ((event.mask & IN_CLOSE) != 0) {
+        has_closed = true;
+        if (users_ > 0) --users_;
+      }
+    }
+  }
+  if (!has_closed) return;
+  // A user that was ended may have left the terminal locked.
+  ::ioctl(slave_, TIOCNXCL);
+  // A port keeps nothing for whoever opens it next.
+  if (users_ == 0) {
+    unsent_.clear();
+    ::tcflush(slave_, TCIFLUSH);
+  }
+}
+
+void PtyLine::Read() {
+  if (openings_ >= 0) TakeInOpenings();
+  std::array<char, 16'384> bytes{};
+  const ssize_t size = ::read(master_, bytes.data(), bytes.size());
+  if (size > 0) conversation_.Receive(QByteArrayView(bytes.data(), size));
+}
+
+void PtyLine::Send(const QByteArray& bytes) {
+  // Bytes on a line that nobody listens to are lost.
+  if (openings_ >= 0) TakeInOpenings();
+  if (!IsInUse()) return;
+  unsent_ += bytes;
+  Write();
+}
+
+qint64 PtyLine::Unsent() const { return unsent_.size(); }
+
+void PtyLine::Write() {
+  if (master_ < 0) return;
+  bool has_written = false;
+  while (!unsent_.isEmpty()) {
+    const ssize_t size = ::write(master_, unsent_.constData(), static_cast<size_t>(unsent_.size()));
+    if (size <= 0) break;
+    unsent_.remove(0, size);
+    has_written = true;
+  }
+  writable_->setEnabled(!unsent_.isEmpty());
+  if (has_written) {
+    // Not at once: a flood would never come to an end.
+    QMetaObject::invokeMethod(&conversation_, &Conversation::BytesHaveLeft, Qt::QueuedConnection);
+  }
+}
+
+void PtyLine::HangUp() {
+  // What a pseudo-terminal holds is lost when it goes, so the last answer must have been read
+  // before.
+  readable_->setEnabled(false);
+  hang_up_looks_ = 0;
+  hang_up_timer_.start();
+}
+
+void PtyLine::UnplugOnceRead() {
+  int waiting = 0;
+  const bool is_read =
+      unsent_.isEmpty() && ::ioctl(slave_, FIONREAD, &waiting) == 0 && waiting == 0;
+  ++hang_up_looks_;
+  if (is_read || hang_up_looks_ >= kMostHangUpLooks) Unplug();
+}
+
+}  // namespace VirtualPanel
