@@ -69,8 +69,8 @@ TEST_F(SendScrolling, TheMessageArrivesAsOneFrameAndTheDialogStaysOpenForTheNext
   EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{"<ID12><L1><SA><CA>Road <CB>works\r\n",
                                                 "<ID12><L16><SA><CA>Road <CB>works\r\n",
                                                 "<ID13><L4><SA>Road works\r\n"}));
-  EXPECT_EQ(bench_.Engine().FindPanel(18)->scrolling_lines.keys(), (QList<int>{1, 16}));
-  EXPECT_EQ(bench_.Engine().FindPanel(19)->scrolling_lines.keys(), QList<int>{4});
+  EXPECT_EQ(bench_.Engine().FindPanel(18)->Memory().Scrolling().keys(), (QList<int>{1, 16}));
+  EXPECT_EQ(bench_.Engine().FindPanel(19)->Memory().Scrolling().keys(), QList<int>{4});
   EXPECT_TRUE(dialog.window.isVisible());
   EXPECT_TRUE(dialog.IsReady());
   EXPECT_EQ(dialog.File(), path_);

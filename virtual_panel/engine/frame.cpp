@@ -176,6 +176,39 @@ Frame ParseFrame(QByteArrayView bytes) {
   return frame;
 }
 
+QString Describe(const Frame& frame) {
+  switch (frame.meaning) {
+    case Meaning::kPoll:
+      return QStringLiteral("poll");
+    case Meaning::kDeleteAll:
+      return QStringLiteral("delete all pages");
+    case Meaning::kDeletePage:
+      return QStringLiteral("delete page %1").arg(frame.page);
+    case Meaning::kRunPage:
+      return QStringLiteral("run page %1").arg(frame.page);
+    case Meaning::kMessageLine:
+      return QStringLiteral("page %1, row %2").arg(frame.page).arg(frame.row);
+    case Meaning::kSetClock:
+      return QStringLiteral("set clock to ") +
+             frame.clock.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    case Meaning::kSchedule: {
+      const qsizetype count = frame.schedule.entries.size();
+      return QStringLiteral("schedule %1, %2, %3 %4")
+          .arg(QLatin1Char(frame.letter))
+          .arg(ScheduleTime(frame.schedule))
+          .arg(count)
+          .arg(count == 1 ? QLatin1String("entry") : QLatin1String("entries"));
+    }
+    case Meaning::kScrollingLine:
+      return QStringLiteral("scrolling text, row %1").arg(frame.row);
+    case Meaning::kTooLong:
+      return QStringLiteral("too long");
+    case Meaning::kNotUnderstood:
+      break;
+  }
+  return QStringLiteral("not understood");
+}
+
 QByteArray AddressPrefix(int id) {
   static constexpr char kDigits[] = "0123456789ABCDEF";
   QByteArray prefix("<ID");

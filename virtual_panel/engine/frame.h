@@ -6,6 +6,7 @@
 #include <QByteArrayView>
 #include <QDateTime>
 #include <QList>
+#include <QString>
 
 #include "engine/schedule.h"
 
@@ -63,6 +64,9 @@ struct Frame {
 // Reads one frame, with or without its line end. Anything that is no known frame is kNotUnderstood;
 // its addressee is read all the same, since a panel answers whatever is addressed to it.
 Frame ParseFrame(QByteArrayView bytes);
+
+// What a frame says, in words.
+QString Describe(const Frame& frame);
 
 // "<ID" + two upper-case hexadecimal digits + ">".
 QByteArray AddressPrefix(int id);

@@ -17,6 +17,18 @@ QJsonValue Addressee(int addressee) {
   return QJsonValue(addressee);
 }
 
+QJsonObject PagesObject(const QMap<int, StoredPage>& pages) {
+  QJsonObject object;
+  for (auto page = pages.cbegin(); page != pages.cend(); ++page) {
+    QJsonObject rows;
+    for (auto row = page->cbegin(); row != page->cend(); ++row) {
+      rows.insert(QString::number(row.key()), QString::fromLatin1(row->text));
+    }
+    object.insert(QString::number(page.key()), rows);
+  }
+  return object;
+}
+
 QJsonObject SchedulesObject(const Schedules& schedules) {
   QJsonObject object;
   for (auto schedule = schedules.cbegin(); schedule != schedules.cend(); ++schedule) {
@@ -71,30 +83,22 @@ QByteArray StateDocument(const PanelEngine& engine) {
   const QDateTime now = engine.Now();
   QJsonArray panels;
   for (const int id : engine.PanelIds()) {
-    const Panel* panel = engine.FindPanel(id);
-    QJsonObject pages;
-    for (auto page = panel->pages.cbegin(); page != panel->pages.cend(); ++page) {
-      QJsonObject rows;
-      for (auto row = page->cbegin(); row != page->cend(); ++row) {
-        rows.insert(QString::number(row.key()), QString::fromLatin1(row->text));
-      }
-      pages.insert(QString::number(page.key()), rows);
-    }
-    const PanelDescription& description = panel->description;
+    const Panel& panel = *engine.FindPanel(id);
+    const PanelDescription& description = panel.Description();
     panels.append(QJsonObject{
         {QStringLiteral("id"), id},
         {QStringLiteral("rows"), description.rows},
         {QStringLiteral("columns"), description.columns},
         {QStringLiteral("colour"),
          description.tri_colour ? QStringLiteral("tri") : QStringLiteral("mono")},
-        {QStringLiteral("running_page"), NumberOrNull(engine.RunningPage(id, now))},
-        {QStringLiteral("shown_page"), NumberOrNull(engine.ShownPage(id, now))},
+        {QStringLiteral("running_page"), NumberOrNull(panel.RunningPage(now))},
+        {QStringLiteral("shown_page"), NumberOrNull(panel.ShownPage(now))},
         {QStringLiteral("clock_offset_seconds"),
-         qRound64(static_cast<double>(engine.ClockOffset(id)) / 1000.0)},
-        {QStringLiteral("pages"), pages},
-        {QStringLiteral("schedules"), SchedulesObject(panel->schedules)},
-        {QStringLiteral("playing"), PlayingObject(engine.PlayingAt(id, now))},
-        {QStringLiteral("scrolling"), ScrollingObject(panel->scrolling_lines)},
+         qRound64(static_cast<double>(panel.ClockOffset(now)) / 1000.0)},
+        {QStringLiteral("pages"), PagesObject(panel.Memory().Pages())},
+        {QStringLiteral("schedules"), SchedulesObject(panel.Memory().StoredSchedules())},
+        {QStringLiteral("playing"), PlayingObject(panel.PlayingAt(now))},
+        {QStringLiteral("scrolling"), ScrollingObject(panel.Memory().Scrolling())},
     });
   }
   return QJsonDocument(QJsonObject{{QStringLiteral("panels"), panels}}).toJson();

@@ -72,7 +72,7 @@ TEST_F(EngineTest, StoresRowsByPageAsTheyWereSent) {
   EXPECT_TRUE(engine_.Page(3, 7).isEmpty());
 
   // The sender's closing blank is not part of what is shown.
-  const StoredPage rows = engine_.FindPanel(26)->pages.value(7);
+  const StoredPage rows = engine_.FindPanel(26)->Memory().Pages().value(7);
   EXPECT_EQ(rows.value(1).cells.size(), 3);
   EXPECT_EQ(rows.value(2).cells.size(), 4);
 }
@@ -85,7 +85,7 @@ TEST_F(EngineTest, ReplacesARowThatIsSentAgain) {
 TEST_F(EngineTest, StartsEveryRowFromPlainAttributes) {
   Exchange("<ID1A><L01><P001><SH><CP>a \r\n<ID1A><L02><P001>b \r\n");
   using PanelDots::Cell;
-  const Cell cell = engine_.FindPanel(26)->pages.value(1).value(2).cells.value(0);
+  const Cell cell = engine_.FindPanel(26)->Memory().Pages().value(1).value(2).cells.value(0);
   EXPECT_EQ(cell, (Cell{Cell::Kind::kCharacter, 'b', 'A', 'A', false}));
 }
 
@@ -93,7 +93,7 @@ TEST_F(EngineTest, AcknowledgesAndIgnoresARowItDoesNotHave) {
   EXPECT_EQ(Exchange("<ID1A><L05><P001>x \r\n"), "<ID1A>\r\n");
   EXPECT_EQ(LastDescription(), QStringLiteral("page 1, row 5: ignored, panel 26 has rows 1 to 4"));
   EXPECT_EQ(Exchange("<ID1A><L00><P001>x \r\n"), "<ID1A>\r\n");
-  EXPECT_TRUE(engine_.FindPanel(26)->pages.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(26)->Memory().Pages().isEmpty());
 }
 
 TEST_F(EngineTest, ShowsThePageLastReceivedUntilOneIsRun) {
@@ -148,7 +148,7 @@ TEST_F(EngineTest, DeletesAllPages) {
   Exchange(
       "<ID1A><L01><P001>x \r\n<ID1A><L02><P120>y \r\n<ID1A><RP001>\r\n<ID03><L01><P001>z \r\n");
   EXPECT_EQ(Exchange("<ID1A><D*>\r\n"), "<ID1A>\r\n");
-  EXPECT_TRUE(engine_.FindPanel(26)->pages.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(26)->Memory().Pages().isEmpty());
   EXPECT_EQ(engine_.ShownPage(26), std::nullopt);
   EXPECT_EQ(engine_.Page(3, 1), (QMap<int, QByteArray>{{1, "z "}}));
 }
@@ -241,7 +241,7 @@ TEST_F(EngineTest, BoundsAPanelsMemory) {
   for (int page = 0; page < 1100; ++page) {
     engine_.Receive("<ID1A><L01><P" + QByteArray::number(page) + ">x \r\n");
   }
-  EXPECT_EQ(engine_.FindPanel(26)->pages.size(), 1000);
+  EXPECT_EQ(engine_.FindPanel(26)->Memory().Pages().size(), 1000);
   EXPECT_EQ(LastDescription(),
             QStringLiteral("page 1099, row 1: ignored, the memory of panel 26 is full"));
   // What is stored already can be replaced, and deleting makes room.
@@ -256,7 +256,7 @@ TEST_F(EngineTest, BoundsTheBytesInAPanelsMemory) {
   const QByteArray text(65'000, 'x');
   const auto store = [&](int page) {
     engine_.Receive("<ID1A><L01><P" + QByteArray::number(page) + ">" + text + "\r\n");
-    return engine_.FindPanel(26)->pages.contains(page);
+    return engine_.FindPanel(26)->Memory().Pages().contains(page);
   };
   for (int page = 1; page <= 258; ++page) ASSERT_TRUE(store(page)) << page;
   EXPECT_FALSE(store(259));
@@ -270,7 +270,7 @@ TEST_F(EngineTest, BoundsTheBytesInAPanelsMemory) {
   EXPECT_FALSE(store(260));
   Exchange("<ID1A><D*>\r\n");
   EXPECT_TRUE(store(260));
-  EXPECT_EQ(engine_.FindPanel(26)->stored_bytes, 65'000);
+  EXPECT_EQ(engine_.FindPanel(26)->Memory().StoredBytes(), 65'000);
 }
 
 TEST_F(EngineTest, SurvivesRandomBytes) {

@@ -35,7 +35,7 @@ TEST_F(ScheduleTest, RunsAPageOnDemandAsTheCommandDoes) {
   EXPECT_EQ(changes.count(), 1);
   EXPECT_EQ(engine_.RunningPage(26), 9);
   EXPECT_EQ(Letter(), "-");
-  EXPECT_TRUE(engine_.FindPanel(26)->scrolling_lines.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(26)->Memory().Scrolling().isEmpty());
   EXPECT_EQ(engine_.ShownRows(26).value(1).text, "y ");
   EXPECT_FALSE(engine_.Run(26, 8));
   EXPECT_FALSE(engine_.Run(26, -1));
@@ -98,14 +98,14 @@ TEST_F(ScheduleTest, ObeysABroadcastOnEveryPanelWithItsOwnClockAndPages) {
   EXPECT_EQ(Letter(26), "A");
   EXPECT_EQ(Letter(3), "-");
   EXPECT_TRUE(engine_.Receive("<ID00><L2>all\r\n").isEmpty());
-  EXPECT_EQ(engine_.FindPanel(26)->scrolling_lines.value(2).row.text, "all");
-  EXPECT_EQ(engine_.FindPanel(3)->scrolling_lines.value(2).row.text, "all");
+  EXPECT_EQ(engine_.FindPanel(26)->Memory().Scrolling().value(2).row.text, "all");
+  EXPECT_EQ(engine_.FindPanel(3)->Memory().Scrolling().value(2).row.text, "all");
 }
 
 TEST_F(ScheduleTest, DeletingAllPagesDeletesSchedulesAndScrollingTexts) {
   Send({"<L01><P001>x ", "<TA>*****00105A", "<L2>text", "<D*>"});
-  EXPECT_TRUE(engine_.FindPanel(26)->schedules.isEmpty());
-  EXPECT_TRUE(engine_.FindPanel(26)->scrolling_lines.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(26)->Memory().StoredSchedules().isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(26)->Memory().Scrolling().isEmpty());
   EXPECT_EQ(Letter(), "-");
   EXPECT_EQ(engine_.ShownPage(26), std::nullopt);
   EXPECT_EQ(Next(), "never");
@@ -127,9 +127,9 @@ TEST_F(ScheduleTest, DropsAScheduleOfTooManyEntries) {
   EXPECT_EQ(LastDescription(), QStringLiteral("schedule A, daily **:**, 65 entries: ignored, a "
                                               "schedule has at most 64 entries"));
   EXPECT_FALSE(engine_.Frames().last().obeyed);
-  EXPECT_TRUE(engine_.FindPanel(26)->schedules.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(26)->Memory().StoredSchedules().isEmpty());
   Send({most.constData()});
-  EXPECT_EQ(engine_.FindPanel(26)->schedules.value('A').entries.size(), 64);
+  EXPECT_EQ(engine_.FindPanel(26)->Memory().StoredSchedules().value('A').entries.size(), 64);
 }
 
 TEST_F(ScheduleTest, KeepsScrollingTextsByRow) {
@@ -137,7 +137,7 @@ TEST_F(ScheduleTest, KeepsScrollingTextsByRow) {
   EXPECT_EQ(LastDescription(),
             QStringLiteral("scrolling text, row 10: ignored, panel 26 has rows 1 to 4"));
   EXPECT_FALSE(engine_.Frames().last().obeyed);
-  const ScrollingLines& lines = engine_.FindPanel(26)->scrolling_lines;
+  const ScrollingLines& lines = engine_.FindPanel(26)->Memory().Scrolling();
   EXPECT_EQ(lines.keys(), (QList<int>{1, 4}));
   EXPECT_EQ(lines.value(1).row.text, "<SC><CB>One");
   EXPECT_EQ(lines.value(1).row.cells.size(), 3);
@@ -145,11 +145,11 @@ TEST_F(ScheduleTest, KeepsScrollingTextsByRow) {
             (PanelDots::Cell{PanelDots::Cell::Kind::kCharacter, 'O', 'C', 'B', false}));
   EXPECT_EQ(lines.value(1).began_ms, now_.toMSecsSinceEpoch());
   EXPECT_EQ(lines.value(4).row.cells.size(), 5);  // nobody adds a blank to it
-  EXPECT_TRUE(engine_.FindPanel(3)->scrolling_lines.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(3)->Memory().Scrolling().isEmpty());
 }
 
 TEST_F(ScheduleTest, AScrollingTextEndsByAnotherAnEmptyOneOrARunPage) {
-  const ScrollingLines& lines = engine_.FindPanel(26)->scrolling_lines;
+  const ScrollingLines& lines = engine_.FindPanel(26)->Memory().Scrolling();
   Send({"<L1>first", "<L2>second"});
   Wait(5 * kSecond);
   Send({"<L1>new"});

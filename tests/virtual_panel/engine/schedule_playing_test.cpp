@@ -10,7 +10,7 @@ TEST_F(ScheduleTest, KeepsTenSchedulesByLetter) {
     const QByteArray frame = QByteArray("<T") + letter + ">6123000105A";
     Send({frame.constData()});
   }
-  const Schedules& schedules = engine_.FindPanel(26)->schedules;
+  const Schedules& schedules = engine_.FindPanel(26)->Memory().StoredSchedules();
   EXPECT_EQ(schedules.keys(), (QList<char>{'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H', 'I', 'J'}));
   Send({"<TB>**1**00203D,00304E"});
   EXPECT_EQ(schedules.size(), 10);
@@ -20,7 +20,7 @@ TEST_F(ScheduleTest, KeepsTenSchedulesByLetter) {
   EXPECT_EQ(schedules.size(), 10);
   EXPECT_EQ(schedules.value('B'), (Schedule{{}, 17, {}, {{2, 3, 'D'}, {3, 4, 'E'}}}));
   EXPECT_EQ(schedules.value('A'), (Schedule{6, 12, 30, {{1, 5, 'A'}}}));
-  EXPECT_TRUE(engine_.FindPanel(3)->schedules.isEmpty());
+  EXPECT_TRUE(engine_.FindPanel(3)->Memory().StoredSchedules().isEmpty());
 }
 
 TEST_F(ScheduleTest, BeginsAtItsTimeAndPlaysPageByPage) {

@@ -29,7 +29,7 @@ class EntranceTest : public WindowTest {
 TEST_F(EntranceTest, AScheduleShowsEachPageByItsEffect) {
   Receive("<ID1A><RP001>\r\n");
   Receive("<ID1A><TA>*****00203D,00103E\r\n");
-  EXPECT_TRUE(Find<QTimer>("entrance_timer")->isActive());
+  EXPECT_TRUE(Find<QTimer>("entrance_timer_26")->isActive());
   // Wipe Right: page 2 comes from the left.
   EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
   Pass(400);
@@ -41,7 +41,7 @@ TEST_F(EntranceTest, AScheduleShowsEachPageByItsEffect) {
             Led::kGreen);
   Pass(400);
   EXPECT_EQ(RedAndGreen(), std::pair(0, 16 * kLit));
-  EXPECT_TRUE(WaitUntil([&] { return !Find<QTimer>("entrance_timer")->isActive(); }));
+  EXPECT_TRUE(WaitUntil([&] { return !Find<QTimer>("entrance_timer_26")->isActive(); }));
   // Wipe Left brings page 1 back, from the right.
   Pass(2200);
   Receive("<ID1A><?>\r\n");
@@ -53,7 +53,7 @@ TEST_F(EntranceTest, AScheduleShowsEachPageByItsEffect) {
 TEST_F(EntranceTest, APageThatIsRunEntersByTheEffectThatAScheduleGivesIt) {
   Receive("<ID1A><TC>1083000105A,00205C\r\n<ID1A><RP001>\r\n");
   EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
-  EXPECT_FALSE(Find<QTimer>("entrance_timer")->isActive());
+  EXPECT_FALSE(Find<QTimer>("entrance_timer_26")->isActive());
   Receive("<ID1A><RP002>\r\n");
   EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
   Pass(400);
@@ -74,7 +74,7 @@ TEST_F(EntranceTest, RowsThatArriveJustAppear) {
   Receive("<ID1A><TC>1083000105C,00305C\r\n");
   Receive("<ID1A><L01><P003><CK>" + QByteArray(16, ' ') + " \r\n");
   EXPECT_EQ(RedAndGreen(), std::pair(16 * kLit, 0));
-  EXPECT_FALSE(Find<QTimer>("entrance_timer")->isActive());
+  EXPECT_FALSE(Find<QTimer>("entrance_timer_26")->isActive());
 }
 
 TEST_F(EntranceTest, TheSamePageEntersAnewInTheNextEntry) {
@@ -92,17 +92,17 @@ TEST_F(EntranceTest, DeletingAllPagesEndsIt) {
   Pass(400);
   Receive("<ID1A><D*>\r\n");
   EXPECT_EQ(Count(View(), 1, Led::kDark), 96 * 8);
-  EXPECT_FALSE(Find<QTimer>("entrance_timer")->isActive());
+  EXPECT_FALSE(Find<QTimer>("entrance_timer_26")->isActive());
 }
 
 TEST_F(EntranceTest, DrawsAboutThirtyTimesASecond) {
   Receive("<ID1A><TA>*****00105F\r\n");
-  EXPECT_EQ(Find<QTimer>("entrance_timer")->interval(), 33);
-  const QSignalSpy frames(Find<QTimer>("entrance_timer"), &QTimer::timeout);
+  EXPECT_EQ(Find<QTimer>("entrance_timer_26")->interval(), 33);
+  const QSignalSpy frames(Find<QTimer>("entrance_timer_26"), &QTimer::timeout);
   EXPECT_TRUE(WaitUntil([&] { return frames.count() >= 3; }));
   Pass(790);
   Receive("<ID1A><?>\r\n");
-  EXPECT_EQ(Find<QTimer>("entrance_timer")->interval(), 10);
+  EXPECT_EQ(Find<QTimer>("entrance_timer_26")->interval(), 10);
 }
 
 }  // namespace

@@ -128,8 +128,8 @@ TEST_F(SchedulesTest, PlaysAScheduleByTheKeyboard) {
 TEST_F(SchedulesTest, CanBeReachedFromTheTrafficByTheTabKey) {
   Receive("<ID03><TA>1083001605A\r\n<ID1A><TC>1083001405E\r\n");
   window_.activateWindow();
-  Find<QTableWidget>("traffic")->setFocus();
-  ASSERT_TRUE(WaitUntil([&] { return Find<QTableWidget>("traffic")->hasFocus(); }));
+  Find<QTableView>("traffic")->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Find<QTableView>("traffic")->hasFocus(); }));
   QWidgetList met;
   for (int i = 0; i < 10; ++i) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -141,7 +141,7 @@ TEST_F(SchedulesTest, CanBeReachedFromTheTrafficByTheTabKey) {
 }
 
 TEST_F(SchedulesTest, WakesOnlyWhenSomethingChanges) {
-  auto* play_timer = Find<QTimer>("play_timer");
+  auto* play_timer = Find<QTimer>("play_timer_26");
   EXPECT_FALSE(play_timer->isActive());
   Receive("<ID1A><TA>6103200105A,00207B\r\n");  // in two minutes
   EXPECT_EQ(play_timer->interval(), 120'000);

@@ -69,8 +69,8 @@ TEST_F(StoredPagesTest, AClickShowsAPage) {
 TEST_F(StoredPagesTest, TheKeyboardShowsAPage) {
   Receive("<ID1A><L01><P007>x \r\n<ID1A><L01><P012>x \r\n<ID1A><L01><P120>x \r\n<ID1A><RP012>\r\n");
   window_.activateWindow();
-  Find<QTableWidget>("traffic")->setFocus();
-  ASSERT_TRUE(WaitUntil([&] { return Find<QTableWidget>("traffic")->hasFocus(); }));
+  Find<QTableView>("traffic")->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Find<QTableView>("traffic")->hasFocus(); }));
   for (int i = 0; i < 10 && !Pages()->hasFocus(); ++i) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }

@@ -12,17 +12,16 @@ namespace VirtualPanel {
 namespace {
 
 TEST_F(WindowTest, ListsTheTrafficReadably) {
-  auto* traffic = Find<QTableWidget>("traffic");
+  auto* traffic = Find<QTableView>("traffic");
   now_ = now_.addMSecs(45);
   Receive("<ID1A><?>\r\n<ID00><D*>\n");
-  ASSERT_EQ(traffic->rowCount(), 2);
-  const auto text = [&](int row, int column) { return traffic->item(row, column)->text(); };
-  EXPECT_EQ(text(0, 0), QStringLiteral("10:30:00.045"));
-  EXPECT_EQ(text(0, 1), QStringLiteral("<ID1A><?><CR><LF>"));
-  EXPECT_EQ(text(0, 2), QStringLiteral("<ID1A><CR><LF>"));
-  EXPECT_EQ(text(0, 3), QStringLiteral("poll"));
-  EXPECT_EQ(text(1, 1), QStringLiteral("<ID00><D*><LF>"));
-  EXPECT_EQ(text(1, 2), QStringLiteral("-"));
+  ASSERT_EQ(traffic->model()->rowCount(), 2);
+  EXPECT_EQ(Text(0, 0), QStringLiteral("10:30:00.045"));
+  EXPECT_EQ(Text(0, 1), QStringLiteral("<ID1A><?><CR><LF>"));
+  EXPECT_EQ(Text(0, 2), QStringLiteral("<ID1A><CR><LF>"));
+  EXPECT_EQ(Text(0, 3), QStringLiteral("poll"));
+  EXPECT_EQ(Text(1, 1), QStringLiteral("<ID00><D*><LF>"));
+  EXPECT_EQ(Text(1, 2), QStringLiteral("-"));
 }
 
 TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
@@ -31,14 +30,13 @@ TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
   faults.pieces = 3;
   engine_.SetFaults(faults);
   Receive("<ID1A><?>\r\n<ID00><?>\r\n");
-  auto* traffic = Find<QTableWidget>("traffic");
-  EXPECT_EQ(traffic->item(0, 2)->text(), QStringLiteral("<ID1A><CR><LF> after 2000 ms"));
-  EXPECT_EQ(traffic->item(1, 2)->text(), QStringLiteral("-"));
+  EXPECT_EQ(Text(0, 2), QStringLiteral("<ID1A><CR><LF> after 2000 ms"));
+  EXPECT_EQ(Text(1, 2), QStringLiteral("-"));
 }
 
 TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
   Receive("<b>a</b> &lt; <br>  b\r\n<ID1A><L01><P001><b>a</b> &lt; <br>  b \r\n");
-  EXPECT_EQ(ShownText(Find<QTableWidget>("traffic")->item(0, 1)->toolTip()),
+  EXPECT_EQ(ShownText(Text(0, 1, Qt::ToolTipRole)),
             QStringLiteral("<b>a</b> &lt; <br>  b<CR><LF>"));
   const QModelIndex page = Find<PageStrip>("pages_26")->model()->index(0, 0);
   EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()),
@@ -47,17 +45,17 @@ TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
 
 TEST_F(WindowTest, ALongTextWithoutBlanksCanBeBrokenInAToolTip) {
   Receive(QByteArray(80, 'x') + ' ' + QByteArray(200, 'y') + "\r\n");
-  const QString tool_tip = Find<QTableWidget>("traffic")->item(0, 1)->toolTip();
+  const QString tool_tip = Text(0, 1, Qt::ToolTipRole);
   EXPECT_EQ(tool_tip.count(QChar(0x200B)), 2);
   for (const QString& word : tool_tip.split(QRegularExpression(QStringLiteral("[ \u200B]")))) {
     EXPECT_LE(word.size(), 80);
   }
   // What is copied has no breaks of its own.
-  EXPECT_FALSE(Find<QTableWidget>("traffic")->item(0, 1)->text().contains(QChar(0x200B)));
+  EXPECT_FALSE(Text(0, 1).contains(QChar(0x200B)));
 }
 
 TEST_F(WindowTest, FollowsTheTrafficUnlessItsReaderHasGoneBack) {
-  auto* traffic = Find<QTableWidget>("traffic");
+  auto* traffic = Find<QTableView>("traffic");
   const QScrollBar* bar = traffic->verticalScrollBar();
   for (int i = 0; i < 100; ++i) engine_.Receive("<ID1A><?>\r\n");
   Receive("<ID1A><?>\r\n");
@@ -72,7 +70,7 @@ TEST_F(WindowTest, FollowsTheTrafficUnlessItsReaderHasGoneBack) {
 }
 
 TEST_F(WindowTest, CopiesTheSelectedTraffic) {
-  auto* traffic = Find<QTableWidget>("traffic");
+  auto* traffic = Find<QTableView>("traffic");
   Receive("<ID1A><?>\r\n<ID03><?>\r\n");
   traffic->selectRow(1);
   window_.activateWindow();
@@ -84,11 +82,11 @@ TEST_F(WindowTest, CopiesTheSelectedTraffic) {
 }
 
 TEST_F(WindowTest, KeepsTheLastTrafficOnly) {
-  auto* traffic = Find<QTableWidget>("traffic");
+  auto* traffic = Find<QTableView>("traffic");
   for (int i = 0; i < 600; ++i) engine_.Receive("<ID1A><?>\r\n");
   Receive("<ID1A><RP042>\r\n");
-  EXPECT_EQ(traffic->rowCount(), 500);
-  EXPECT_EQ(traffic->item(499, 3)->text(), QStringLiteral("run page 42: an empty page"));
+  EXPECT_EQ(traffic->model()->rowCount(), 500);
+  EXPECT_EQ(Text(499, 3), QStringLiteral("run page 42: an empty page"));
 }
 
 TEST(VisibleText, WritesControlCharactersOut) {

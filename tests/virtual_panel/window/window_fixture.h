@@ -63,6 +63,11 @@ class WindowTest : public testing::Test {
     return count;
   }
 
+  // A cell of the traffic.
+  QString Text(int row, int column, Qt::ItemDataRole role = Qt::DisplayRole) {
+    return Find<QTableView>("traffic")->model()->index(row, column).data(role).toString();
+  }
+
   QString Facts(const char* name) { return Find<QLabel>(name)->text(); }
 
   QDateTime now_{QDate(2026, 11, 21), QTime(10, 30, 0)};

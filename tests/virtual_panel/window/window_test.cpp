@@ -36,7 +36,7 @@ TEST_F(WindowTest, ShowsThePageInItsRowAndColour) {
 }
 
 TEST_F(WindowTest, RunsTheBlinkTimerOnlyWhileSomethingBlinks) {
-  auto* timer = Find<QTimer>("blink_timer");
+  auto* timer = Find<QTimer>("blink_timer_26");
   EXPECT_FALSE(timer->isActive());
   Receive("<ID1A><L01><P001><SA>steady \r\n");
   EXPECT_FALSE(timer->isActive());
@@ -67,18 +67,20 @@ TEST_F(WindowTest, NamesTheFilesThatCannotBeWritten) {
 
 TEST_F(WindowTest, TakesNoTimeWhileNothingMoves) {
   Receive("<ID1A><L01><P001>steady \r\n<ID1A><RP001>\r\n");
-  for (const char* name : {"blink_timer", "scroll_timer", "entrance_timer", "play_timer"}) {
-    EXPECT_FALSE(Find<QTimer>(name)->isActive()) << name;
+  for (const QByteArray id : {"26", "3"}) {
+    for (const char* name : {"blink_timer_", "scroll_timer_", "entrance_timer_", "play_timer_"}) {
+      EXPECT_FALSE(Find<QTimer>((name + id).constData())->isActive()) << name << id.constData();
+    }
+    // Only the panels' clocks, once a minute.
+    EXPECT_EQ(Find<QTimer>(("clock_timer_" + id).constData())->interval(), 60'000);
   }
-  // Only the panels' clocks, once a minute.
-  EXPECT_EQ(Find<QTimer>("clock_timer")->interval(), 60'000);
 }
 
 TEST_F(WindowTest, MovesNothingWhileItIsHiddenOrMinimised) {
   Receive("<ID1A><L01><P001><SE>blinking \r\n<ID1A><L2>scrolling\r\n<ID1A><TA>*****00105C\r\n");
   const auto moving = [this] {
     QStringList names;
-    for (const char* name : {"blink_timer", "scroll_timer", "entrance_timer"}) {
+    for (const char* name : {"blink_timer_26", "scroll_timer_26", "entrance_timer_26"}) {
       if (Find<QTimer>(name)->isActive()) names.append(QLatin1String(name));
     }
     return names;
@@ -104,7 +106,7 @@ TEST_F(WindowTest, QuitsByItsStandardKey) {
 }
 
 TEST_F(WindowTest, ShowsAScrollingText) {
-  auto* timer = Find<QTimer>("scroll_timer");
+  auto* timer = Find<QTimer>("scroll_timer_26");
   auto* view = Find<PanelView>("panel_26");
   EXPECT_FALSE(timer->isActive());
   Receive("<ID1A><L01><P001>one \r\n<ID1A><L02><P001>two \r\n<ID1A><L2><CK>HHHH\r\n");
@@ -130,7 +132,7 @@ TEST_F(WindowTest, ShowsAScrollingText) {
 
 TEST_F(WindowTest, ScrollsAtTheSpeedThatIsSet) {
   Receive("<ID1A><L2>text\r\n");
-  auto* timer = Find<QTimer>("scroll_timer");
+  auto* timer = Find<QTimer>("scroll_timer_26");
   window_.SetScrollSpeed(1);
   EXPECT_EQ(timer->interval(), 1000);
   window_.SetScrollSpeed(10);

@@ -1,0 +1,80 @@
+#include "program.h"
+
+#include <cstdio>
+
+#include <QBuffer>
+
+namespace VirtualPanel {
+
+void Say(const QString& line) {
+  std::fputs((line + QLatin1Char('\n')).toLocal8Bit().constData(), stdout);
+  std::fflush(stdout);
+}
+
+void Complain(const QString& line) {
+  std::fputs(
+      (QStringLiteral("virtual_panel: ") + line + QLatin1Char('\n')).toLocal8Bit().constData(),
+      stderr);
+}
+
+Program::Program(const Options& options) : options_(options), engine_(options.panels) {
+  engine_.SetFaults(options_.faults);
+  if (options_.sets_clock_answer) engine_.SetClockAnswer(options_.clock_answer);
+  engine_.SetPlayOnArrival(options_.play_on_arrival);
+}
+
+bool Program::Start(QString* error) {
+  return StartRecords(error) && OpenLines(error) && (options_.headless || ShowWindow(error));
+}
+
+bool Program::StartRecords(QString* error) {
+  if (options_.log && !records_.KeepLog(*options_.log, error)) return false;
+  if (options_.state && !records_.KeepState(*options_.state, error)) return false;
+  QObject::connect(&records_, &EngineRecords::Said, &records_, Complain);
+  return true;
+}
+
+bool Program::OpenLines(QString* error) {
+  QObject::connect(&lines_, &PanelLines::Opened, &lines_, Say);
+  QObject::connect(&lines_, &PanelLines::Failed, &lines_, Complain);
+  for (const QString& address : std::as_const(options_.tcp_addresses)) {
+    if (!lines_.OpenTcp(address, error)) return false;
+  }
+  for (const QString& link : std::as_const(options_.pty_links)) {
+    if (!lines_.OpenPty(link, error)) return false;
+  }
+  for (const QString& device : std::as_const(options_.serial_devices)) {
+    if (!lines_.OpenSerial(device, options_.baud_rate, error)) return false;
+  }
+  return true;
+}
+
+bool Program::ShowWindow(QString* error) {
+  window_ = std::make_unique<PanelWindow>(&engine_);
+  window_->SetScrollSpeed(options_.scroll_speed);
+  const auto name_lines = [this] {
+    window_->SetLines(lines_.Descriptions().join(QStringLiteral("   \u00B7   ")));
+  };
+  name_lines();
+  // A pseudo-terminal has another name each time it is plugged in.
+  QObject::connect(&lines_, &PanelLines::Opened, window_.get(), name_lines);
+  QObject::connect(window_.get(), &PanelWindow::Plugged, &lines_, &PanelLines::SetPlugged);
+  QObject::connect(&records_, &EngineRecords::TroubleChanged, window_.get(), [this] {
+    window_->SetUnwrittenFiles(records_.UnwrittenFiles(), records_.Reasons());
+  });
+  window_->show();
+  if (options_.picture.isEmpty()) return true;
+  QObject::connect(window_.get(), &PanelWindow::Refreshed, &records_,
+                   &EngineRecords::WritePictures);
+  return records_.KeepPicture(
+      options_.picture, [this] { return WindowPicture(); }, error);
+}
+
+QByteArray Program::WindowPicture() {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  window_->grab().save(&buffer, "PNG");
+  return buffer.data();
+}
+
+}  // namespace VirtualPanel

@@ -1,0 +1,21 @@
+#include "window/plain_tool_tip.h"
+
+#include <QTextDocument>
+
+namespace VirtualPanel {
+
+QString PlainToolTip(QString text) {
+  constexpr int kLongestWord = 80;
+  constexpr char16_t kBreak = 0x200B;  // has no width
+  int length = 0;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    length = text[at].isSpace() ? 0 : length + 1;
+    if (length <= kLongestWord) continue;
+    text.insert(at, QChar(kBreak));
+    length = 0;
+  }
+  if (!Qt::mightBeRichText(text)) return text;
+  return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+}
+
+}  // namespace VirtualPanel

@@ -1,0 +1,81 @@
+#include "window/traffic_model.h"
+
+#include <array>
+
+#include "window/plain_tool_tip.h"
+
+namespace VirtualPanel {
+namespace {
+
+constexpr qsizetype kMostVisibleBytes = 2000;
+
+// What is answered, and how long after the frame, unless it is at once.
+QString AnswerText(const FrameRecord& record) {
+  if (record.answer.isEmpty()) return QStringLiteral("-");
+  const QString answer = VisibleText(record.answer);
+  if (record.answer_after_ms == 0) return answer;
+  return answer + QStringLiteral(" after %1 ms").arg(record.answer_after_ms);
+}
+
+}  // namespace
+
+QString VisibleText(const QByteArray& bytes) {
+  QString text;
+  for (const char byte : bytes.first(qMin(bytes.size(), kMostVisibleBytes))) {
+    const auto value = static_cast<unsigned char>(byte);
+    if (byte == '\r') {
+      text += QLatin1String("<CR>");
+    } else if (byte == '\n') {
+      text += QLatin1String("<LF>");
+    } else if (value < 0x20 || (value >= 0x7F && value < 0xA0)) {
+      text += QStringLiteral("<%1>").arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
+    } else {
+      text += QLatin1Char(byte);
+    }
+  }
+  if (bytes.size() > kMostVisibleBytes) text += QChar(0x2026);
+  return text;
+}
+
+void TrafficModel::Add(const FrameRecord& record) {
+  if (lines_.size() >= kMostLines) {
+    beginRemoveRows({}, 0, 0);
+    lines_.removeFirst();
+    endRemoveRows();
+  }
+  beginInsertRows({}, rowCount(), rowCount());
+  lines_.append({
+      record.time.toString(QStringLiteral("HH:mm:ss.zzz")),
+      VisibleText(record.bytes),
+      AnswerText(record),
+      record.description,
+  });
+  endInsertRows();
+}
+
+int TrafficModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+}
+
+int TrafficModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant TrafficModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const QString& text = lines_[index.row()][index.column()];
+  if (role == Qt::DisplayRole) return text;
+  if (role == Qt::ToolTipRole) return PlainToolTip(text);
+  return {};
+}
+
+QVariant TrafficModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  static constexpr std::array<const char*, kColumns> kNames = {"Time", "Frame", "Answer",
+                                                               "Meaning"};
+  if (orientation == Qt::Horizontal && role == Qt::DisplayRole) {
+    return QLatin1String(kNames[static_cast<std::size_t>(section)]);
+  }
+  return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+}  // namespace VirtualPanel
