@@ -18,10 +18,6 @@
 namespace VirtualPanel {
 namespace {
 
-constexpr int kHangUpLookMs = 10;
-// Whoever has not read the last answer after this many looks does not get it.
-constexpr int kMostHangUpLooks = 200;
-
 void CloseDescriptor(int* descriptor) {
   if (*descriptor >= 0) ::close(*descriptor);
   *descriptor = -1;
@@ -30,10 +26,7 @@ void CloseDescriptor(int* descriptor) {
 }  // namespace
 
 PtyLine::PtyLine(PanelEngine* engine, QObject* parent)
-    : QObject(parent), conversation_(engine, QStringLiteral("pty"), this) {
-  hang_up_timer_.setInterval(kHangUpLookMs);
-  connect(&hang_up_timer_, &QTimer::timeout, this, &PtyLine::UnplugOnceRead);
-}
+    : QObject(parent), conversation_(engine, QStringLiteral("pty"), this) {}
 
 PtyLine::~PtyLine() {
   disconnect();
@@ -73,9 +66,10 @@ bool PtyLine::Open(const QString& link) {
 
   readable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Read);
   connect(readable_.get(), &QSocketNotifier::activated, this, &PtyLine::Read);
-  writable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Write);
-  writable_->setEnabled(false);
-  connect(writable_.get(), &QSocketNotifier::activated, this, &PtyLine::Write);
+  output_ = std::make_unique<LineOutput>(master_, [this] { return Unread(); });
+  connect(output_.get(), &LineOutput::BytesHaveLeft, &conversation_, &Conversation::BytesHaveLeft);
+  connect(output_.get(), &LineOutput::Failed, this, &PtyLine::Unplug);
+  connect(output_.get(), &LineOutput::Finished, this, &PtyLine::Unplug);
   return true;
 }
 
@@ -101,9 +95,12 @@ bool PtyLine::MakeLink(const QString& link) {
 
 void PtyLine::Unplug() {
   const bool was_plugged = readable_ != nullptr;
-  hang_up_timer_.stop();
-  // A notifier may be the one that is calling.
-  for (auto* notifier : {&readable_, &writable_, &opened_}) {
+  // The output, or a notifier, may be the one that is calling.
+  if (output_ != nullptr) {
+    output_->Close();
+    output_.release()->deleteLater();
+  }
+  for (auto* notifier : {&readable_, &opened_}) {
     if (*notifier == nullptr) continue;
     (*notifier)->setEnabled(false);
     notifier->release()->deleteLater();
@@ -115,7 +112,6 @@ void PtyLine::Unplug() {
   device_.clear();
   link_.clear();
   users_ = kUnknown;
-  unsent_.clear();
   conversation_.Reset();
   if (was_plugged) Q_EMIT Unplugged();
 }
@@ -142,7 +138,7 @@ void PtyLine::TakeInOpenings() {
   ::ioctl(slave_, TIOCNXCL);
   // A port keeps nothing for whoever opens it next.
   if (users_ == 0) {
-    unsent_.clear();
+    if (output_ != nullptr) output_->Clear();
     ::tcflush(slave_, TCIFLUSH);
   }
 }
@@ -157,43 +153,21 @@ void PtyLine::Read() {
 void PtyLine::Send(const QByteArray& bytes) {
   // Bytes on a line that nobody listens to are lost.
   if (openings_ >= 0) TakeInOpenings();
-  if (!IsInUse()) return;
-  unsent_ += bytes;
-  Write();
+  if (IsInUse()) output_->Send(bytes);
 }
 
-qint64 PtyLine::Unsent() const { return unsent_.size(); }
+qint64 PtyLine::Unsent() const { return output_ == nullptr ? 0 : output_->Unsent(); }
 
-void PtyLine::Write() {
-  if (master_ < 0) return;
-  bool has_written = false;
-  while (!unsent_.isEmpty()) {
-    const ssize_t size = ::write(master_, unsent_.constData(), static_cast<size_t>(unsent_.size()));
-    if (size <= 0) break;
-    unsent_.remove(0, size);
-    has_written = true;
-  }
-  writable_->setEnabled(!unsent_.isEmpty());
-  if (has_written) {
-    // Not at once: a flood would never come to an end.
-    QMetaObject::invokeMethod(&conversation_, &Conversation::BytesHaveLeft, Qt::QueuedConnection);
-  }
+qint64 PtyLine::Unread() const {
+  int waiting = 0;
+  return ::ioctl(slave_, FIONREAD, &waiting) == 0 ? waiting : 1;
 }
 
 void PtyLine::HangUp() {
   // What a pseudo-terminal holds is lost when it goes, so the last answer must have been read
   // before.
   readable_->setEnabled(false);
-  hang_up_looks_ = 0;
-  hang_up_timer_.start();
-}
-
-void PtyLine::UnplugOnceRead() {
-  int waiting = 0;
-  const bool is_read =
-      unsent_.isEmpty() && ::ioctl(slave_, FIONREAD, &waiting) == 0 && waiting == 0;
-  ++hang_up_looks_;
-  if (is_read || hang_up_looks_ >= kMostHangUpLooks) Unplug();
+  output_->Finish();
 }
 
 }  // namespace VirtualPanel

@@ -5,9 +5,9 @@
 #include <memory>
 
 #include <QSocketNotifier>
-#include <QTimer>
 
 #include "lines/conversation.h"
+#include "lines/line_output.h"
 
 namespace VirtualPanel {
 
@@ -42,12 +42,12 @@ class PtyLine : public QObject, private Outlet {
   qint64 Unsent() const override;
   void HangUp() override;
 
+  // Bytes that the other end could read and has not.
+  qint64 Unread() const;
   bool Fail(const QString& what);
   bool MakeLink(const QString& link);
   void TakeInOpenings();
   void Read();
-  void Write();
-  void UnplugOnceRead();
 
   static constexpr int kUnknown = -1;
 
@@ -57,11 +57,8 @@ class PtyLine : public QObject, private Outlet {
   int openings_ = -1;  // tells when somebody opens or closes the terminal
   int users_ = kUnknown;
   std::unique_ptr<QSocketNotifier> readable_;
-  std::unique_ptr<QSocketNotifier> writable_;
   std::unique_ptr<QSocketNotifier> opened_;
-  QTimer hang_up_timer_;
-  int hang_up_looks_ = 0;
-  QByteArray unsent_;
+  std::unique_ptr<LineOutput> output_;
   QString device_;
   QString link_;
   QString error_;

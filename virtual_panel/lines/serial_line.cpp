@@ -1,12 +1,15 @@
 #include "lines/serial_line.h"
 
+#include <sys/ioctl.h>
+
+#include <utility>
+
 namespace VirtualPanel {
 
 SerialLine::SerialLine(PanelEngine* engine, QObject* parent)
     : QObject(parent), conversation_(engine, QStringLiteral("serial"), this) {
   connect(&port_, &QSerialPort::readyRead, this,
           [this] { conversation_.Receive(port_.readAll()); });
-  connect(&port_, &QSerialPort::bytesWritten, &conversation_, &Conversation::BytesHaveLeft);
   connect(&port_, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
     // Errors of opening are reported by Open. Reading and writing fail only when the line is gone,
     // and then again and again: the first one closes it.
@@ -19,16 +22,23 @@ SerialLine::SerialLine(PanelEngine* engine, QObject* parent)
   });
 }
 
-SerialLine::~SerialLine() { port_.disconnect(); }
+SerialLine::~SerialLine() {
+  port_.disconnect();
+  Close();
+}
 
 bool SerialLine::Open(const QString& device, qint32 baud_rate) {
-  if (port_.isOpen()) port_.close();
-  conversation_.Reset();
+  Close();
   error_.clear();
   port_.setPortName(device);
   if (port_.open(QIODevice::ReadWrite) && port_.setBaudRate(baud_rate) &&
       port_.setDataBits(QSerialPort::Data8) && port_.setParity(QSerialPort::NoParity) &&
       port_.setStopBits(QSerialPort::OneStop) && port_.setFlowControl(QSerialPort::NoFlowControl)) {
+    output_ = std::make_unique<LineOutput>(port_.handle(), [this] { return OnItsWay(); });
+    connect(output_.get(), &LineOutput::BytesHaveLeft, &conversation_,
+            &Conversation::BytesHaveLeft);
+    connect(output_.get(), &LineOutput::Failed, this, &SerialLine::Lose);
+    connect(output_.get(), &LineOutput::Finished, this, &SerialLine::Unplug);
     return true;
   }
   error_ = port_.errorString();
@@ -36,24 +46,40 @@ bool SerialLine::Open(const QString& device, qint32 baud_rate) {
   return false;
 }
 
+void SerialLine::Close() {
+  if (output_ != nullptr) {
+    // It may be the one that is calling.
+    output_->Close();
+    output_.release()->deleteLater();
+  }
+  if (port_.isOpen()) {
+    // The system would wait for a line that takes nothing.
+    if (OnItsWay() > 0) port_.clear(QSerialPort::Output);
+    port_.close();
+  }
+  conversation_.Reset();
+}
+
 void SerialLine::Unplug() { Lose(QStringLiteral("unplugged")); }
 
 void SerialLine::Send(const QByteArray& bytes) {
-  if (port_.isOpen()) port_.write(bytes);
+  if (output_ != nullptr) output_->Send(bytes);
 }
 
-qint64 SerialLine::Unsent() const { return port_.bytesToWrite(); }
+qint64 SerialLine::Unsent() const { return output_ == nullptr ? 0 : output_->Unsent(); }
+
+qint64 SerialLine::OnItsWay() const {
+  int waiting = 0;
+  return ::ioctl(port_.handle(), TIOCOUTQ, &waiting) == 0 ? waiting : 0;
+}
 
 void SerialLine::HangUp() {
-  port_.flush();
-  // Not at once: the port may be the one that is calling.
-  QMetaObject::invokeMethod(this, &SerialLine::Unplug, Qt::QueuedConnection);
+  if (output_ != nullptr) output_->Finish();
 }
 
 void SerialLine::Lose(const QString& reason) {
   if (!port_.isOpen()) return;
-  port_.close();
-  conversation_.Reset();
+  Close();
   error_ = reason;
   Q_EMIT Unplugged(reason);
 }

@@ -6,6 +6,7 @@
 #include <QSerialPort>
 
 #include "lines/conversation.h"
+#include "lines/line_output.h"
 
 namespace VirtualPanel {
 
@@ -33,9 +34,13 @@ class SerialLine : public QObject, private Outlet {
   void Send(const QByteArray& bytes) override;
   qint64 Unsent() const override;
   void HangUp() override;
+  qint64 OnItsWay() const;  // bytes that the system holds and has not sent yet
+  void Close();
   void Lose(const QString& reason);
 
   QSerialPort port_;
+  // The port's own way of writing takes a full buffer for a lost line.
+  std::unique_ptr<LineOutput> output_;
   Conversation conversation_;
   QString error_;
 };

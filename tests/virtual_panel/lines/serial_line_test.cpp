@@ -258,6 +258,63 @@ TEST_F(SerialLineTest, NoticesOnceThatItsLineIsGone) {
   EXPECT_EQ(unplugged.count(), 1);
 }
 
+TEST_F(SerialLineTest, AFullBufferIsNoLostLine) {
+  Faults faults;
+  faults.flood = true;
+  engine_.SetFaults(faults);
+  ASSERT_TRUE(line_.Open(device_));
+  const QSignalSpy unplugged(&line_, &SerialLine::Unplugged);
+  ASSERT_EQ(::write(master_, "<ID1A><?>\r\n", 11), 11);
+  // The other end reads more slowly than the panel sends.
+  qsizetype received = 0;
+  EXPECT_TRUE(WaitUntil([&] {
+    char bytes[997];
+    const ssize_t size = ::read(master_, bytes, sizeof(bytes));
+    if (size > 0) received += size;
+    return received >= 200'000 || unplugged.count() > 0;
+  }));
+  EXPECT_EQ(unplugged.count(), 0);
+  EXPECT_GE(received, 200'000);
+  // And it still obeys.
+  const qint64 count = engine_.FrameCount();
+  ASSERT_EQ(::write(master_, "<ID1A><?>\r\n", 11), 11);
+  EXPECT_TRUE(WaitUntil([&] { return engine_.FrameCount() > count; }));
+}
+
+TEST_F(SerialLineTest, IsCutOnceTheAnswersHaveLeftAlsoWhereTheyFillTheBuffer) {
+  constexpr int kFrames = 12'000;  // their answers are more than the system holds
+  Faults faults;
+  faults.close_after_frame = kFrames;
+  engine_.SetFaults(faults);
+  ASSERT_TRUE(line_.Open(device_));
+  QByteArray frames = QByteArray("<ID1A><?>\r\n").repeated(kFrames);
+  ASSERT_TRUE(WaitUntil([&] {
+    const ssize_t size = ::write(master_, frames.constData(), static_cast<size_t>(frames.size()));
+    if (size > 0) frames.remove(0, size);
+    return engine_.FrameCount() == kFrames;
+  }));
+  QByteArray received;
+  EXPECT_TRUE(WaitUntil([&] {
+    char bytes[997];
+    const ssize_t size = ::read(master_, bytes, sizeof(bytes));
+    if (size > 0) received.append(bytes, size);
+    return size < 0 && !line_.IsOpen();
+  }));
+  EXPECT_EQ(received.size(), qsizetype{8} * kFrames);
+}
+
+TEST_F(SerialLineTest, IsUnpluggedAtOnceWhileTheOtherEndTakesNothing) {
+  Faults faults;
+  faults.flood = true;
+  engine_.SetFaults(faults);
+  ASSERT_TRUE(line_.Open(device_));
+  ASSERT_EQ(::write(master_, "<ID1A><?>\r\n", 11), 11);
+  ASSERT_TRUE(WaitUntil([&] { return engine_.FrameCount() == 1; }));
+  line_.Unplug();
+  EXPECT_FALSE(line_.IsOpen());
+  ASSERT_TRUE(line_.Open(device_)) << line_.ErrorString().toStdString();
+}
+
 TEST_F(SerialLineTest, UnplugsAfterTheLastAnswer) {
   Faults faults;
   faults.close_after_frame = 1;
