@@ -199,6 +199,7 @@ PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
   lines_ = new QLabel;
   lines_->setObjectName(QStringLiteral("lines"));
   lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lines_->setTextFormat(Qt::PlainText);  // it names a file
   statusBar()->addWidget(lines_, 1);
   fault_names_ = new QLabel;
   fault_names_->setObjectName(QStringLiteral("fault_names"));
@@ -578,7 +579,9 @@ void PanelWindow::AskForFault() {
   if (ParseFault(name.trimmed(), &faults, &error)) {
     engine_->SetFaults(faults);
   } else {
-    QMessageBox::warning(this, QStringLiteral("Fault"), error);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Fault"), error, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
   }
 }
 

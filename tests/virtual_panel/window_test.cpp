@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputDialog>
@@ -202,6 +203,17 @@ TEST_F(WindowTest, KeepsTheLastTrafficOnly) {
 TEST_F(WindowTest, NamesItsLines) {
   window_.SetLines(QStringLiteral("listening on tcp 127.0.0.1:2101"));
   EXPECT_EQ(Find<QLabel>("lines")->text(), QStringLiteral("listening on tcp 127.0.0.1:2101"));
+}
+
+// What the label shows: its text without what the toolkit takes for markup in it.
+QString Shown(QLabel* label) {
+  return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
+}
+
+TEST_F(WindowTest, NothingInTheNameOfALineIsTakenForMarkup) {
+  window_.SetLines(QStringLiteral("pseudo-terminal /home/<b>x</b>/panel-line"));
+  EXPECT_EQ(Shown(Find<QLabel>("lines")),
+            QStringLiteral("pseudo-terminal /home/<b>x</b>/panel-line"));
 }
 
 TEST_F(WindowTest, TakesNoTimeWhileNothingMoves) {
@@ -663,12 +675,16 @@ TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
   QObject::connect(&closer, &QTimer::timeout, [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
-    warning = box->text();
+    warning.clear();
+    for (QLabel* label : box->findChildren<QLabel*>()) warning += Shown(label);
     box->accept();
   });
   closer.start(1);
   enter(QStringLiteral("nonsense"));
   EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"nonsense\": expected one of silent")));
+  enter(QStringLiteral("<b>nonsense</b>"));
+  EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"<b>nonsense</b>\": expected one of")))
+      << warning.toStdString();
   EXPECT_EQ(engine_.CurrentFaults().late_ms, 7);
 }
 
