@@ -23,6 +23,10 @@ void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& st
 }
 
 SaveAnswer AskToSave(QWidget* window) {
+  // A question that is still open gives way: the session may be about to end beneath it.
+  for (QMessageBox* open : window->findChildren<QMessageBox*>()) {
+    if (open->icon() == QMessageBox::Question) open->reject();
+  }
   QMessageBox box(QMessageBox::Question, window->windowTitle(),
                   ModuleLanguage::TranslateMessage(QStringLiteral("File not saved. Save it now?")),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, window);
