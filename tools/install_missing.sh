@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-serialport-dev libgl-dev
   libgtest-dev libbenchmark-dev
   libfreetype-dev xfonts-base
-  xvfb xauth fonts-dejavu-core fonts-liberation
+  xvfb xauth libsm-dev fonts-dejavu-core fonts-liberation
   "$@"
 )
 

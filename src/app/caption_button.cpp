@@ -40,7 +40,7 @@ QRectF CaptionButton::SymbolArea() const {
   } else {
     caption.setTop(area.bottom() + kGap);
   }
-  const TextFit fit = FitText(font(), text(), caption.size());
+  const TextFit fit = FitText(font(), ShownCaption(), caption.size());
   return fit.whole && fit.scale >= kSmallestWithSymbol ? area : QRectF();
 }
 
@@ -56,7 +56,7 @@ QRectF CaptionButton::CaptionArea() const {
   return area;
 }
 
-TextFit CaptionButton::Fit() const { return FitText(font(), text(), CaptionArea().size()); }
+TextFit CaptionButton::Fit() const { return FitText(font(), ShownCaption(), CaptionArea().size()); }
 
 void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
@@ -74,7 +74,8 @@ void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
 
 bool CaptionButton::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && !Fit().complete) {
-    const QString tip = toolTip().isEmpty() ? text() : text() + QLatin1Char('\n') + toolTip();
+    QString tip = ShownCaption();
+    if (!toolTip().isEmpty()) tip += QLatin1Char('\n') + toolTip();
     ShowPlainToolTip(*static_cast<QHelpEvent*>(event), tip, this);
     return true;
   }

@@ -23,6 +23,7 @@ class CaptionButton : public QPushButton {
   bool event(QEvent* event) override;
 
  private:
+  QString ShownCaption() const { return WithoutShortcutMark(text()); }
   QRectF Inside() const;
   QRectF SymbolArea() const;
   QRectF CaptionArea() const;

@@ -24,12 +24,18 @@ void Paint(QWidget* button, QStyleOptionButton option, QStyle::ControlElement el
   DrawFittedText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, caption, true);
 }
 
+/// `hint`, which the toolkit has for `button`, with the room of a last "&", which it does not draw,
+/// and at most `widest`.
+QSize Bounded(QSize hint, const QAbstractButton& button, int widest) {
+  const QFontMetrics metrics = button.fontMetrics();
+  const int drawn = metrics.size(0, WithoutShortcutMark(button.text())).width();
+  const int counted = metrics.size(Qt::TextShowMnemonic, button.text()).width();
+  return {std::min(hint.width() + drawn - counted, widest), hint.height()};
+}
+
 }  // namespace
 
-QSize CaptionCheckBox::sizeHint() const {
-  const QSize size = QCheckBox::sizeHint();
-  return {std::min(size.width(), kWidest), size.height()};
-}
+QSize CaptionCheckBox::sizeHint() const { return Bounded(QCheckBox::sizeHint(), *this, kWidest); }
 
 void CaptionCheckBox::paintEvent(QPaintEvent* /*event*/) {
   QStyleOptionButton option;
@@ -38,8 +44,7 @@ void CaptionCheckBox::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QSize CaptionRadioButton::sizeHint() const {
-  const QSize size = QRadioButton::sizeHint();
-  return {std::min(size.width(), kWidestOption), size.height()};
+  return Bounded(QRadioButton::sizeHint(), *this, kWidestOption);
 }
 
 void CaptionRadioButton::paintEvent(QPaintEvent* /*event*/) {

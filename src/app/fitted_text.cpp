@@ -77,6 +77,8 @@ TextFit FitPlainText(const QFont& font, const QString& text, const QSizeF& size)
 
 }  // namespace
 
+QString WithoutShortcutMark(const QString& caption) { return WithoutMnemonic(caption).text; }
+
 TextFit FitText(const QFont& font, const QString& text, const QSizeF& size) {
   return FitPlainText(font, text, size);
 }
@@ -108,10 +110,12 @@ TextFit DrawFittedText(QPainter* painter, const QRectF& area, Qt::Alignment alig
 }
 
 bool FittedLabel::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip &&
-      !FitText(font(), text(), QRectF(contentsRect()).size()).complete) {
-    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), text(), this);
-    return true;
+  if (event->type() == QEvent::ToolTip) {
+    const QString shown = HasShortcut() ? WithoutShortcutMark(text()) : text();
+    if (!FitText(font(), shown, QRectF(contentsRect()).size()).complete) {
+      ShowPlainToolTip(*static_cast<QHelpEvent*>(event), shown, this);
+      return true;
+    }
   }
   return QLabel::event(event);
 }
@@ -120,6 +124,5 @@ void FittedLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setFont(font());
   painter.setPen(palette().color(foregroundRole()));
-  // A label with a buddy shows the buddy's shortcut.
-  DrawFittedText(&painter, contentsRect(), alignment(), text(), buddy() != nullptr);
+  DrawFittedText(&painter, contentsRect(), alignment(), text(), HasShortcut());
 }

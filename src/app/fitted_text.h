@@ -14,7 +14,11 @@ struct TextFit {
   bool complete = true;  ///< Whether all of the text is there.
 };
 
-/// How `text` fits into `size` in `font`, with letters down to kSmallestScale of their size.
+/// A caption as it is drawn where "&" marks the letter behind it as the shortcut: without the mark.
+QString WithoutShortcutMark(const QString& caption);
+
+/// How `text` fits into `size` in `font`, with letters down to kSmallestScale of their size. Every
+/// letter counts, also "&".
 TextFit FitText(const QFont& font, const QString& text, const QSizeF& size);
 
 /// The smallest letters that FitText() takes, against those of the font.
@@ -36,4 +40,8 @@ class FittedLabel : public QLabel {
  protected:
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  /// Whether it shows the shortcut of its buddy.
+  bool HasShortcut() const { return buddy() != nullptr; }
 };

@@ -7,6 +7,7 @@
 #include "app/caption_loader.h"
 #include "app/launcher_layout.h"
 #include "app/module_language.h"
+#include "app/session_end.h"
 #include "core/configuration_store.h"
 #include "core/ini_file.h"
 #include "ui_frmMain.h"
@@ -36,6 +37,7 @@ frmMain::frmMain(std::vector<TaskWindow> windows)
     : ui_(std::make_unique<Ui::frmMain>()), windows_(std::move(windows)) {
   ui_->setupUi(this);
   SetUpButtons();
+  new SessionEnd([this] { return open_window_.data(); }, this);
 
   Brivon1::LoadConfiguration();
   const int language = Brivon1::IniFile::Load(Brivon1::ConfigurationPath())

@@ -10,10 +10,15 @@ class WheelFilter : public QObject {
   using QObject::QObject;
 
   bool eventFilter(QObject* /*object*/, QEvent* event) override {
-    return event->type() == QEvent::Wheel;
+    if (event->type() != QEvent::Wheel) return false;
+    event->ignore();  // it goes on to what lies around the list
+    return true;
   }
 };
 
 }  // namespace
 
-void IgnoreWheel(QComboBox* list) { list->installEventFilter(new WheelFilter(list)); }
+void IgnoreWheel(QComboBox* list) {
+  list->installEventFilter(new WheelFilter(list));
+  if (list->focusPolicy() == Qt::WheelFocus) list->setFocusPolicy(Qt::StrongFocus);
+}

@@ -3,5 +3,6 @@
 
 class QComboBox;
 
-/// Lets `list` ignore the wheel as long as it is closed.
+/// Lets `list` ignore the wheel as long as it is closed: it keeps its entry, what lies around it is
+/// scrolled instead, and the keyboard stays where it is.
 void IgnoreWheel(QComboBox* list);

@@ -49,6 +49,8 @@ class SendingSession : public QObject {
   void TransmitOverSerial(const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
                           const std::function<void(Brivon1::Transmission&)>& send);
 
+  bool IsSending() const { return is_sending_; }
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:

@@ -132,7 +132,7 @@ void frmMsgEditor::ConnectTimers() {
   blink_timer_->start();
 }
 
-bool frmMsgEditor::MayLeavePage() {
+bool frmMsgEditor::MayLeave() {
   if (!page_.IsModified()) return true;
   switch (AskToSave(this)) {
     case SaveAnswer::kYes:
@@ -146,7 +146,7 @@ bool frmMsgEditor::MayLeavePage() {
 }
 
 void frmMsgEditor::New() {
-  if (!MayLeavePage()) return;
+  if (!MayLeave()) return;
   frmDimension(this).exec();
   if (!Brivon1::DialogAccepted) return;
   page_.Begin({Brivon1::SelectedRows, Brivon1::SelectedCols});
@@ -155,7 +155,7 @@ void frmMsgEditor::New() {
 }
 
 void frmMsgEditor::Open() {
-  if (!MayLeavePage()) return;
+  if (!MayLeave()) return;
   const QString filter = QStringLiteral("All|*.*|%1(*.msg)|*.msg|%2(*.sch)|*.sch")
                              .arg(TranslateMessage(QStringLiteral("Message File")),
                                   TranslateMessage(QStringLiteral("Schedule File")));
@@ -187,12 +187,12 @@ void frmMsgEditor::SaveAs() {
 }
 
 void frmMsgEditor::Send() {
-  if (!MayLeavePage()) return;
+  if (!MayLeave()) return;
   frmSendMsg(this, ui_->lblFileName->text()).exec();
 }
 
 void frmMsgEditor::reject() {
-  if (MayLeavePage()) QDialog::reject();
+  if (MayLeave()) QDialog::reject();
 }
 
 bool frmMsgEditor::SaveToCurrentName() {

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 
+#include "app/unsaved_work.h"
 #include "page/page_message.h"
 
 class QTimer;
@@ -14,7 +15,7 @@ namespace Ui {
 class frmMsgEditor;
 }
 
-class frmMsgEditor : public QDialog {
+class frmMsgEditor : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
@@ -23,6 +24,9 @@ class frmMsgEditor : public QDialog {
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
+
+  bool IsModified() const override { return page_.IsModified(); }
+  bool MayLeave() override;
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
@@ -38,9 +42,6 @@ class frmMsgEditor : public QDialog {
   void Save();
   void SaveAs();
   void Send();
-
-  /// Asks about unsaved work. False: whatever was to follow is not to happen.
-  bool MayLeavePage();
 
   /// Saves to the current file name, or asks for one where it is only the name of a file that was
   /// refused. False where nothing was saved.

@@ -65,6 +65,7 @@ bool PageMessage::Redo() {
 void PageMessage::PressMoveKey(MoveKey key) {
   if (key == MoveKey::kUp) return SetCurrentRow(current_row_ - 1);
   if (key == MoveKey::kDown) return SetCurrentRow(current_row_ + 1);
+  if (key == MoveKey::kBackspaceWord) SetModified(true);
   const PageRow before = Current();
   PressKeyIn(Current(), key);
   Record(before);

@@ -75,7 +75,8 @@ class PageMessage : public EditedMessage {
   bool Undo();
   bool Redo();
 
-  /// What a key does that moves or deletes. It never marks the page modified.
+  /// What a key does that moves or deletes. Of them, Backspace alone is typing and marks the page
+  /// modified, whatever the effect.
   void PressMoveKey(MoveKey key);
 
   /// A click on row `number`, `x` pixels from its left edge: makes the row current and puts its

@@ -35,9 +35,8 @@ void PageRow::Backspace() {
   Delete();
 }
 
-void PageRow::Delete() {
-  if (cursor_ >= Length()) return;
-  for (QByteArray* part : {&text_, &size_, &colour_, &blink_}) part->remove(cursor_, 1);
+void PageRow::Delete(qsizetype count) {
+  for (QByteArray* part : {&text_, &size_, &colour_, &blink_}) part->remove(cursor_, count);
 }
 
 }  // namespace Brivon1

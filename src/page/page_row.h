@@ -58,8 +58,8 @@ class PageRow {
   /// Removes the character left of the cursor; nothing at column 0.
   void Backspace();
 
-  /// Removes the character right of the cursor; nothing at the end.
-  void Delete();
+  /// Removes the `count` characters right of the cursor, fewer where there are not so many.
+  void Delete(qsizetype count = 1);
 
  private:
   void InsertAt(qsizetype position, char character, const Attributes& attributes);

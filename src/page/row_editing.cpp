@@ -6,6 +6,17 @@
 #include "core/code_page.h"
 
 namespace Brivon1 {
+namespace {
+
+enum class CharacterKind { kBlank, kLetter, kOther };
+
+CharacterKind KindOf(QChar character) {
+  if (character.isSpace()) return CharacterKind::kBlank;
+  return character.isLetterOrNumber() || character.isMark() ? CharacterKind::kLetter
+                                                            : CharacterKind::kOther;
+}
+
+}  // namespace
 
 bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool has_room) {
   if (character == kBackspace) {
@@ -15,6 +26,28 @@ bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool h
     if (has_room) row.Insert(character, attributes);
   }
   return true;
+}
+
+qsizetype NextWord(const PageRow& row) {
+  const QString text = CodePage::System().ToText(row.Text());
+  qsizetype position = row.Cursor();
+  const auto skip = [&](CharacterKind kind) {
+    while (position < text.size() && KindOf(text[position]) == kind) ++position;
+  };
+  if (position < text.size()) skip(KindOf(text[position]));
+  skip(CharacterKind::kBlank);
+  return position;
+}
+
+qsizetype PreviousWord(const PageRow& row) {
+  const QString text = CodePage::System().ToText(row.Text());
+  qsizetype position = row.Cursor();
+  const auto skip = [&](CharacterKind kind) {
+    while (position > 0 && KindOf(text[position - 1]) == kind) --position;
+  };
+  skip(CharacterKind::kBlank);
+  if (position > 0) skip(KindOf(text[position - 1]));
+  return position;
 }
 
 void PressKeyIn(PageRow& row, MoveKey key) {
@@ -29,6 +62,17 @@ void PressKeyIn(PageRow& row, MoveKey key) {
       return row.Right();
     case MoveKey::kDelete:
       return row.Delete();
+    case MoveKey::kWordLeft:
+      return row.SetCursor(PreviousWord(row));
+    case MoveKey::kWordRight:
+      return row.SetCursor(NextWord(row));
+    case MoveKey::kBackspaceWord: {
+      const qsizetype end = row.Cursor();
+      row.SetCursor(PreviousWord(row));
+      return row.Delete(end - row.Cursor());
+    }
+    case MoveKey::kDeleteWord:
+      return row.Delete(NextWord(row) - row.Cursor());
     case MoveKey::kUp:
     case MoveKey::kDown:
       return;

@@ -16,7 +16,8 @@ inline constexpr int kCellWidth = 12;
 inline constexpr char kBackspace = 8;
 inline constexpr char kEnter = 13;
 
-/// The keys that move in a row or between rows, or delete; with their codes on the keyboard.
+/// The keys that move in a row or between rows, or delete; with their codes on the keyboard. Those
+/// for a word are two keys together and have none.
 enum class MoveKey {
   kEnd = 35,
   kHome = 36,
@@ -24,7 +25,11 @@ enum class MoveKey {
   kUp = 38,
   kRight = 39,
   kDown = 40,
-  kDelete = 46
+  kDelete = 46,
+  kWordLeft,
+  kWordRight,
+  kBackspaceWord,
+  kDeleteWord
 };
 
 /// Whether a character is a control character, which is a key and never text.
@@ -37,7 +42,12 @@ constexpr bool IsControlCharacter(char character) {
 /// typing at all.
 bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool has_room);
 
-/// End, Home, Left, Right and Delete; the keys that lead to another row do nothing in one.
+/// The start of the next and of the previous word, as a text field counts them: letters and digits
+/// are a word, and so are other characters between them. The row's end or 0 where there is none.
+qsizetype NextWord(const PageRow& row);
+qsizetype PreviousWord(const PageRow& row);
+
+/// What the keys do within a row; those that lead to another row do nothing.
 void PressKeyIn(PageRow& row, MoveKey key);
 
 /// The cell boundary nearest to a click `x` pixels from the left edge, counted from 0.

@@ -22,22 +22,30 @@ using Brivon1::MoveKey;
 
 constexpr qsizetype kLongestDescription = 1000;
 
-std::optional<MoveKey> MoveKeyOf(int key) {
-  switch (key) {
+std::optional<MoveKey> MoveKeyOf(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers();
+  // Those are the window's and the desktop's.
+  if (modifiers & (Qt::AltModifier | Qt::MetaModifier)) return std::nullopt;
+  const bool word = modifiers.testFlag(Qt::ControlModifier);
+  switch (event.key()) {
     case Qt::Key_End:
       return MoveKey::kEnd;
     case Qt::Key_Home:
       return MoveKey::kHome;
     case Qt::Key_Left:
-      return MoveKey::kLeft;
+      return word ? MoveKey::kWordLeft : MoveKey::kLeft;
     case Qt::Key_Up:
       return MoveKey::kUp;
     case Qt::Key_Right:
-      return MoveKey::kRight;
+      return word ? MoveKey::kWordRight : MoveKey::kRight;
     case Qt::Key_Down:
       return MoveKey::kDown;
     case Qt::Key_Delete:
-      return MoveKey::kDelete;
+      // With Shift it cuts, but nothing can be selected.
+      if (modifiers.testFlag(Qt::ShiftModifier)) return std::nullopt;
+      return word ? MoveKey::kDeleteWord : MoveKey::kDelete;
+    case Qt::Key_Backspace:
+      return word ? std::optional(MoveKey::kBackspaceWord) : std::nullopt;
     default:
       return std::nullopt;
   }
@@ -49,6 +57,8 @@ QString TypedText(const QKeyEvent& event) {
   const bool alt = event.modifiers().testFlag(Qt::AltModifier);
   // Some keyboards report AltGr, which types text, as both keys together.
   if (control != alt || event.modifiers().testFlag(Qt::MetaModifier)) return {};
+  const QString text = event.text();
+  if (alt) return !text.isEmpty() && text.front().isPrint() ? text : QString();
   switch (event.key()) {
     case Qt::Key_Backspace:
       return QString(QLatin1Char(Brivon1::kBackspace));
@@ -56,9 +66,10 @@ QString TypedText(const QKeyEvent& event) {
     case Qt::Key_Enter:
       return QString(QLatin1Char(Brivon1::kEnter));
     case Qt::Key_Escape:
+    case Qt::Key_Delete:
       return {};
     default:
-      return event.text();
+      return text;
   }
 }
 
@@ -124,7 +135,7 @@ void RowSurface::paintEvent(QPaintEvent* event) {
 }
 
 void RowSurface::keyPressEvent(QKeyEvent* event) {
-  if (const auto move = MoveKeyOf(event->key())) {
+  if (const auto move = MoveKeyOf(*event)) {
     Q_EMIT MoveKeyPressed(*move);
   } else if (event->matches(QKeySequence::Paste)) {
     Paste();

@@ -125,7 +125,7 @@ void frmSchedule::changeEvent(QEvent* event) {
 
 void frmSchedule::Say(const QString& english) { ShowMessage(this, TranslateMessage(english)); }
 
-bool frmSchedule::MayLeaveSchedule() {
+bool frmSchedule::MayLeave() {
   if (!modified_) return true;
   switch (AskToSave(this)) {
     case SaveAnswer::kYes:
@@ -145,7 +145,7 @@ bool frmSchedule::HasSequences(const char* refusal) {
 }
 
 void frmSchedule::New() {
-  if (!MayLeaveSchedule()) return;
+  if (!MayLeave()) return;
   frmDimension(this).exec();
   if (!Brivon1::DialogAccepted) return;
   schedule_ = {};
@@ -156,7 +156,7 @@ void frmSchedule::New() {
 }
 
 void frmSchedule::Open() {
-  if (!MayLeaveSchedule()) return;
+  if (!MayLeave()) return;
   const QString filter =
       TranslateMessage(QStringLiteral("Schedule File")) + QStringLiteral("(*.sch)|*.sch|All|*.*");
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
@@ -238,7 +238,7 @@ bool frmSchedule::SaveToSend() {
 void frmSchedule::OpenSendDialog(const QString& path) { frmSendSch(this, path).exec(); }
 
 void frmSchedule::reject() {
-  if (MayLeaveSchedule()) QDialog::reject();
+  if (MayLeave()) QDialog::reject();
 }
 
 void frmSchedule::Add() { AddAt(schedule_.Count() + 1, kExceeded); }

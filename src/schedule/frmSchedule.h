@@ -7,6 +7,7 @@
 
 #include <QDialog>
 
+#include "app/unsaved_work.h"
 #include "schedule/schedule.h"
 #include "schedule/weekdays.h"
 
@@ -14,7 +15,7 @@ namespace Ui {
 class frmSchedule;
 }
 
-class frmSchedule : public QDialog {
+class frmSchedule : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
@@ -23,6 +24,9 @@ class frmSchedule : public QDialog {
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
+
+  bool IsModified() const override { return modified_; }
+  bool MayLeave() override;
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -38,9 +42,6 @@ class frmSchedule : public QDialog {
   void Save();
   void SaveAs();
   void Send();
-
-  /// Asks about unsaved work. False: whatever was to follow is not to happen.
-  bool MayLeaveSchedule();
 
   bool SaveTo(const QString& path);
 

@@ -90,7 +90,7 @@ void frmShiftMsg::ConnectTimers() {
   blink_timer_->start();
 }
 
-bool frmShiftMsg::MayLeaveMessage() {
+bool frmShiftMsg::MayLeave() {
   if (!message_.IsModified()) return true;
   switch (AskToSave(this)) {
     case SaveAnswer::kYes:
@@ -104,7 +104,7 @@ bool frmShiftMsg::MayLeaveMessage() {
 }
 
 void frmShiftMsg::New() {
-  if (!MayLeaveMessage()) return;
+  if (!MayLeave()) return;
   message_.Begin();
   ui_->lblFileName->setText(Brivon1::InProgramFolder(QStringLiteral("NEW.SRL")));
   ShowEdit();
@@ -112,7 +112,7 @@ void frmShiftMsg::New() {
 }
 
 void frmShiftMsg::Open() {
-  if (!MayLeaveMessage()) return;
+  if (!MayLeave()) return;
   const QString path = ShowFileDialog(this, QStringLiteral("Open Message"),
                                       QStringLiteral("All|*.*|Scrolling Message|*.srl"), 2);
   if (path.isEmpty()) return;
@@ -140,12 +140,12 @@ void frmShiftMsg::SaveAs() {
 }
 
 void frmShiftMsg::Send() {
-  if (!MayLeaveMessage()) return;
+  if (!MayLeave()) return;
   frmSendShift(this, ui_->lblFileName->text()).exec();
 }
 
 void frmShiftMsg::reject() {
-  if (MayLeaveMessage()) QDialog::reject();
+  if (MayLeave()) QDialog::reject();
 }
 
 bool frmShiftMsg::SaveTo(const QString& path) {

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 
+#include "app/unsaved_work.h"
 #include "page/row_surface.h"
 #include "scrolling/scrolling_message.h"
 
@@ -15,7 +16,7 @@ namespace Ui {
 class frmShiftMsg;
 }
 
-class frmShiftMsg : public QDialog {
+class frmShiftMsg : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
@@ -24,6 +25,9 @@ class frmShiftMsg : public QDialog {
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
+
+  bool IsModified() const override { return message_.IsModified(); }
+  bool MayLeave() override;
 
  private:
   void ConnectButtons();
@@ -34,9 +38,6 @@ class frmShiftMsg : public QDialog {
   void Open();
   void SaveAs();
   void Send();
-
-  /// Asks about unsaved work. False: whatever was to follow is not to happen.
-  bool MayLeaveMessage();
 
   /// Saves, and clears the modified flag. False where nothing was saved.
   bool SaveTo(const QString& path);

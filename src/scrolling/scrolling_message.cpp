@@ -26,8 +26,7 @@ void ScrollingMessage::TypeAll(QByteArrayView characters) {
   for (const char character : characters) {
     TypeInto(row_, character, CurrentAttributes(), !IsFull());
   }
-  // Whoever removes characters sees which ones come next.
-  if (row_.Cursor() < before.Cursor()) LookBack();
+  LookBackAfter(before);
   Finish(before);
 }
 
@@ -52,6 +51,7 @@ bool ScrollingMessage::Redo() {
 void ScrollingMessage::PressMoveKey(MoveKey key) {
   const PageRow before = row_;
   PressKeyIn(row_, key);
+  if (key == MoveKey::kBackspaceWord) LookBackAfter(before);
   Finish(before);
 }
 
@@ -64,6 +64,10 @@ void ScrollingMessage::Finish(const PageRow& before) {
   if (row_.ShowsTheSameAs(before)) return;
   history_.Record({kTheOneRow, before});
   SetModified(true);
+}
+
+void ScrollingMessage::LookBackAfter(const PageRow& before) {
+  if (row_.Cursor() < before.Cursor()) LookBack();
 }
 
 void ScrollingMessage::LookBack() {

@@ -62,6 +62,10 @@ class ScrollingMessage : public EditedMessage {
   /// Brings what stands in front of the cursor into sight where nothing of it is.
   void LookBack();
 
+  /// The same where characters in front of the cursor were removed from what was `before`: whoever
+  /// removes them sees which ones come next.
+  void LookBackAfter(const PageRow& before);
+
   PageRow row_{PageRow::kEveryColumn};
   qsizetype first_visible_ = 0;
   EditHistory history_;

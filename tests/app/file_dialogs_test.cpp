@@ -105,6 +105,20 @@ TEST_F(FileDialogsTest, APathLongerThanIts100CharacterFieldIsRefusedWhenItIsChos
   EXPECT_EQ(boxes.Texts(), QStringList{Text("Invalid path!")});
 }
 
+TEST_F(FileDialogsTest, NothingInAMessageBoxIsTakenForMarkup) {
+  QStringList shown;
+  const ModalWindowDriver driver(QString(), [&](QWidget* box) {
+    shown = ShownTexts(*box);
+    QTest::keyClick(box, Qt::Key_Return);
+  });
+  MessageBoxStyle style;
+  style.informative = Text("/home/<b>x</b>/brivon.ini");
+  ShowMessage(&window_, Text("<i>Invalid path!</i>"), style);
+  EXPECT_EQ(driver.Count(), 1);
+  EXPECT_TRUE(shown.contains(Text("<i>Invalid path!</i>")));
+  EXPECT_TRUE(shown.contains(Text("/home/<b>x</b>/brivon.ini"))) << shown.join(u'|').toStdString();
+}
+
 TEST_F(FileDialogsTest, TheSaveQuestionHasItsIconItsButtonsAndTheWindowsCaption) {
   folder_.UseLanguage("[Message]\r\nmsgSave=Sichern?\r\n");
   window_.setWindowTitle(Text("Editor"));

@@ -4,12 +4,15 @@
 #include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
 
 #include "app/caption_button.h"
+#include "app/caption_check_box.h"
 #include "app/elided_label.h"
 
 namespace {
@@ -96,6 +99,7 @@ TEST(CaptionButtonTest, TheMarkOfAShortcutIsNotShown) {
 // What the tool tip of `widget` says when the pointer rests on it.
 QString ToolTipOf(QWidget& widget) {
   QToolTip::hideText();
+  EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
   QHelpEvent rest(QEvent::ToolTip, {1, 1}, widget.mapToGlobal(QPoint(1, 1)));
   QCoreApplication::sendEvent(&widget, &rest);
   return QToolTip::text();
@@ -110,6 +114,46 @@ TEST(CaptionButtonTest, TheToolTipOfACutCaptionShowsItWhole) {
   button.setText(Text("OK"));
   button.resize(119, 116);
   EXPECT_EQ(ToolTipOf(button), Text("Exit"));
+}
+
+TEST(CaptionButtonTest, TheMarkOfAShortcutTakesNoRoom) {
+  const int width = QFontMetrics(QFont()).horizontalAdvance(Text("Fish")) + 17;
+  for (const char* caption : {"Fish", "&Fish", "F&i&s&h"}) {
+    CaptionButton button(Text(caption));
+    button.resize(width, 30);
+    EXPECT_EQ(button.Fit().scale, 1) << caption;
+  }
+  CaptionButton literal(Text("&&&Fish"));  // "&Fish" with a line below the F
+  literal.resize(width, 30);
+  EXPECT_LT(literal.Fit().scale, 1);
+}
+
+TEST(CaptionButtonTest, TheToolTipOfACutCaptionShowsItAsItIsDrawn) {
+  CaptionButton button(Text("&R&&D ") + QString(250, u'W'));
+  button.resize(60, 30);
+  button.show();
+  EXPECT_EQ(ToolTipOf(button), Text("R&D ") + QString(250, u'W'));
+}
+
+TEST(CaptionCheckBoxTest, AMarkAtTheEndIsDrawnAndHasItsRoom) {
+  EXPECT_EQ(CaptionCheckBox(Text("Blink&")).sizeHint(),
+            CaptionCheckBox(Text("Blink&&")).sizeHint());
+  EXPECT_EQ(CaptionRadioButton(Text("Blink&")).sizeHint(),
+            CaptionRadioButton(Text("Blink&&")).sizeHint());
+}
+
+TEST(FittedLabelTest, TheMarkOfItsBuddysShortcutTakesNoRoom) {
+  const QFontMetrics metrics{QFont()};
+  const QSize room(metrics.horizontalAdvance(Text("WWWWWW")) * 7 / 10, metrics.height());
+  QLineEdit box;
+  FittedLabel label(Text("&W&W&W&W&W&W"));
+  label.resize(room);
+  label.show();
+  EXPECT_EQ(ToolTipOf(label), Text("&W&W&W&W&W&W"));  // drawn letter by letter, and cut
+  label.setBuddy(&box);
+  EXPECT_EQ(ToolTipOf(label), QString());
+  label.setText(Text("&") + QString(255, u'W'));
+  EXPECT_EQ(ToolTipOf(label), QString(255, u'W'));
 }
 
 TEST(FittedLabelTest, TheToolTipOfACutTextShowsItWhole) {

@@ -351,6 +351,15 @@ TEST_F(MainWindowTest, ALongCaptionStaysWholeInTheButtonAndIsNotCut) {
   EXPECT_TRUE(button->Fit().whole);
 }
 
+TEST_F(MainWindowTest, TheMarkOfAShortcutTakesNoRoomInAButton) {
+  Language("2");
+  folder_.Write(Text("langSetting.INI"),
+                "[frmMain]\r\nbutMsgEdit.Caption=&M&e&l&d&u&n&g\r\nbutCommand.Caption=Meldung\r\n");
+  const frmMain window;
+  EXPECT_EQ(Button(window, "butMsgEdit")->Fit().scale, Button(window, "butCommand")->Fit().scale);
+  EXPECT_TRUE(Button(window, "butMsgEdit")->Fit().whole);
+}
+
 TEST_F(MainWindowTest, EveryCaptionOfTheSampleLanguagesFitsItsButtonWithoutABrokenWord) {
   Language("2");
   for (const char* language : {"deutsch", "espanol"}) {

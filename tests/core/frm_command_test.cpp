@@ -394,6 +394,21 @@ TEST_F(CommandWindowAlone, NoPortIsAnExclamation) {
   EXPECT_TRUE(command.IsReady());
 }
 
+TEST_F(CommandWindowAlone, ADeviceWhoseNameLooksLikeMarkupIsShownLetterByLetter) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n[Communication]\r\nSendMode=RS232\r\n"
+      "[Serial Ports]\r\nCom2=/dev/<b>x</b>\r\n");
+  CommandWindow command;
+  QStringList shown;
+  const ModalWindowDriver driver(QString(), [&](QWidget* box) {
+    shown = ShownTexts(*box);
+    QTest::keyClick(box, Qt::Key_Return);
+  });
+  command.DoubleClick(0);
+  EXPECT_TRUE(shown.contains(QStringLiteral("/dev/<b>x</b>: No such file or directory")))
+      << shown.join(u'|').toStdString();
+}
+
 TEST_F(CommandWindowAlone, APanelWithoutAUsableAddressCannotBeReachedOverTcp) {
   folder_.Configure(
       "[Dimension Config]\r\nID001=4x96,Tri\r\n[Communication]\r\nSendMode=TCPIP\r\n");

@@ -30,6 +30,7 @@
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 #include "support/wheel.h"
+#include "support/window_keys.h"
 
 namespace {
 
@@ -357,6 +358,92 @@ TEST_F(MsgEditor, TheMoveKeysMoveTheCursorOfTheirRow) {
   Key(Qt::Key_Backspace);
   EXPECT_EQ(Cursor(1), 3);
   EXPECT_EQ(RowLines(), "<L01><SA><CA>aXc\r\n<L02>\r\n");
+}
+
+TEST_F(MsgEditor, KeysWithAltOrMetaNeitherMoveNorTypeAndGoOnToTheWindow) {
+  New(2, 80);
+  Keys("ab cd");
+  Key(Qt::Key_Left);
+  WindowKeys window_keys(&window_);
+  for (const Qt::KeyboardModifiers modifiers :
+       {Qt::KeyboardModifiers(Qt::AltModifier), Qt::KeyboardModifiers(Qt::MetaModifier),
+        Qt::AltModifier | Qt::ControlModifier, Qt::MetaModifier | Qt::ShiftModifier}) {
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home,
+                              Qt::Key_End, Qt::Key_Delete, Qt::Key_Backspace}) {
+      Key(key, modifiers);
+      EXPECT_EQ(Cursor(1), 4) << key << " with " << modifiers.toInt();
+      EXPECT_EQ(window_keys.TakeLast(), key) << key << " with " << modifiers.toInt();
+    }
+  }
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>ab cd\r\n<L02>\r\n");
+}
+
+TEST_F(MsgEditor, CtrlWithLeftAndRightGoesToTheStartOfTheNextAndPreviousWord) {
+  New(1, 120);
+  Keys("Shop:  open 9-17");
+  const auto steps = [this](Qt::Key key) {
+    QList<int> columns;
+    for (int step = 0; step < 8; ++step) {
+      Key(key, Qt::ControlModifier);
+      columns.append(Cursor(1));
+    }
+    return columns;
+  };
+  EXPECT_EQ(steps(Qt::Key_Left), QList<int>({14, 13, 12, 7, 4, 0, 0, 0}));
+  EXPECT_EQ(steps(Qt::Key_Right), QList<int>({4, 7, 12, 13, 14, 16, 16, 16}));
+  for (int step = 0; step < 7; ++step) Key(Qt::Key_Left);  // into "open"
+  Key(Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(Cursor(1), 7);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>Shop:  open 9-17\r\n");
+}
+
+TEST_F(MsgEditor, CtrlWithHomeAndEndGoesToTheEndsOfTheRow) {
+  New(2, 80);
+  Key(Qt::Key_Down);
+  Keys("ab cd");
+  Key(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(Cursor(2), 0);
+  Key(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(Cursor(2), 5);
+}
+
+TEST_F(MsgEditor, ShiftWithDeleteIsNoDelete) {
+  New(1, 80);
+  Keys("ab");
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>ab\r\n");
+  Key(Qt::Key_Home);
+  for (const auto modifiers :
+       {Qt::KeyboardModifiers(Qt::ShiftModifier), Qt::ShiftModifier | Qt::ControlModifier}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, modifiers, Text("\x7f"));
+    QApplication::sendEvent(window_.focusWidget(), &press);
+  }
+  EXPECT_FALSE(Asks());
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>ab\r\n");
+}
+
+TEST_F(MsgEditor, CtrlWithBackspaceAndDeleteTakeOutAWord) {
+  New(1, 120);
+  Keys("one two three");
+  RowLines();  // saves
+  for (int step = 0; step < 7; ++step) Key(Qt::Key_Left);
+  Key(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(Cursor(1), 6);
+  EXPECT_FALSE(Asks());  // as Delete alone
+  Row(1)->setFocus();
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>one twthree\r\n");
+  Key(Qt::Key_Backspace, Qt::ControlModifier);
+  EXPECT_EQ(Cursor(1), 4);
+  EXPECT_TRUE(Asks());  // as Backspace alone
+  Row(1)->setFocus();
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>one three\r\n");
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>one twthree\r\n");
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>one two three\r\n");
+  Key(Qt::Key_Home);
+  Key(Qt::Key_Backspace, Qt::ControlModifier);
+  EXPECT_TRUE(Asks());  // typing without an effect
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>one two three\r\n");
 }
 
 TEST_F(MsgEditor, AClickRightOfTheLastCharacterPutsTheCursorAtTheEndOfTheRow) {

@@ -1,5 +1,6 @@
 #include "page/page_message.h"
 
+#include <array>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -79,6 +80,68 @@ TEST(PageMessage, DeleteDoesNotMarkThePageModified) {
   page.PressMoveKey(MoveKey::kDelete);
   EXPECT_EQ(page.Row(1).Text(), "b");
   EXPECT_FALSE(page.IsModified());
+}
+
+/// Where `key` takes the cursor in a row of `text`, press by press, from where `first` has put it
+/// until it moves no more.
+std::string WordColumns(QByteArrayView text, MoveKey first, MoveKey key) {
+  PageMessage page = PageOf(1, 320);
+  Type(page, text);
+  page.PressMoveKey(first);
+  QByteArrayList columns;
+  for (qsizetype before = -1; before != page.Row(1).Cursor();) {
+    before = page.Row(1).Cursor();
+    page.PressMoveKey(key);
+    columns.append(QByteArray::number(page.Row(1).Cursor()));
+  }
+  return columns.join(' ').toStdString();
+}
+
+TEST(PageMessage, AWordIsLettersAndDigitsOrTheOtherCharactersBetweenThem) {
+  const auto forth = [](QByteArrayView text) {
+    return WordColumns(text, MoveKey::kHome, MoveKey::kWordRight);
+  };
+  const auto back = [](QByteArrayView text) {
+    return WordColumns(text, MoveKey::kEnd, MoveKey::kWordLeft);
+  };
+  EXPECT_EQ(forth(""), "0");
+  EXPECT_EQ(back(""), "0");
+  EXPECT_EQ(forth("   "), "3 3");
+  EXPECT_EQ(back("   "), "0 0");
+  EXPECT_EQ(forth(" one  two "), "1 6 10 10");
+  EXPECT_EQ(back(" one  two "), "6 1 0 0");
+  EXPECT_EQ(forth("No. 5: 7,50!!"), "2 4 5 7 8 9 11 13 13");
+  EXPECT_EQ(back("No. 5: 7,50!!"), "11 9 8 7 5 4 2 0 0");
+  EXPECT_EQ(forth("Gr\xF6\xDF"
+                  "e 4"),
+            "6 7 7");  // a letter beyond ASCII is one
+  EXPECT_EQ(back("Gr\xF6\xDF"
+                 "e 4"),
+            "6 0 0");
+}
+
+TEST(PageMessage, AWordTakenOutTowardsTheCursorIsTypingAndOneEdit) {
+  PageMessage page = PageOf(1, 80);
+  Type(page, "one two");
+  page.SetModified(false);
+  page.PressMoveKey(MoveKey::kBackspaceWord);
+  EXPECT_EQ(page.Row(1).Text(), "one ");
+  EXPECT_EQ(page.Row(1).Cursor(), 4);
+  EXPECT_TRUE(page.IsModified());
+  page.Undo();
+  EXPECT_EQ(page.Row(1).Text(), "one two");
+  page.PressMoveKey(MoveKey::kHome);
+  page.SetModified(false);
+  page.PressMoveKey(MoveKey::kBackspaceWord);
+  EXPECT_TRUE(page.IsModified());
+  page.SetModified(false);
+  page.PressMoveKey(MoveKey::kDeleteWord);
+  EXPECT_EQ(page.Row(1).Text(), "two");
+  EXPECT_EQ(page.Row(1).Cursor(), 0);
+  EXPECT_FALSE(page.IsModified());  // as Delete
+  page.PressMoveKey(MoveKey::kDeleteWord);
+  page.PressMoveKey(MoveKey::kDeleteWord);
+  EXPECT_EQ(page.Row(1).Text(), "");
 }
 
 TEST(PageMessage, UpOnRow1AndDownOnRowROrRow12DoNothing) {
@@ -318,8 +381,10 @@ TEST(PageMessage, TheOldestEditsAreForgotten) {
 TEST(PageMessage, RandomKeysKeepEveryRowWithinItsRoom) {
   std::mt19937 random(7);
   const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };
-  constexpr std::array kMoves = {MoveKey::kEnd,   MoveKey::kHome, MoveKey::kLeft,  MoveKey::kUp,
-                                 MoveKey::kRight, MoveKey::kDown, MoveKey::kDelete};
+  constexpr std::array kMoves = {
+      MoveKey::kEnd,       MoveKey::kHome,          MoveKey::kLeft,      MoveKey::kUp,
+      MoveKey::kRight,     MoveKey::kDown,          MoveKey::kDelete,    MoveKey::kWordLeft,
+      MoveKey::kWordRight, MoveKey::kBackspaceWord, MoveKey::kDeleteWord};
   PageMessage page = PageOf(5, 48);
   for (int key = 0; key < 20000; ++key) {
     switch (below(7)) {

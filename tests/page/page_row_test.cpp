@@ -43,6 +43,19 @@ TEST(PageRow, BackspaceRemovesLeftOfTheCursorAndDeleteRightOfIt) {
   EXPECT_EQ(Shown(row), "a|A|A|N");
 }
 
+TEST(PageRow, DeletesAsManyCharactersAsThereAre) {
+  PageRow row;
+  for (const char c : {'a', 'b', 'c', 'd'}) row.Append(c, kRedNormal);
+  row.Right();
+  row.Delete(2);
+  EXPECT_EQ(Shown(row), "ad|AA|AA|NN");
+  row.Delete(0);
+  EXPECT_EQ(Shown(row), "ad|AA|AA|NN");
+  row.Delete(9);
+  EXPECT_EQ(Shown(row), "a|A|A|N");
+  EXPECT_EQ(row.Cursor(), 1);
+}
+
 TEST(PageRow, TheCursorStaysWithinTheText) {
   PageRow row;
   for (const char c : {'a', 'b', 'c'}) row.Append(c, kRedNormal);

@@ -1,5 +1,6 @@
 #include "scrolling/scrolling_message.h"
 
+#include <iterator>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -327,15 +328,17 @@ TEST(ScrollingMessage, AFileOfMoreThan1000CharactersStaysWholeAndTakesNoFurtherO
 TEST(ScrollingMessage, RandomKeysKeepTheCursorWithinTheSpanAndTheTextsEqualInLength) {
   std::mt19937 random(20240613);
   ScrollingMessage message;
-  constexpr MoveKey kKeys[] = {MoveKey::kEnd,   MoveKey::kHome, MoveKey::kLeft,  MoveKey::kUp,
-                               MoveKey::kRight, MoveKey::kDown, MoveKey::kDelete};
+  constexpr MoveKey kKeys[] = {
+      MoveKey::kEnd,       MoveKey::kHome,          MoveKey::kLeft,      MoveKey::kUp,
+      MoveKey::kRight,     MoveKey::kDown,          MoveKey::kDelete,    MoveKey::kWordLeft,
+      MoveKey::kWordRight, MoveKey::kBackspaceWord, MoveKey::kDeleteWord};
   for (int step = 0; step < 30000; ++step) {
     switch (random() % 8) {
       case 0:
         message.TypeKey(kBackspace);
         break;
       case 1:
-        message.PressMoveKey(kKeys[random() % 7]);
+        message.PressMoveKey(kKeys[random() % std::size(kKeys)]);
         break;
       case 2:
         message.Click(static_cast<double>(random() % 500) - 50);

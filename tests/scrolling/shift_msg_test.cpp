@@ -29,6 +29,7 @@
 #include "support/panel_bench.h"
 #include "support/program_folder.h"
 #include "support/wheel.h"
+#include "support/window_keys.h"
 
 namespace {
 
@@ -367,6 +368,73 @@ TEST_F(ShiftMsg, TheKeysEditTheMessage) {
   Key(Qt::Key_Backspace);
   EXPECT_EQ(Position(), Text("3 of 3"));
   EXPECT_EQ(Body(), "<SA><CA>aXc\r\n");
+}
+
+TEST_F(ShiftMsg, KeysWithAltOrMetaNeitherMoveNorTypeAndGoOnToTheWindow) {
+  Keys("ab cd");
+  Key(Qt::Key_Left);
+  WindowKeys window_keys(&window_);
+  for (const Qt::KeyboardModifiers modifiers :
+       {Qt::KeyboardModifiers(Qt::AltModifier), Qt::KeyboardModifiers(Qt::MetaModifier),
+        Qt::AltModifier | Qt::ControlModifier}) {
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End,
+                              Qt::Key_Delete, Qt::Key_Backspace}) {
+      Key(key, modifiers);
+      EXPECT_EQ(Position(), Text("4 of 5")) << key << " with " << modifiers.toInt();
+      EXPECT_EQ(window_keys.TakeLast(), key) << key << " with " << modifiers.toInt();
+    }
+  }
+}
+
+TEST_F(ShiftMsg, CtrlWithLeftAndRightGoesByWordsAndTheVisibleSpanFollows) {
+  Open(Write("a.srl", "one " + QByteArray(40, 'a') + " two"));
+  ASSERT_EQ(Position(), Text("48 of 48"));
+  ASSERT_EQ(CursorCell(), 30);
+  Key(Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("45 of 48"));
+  EXPECT_EQ(CursorCell(), 27);
+  Key(Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("4 of 48"));
+  EXPECT_EQ(CursorCell(), 0);
+  Key(Qt::Key_Left, Qt::ControlModifier);
+  Key(Qt::Key_Left, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("0 of 48"));
+  Key(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("4 of 48"));
+  EXPECT_EQ(CursorCell(), 4);
+  Key(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("45 of 48"));
+  EXPECT_EQ(CursorCell(), 30);
+  Key(Qt::Key_Right, Qt::ControlModifier);
+  Key(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("48 of 48"));
+  EXPECT_EQ(CursorCell(), 30);
+  EXPECT_FALSE(Asks());
+}
+
+TEST_F(ShiftMsg, ShiftWithDeleteIsNoDelete) {
+  Keys("ab");
+  EXPECT_EQ(Body(), "<SA><CA>ab\r\n");
+  Key(Qt::Key_Home);
+  Key(Qt::Key_Delete, Qt::ShiftModifier);
+  EXPECT_EQ(Position(), Text("0 of 2"));
+  EXPECT_FALSE(Asks());
+}
+
+TEST_F(ShiftMsg, CtrlWithBackspaceAndDeleteTakeOutAWord) {
+  Open(Write("a.srl", "one " + QByteArray(40, 'a') + " two"));
+  Key(Qt::Key_Left, Qt::ControlModifier);
+  Key(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("45 of 45"));
+  EXPECT_TRUE(Asks());
+  Key(Qt::Key_Backspace, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("4 of 4"));
+  EXPECT_GT(CursorCell(), 0);  // what stands in front of it is in sight
+  EXPECT_EQ(Body(), "<SA><CA>one \r\n");
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("45 of 45"));
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("45 of 48"));
 }
 
 TEST_F(ShiftMsg, TypingPastTheVisibleSpanTheFirstVisibleCharacterFollowsTheCursor) {

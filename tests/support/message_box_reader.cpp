@@ -1,9 +1,11 @@
 #include "support/message_box_reader.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QEvent>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -65,3 +67,11 @@ FileChooser::FileChooser(const QString& path, const QString& object_name)
         name->setText(path);
         QTest::keyClick(name, Qt::Key_Return);
       }) {}
+
+QStringList ShownTexts(const QWidget& window) {
+  QStringList texts;
+  for (QLabel* label : window.findChildren<QLabel*>()) {
+    texts.append(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name));
+  }
+  return texts;
+}

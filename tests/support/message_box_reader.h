@@ -61,6 +61,9 @@ class ModalWindowDriver : public QObject {
   int count_ = 0;
 };
 
+/// What the labels of `window` show: the text without what the toolkit takes for markup in it.
+QStringList ShownTexts(const QWidget& window);
+
 /// What a file dialog offered before a name was entered.
 struct SeenFileDialog {
   QString title;

@@ -83,7 +83,10 @@ void FaultsMenu::AskForFault() {
   if (ParseFault(name.trimmed(), &faults, &error)) {
     engine_->SetFaults(faults);
   } else {
-    QMessageBox::warning(parentWidget(), QStringLiteral("Fault"), error);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Fault"), error, QMessageBox::Ok,
+                    parentWidget());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
   }
 }
 

@@ -79,6 +79,7 @@ void PanelWindow::MakeStatusLine() {
   lines_ = new QLabel;
   lines_->setObjectName(QStringLiteral("lines"));
   lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lines_->setTextFormat(Qt::PlainText);  // it names a file
   statusBar()->addWidget(lines_, 1);
   unwritten_files_ = MakeWarningLamp("unwritten_files");
   statusBar()->addPermanentWidget(unwritten_files_);

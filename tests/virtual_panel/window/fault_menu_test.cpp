@@ -190,12 +190,16 @@ TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
   QObject::connect(&closer, &QTimer::timeout, [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
-    warning = box->text();
+    warning.clear();
+    for (QLabel* label : box->findChildren<QLabel*>()) warning += Shown(label);
     box->accept();
   });
   closer.start(1);
   enter(QStringLiteral("nonsense"));
   EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"nonsense\": expected one of silent")));
+  enter(QStringLiteral("<b>nonsense</b>"));
+  EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"<b>nonsense</b>\": expected one of")))
+      << warning.toStdString();
   EXPECT_EQ(engine_.CurrentFaults().late_ms, 7);
 }
 

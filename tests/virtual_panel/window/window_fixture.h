@@ -1,6 +1,7 @@
 // The window of two panels, at a time that is moved by hand.
 #pragma once
 
+#include <QAccessible>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTextDocument>
@@ -22,6 +23,11 @@ inline QString ShownText(const QString& tool_tip) {
     document.setPlainText(tool_tip);
   }
   return document.toPlainText();
+}
+
+/// What the label shows: its text without what the toolkit takes for markup in it.
+inline QString Shown(QLabel* label) {
+  return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
 }
 
 class WindowTest : public testing::Test {

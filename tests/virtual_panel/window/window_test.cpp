@@ -53,6 +53,12 @@ TEST_F(WindowTest, NamesItsLines) {
   EXPECT_EQ(Find<QLabel>("lines")->text(), QStringLiteral("listening on tcp 127.0.0.1:2101"));
 }
 
+TEST_F(WindowTest, NothingInTheNameOfALineIsTakenForMarkup) {
+  window_.SetLines(QStringLiteral("pseudo-terminal /home/<b>x</b>/panel-line"));
+  EXPECT_EQ(Shown(Find<QLabel>("lines")),
+            QStringLiteral("pseudo-terminal /home/<b>x</b>/panel-line"));
+}
+
 TEST_F(WindowTest, NamesTheFilesThatCannotBeWritten) {
   auto* label = Find<QLabel>("unwritten_files");
   EXPECT_FALSE(label->isVisible());

@@ -1,0 +1,49 @@
+#include "app/session_end.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QSessionManager>
+#include <QWidget>
+
+#include "app/unsaved_work.h"
+#include "core/sending_session.h"
+
+SessionEnd::SessionEnd(std::function<QWidget*()> open_window, QObject* parent)
+    : QObject(parent), open_window_(std::move(open_window)) {
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &SessionEnd::Answer,
+          Qt::DirectConnection);
+  qGuiApp->installEventFilter(this);
+}
+
+void SessionEnd::Answer(QSessionManager& session) {
+  may_end_ = MayEnd(session);
+  if (may_end_) {
+    session.release();
+  } else {
+    session.cancel();
+  }
+}
+
+bool SessionEnd::MayEnd(QSessionManager& session) const {
+  QWidget* window = open_window_();
+  if (window == nullptr) return true;
+  const QList<SendingSession*> links = window->findChildren<SendingSession*>();
+  if (std::any_of(links.begin(), links.end(), [](auto* link) { return link->IsSending(); })) {
+    return false;
+  }
+  auto* work = dynamic_cast<UnsavedWork*>(window);
+  if (work == nullptr || !work->IsModified()) return true;
+  return session.allowsInteraction() && work->MayLeave();
+}
+
+bool SessionEnd::eventFilter(QObject* object, QEvent* event) {
+  // Windows that have been asked already are not asked again when the session ends.
+  if (event->type() == QEvent::Quit && may_end_) {
+    QCoreApplication::exit();
+    return true;
+  }
+  return QObject::eventFilter(object, event);
+}
