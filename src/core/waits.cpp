@@ -8,7 +8,7 @@ namespace {
 constexpr qint16 kCounterCeiling = 30000;
 
 bool SleepUntilEvent(TickTimer& timer) {
-  timer.program_ends = !timer.WaitForEvent();
+  if (!timer.WaitForEvent()) timer.program_ends = true;
   return !timer.program_ends;
 }
 

@@ -131,6 +131,16 @@ TEST_F(Waits, TheEndOfTheProgramEndsEveryWait) {
   EXPECT_EQ(time_.Now(), 0);
 }
 
+TEST_F(Waits, TheEndOfTheProgramIsNotTakenBackByALateByte) {
+  timer_.EndOneWait();
+  WaitTicks(timer_, 300);
+  EXPECT_TRUE(timer_.program_ends);
+  link_.Receive("<ID");
+  EXPECT_FALSE(WaitForAck(link_, timer_, 26));
+  EXPECT_TRUE(timer_.program_ends);
+  EXPECT_FALSE(MaySend(link_, timer_));
+}
+
 TEST_F(Waits, WaitTicksCountsTheTicks) {
   WaitTicks(timer_, 300);
   EXPECT_EQ(time_.Timeline(), TicksAt(100, 300));

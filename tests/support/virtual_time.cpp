@@ -40,6 +40,7 @@ void VirtualTickTimer::ScheduleTick() {
 }
 
 bool VirtualTickTimer::WaitForEvent() {
+  if (std::exchange(ends_one_wait_, false)) return false;
   if (program_ends_) return false;
   time_.Advance();
   return true;

@@ -46,6 +46,9 @@ class VirtualTickTimer : public Brivon1::TickTimer {
   /// Waits answer from now on as they do when the program ends.
   void EndProgram() { program_ends_ = true; }
 
+  /// The next wait is cut short by the program's end, the ones behind it by late events.
+  void EndOneWait() { ends_one_wait_ = true; }
+
  private:
   void ScheduleTick();
 
@@ -53,6 +56,7 @@ class VirtualTickTimer : public Brivon1::TickTimer {
   bool enabled_ = false;
   int run_ = 0;  // ticks of an earlier run do not count
   bool program_ends_ = false;
+  bool ends_one_wait_ = false;
 };
 
 class VirtualClock : public Brivon1::MillisecondClock {
