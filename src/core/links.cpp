@@ -11,7 +11,8 @@ bool OpenSerialPort(SerialPort& port, const Configuration& configuration) {
                    SerialSettings(configuration.baud_rate));
 }
 
-bool CloseSerialPort(SerialPort& port) {
+bool CloseSerialPort(SerialPort& port, MillisecondClock& clock) {
+  DrainLink(port, clock);
   port.Close();
   return true;
 }
@@ -21,7 +22,8 @@ bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host
   return WaitMilliseconds(clock, kConnectTime) && socket.IsConnected();
 }
 
-bool CloseTcpLink(TcpSocket& socket) {
+bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock) {
+  DrainLink(socket, clock);
   socket.Close();
   return true;
 }

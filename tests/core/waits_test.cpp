@@ -190,5 +190,62 @@ TEST_F(Waits, WaitMillisecondsOf0ReturnsAtOnce) {
   EXPECT_EQ(time_.Now(), 0);
 }
 
+TEST_F(Waits, ALineThatHasSentEverythingIsDrainedInNoTime) {
+  link_.Write("x");
+  EXPECT_TRUE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 0);
+}
+
+TEST_F(Waits, ADrainTakesTheTimeThatTheSpeedOfTheLineGives) {
+  struct Case {
+    int speed;
+    qint64 milliseconds;  // for 960 bytes of ten bits, up to the next look, of which there are 100
+                          // a second
+  };
+  for (const auto& [speed, milliseconds] :
+       {Case{300, 32000}, Case{1200, 8000}, Case{2400, 4000}, Case{4800, 2000}, Case{9600, 1000},
+        Case{19200, 500}, Case{38400, 250}, Case{57600, 170}, Case{115200, 90}}) {
+    const qint64 begin = time_.Now();
+    link_.SendAt(speed);
+    link_.Write(QByteArray(960, 'x'));
+    EXPECT_TRUE(DrainLink(link_, clock_)) << speed;
+    EXPECT_EQ(time_.Now() - begin, milliseconds) << speed;
+    EXPECT_EQ(link_.Unsent(), 0);
+  }
+}
+
+TEST_F(Waits, ALineThatTakesNothingIsGivenUpAQuarterAndTwoSecondsAfterItsTime) {
+  link_.SendAt(0);
+  link_.Write(QByteArray(960, 'x'));  // a second at 9600
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 1000 + 250 + 2000);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@3250 close"));
+}
+
+TEST_F(Waits, ALineThatIsJustInTimeIsNotGivenUp) {
+  link_.SendAt(0);
+  link_.Write(QByteArray(960, 'x'));
+  time_.Schedule(3249, [this] { link_.TakeEverything(); });
+  EXPECT_TRUE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 3249);
+}
+
+TEST_F(Waits, ALostLineEndsTheDrainAtOnce) {
+  link_.SendAt(300);
+  link_.LoseAfter(55);
+  link_.Write(QByteArray(960, 'x'));
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 55);
+}
+
+TEST_F(Waits, TheEndOfTheProgramEndsTheDrainAndGivesTheRestUp) {
+  link_.SendAt(300);
+  link_.Write(QByteArray(960, 'x'));
+  clock_.EndProgram();
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 0);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@0 close"));
+}
+
 }  // namespace
 }  // namespace Brivon1
