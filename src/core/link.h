@@ -44,6 +44,11 @@ class SerialPort : public PanelLink {
   /// Opens the system's device `device` with `settings`, the baud rate followed by ",N,8,1".
   /// Returns false on any error; the port is closed then.
   virtual bool Open(const QString& device, const QByteArray& settings) = 0;
+
+  /// Raises or drops a control line of the open port, which the system has raised at opening. A
+  /// port that has no such line goes on without it.
+  virtual void SetDtr(bool raised) = 0;
+  virtual void SetRts(bool raised) = 0;
 };
 
 class TcpSocket : public PanelLink {

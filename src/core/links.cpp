@@ -7,8 +7,13 @@ namespace Brivon1 {
 QByteArray SerialSettings(int baud_rate) { return QByteArray::number(baud_rate) + ",N,8,1"; }
 
 bool OpenSerialPort(SerialPort& port, const Configuration& configuration) {
-  return port.Open(SerialDevice(configuration, configuration.com_port),
-                   SerialSettings(configuration.baud_rate));
+  if (!port.Open(SerialDevice(configuration, configuration.com_port),
+                 SerialSettings(configuration.baud_rate))) {
+    return false;
+  }
+  if (configuration.dtr) port.SetDtr(*configuration.dtr);
+  if (configuration.rts) port.SetRts(*configuration.rts);
+  return true;
 }
 
 bool CloseSerialPort(SerialPort& port, MillisecondClock& clock) {

@@ -13,8 +13,8 @@ inline constexpr qint64 kConnectTime = 500;
 /// The settings text for a serial port, such as `9600,N,8,1`.
 QByteArray SerialSettings(int baud_rate);
 
-/// Opens the configured port at the configured speed, 8 data bits, no parity, 1 stop bit. False on
-/// any error.
+/// Opens the configured port at the configured speed, 8 data bits, no parity, 1 stop bit, with the
+/// control lines that are configured for it. False on any error.
 bool OpenSerialPort(SerialPort& port, const Configuration& configuration);
 
 /// Closes the port, if it is open, when everything written to it has left; always true.

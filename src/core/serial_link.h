@@ -17,6 +17,8 @@ class SerialLink : public QObject, public SerialPort {
   explicit SerialLink(QObject* parent);
 
   bool Open(const QString& device, const QByteArray& settings) override;
+  void SetDtr(bool raised) override { port_->setDataTerminalReady(raised); }
+  void SetRts(bool raised) override { port_->setRequestToSend(raised); }
   void Write(const QByteArray& bytes) override;
   qint64 Unsent() const override;
   int Speed() const override { return port_->baudRate(); }

@@ -53,6 +53,8 @@ class ScriptedPort : public ScriptedEnd<SerialPort> {
     moves.append(device + QStringLiteral(" ") + QString::fromLatin1(settings));
     return opens;
   }
+  void SetDtr(bool raised) override { moves.append(QStringLiteral("DTR %1").arg(raised)); }
+  void SetRts(bool raised) override { moves.append(QStringLiteral("RTS %1").arg(raised)); }
 
   bool opens = true;
   QStringList moves;
@@ -109,6 +111,28 @@ TEST(Links, ASerialPortThatCannotBeOpenedGivesFalse) {
   ScriptedPort port(clock);
   port.opens = false;
   EXPECT_FALSE(OpenSerialPort(port, ReadConfiguration(IniFile())));
+  EXPECT_EQ(port.moves.size(), 1);
+}
+
+TEST(Links, TheControlLinesAreSetAsTheyAreConfiguredOnceThePortIsOpen) {
+  const auto moves = [](const QByteArray& lines) {
+    SteppingClock clock;
+    ScriptedPort port(clock);
+    EXPECT_TRUE(OpenSerialPort(port, ReadConfiguration(IniFile("[Serial Ports]\r\n" + lines))));
+    return port.moves.mid(1);
+  };
+  EXPECT_EQ(moves(""), QStringList());
+  EXPECT_EQ(moves("Com2Rts=0\r\n"), QStringList{QStringLiteral("RTS 0")});
+  EXPECT_EQ(moves("Com2Dtr=0\r\nCom2Rts=1\r\n"),
+            (QStringList{QStringLiteral("DTR 0"), QStringLiteral("RTS 1")}));
+  EXPECT_EQ(moves("Com1Dtr=0\r\nCom1Rts=0\r\n"), QStringList()) << "another port's";
+}
+
+TEST(Links, APortThatCannotBeOpenedHasNoControlLines) {
+  SteppingClock clock;
+  ScriptedPort port(clock);
+  port.opens = false;
+  EXPECT_FALSE(OpenSerialPort(port, ReadConfiguration(IniFile("[Serial Ports]\r\nCom2Rts=0\r\n"))));
   EXPECT_EQ(port.moves.size(), 1);
 }
 

@@ -151,6 +151,23 @@ TEST_F(SerialLinkTest, ASpeedOf0CannotBeOpened) {
   EXPECT_TRUE(link_.Open(terminal_.Device(), "300,N,8,1"));
 }
 
+TEST_F(SerialLinkTest, APortWithoutControlLinesGoesOnWithoutThem) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  int refused = 0;  // a pseudo-terminal has none, so that the port refuses what it is asked for
+  QObject::connect(link_.findChild<QSerialPort*>(QStringLiteral("Comm1")),
+                   &QSerialPort::errorOccurred, [&] { ++refused; });
+  link_.SetDtr(false);
+  EXPECT_GT(refused, 0);
+  const int before = refused;
+  link_.SetRts(false);
+  EXPECT_GT(refused, before);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(link_.IsLost());
+  link_.Write("<ID1A><?>\r\n");
+  EXPECT_TRUE(CloseSerialPort(link_, clock_));
+  EXPECT_EQ(terminal_.Received(), "<ID1A><?>\r\n");
+}
+
 TEST_F(SerialLinkTest, ALostPortIsFoundOutKeepsWhatCameBeforeAndCanBeClosed) {
   // Through a link that goes with the port: the system may give the port's own name away again.
   const TemporaryProgramFolder folder;
