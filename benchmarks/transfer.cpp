@@ -123,8 +123,8 @@ Brivon1::Configuration OnePanel() {
 
 bool SendPage(Brivon1::PanelConnection& connection, const Brivon1::Configuration& configuration,
               const QString& path) {
-  Brivon1::Transmission transmission{connection.Link(), connection.Timer(), configuration,
-                                     [](const QString&) {}};
+  Brivon1::Transmission transmission{connection.Link(), connection.Timer(), connection.Clock(),
+                                     configuration, [](const QString&) {}};
   return Brivon1::SendMessageFile(transmission, path, kPanel, "001", {kRows, 192});
 }
 

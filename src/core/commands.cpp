@@ -16,7 +16,9 @@ bool SendWithPauses(Transmission& transmission, int id, const QByteArray& frame)
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
     if (!MaySend(transmission.link, transmission.timer)) break;
     transmission.link.Write(frame);
-    if (WaitForAck(transmission.link, transmission.timer, id)) return true;
+    if (WaitForAck(transmission.link, transmission.timer, id)) {
+      return HasArrived(transmission, id);
+    }
     if (!MaySend(transmission.link, transmission.timer)) break;
     WaitTicks(transmission.timer, transmission.configuration.delay_period);
   }

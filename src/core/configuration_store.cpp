@@ -80,6 +80,15 @@ Configuration ReadConfiguration(const IniFile& file) {
   };
   for (int port = 1; port <= kHighestSerialPort; ++port) read_device(port);
   read_device(configuration.com_port);
+  const auto control_line = [&](const char* name) -> std::optional<bool> {
+    const auto value =
+        file.Value(kSerialPortsSection, "Com" + QByteArray::number(configuration.com_port) + name);
+    if (value == "1") return true;
+    if (value == "0") return false;
+    return std::nullopt;
+  };
+  configuration.dtr = control_line("Dtr");
+  configuration.rts = control_line("Rts");
   return configuration;
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 
 #include <QByteArray>
 #include <QByteArrayView>
@@ -43,6 +44,8 @@ struct Configuration {
   QByteArray send_mode;                      ///< "RS232", "TCPIP" or anything else of 5 characters.
   int baud_rate = 0;
   qint16 com_port = 0;                       ///< Serial port number; port 2 is the second port.
+  std::optional<bool> dtr;                   ///< That port's DTR; nothing: as the system sets it.
+  std::optional<bool> rts;                   ///< The same for RTS.
   qint16 delay_period = 0;                   ///< Milliseconds, 0 to 30000.
   std::map<int, QByteArray> serial_devices;  ///< Devices named for a port number.
 

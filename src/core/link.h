@@ -12,8 +12,17 @@ class PanelLink {
  public:
   virtual ~PanelLink() = default;
 
-  /// Sends `bytes` without waiting for them to leave. Nothing is written to a lost line.
+  /// Sends `bytes` behind what was sent before, without waiting for them to leave: what the system
+  /// has no room for follows as soon as it has, while events are handled. Nothing is written to a
+  /// lost line.
   virtual void Write(const QByteArray& bytes) = 0;
+
+  /// How many of the bytes written have not left this machine yet, as far as the system can tell;
+  /// 0 once the line is lost or closed.
+  virtual qint64 Unsent() const = 0;
+
+  /// How fast what was written leaves, at the least, in bits per second; a byte is ten bits.
+  virtual int Speed() const = 0;
 
   /// Everything that has arrived at this machine since the last read, removed from the line. What a
   /// panel sends without end is handed over in bounded portions.
@@ -23,7 +32,7 @@ class PanelLink {
   /// is opened again.
   virtual bool IsLost() const = 0;
 
-  /// Closes the line, if it is open, when what was written is on its way.
+  /// Closes the line at once, if it is open. What has not left by then is given up.
   virtual void Close() = 0;
 
   /// Why the line could not be opened, in words for the operator; empty when nothing is known.
@@ -35,6 +44,11 @@ class SerialPort : public PanelLink {
   /// Opens the system's device `device` with `settings`, the baud rate followed by ",N,8,1".
   /// Returns false on any error; the port is closed then.
   virtual bool Open(const QString& device, const QByteArray& settings) = 0;
+
+  /// Raises or drops a control line of the open port, which the system has raised at opening. A
+  /// port that has no such line goes on without it.
+  virtual void SetDtr(bool raised) = 0;
+  virtual void SetRts(bool raised) = 0;
 };
 
 class TcpSocket : public PanelLink {

@@ -7,11 +7,17 @@ namespace Brivon1 {
 QByteArray SerialSettings(int baud_rate) { return QByteArray::number(baud_rate) + ",N,8,1"; }
 
 bool OpenSerialPort(SerialPort& port, const Configuration& configuration) {
-  return port.Open(SerialDevice(configuration, configuration.com_port),
-                   SerialSettings(configuration.baud_rate));
+  if (!port.Open(SerialDevice(configuration, configuration.com_port),
+                 SerialSettings(configuration.baud_rate))) {
+    return false;
+  }
+  if (configuration.dtr) port.SetDtr(*configuration.dtr);
+  if (configuration.rts) port.SetRts(*configuration.rts);
+  return true;
 }
 
-bool CloseSerialPort(SerialPort& port) {
+bool CloseSerialPort(SerialPort& port, MillisecondClock& clock) {
+  DrainLink(port, clock);
   port.Close();
   return true;
 }
@@ -21,7 +27,8 @@ bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host
   return WaitMilliseconds(clock, kConnectTime) && socket.IsConnected();
 }
 
-bool CloseTcpLink(TcpSocket& socket) {
+bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock) {
+  DrainLink(socket, clock);
   socket.Close();
   return true;
 }

@@ -13,18 +13,18 @@ inline constexpr qint64 kConnectTime = 500;
 /// The settings text for a serial port, such as `9600,N,8,1`.
 QByteArray SerialSettings(int baud_rate);
 
-/// Opens the configured port at the configured speed, 8 data bits, no parity, 1 stop bit. False on
-/// any error.
+/// Opens the configured port at the configured speed, 8 data bits, no parity, 1 stop bit, with the
+/// control lines that are configured for it. False on any error.
 bool OpenSerialPort(SerialPort& port, const Configuration& configuration);
 
-/// Closes the port if it is open; always true.
-bool CloseSerialPort(SerialPort& port);
+/// Closes the port, if it is open, when everything written to it has left; always true.
+bool CloseSerialPort(SerialPort& port, MillisecondClock& clock);
 
 /// Requests a connection to `host`:`port`, waits 500 ms, and returns whether it stands then; false
 /// when the program ends before.
 bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port);
 
-/// Closes the socket unless it is closed; always true.
-bool CloseTcpLink(TcpSocket& socket);
+/// Closes the socket, unless it is closed, when everything written to it has left; always true.
+bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock);
 
 }  // namespace Brivon1

@@ -34,8 +34,8 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
 
 void PanelConnection::Close() {
   timer_.Disable();
-  CloseSerialPort(serial_);
-  CloseTcpLink(tcp_);
+  CloseSerialPort(serial_, clock_);
+  CloseTcpLink(tcp_, clock_);
 }
 
 }  // namespace Brivon1

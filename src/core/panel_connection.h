@@ -22,12 +22,13 @@ class PanelConnection : public QObject {
   /// for an unusable endpoint and for kNone, which opens nothing.
   bool Open(SendMode mode, const Configuration& configuration, const TcpEndpoint& endpoint);
 
-  /// Closes whatever is open.
+  /// Closes whatever is open when everything written to it has left.
   void Close();
 
   /// The link that Open() opened last.
   PanelLink& Link() { return *link_; }
   TickTimer& Timer() { return timer_; }
+  MillisecondClock& Clock() { return clock_; }
 
   /// Why Open() failed, in words for the operator; empty when there is nothing to say.
   QString FailureReason() const { return failure_reason_; }

@@ -147,7 +147,8 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
   transmission.status(QStringLiteral("Schedule--->"));
   DiscardInput(transmission.link);
   const bool sent =
-      SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {});
+      SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
+      HasArrived(transmission, id);
   if (sent) transmission.status(QStringLiteral("<--- Ack"));
   return sent;
 }

@@ -36,7 +36,8 @@ bool SendScrollingFile(Transmission& transmission, const QString& path, int id, 
       transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   transmission.status(QStringLiteral("Sending --->"));
   if (!SendUntilAcknowledged(
-          transmission, id, ScrollingFrame(*text, id, line, colour_type), [] {}, kSendingTime)) {
+          transmission, id, ScrollingFrame(*text, id, line, colour_type), [] {}, kSendingTime) ||
+      !HasArrived(transmission, id)) {
     return false;
   }
   transmission.status(QStringLiteral("<--- Ack"));

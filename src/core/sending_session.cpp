@@ -69,8 +69,8 @@ void SendingSession::TransmitOver(SendMode mode, const Brivon1::TcpEndpoint& end
         failure_style);
     return;
   }
-  Brivon1::Transmission transmission{connection_.Link(), connection_.Timer(), configuration,
-                                     status};
+  Brivon1::Transmission transmission{connection_.Link(), connection_.Timer(), connection_.Clock(),
+                                     configuration, status};
   send(transmission);
 }
 

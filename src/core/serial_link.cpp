@@ -2,16 +2,14 @@
 
 #include <utility>
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include "core/text.h"
 #include "core/waiting_input.h"
+#include "core/waiting_output.h"
 
 namespace Brivon1 {
 namespace {
-
-constexpr qint64 kLongestDrain = 3000;  // milliseconds for the last bytes to leave at a close
 
 QString OpenFailure(const QString& device, const QString& system_reason) {
   QString reason = device + QStringLiteral(": ") + system_reason;
@@ -32,6 +30,7 @@ SerialLink::SerialLink(QObject* parent) : QObject(parent), port_(new QSerialPort
   port_->setReadBufferSize(kReadBuffer);
   connect(port_, &QSerialPort::readyRead, this, &SerialLink::Happened);
   connect(port_, &QSerialPort::errorOccurred, this, &SerialLink::HandleError);
+  connect(&room_, &QSocketNotifier::activated, this, &SerialLink::HandOver);
 }
 
 bool SerialLink::Open(const QString& device, const QByteArray& settings) {
@@ -40,16 +39,22 @@ bool SerialLink::Open(const QString& device, const QByteArray& settings) {
   saved_.clear();
   failure_reason_.clear();
   const int baud_rate = LeadingNumber(settings, 0, 2147483647);
+  if (baud_rate == 0) {
+    failure_reason_ = OpenFailure(device, QStringLiteral("0 baud"));
+    return false;
+  }
+  // All of it while the port is closed, so that it never stands at another speed.
   port_->setPortName(device);
-  const bool opened =
-      port_->open(QIODevice::ReadWrite) && baud_rate > 0 && port_->setBaudRate(baud_rate) &&
-      port_->setDataBits(QSerialPort::Data8) && port_->setParity(QSerialPort::NoParity) &&
-      port_->setStopBits(QSerialPort::OneStop) && port_->setFlowControl(QSerialPort::NoFlowControl);
-  if (!opened) {
-    const bool bad_speed = port_->isOpen() && baud_rate == 0;
-    failure_reason_ =
-        OpenFailure(device, bad_speed ? QStringLiteral("0 baud") : port_->errorString());
-    port_->close();
+  port_->setBaudRate(baud_rate);
+  port_->setDataBits(QSerialPort::Data8);
+  port_->setParity(QSerialPort::NoParity);
+  port_->setStopBits(QSerialPort::OneStop);
+  port_->setFlowControl(QSerialPort::NoFlowControl);
+  const bool opened = port_->open(QIODevice::ReadWrite);
+  if (opened) {
+    room_.setSocket(port_->handle());
+  } else {
+    failure_reason_ = OpenFailure(device, port_->errorString());
   }
   is_lost_ = false;
   return opened;
@@ -57,12 +62,26 @@ bool SerialLink::Open(const QString& device, const QByteArray& settings) {
 
 void SerialLink::Write(const QByteArray& bytes) {
   if (is_lost_ || !port_->isOpen()) return;
-  if (port_->write(bytes) != bytes.size()) {
+  waiting_ += bytes;
+  answer_is_due_ = true;
+  HandOver();
+}
+
+void SerialLink::HandOver() {
+  const std::optional<qsizetype> taken = WriteWhatFits(*port_, waiting_);
+  waiting_.remove(0, taken.value_or(waiting_.size()));
+  const bool had_to_wait = room_.isEnabled();
+  room_.setEnabled(!waiting_.isEmpty());
+  if (!taken) {
     Lose();
-  } else {
-    port_->flush();
-    answer_is_due_ = true;
+  } else if (had_to_wait && waiting_.isEmpty()) {
+    Q_EMIT Happened();
   }
+}
+
+qint64 SerialLink::Unsent() const {
+  if (is_lost_ || !port_->isOpen()) return 0;
+  return waiting_.size() + port_->bytesToWrite() + BytesInSystem(port_->handle());
 }
 
 QByteArray SerialLink::ReadAvailable() {
@@ -77,12 +96,14 @@ QByteArray SerialLink::ReadAvailable() {
 
 void SerialLink::Close() {
   if (!port_->isOpen()) return;
-  QElapsedTimer draining;
-  draining.start();
-  while (!is_lost_ && port_->bytesToWrite() > 0 && draining.elapsed() < kLongestDrain) {
-    port_->waitForBytesWritten(100);
-  }
-  if (!is_lost_) port_->flush();
+  // The system would wait for what it holds, and send it at the speed that the port had before.
+  if (Unsent() > 0) port_->clear(QSerialPort::Output);
+  ClosePort();
+}
+
+void SerialLink::ClosePort() {
+  room_.setEnabled(false);
+  waiting_.clear();
   port_->close();
 }
 
@@ -106,7 +127,7 @@ void SerialLink::Lose() {
       [this] {
         if (!is_lost_ || !port_->isOpen()) return;
         saved_ += port_->readAll();
-        port_->close();
+        ClosePort();
       },
       Qt::QueuedConnection);
   Q_EMIT Happened();

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QSerialPort>
+#include <QSocketNotifier>
 
 #include "core/link.h"
 
@@ -16,21 +17,29 @@ class SerialLink : public QObject, public SerialPort {
   explicit SerialLink(QObject* parent);
 
   bool Open(const QString& device, const QByteArray& settings) override;
+  void SetDtr(bool raised) override { port_->setDataTerminalReady(raised); }
+  void SetRts(bool raised) override { port_->setRequestToSend(raised); }
   void Write(const QByteArray& bytes) override;
+  qint64 Unsent() const override;
+  int Speed() const override { return port_->baudRate(); }
   QByteArray ReadAvailable() override;
   bool IsLost() const override { return is_lost_; }
   void Close() override;
   QString FailureReason() const override { return failure_reason_; }
 
  Q_SIGNALS:
-  /// Bytes have arrived, or the line was lost.
+  /// Bytes have arrived, the last ones that waited were handed to the system, or the line was lost.
   void Happened();
 
  private:
+  void HandOver();
   void HandleError(QSerialPort::SerialPortError error);
   void Lose();
+  void ClosePort();
 
   QSerialPort* port_;
+  QSocketNotifier room_{QSocketNotifier::Write};  // enabled while bytes wait
+  QByteArray waiting_;                            // written, and not yet taken by the system
   bool is_lost_ = false;
   bool answer_is_due_ = false;  // a frame has been written and nothing read since
   QByteArray saved_;            // what had arrived when the line was lost

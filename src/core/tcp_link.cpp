@@ -5,13 +5,9 @@
 #include <QNetworkProxy>
 
 #include "core/waiting_input.h"
+#include "core/waiting_output.h"
 
 namespace Brivon1 {
-namespace {
-
-constexpr int kLongestDrain = 1000;  // milliseconds for the last bytes to leave at a close
-
-}  // namespace
 
 TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this)) {
   socket_->setObjectName(QStringLiteral("Winsock1"));
@@ -41,6 +37,17 @@ void TcpLink::Write(const QByteArray& bytes) {
   }
 }
 
+qint64 TcpLink::Unsent() const {
+  if (!IsConnected()) return 0;
+  return socket_->bytesToWrite() + BytesInSystem(socket_->socketDescriptor());
+}
+
+int TcpLink::Speed() const {
+  // Behind the connection may be a box that passes everything on over a serial line.
+  constexpr int kSlowestLine = 9600;
+  return kSlowestLine;
+}
+
 QByteArray TcpLink::ReadAvailable() {
   const bool answer_is_due = std::exchange(answer_is_due_, false);
   if (IsConnected() && (answer_is_due || HasWaitingInput(socket_->socketDescriptor()))) {
@@ -51,14 +58,9 @@ QByteArray TcpLink::ReadAvailable() {
 
 void TcpLink::Close() {
   if (socket_->state() == QAbstractSocket::UnconnectedState) return;
-  if (IsConnected()) {
-    socket_->disconnectFromHost();
-    if (socket_->state() == QAbstractSocket::UnconnectedState ||
-        socket_->waitForDisconnected(kLongestDrain)) {
-      return;
-    }
-  }
-  socket_->abort();
+  // What the system has taken, it sends even then.
+  if (IsConnected() && socket_->bytesToWrite() == 0) socket_->disconnectFromHost();
+  if (socket_->state() != QAbstractSocket::UnconnectedState) socket_->abort();
 }
 
 QString TcpLink::FailureReason() const {

@@ -18,6 +18,8 @@ class TcpLink : public QObject, public TcpSocket {
   void Connect(const QString& host, int port) override;
   bool IsConnected() const override;
   void Write(const QByteArray& bytes) override;
+  qint64 Unsent() const override;
+  int Speed() const override;
   QByteArray ReadAvailable() override;
   bool IsLost() const override { return !IsConnected(); }
   void Close() override;

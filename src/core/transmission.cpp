@@ -55,14 +55,16 @@ bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray&
     if (!MaySend(transmission.link, transmission.timer)) break;
     before();
     transmission.link.Write(frame);
-    if (sending_time > 0) {
-      WaitTicks(transmission.timer, sending_time);
-      // Nobody acknowledges what goes to all panels, so the line itself must tell.
-      if (id == 0 && !MaySend(transmission.link, transmission.timer)) break;
-    }
+    if (sending_time > 0) WaitTicks(transmission.timer, sending_time);
     if (WaitForAck(transmission.link, transmission.timer, id)) return true;
   }
   return false;
+}
+
+bool HasArrived(Transmission& transmission, int id) {
+  if (id != 0) return true;
+  return MaySend(transmission.link, transmission.timer) &&
+         DrainLink(transmission.link, transmission.clock);
 }
 
 std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, const QByteArray& page,
@@ -97,6 +99,7 @@ bool SendMessageFile(Transmission& transmission, const QString& path, int id,
     }
     transmission.status(progress + QStringLiteral(" <--- Ack"));
   }
+  if (!HasArrived(transmission, id)) return false;
   WaitTicks(transmission.timer, transmission.configuration.delay_period);
   return true;
 }

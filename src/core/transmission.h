@@ -22,6 +22,7 @@ using StatusLabel = std::function<void(const QString& text)>;
 struct Transmission {
   PanelLink& link;
   TickTimer& timer;
+  MillisecondClock& clock;
   const Configuration& configuration;
   StatusLabel status;
 };
@@ -35,6 +36,11 @@ void DiscardInput(PanelLink& link);
 /// `sending_time` milliseconds of ticks are left to the frame. A lost line ends the attempts.
 bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
                            const std::function<void()>& before, int sending_time = 0);
+
+/// Whether what panel `id` was sent has arrived, as far as it can be known. A panel has
+/// acknowledged it. Nobody acknowledges what goes to all panels, ID 0: it must have left, which is
+/// waited for.
+bool HasArrived(Transmission& transmission, int id);
 
 /// The frames that carry the rows of a page message file to panel `id` as page `page`, in row
 /// order, or nothing for a file that is refused: no message file, made for another dimension than

@@ -1,5 +1,7 @@
 #include "core/waits.h"
 
+#include <algorithm>
+
 #include "core/framing.h"
 
 namespace Brivon1 {
@@ -8,8 +10,16 @@ namespace {
 constexpr qint16 kCounterCeiling = 30000;
 
 bool SleepUntilEvent(TickTimer& timer) {
-  timer.program_ends = !timer.WaitForEvent();
+  if (!timer.WaitForEvent()) timer.program_ends = true;
   return !timer.program_ends;
+}
+
+/// How long `bytes` may take to leave, in milliseconds: ten bits each, a quarter more for a line
+/// that leaves gaps between them, and two seconds for one that is slow to begin.
+qint64 LongestDrain(qint64 bytes, int bits_per_second) {
+  constexpr qint64 kGrace = 2000;
+  const qint64 sending = bytes * 10 * 1000 / bits_per_second;
+  return sending + sending / 4 + kGrace;
 }
 
 }  // namespace
@@ -61,6 +71,19 @@ void WaitTicks(TickTimer& timer, int milliseconds) {
   }
   timer.Disable();
   timer.waiting = false;
+}
+
+bool DrainLink(PanelLink& link, MillisecondClock& clock) {
+  constexpr qint64 kBetweenLooks = 10;  // nothing says that the system's buffer is empty
+  const qint64 end = clock.Milliseconds() + LongestDrain(link.Unsent(), link.Speed());
+  while (link.Unsent() > 0) {
+    const qint64 left = end - clock.Milliseconds();
+    if (left <= 0 || !clock.WaitForEvent(std::min(left, kBetweenLooks))) {
+      link.Close();
+      return false;
+    }
+  }
+  return !link.IsLost();
 }
 
 bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds) {

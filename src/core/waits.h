@@ -24,6 +24,11 @@ bool MaySend(const PanelLink& link, const TickTimer& timer);
 /// Waits until the given number of milliseconds of ticks has passed, 0 to 30000.
 void WaitTicks(TickTimer& timer, int milliseconds);
 
+/// Waits until everything that was written to `link` has left, for as long as a line of its speed
+/// needs for that and two seconds more. False when the line is lost, the time is over or the
+/// program ends; the last two close the line, since what it has not taken by then is given up.
+bool DrainLink(PanelLink& link, MillisecondClock& clock);
+
 /// Waits until the given number of milliseconds has passed on the clock. False when the program's
 /// end cut the wait short.
 bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds);

@@ -225,6 +225,7 @@ TEST(ConfigurationDraftTest, TheKeyOfARemovedPanelIsDeletedAndEveryOtherLineStay
       "Unknown = value \r\n"
       "[Serial Ports]\r\n"
       "Com2=/dev/ttyUSB0\r\n"
+      "Com2Rts=0\r\n"
       "[Language]\r\n"
       "Language=2\r\n"
       "last line without an end");
@@ -256,6 +257,7 @@ TEST(ConfigurationDraftTest, TheKeyOfARemovedPanelIsDeletedAndEveryOtherLineStay
                                                    "Unknown = value \r\n"
                                                    "[Serial Ports]\r\n"
                                                    "Com2=/dev/ttyUSB0\r\n"
+                                                   "Com2Rts=0\r\n"
                                                    "[Language]\r\n"
                                                    "Language=2\r\n"
                                                    "last line without an end"));

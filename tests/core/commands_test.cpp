@@ -14,7 +14,7 @@ class Commands : public testing::Test {
 
   CommandReport Run(PanelCommand command, int id, const QString& page = {},
                     SendMode mode = SendMode::kSerial) {
-    Transmission transmission{link_, timer_, Store(), [](const QString&) {}};
+    Transmission transmission{link_, timer_, clock_, Store(), [](const QString&) {}};
     const QDateTime now(QDate(2025, 3, 5), QTime(14, 7, 9));
     return CarryOutCommand(transmission, mode, command, id, page, now);
   }
@@ -22,6 +22,7 @@ class Commands : public testing::Test {
   TemporaryProgramFolder folder_;
   VirtualTime time_;
   VirtualTickTimer timer_{time_};
+  VirtualClock clock_{time_};
   ScriptedLink link_{time_};
 };
 
@@ -111,6 +112,20 @@ TEST_F(Commands, PanelId0ObeysWithoutAnswering) {
   EXPECT_TRUE(Run(PanelCommand::kDeleteAll, 0).succeeded);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID00><D*>\r\n"});
   EXPECT_EQ(time_.Now(), 0);
+}
+
+TEST_F(Commands, ACommandToPanelId0IsDoneWhenItsBytesHaveLeft) {
+  link_.SendAt(300);
+  EXPECT_TRUE(Run(PanelCommand::kDeleteAll, 0).succeeded);
+  EXPECT_EQ(time_.Now(), 400);  // 12 bytes
+}
+
+TEST_F(Commands, ACommandToPanelId0OverALineThatTakesNothingHasFailed) {
+  link_.SendAt(0);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 0), QStringLiteral("Transmission error!"), kTitle,
+               false);
+  EXPECT_EQ(link_.Written().size(), 1);
+  EXPECT_EQ(time_.Now(), 12 + 3 + 2000);  // 12 bytes at 9600
 }
 
 TEST_F(Commands, SetClockOverTheSerialLineWaitsOnceAndIsDoneWhateverTheAnswer) {

@@ -206,6 +206,21 @@ TEST(ConfigurationStore, TheSerialPortsSectionNamesAnotherDevice) {
   EXPECT_EQ(SerialDevice(configuration, 40), QStringLiteral("/dev/y"));
 }
 
+TEST(ConfigurationStore, TheControlLinesAreThoseOfTheConfiguredPort) {
+  const auto lines = [](const QByteArray& keys) {
+    const Configuration configuration =
+        Read("[Communication]\r\nComPort=40\r\n[Serial Ports]\r\n" + keys);
+    return std::pair(configuration.dtr, configuration.rts);
+  };
+  using Line = std::optional<bool>;
+  EXPECT_EQ(lines(""), std::pair(Line(), Line()));
+  EXPECT_EQ(lines("Com40Dtr=0\r\nCom40Rts=1\r\n"), std::pair(Line(false), Line(true)));
+  EXPECT_EQ(lines("com40rts = 0 \r\n"), std::pair(Line(), Line(false)));
+  EXPECT_EQ(lines("Com2Dtr=0\r\nCom2Rts=0\r\n"), std::pair(Line(), Line()));
+  EXPECT_EQ(lines("Com40Dtr=\r\nCom40Rts=off\r\n"), std::pair(Line(), Line()))
+      << "what says neither 0 nor 1 leaves the line to the system";
+}
+
 TEST(ConfigurationStore, TheStoreIsLoadedFromTheProgramsFolder) {
   const TemporaryProgramFolder folder;
   folder.Write(QStringLiteral("brivon.ini"), "[Dimension Config]\r\nID003=4x96,Tri,1.2.3.4:80\r\n");

@@ -9,23 +9,6 @@
 namespace Brivon1 {
 namespace {
 
-class ScriptedPort : public SerialPort {
- public:
-  bool Open(const QString& device, const QByteArray& settings) override {
-    opened.append(device + QStringLiteral(" ") + QString::fromLatin1(settings));
-    return opens;
-  }
-  void Write(const QByteArray&) override {}
-  QByteArray ReadAvailable() override { return {}; }
-  bool IsLost() const override { return false; }
-  void Close() override { ++closed; }
-  QString FailureReason() const override { return {}; }
-
-  bool opens = true;
-  QStringList opened;
-  int closed = 0;
-};
-
 /// A clock that moves only while somebody waits, at most 40 ms at a time, as if events came
 /// between.
 class SteppingClock : public MillisecondClock {
@@ -40,9 +23,46 @@ class SteppingClock : public MillisecondClock {
   bool is_program_ending = false;
 };
 
-class ScriptedSocket : public TcpSocket {
+/// What a port and a socket do alike: they hold bytes until a moment, and note when they are
+/// closed.
+template <typename Link>
+class ScriptedEnd : public Link {
  public:
-  explicit ScriptedSocket(const SteppingClock& clock) : clock_(clock) {}
+  explicit ScriptedEnd(const SteppingClock& clock) : clock_(clock) {}
+
+  void Write(const QByteArray&) override {}
+  qint64 Unsent() const override { return clock_.now < sends_until ? 1 : 0; }
+  int Speed() const override { return 9600; }
+  QByteArray ReadAvailable() override { return {}; }
+  bool IsLost() const override { return false; }
+  void Close() override { closed_at.append(clock_.now); }
+  QString FailureReason() const override { return {}; }
+
+  qint64 sends_until = 0;
+  QList<qint64> closed_at;
+
+ protected:
+  const SteppingClock& clock_;
+};
+
+class ScriptedPort : public ScriptedEnd<SerialPort> {
+ public:
+  using ScriptedEnd::ScriptedEnd;
+
+  bool Open(const QString& device, const QByteArray& settings) override {
+    moves.append(device + QStringLiteral(" ") + QString::fromLatin1(settings));
+    return opens;
+  }
+  void SetDtr(bool raised) override { moves.append(QStringLiteral("DTR %1").arg(raised)); }
+  void SetRts(bool raised) override { moves.append(QStringLiteral("RTS %1").arg(raised)); }
+
+  bool opens = true;
+  QStringList moves;
+};
+
+class ScriptedSocket : public ScriptedEnd<TcpSocket> {
+ public:
+  using ScriptedEnd::ScriptedEnd;
 
   void Connect(const QString& host, int port) override {
     requests.append(QStringLiteral("%1 %2").arg(host).arg(port));
@@ -52,19 +72,12 @@ class ScriptedSocket : public TcpSocket {
     ++checks;
     return clock_.now - requested_at_ >= accepts_after;
   }
-  void Write(const QByteArray&) override {}
-  QByteArray ReadAvailable() override { return {}; }
-  bool IsLost() const override { return false; }
-  void Close() override { ++closed; }
-  QString FailureReason() const override { return {}; }
 
   qint64 accepts_after = 0;
   QStringList requests;
   mutable int checks = 0;
-  int closed = 0;
 
  private:
-  const SteppingClock& clock_;
   qint64 requested_at_ = 0;
 };
 
@@ -78,34 +91,71 @@ TEST(Links, Baudrate19200GivesTheSettingsText19200N81) {
 TEST(Links, TheSerialPortIsOpenedAtTheConfiguredPortAndSpeed) {
   const Configuration configuration =
       ReadConfiguration(IniFile("[Communication]\r\nBaudrate=19200\r\nComPort=3\r\n"));
-  ScriptedPort port;
+  SteppingClock clock;
+  ScriptedPort port(clock);
   EXPECT_TRUE(OpenSerialPort(port, configuration));
-  EXPECT_EQ(port.opened, QStringList{QStringLiteral("/dev/ttyS2 19200,N,8,1")});
+  EXPECT_EQ(port.moves, QStringList{QStringLiteral("/dev/ttyS2 19200,N,8,1")});
 }
 
 TEST(Links, ADeviceNamedForThePortIsOpenedInstead) {
   const Configuration configuration = ReadConfiguration(
       IniFile("[Communication]\r\nComPort=1\r\n[Serial Ports]\r\nCom1=/dev/ttyUSB0\r\n"));
-  ScriptedPort port;
+  SteppingClock clock;
+  ScriptedPort port(clock);
   EXPECT_TRUE(OpenSerialPort(port, configuration));
-  EXPECT_EQ(port.opened, QStringList{QStringLiteral("/dev/ttyUSB0 9600,N,8,1")});
+  EXPECT_EQ(port.moves, QStringList{QStringLiteral("/dev/ttyUSB0 9600,N,8,1")});
 }
 
 TEST(Links, ASerialPortThatCannotBeOpenedGivesFalse) {
-  ScriptedPort port;
+  SteppingClock clock;
+  ScriptedPort port(clock);
   port.opens = false;
   EXPECT_FALSE(OpenSerialPort(port, ReadConfiguration(IniFile())));
-  EXPECT_EQ(port.opened.size(), 1);
+  EXPECT_EQ(port.moves.size(), 1);
+}
+
+TEST(Links, TheControlLinesAreSetAsTheyAreConfiguredOnceThePortIsOpen) {
+  const auto moves = [](const QByteArray& lines) {
+    SteppingClock clock;
+    ScriptedPort port(clock);
+    EXPECT_TRUE(OpenSerialPort(port, ReadConfiguration(IniFile("[Serial Ports]\r\n" + lines))));
+    return port.moves.mid(1);
+  };
+  EXPECT_EQ(moves(""), QStringList());
+  EXPECT_EQ(moves("Com2Rts=0\r\n"), QStringList{QStringLiteral("RTS 0")});
+  EXPECT_EQ(moves("Com2Dtr=0\r\nCom2Rts=1\r\n"),
+            (QStringList{QStringLiteral("DTR 0"), QStringLiteral("RTS 1")}));
+  EXPECT_EQ(moves("Com1Dtr=0\r\nCom1Rts=0\r\n"), QStringList()) << "another port's";
+}
+
+TEST(Links, APortThatCannotBeOpenedHasNoControlLines) {
+  SteppingClock clock;
+  ScriptedPort port(clock);
+  port.opens = false;
+  EXPECT_FALSE(OpenSerialPort(port, ReadConfiguration(IniFile("[Serial Ports]\r\nCom2Rts=0\r\n"))));
+  EXPECT_EQ(port.moves.size(), 1);
 }
 
 TEST(Links, ClosingALinkIsAlwaysTrue) {
   SteppingClock clock;
-  ScriptedPort port;
+  ScriptedPort port(clock);
   ScriptedSocket socket(clock);
-  EXPECT_TRUE(CloseSerialPort(port));
-  EXPECT_TRUE(CloseTcpLink(socket));
-  EXPECT_EQ(port.closed, 1);
-  EXPECT_EQ(socket.closed, 1);
+  EXPECT_TRUE(CloseSerialPort(port, clock));
+  EXPECT_TRUE(CloseTcpLink(socket, clock));
+  EXPECT_EQ(port.closed_at, QList<qint64>{1000});
+  EXPECT_EQ(socket.closed_at, QList<qint64>{1000});
+}
+
+TEST(Links, ALinkIsClosedWhenWhatWasWrittenHasLeft) {
+  SteppingClock clock;
+  ScriptedPort port(clock);
+  ScriptedSocket socket(clock);
+  port.sends_until = 1500;
+  EXPECT_TRUE(CloseSerialPort(port, clock));
+  EXPECT_EQ(port.closed_at, QList<qint64>{1500});
+  socket.sends_until = 2500;
+  EXPECT_TRUE(CloseTcpLink(socket, clock));
+  EXPECT_EQ(socket.closed_at, QList<qint64>{2500});
 }
 
 TEST(Links, AConnectionIsRequestedOnceAndCheckedOnce500MillisecondsLater) {

@@ -30,7 +30,7 @@ class MessageTransmission : public testing::Test {
   }
 
   bool Send(const QString& path, int id, Dimension panel) {
-    Transmission transmission{link_, timer_, Store(), [this](const QString& text) {
+    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
                                 time_.Note(QStringLiteral("status \"%1\"").arg(text));
                               }};
     return SendMessageFile(transmission, path, id, "007", panel);
@@ -46,6 +46,7 @@ class MessageTransmission : public testing::Test {
   TemporaryProgramFolder folder_;
   VirtualTime time_;
   VirtualTickTimer timer_{time_};
+  VirtualClock clock_{time_};
   ScriptedLink link_{time_};
 };
 
@@ -179,6 +180,49 @@ TEST_F(MessageTransmission, TimelineForPanelId0) {
                                   QStringLiteral("@100 tick"),
                                   QStringLiteral("@200 tick"),
                               }));
+}
+
+TEST_F(MessageTransmission, ATransmissionToId0IsFinishedWhenItsBytesHaveLeft) {
+  link_.SendAt(1200);
+  // 2 frames of 20 and 100 bytes: a second.
+  const QString path = File({"<L01>", "<L02>" + QByteArray(80, 'x')});
+  EXPECT_TRUE(Send(path, 0, {2, 96}));
+  EXPECT_EQ(time_.Timeline().mid(4, 2),
+            (QStringList{QStringLiteral("@0 status \" Sending Line 2\""),
+                         QStringLiteral("@0 send <ID00><L02><P007>") + QString(80, u'x') +
+                             QStringLiteral(" [CR][LF]")}))
+      << "no pause between the rows";
+  EXPECT_EQ(time_.Now(), 1000 + 200) << "the pause begins when everything has left";
+}
+
+TEST_F(MessageTransmission, ATransmissionToId0OverALineThatTakesNothingHasFailed) {
+  link_.SendAt(0);
+  EXPECT_FALSE(Send(File({"<L01>", "<L02>" + QByteArray(80, 'x')}), 0, {2, 96}));
+  // 120 bytes at 9600, a quarter and two seconds more, and no pause.
+  EXPECT_EQ(time_.Now(), 125 + 31 + 2000);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@2156 close"));
+}
+
+TEST_F(MessageTransmission, APageToId0OverALineThatIsLostBehindItsLastRowHasFailed) {
+  link_.SendAt(300);
+  link_.StaySilent();
+  link_.LoseAfter(40);
+  EXPECT_FALSE(Send(File({"<L01>", "<L02>"}), 0, {2, 96}));
+  EXPECT_EQ(time_.Now(), 40);
+}
+
+TEST_F(MessageTransmission, ThePacingOfAcknowledgedFramesDoesNotDependOnWhatHasLeft) {
+  for (const int speed : {0, 300, 115200}) {
+    SCOPED_TRACE(speed);
+    const qint64 begin = time_.Now();
+    const qsizetype sent = link_.Written().size();
+    link_.SendAt(speed);
+    link_.AnswerAfter(30, "<ID1A>\r\n");
+    EXPECT_FALSE(Send(File({"<L01>" + QByteArray(5000, 'x'), "<L02>"}), 26, {2, 96}));
+    EXPECT_EQ(link_.Written().size() - sent, 1 + 5);
+    EXPECT_EQ(time_.Now() - begin, 30 + 5 * 1100);
+  }
+  EXPECT_FALSE(time_.Timeline().last().endsWith(QStringLiteral("close")));
 }
 
 TEST_F(MessageTransmission, AFailureOnLine3Of8LeavesLines1And2OnThePanelAndSendsNothingMore) {

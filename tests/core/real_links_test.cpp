@@ -1,6 +1,4 @@
 // The serial port and the socket by themselves, each with a raw other end.
-#include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
@@ -11,48 +9,47 @@
 
 #include <gtest/gtest.h>
 
+#include "core/links.h"
 #include "core/serial_link.h"
 #include "core/tcp_link.h"
+#include "core/tick_timer.h"
+#include "core/waits.h"
+#include "support/longest_freeze.h"
 #include "support/program_folder.h"
+#include "support/raw_terminal.h"
 
 namespace Brivon1 {
 namespace {
 
+/// A clock that handles events as the real one does, and is ten thousand times as fast.
+class HurriedClock : public MillisecondClock {
+ public:
+  qint64 Milliseconds() const override { return now_; }
+  bool WaitForEvent(qint64 at_most) override {
+    QTest::qWait(1);
+    now_ += 10000 * at_most;
+    return true;
+  }
+
+ private:
+  qint64 now_ = 0;
+};
+
 class SerialLinkTest : public testing::Test {
  protected:
   SerialLinkTest() {
-    if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0) {
-      qFatal("cannot open a pseudo-terminal");
-    }
-    device_ = QString::fromLocal8Bit(ptsname(master_));
-  }
-  ~SerialLinkTest() override { Unplug(); }
-
-  void Unplug() {
-    if (master_ >= 0) close(master_);
-    master_ = -1;
+    QObject::connect(&link_, &SerialLink::Happened, [this] { waiter_.Wake(); });
   }
 
-  void Send(const QByteArray& bytes) {
-    ASSERT_EQ(write(master_, bytes.constData(), static_cast<std::size_t>(bytes.size())),
-              bytes.size());
-  }
-
-  /// Everything that the other end has been sent so far.
-  QByteArray Receive() {
-    QByteArray received(65536, 0);
-    const ssize_t size = read(master_, received.data(), static_cast<std::size_t>(received.size()));
-    return received.first(std::max<ssize_t>(size, 0));
-  }
-
-  int master_ = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-  QString device_;
+  RawTerminal terminal_;
+  EventWaiter waiter_;
+  EventClock clock_{waiter_};
   SerialLink link_{nullptr};
 };
 
 TEST_F(SerialLinkTest, ReadingTakesInWhatWaitsInTheSystemsBuffer) {
-  ASSERT_TRUE(link_.Open(device_, "9600,N,8,1"));
-  Send("<ID1A>\r\n");
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  terminal_.Send("<ID1A>\r\n");
   // No event has been handled since.
   EXPECT_EQ(link_.ReadAvailable(), "<ID1A>\r\n");
   EXPECT_EQ(link_.ReadAvailable(), "");
@@ -61,28 +58,123 @@ TEST_F(SerialLinkTest, ReadingTakesInWhatWaitsInTheSystemsBuffer) {
 TEST_F(SerialLinkTest, EveryByteValuePassesBothWays) {
   QByteArray all;
   for (int value = 0; value < 256; ++value) all += static_cast<char>(value);
-  ASSERT_TRUE(link_.Open(device_, "9600,N,8,1"));
-  Send(all);
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  terminal_.Send(all);
   EXPECT_EQ(link_.ReadAvailable(), all);
   link_.Write(all);
   link_.Close();
-  EXPECT_EQ(Receive(), all);
+  EXPECT_EQ(terminal_.Received(), all);
 }
 
 TEST_F(SerialLinkTest, WhatWasWrittenIsOnItsWayBeforeThePortIsClosed) {
-  ASSERT_TRUE(link_.Open(device_, "9600,N,8,1"));
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
   link_.Write("<ID1A><?>\r\n");
   link_.Close();
-  EXPECT_EQ(Receive(), "<ID1A><?>\r\n");
+  EXPECT_EQ(terminal_.Received(), "<ID1A><?>\r\n");
+}
+
+TEST_F(SerialLinkTest, FramesOfAnyLengthPassALineThatReadsThemSlowly) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "2000000,N,8,1"));
+  terminal_.ReadAt(200000);
+  QByteArray sent;
+  for (const int length : {11, 1800, 9000, 100000, 18}) {
+    const QByteArray frame(length, static_cast<char>('a' + length % 26));
+    link_.Write(frame);
+    sent += frame;
+  }
+  EXPECT_FALSE(link_.IsLost());
+  EXPECT_GT(link_.Unsent(), 50000) << "more than a pseudo-terminal takes at once";
+  LongestFreeze freeze;
+  EXPECT_TRUE(CloseSerialPort(link_, clock_));
+  EXPECT_LT(freeze.Milliseconds(), 1000);
+  EXPECT_EQ(link_.Unsent(), 0);
+  EXPECT_EQ(terminal_.Received(), sent);
+}
+
+TEST_F(SerialLinkTest, AnAnswerIsReadWhileAFrameWaits) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  link_.Write(QByteArray(100000, 'x'));
+  terminal_.Send("<ID1A>\r\n");
+  EXPECT_EQ(link_.ReadAvailable(), "<ID1A>\r\n");
+  EXPECT_FALSE(link_.IsLost());
+}
+
+TEST_F(SerialLinkTest, ALineThatTakesNothingIsGivenUpWhileTheWindowLives) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  link_.Write(QByteArray(100000, 'x'));
+  HurriedClock clock;
+  LongestFreeze freeze;
+  EXPECT_FALSE(DrainLink(link_, clock));
+  EXPECT_GE(clock.Milliseconds(), 2000);
+  EXPECT_LT(freeze.Milliseconds(), 1000);
+  EXPECT_EQ(link_.Unsent(), 0);
+  EXPECT_FALSE(link_.IsLost());
+  // The next transmission begins with a line of which nothing is left over.
+  terminal_.Received();
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  const qsizetype before = terminal_.Received().size();
+  link_.Write("<ID1A><?>\r\n");
+  EXPECT_TRUE(CloseSerialPort(link_, clock_));
+  EXPECT_EQ(terminal_.Received().mid(before), "<ID1A><?>\r\n");
+}
+
+TEST_F(SerialLinkTest, APortThatIsLostWhileAFrameWaitsIsFoundOut) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "300,N,8,1"));
+  link_.Write(QByteArray(100000, 'x'));
+  EXPECT_GT(link_.Unsent(), 0);
+  terminal_.Unplug();
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_TRUE(link_.IsLost());
+  EXPECT_EQ(link_.Unsent(), 0);
+}
+
+TEST_F(SerialLinkTest, ThePortStandsAtItsSpeedAndFormatWhenItIsOpened) {
+  auto* port = link_.findChild<QSerialPort*>(QStringLiteral("Comm1"));
+  QList<bool> was_open;
+  QObject::connect(port, &QSerialPort::baudRateChanged, [&] { was_open.append(port->isOpen()); });
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "19200,N,8,1"));
+  EXPECT_EQ(was_open, QList<bool>{false});
+  EXPECT_EQ(port->baudRate(), 19200);
+  EXPECT_EQ(port->dataBits(), QSerialPort::Data8);
+  EXPECT_EQ(port->parity(), QSerialPort::NoParity);
+  EXPECT_EQ(port->stopBits(), QSerialPort::OneStop);
+  EXPECT_EQ(port->flowControl(), QSerialPort::NoFlowControl);
+  EXPECT_EQ(link_.Speed(), 19200);
+  EXPECT_EQ(terminal_.Speed(), static_cast<speed_t>(B19200));
+}
+
+TEST_F(SerialLinkTest, ASpeedOf0CannotBeOpened) {
+  for (const char* settings : {"0,N,8,1", "fast,N,8,1", ""}) {
+    EXPECT_FALSE(link_.Open(terminal_.Device(), settings));
+    EXPECT_EQ(link_.FailureReason(), terminal_.Device() + QStringLiteral(": 0 baud"));
+  }
+  EXPECT_TRUE(link_.Open(terminal_.Device(), "300,N,8,1"));
+}
+
+TEST_F(SerialLinkTest, APortWithoutControlLinesGoesOnWithoutThem) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  int refused = 0;  // a pseudo-terminal has none, so that the port refuses what it is asked for
+  QObject::connect(link_.findChild<QSerialPort*>(QStringLiteral("Comm1")),
+                   &QSerialPort::errorOccurred, [&] { ++refused; });
+  link_.SetDtr(false);
+  EXPECT_GT(refused, 0);
+  const int before = refused;
+  link_.SetRts(false);
+  EXPECT_GT(refused, before);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(link_.IsLost());
+  link_.Write("<ID1A><?>\r\n");
+  EXPECT_TRUE(CloseSerialPort(link_, clock_));
+  EXPECT_EQ(terminal_.Received(), "<ID1A><?>\r\n");
 }
 
 TEST_F(SerialLinkTest, ALostPortIsFoundOutKeepsWhatCameBeforeAndCanBeClosed) {
   // Through a link that goes with the port: the system may give the port's own name away again.
   const TemporaryProgramFolder folder;
   const QString port = folder.Path(QStringLiteral("port"));
-  ASSERT_TRUE(QFile::link(device_, port));
+  ASSERT_TRUE(QFile::link(terminal_.Device(), port));
   ASSERT_TRUE(link_.Open(port, "9600,N,8,1"));
-  Unplug();
+  terminal_.Unplug();
   ASSERT_TRUE(QFile::remove(port));
   EXPECT_TRUE(QTest::qWaitFor([this] { return link_.IsLost(); }));
   link_.Write("nobody is there");
@@ -154,6 +246,8 @@ class TcpLinkTest : public testing::Test {
 
   QTcpServer server_;
   QTcpSocket* panel_ = nullptr;
+  EventWaiter waiter_;
+  EventClock clock_{waiter_};
   TcpLink link_{nullptr};
 };
 
@@ -174,13 +268,37 @@ TEST_F(TcpLinkTest, WhatArrivedBeforeTheLineWasLostCanStillBeRead) {
   link_.Close();
 }
 
-TEST_F(TcpLinkTest, WhatWasWrittenIsOnItsWayBeforeTheSocketIsClosed) {
-  QByteArray frame(100000, 'x');
+TEST_F(TcpLinkTest, WhatWasWrittenHasLeftBeforeTheSocketIsClosed) {
+  // More than the system takes at once.
+  const QByteArray frame(20'000'000, 'x');
   link_.Write(frame);
-  QByteArray received;
-  QObject::connect(panel_, &QTcpSocket::readyRead, panel_, [&] { received += panel_->readAll(); });
-  link_.Close();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return received.size() == frame.size(); }));
+  EXPECT_GT(link_.Unsent(), 0);
+  qsizetype received = 0;
+  QObject::connect(panel_, &QTcpSocket::readyRead, panel_,
+                   [&] { received += panel_->readAll().size(); });
+  EXPECT_TRUE(CloseTcpLink(link_, clock_));
+  EXPECT_FALSE(link_.IsConnected());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return received == frame.size(); }));
+  EXPECT_TRUE(
+      QTest::qWaitFor([this] { return panel_->state() == QAbstractSocket::UnconnectedState; }));
+}
+
+TEST_F(TcpLinkTest, APanelThatTakesNothingIsGivenUpWhileTheWindowLives) {
+  panel_->setReadBufferSize(1);
+  link_.Write(QByteArray(20'000'000, 'x'));
+  HurriedClock clock;
+  LongestFreeze freeze;
+  EXPECT_FALSE(DrainLink(link_, clock));
+  EXPECT_LT(freeze.Milliseconds(), 1000);
+  EXPECT_FALSE(link_.IsConnected());
+  EXPECT_EQ(link_.Unsent(), 0);
+}
+
+TEST_F(TcpLinkTest, WhatThePanelHasNotTakenFromTheSystemHasNotLeft) {
+  panel_->setReadBufferSize(1);
+  link_.Write(QByteArray(20'000'000, 'x'));
+  auto* socket = link_.findChild<QTcpSocket*>(QStringLiteral("Winsock1"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return link_.Unsent() > socket->bytesToWrite(); }));
 }
 
 TEST_F(TcpLinkTest, ASocketThatIsInUseIsClosedByTheNextRequest) {

@@ -51,7 +51,7 @@ class ScheduleTransmission : public testing::Test {
   }
 
   bool SendFile(const QString& path, int id = 10, const QString& letter = QStringLiteral("A")) {
-    Transmission transmission{link_, timer_, Store(), [this](const QString& text) {
+    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
                                 time_.Note(QStringLiteral("status \"%1\"").arg(text));
                               }};
     return SendScheduleFile(transmission, path, id, letter,
@@ -82,6 +82,7 @@ class ScheduleTransmission : public testing::Test {
   TemporaryProgramFolder folder_;
   VirtualTime time_;
   VirtualTickTimer timer_{time_};
+  VirtualClock clock_{time_};
   ScriptedLink link_{time_};
   QStringList shown_;
 };
@@ -305,6 +306,25 @@ TEST_F(ScheduleTransmission, AllPanelsAreSentToWithoutWaitingForAnAnswer) {
   EXPECT_EQ(link_.Written(),
             (QList<QByteArray>{"<ID00><L01><P001>A \r\n", "<ID00><TA>*****00105A\r\n"}));
   EXPECT_EQ(time_.Now(), 200 + 3 * 200);
+}
+
+TEST_F(ScheduleTransmission, AScheduleForAllPanelsIsFinishedWhenItsBytesHaveLeft) {
+  link_.SendAt(300);
+  const QString a = Message(QStringLiteral("a.msg"), "A");
+  EXPECT_TRUE(Send(ScheduleOf({{a}}), 0));
+  // A page of 21 bytes and the four pauses behind it, then a schedule of 23.
+  const QStringList timeline = time_.Timeline();
+  EXPECT_TRUE(timeline.contains(QStringLiteral("@1500 send <ID00><TA>*****00105A[CR][LF]")))
+      << timeline.join(QLatin1Char('\n')).toStdString();
+  EXPECT_EQ(timeline.last(), QStringLiteral("@2270 status \"<--- Ack\""));
+}
+
+TEST_F(ScheduleTransmission, AScheduleForAllPanelsOverALineThatTakesNothingHasFailed) {
+  const QString a = Message(QStringLiteral("a.msg"), "A");
+  link_.SendAt(0);
+  EXPECT_FALSE(Send(ScheduleOf({{a}}), 0));
+  EXPECT_EQ(shown_, QStringList(QStringLiteral("Error in sending %1!").arg(a)));
+  EXPECT_EQ(link_.Written().size(), 1) << "the schedule does not follow a page that has not left";
 }
 
 TEST_F(ScheduleTransmission, AFailureInTheSecondFileNamesItAndSendsNothingMore) {

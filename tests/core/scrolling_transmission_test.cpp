@@ -25,7 +25,7 @@ class ScrollingTransmission : public testing::Test {
   }
 
   bool Send(const QString& path, int id, int line) {
-    Transmission transmission{link_, timer_, Store(), [this](const QString& text) {
+    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
                                 time_.Note(QStringLiteral("status \"%1\"").arg(text));
                               }};
     return SendScrollingFile(transmission, path, id, line);
@@ -47,6 +47,7 @@ class ScrollingTransmission : public testing::Test {
   TemporaryProgramFolder folder_;
   VirtualTime time_;
   VirtualTickTimer timer_{time_};
+  VirtualClock clock_{time_};
   ScriptedLink link_{time_};
 };
 
@@ -139,6 +140,22 @@ TEST_F(ScrollingTransmission, TimelineForPanelId0) {
                                   QStringLiteral("@400 tick"),
                                   QStringLiteral("@500 tick"),
                               }));
+}
+
+TEST_F(ScrollingTransmission, ALongMessageToId0IsFinishedWhenItsBytesHaveLeft) {
+  link_.SendAt(9600);
+  EXPECT_TRUE(Send(File(QByteArray(9588, 'x')), 0, 2));  // 9600 bytes with the rest of the frame
+  EXPECT_EQ(time_.Timeline().last(2),
+            (QStringList{QStringLiteral("@10100 tick"), QStringLiteral("@10200 tick")}));
+  EXPECT_EQ(time_.Timeline().at(time_.Timeline().size() - 3),
+            QStringLiteral("@10000 status \"<--- Ack\""));
+}
+
+TEST_F(ScrollingTransmission, AMessageToId0OverALineThatTakesNothingHasFailed) {
+  link_.SendAt(0);
+  EXPECT_FALSE(Send(File(QByteArray(84, 'x')), 0, 2));  // 96 bytes, a tenth of a second
+  EXPECT_EQ(time_.Now(), 300 + 100 + 25 + 2000);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@2425 close"));
 }
 
 TEST_F(ScrollingTransmission, Panel18Line2OnAThreeColourPanelReceivesTheTextAsItIs) {

@@ -131,6 +131,16 @@ TEST_F(Waits, TheEndOfTheProgramEndsEveryWait) {
   EXPECT_EQ(time_.Now(), 0);
 }
 
+TEST_F(Waits, TheEndOfTheProgramIsNotTakenBackByALateByte) {
+  timer_.EndOneWait();
+  WaitTicks(timer_, 300);
+  EXPECT_TRUE(timer_.program_ends);
+  link_.Receive("<ID");
+  EXPECT_FALSE(WaitForAck(link_, timer_, 26));
+  EXPECT_TRUE(timer_.program_ends);
+  EXPECT_FALSE(MaySend(link_, timer_));
+}
+
 TEST_F(Waits, WaitTicksCountsTheTicks) {
   WaitTicks(timer_, 300);
   EXPECT_EQ(time_.Timeline(), TicksAt(100, 300));
@@ -178,6 +188,63 @@ TEST_F(Waits, WaitMillisecondsTakesExactlyItsTime) {
 TEST_F(Waits, WaitMillisecondsOf0ReturnsAtOnce) {
   WaitMilliseconds(clock_, 0);
   EXPECT_EQ(time_.Now(), 0);
+}
+
+TEST_F(Waits, ALineThatHasSentEverythingIsDrainedInNoTime) {
+  link_.Write("x");
+  EXPECT_TRUE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 0);
+}
+
+TEST_F(Waits, ADrainTakesTheTimeThatTheSpeedOfTheLineGives) {
+  struct Case {
+    int speed;
+    qint64 milliseconds;  // for 960 bytes of ten bits, up to the next look, of which there are 100
+                          // a second
+  };
+  for (const auto& [speed, milliseconds] :
+       {Case{300, 32000}, Case{1200, 8000}, Case{2400, 4000}, Case{4800, 2000}, Case{9600, 1000},
+        Case{19200, 500}, Case{38400, 250}, Case{57600, 170}, Case{115200, 90}}) {
+    const qint64 begin = time_.Now();
+    link_.SendAt(speed);
+    link_.Write(QByteArray(960, 'x'));
+    EXPECT_TRUE(DrainLink(link_, clock_)) << speed;
+    EXPECT_EQ(time_.Now() - begin, milliseconds) << speed;
+    EXPECT_EQ(link_.Unsent(), 0);
+  }
+}
+
+TEST_F(Waits, ALineThatTakesNothingIsGivenUpAQuarterAndTwoSecondsAfterItsTime) {
+  link_.SendAt(0);
+  link_.Write(QByteArray(960, 'x'));  // a second at 9600
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 1000 + 250 + 2000);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@3250 close"));
+}
+
+TEST_F(Waits, ALineThatIsJustInTimeIsNotGivenUp) {
+  link_.SendAt(0);
+  link_.Write(QByteArray(960, 'x'));
+  time_.Schedule(3249, [this] { link_.TakeEverything(); });
+  EXPECT_TRUE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 3249);
+}
+
+TEST_F(Waits, ALostLineEndsTheDrainAtOnce) {
+  link_.SendAt(300);
+  link_.LoseAfter(55);
+  link_.Write(QByteArray(960, 'x'));
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 55);
+}
+
+TEST_F(Waits, TheEndOfTheProgramEndsTheDrainAndGivesTheRestUp) {
+  link_.SendAt(300);
+  link_.Write(QByteArray(960, 'x'));
+  clock_.EndProgram();
+  EXPECT_FALSE(DrainLink(link_, clock_));
+  EXPECT_EQ(time_.Now(), 0);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@0 close"));
 }
 
 }  // namespace

@@ -1,6 +1,13 @@
 #include "support/virtual_time.h"
 
+#include <algorithm>
 #include <utility>
+
+namespace {
+
+constexpr qint64 kBitMillisecondsOfAByte = 10 * 1000;
+
+}  // namespace
 
 void VirtualTime::Schedule(qint64 after, std::function<void()> action) {
   due_.emplace(now_ + after, std::move(action));
@@ -40,12 +47,14 @@ void VirtualTickTimer::ScheduleTick() {
 }
 
 bool VirtualTickTimer::WaitForEvent() {
+  if (std::exchange(ends_one_wait_, false)) return false;
   if (program_ends_) return false;
   time_.Advance();
   return true;
 }
 
 bool VirtualClock::WaitForEvent(qint64 at_most) {
+  if (program_ends_) return false;
   time_.Advance(at_most);
   return true;
 }
@@ -73,6 +82,11 @@ void ScriptedLink::Write(const QByteArray& bytes) {
   time_.Note(QStringLiteral("send ") +
              QString::fromLatin1(shown.replace("\r", "[CR]").replace("\n", "[LF]")));
   written_.append(bytes);
+  if (speed_ > 0) {
+    busy_to_ = std::max(busy_to_, time_.Now() * speed_) + bytes.size() * kBitMillisecondsOfAByte;
+  } else if (speed_ == 0) {
+    stuck_ += bytes.size();
+  }
   if (answers_.isEmpty()) return;
   for (const Event& event : answers_.takeFirst()) {
     time_.Schedule(event.after, [this, event] {
@@ -83,6 +97,27 @@ void ScriptedLink::Write(const QByteArray& bytes) {
       }
     });
   }
+}
+
+void ScriptedLink::SendAt(int bits_per_second) {
+  speed_ = bits_per_second;
+  busy_to_ = 0;
+}
+
+void ScriptedLink::TakeEverything() {
+  busy_to_ = 0;
+  stuck_ = 0;
+}
+
+qint64 ScriptedLink::Unsent() const {
+  if (lost_ || closed_) return 0;
+  const qint64 left = speed_ > 0 ? std::max<qint64>(busy_to_ - time_.Now() * speed_, 0) : 0;
+  return stuck_ + (left + kBitMillisecondsOfAByte - 1) / kBitMillisecondsOfAByte;
+}
+
+void ScriptedLink::Close() {
+  closed_ = true;
+  time_.Note(QStringLiteral("close"));
 }
 
 QByteArray ScriptedLink::ReadAvailable() {

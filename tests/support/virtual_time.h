@@ -46,6 +46,9 @@ class VirtualTickTimer : public Brivon1::TickTimer {
   /// Waits answer from now on as they do when the program ends.
   void EndProgram() { program_ends_ = true; }
 
+  /// The next wait is cut short by the program's end, the ones behind it by late events.
+  void EndOneWait() { ends_one_wait_ = true; }
+
  private:
   void ScheduleTick();
 
@@ -53,6 +56,7 @@ class VirtualTickTimer : public Brivon1::TickTimer {
   bool enabled_ = false;
   int run_ = 0;  // ticks of an earlier run do not count
   bool program_ends_ = false;
+  bool ends_one_wait_ = false;
 };
 
 class VirtualClock : public Brivon1::MillisecondClock {
@@ -62,8 +66,12 @@ class VirtualClock : public Brivon1::MillisecondClock {
   qint64 Milliseconds() const override { return 1000000 + time_.Now(); }
   bool WaitForEvent(qint64 at_most) override;
 
+  /// Waits answer from now on as they do when the program ends.
+  void EndProgram() { program_ends_ = true; }
+
  private:
   VirtualTime& time_;
+  bool program_ends_ = false;
 };
 
 /// A line whose other end does what the test says.
@@ -85,6 +93,13 @@ class ScriptedLink : public Brivon1::PanelLink {
   void LoseAfter(qint64 after);
   void AndLoseAfter(qint64 after);
 
+  /// What is written from now on leaves at this speed, ten bits a byte; until then it leaves at
+  /// once. At 0 nothing leaves, of a line that should send at 9600.
+  void SendAt(int bits_per_second);
+
+  /// Everything that has not left leaves now.
+  void TakeEverything();
+
   /// Bytes that are already waiting on the line.
   void Receive(const QByteArray& bytes) { input_ += bytes; }
 
@@ -93,8 +108,10 @@ class ScriptedLink : public Brivon1::PanelLink {
 
   void Write(const QByteArray& bytes) override;
   QByteArray ReadAvailable() override;
+  qint64 Unsent() const override;
+  int Speed() const override { return speed_ > 0 ? speed_ : 9600; }
   bool IsLost() const override { return lost_; }
-  void Close() override {}
+  void Close() override;
   QString FailureReason() const override { return {}; }
 
  private:
@@ -110,6 +127,10 @@ class ScriptedLink : public Brivon1::PanelLink {
   QList<QByteArray> written_;
   int reads_ = 0;
   bool lost_ = false;
+  bool closed_ = false;
+  int speed_ = -1;      // -1 for a line that needs no time
+  qint64 busy_to_ = 0;  // when the last bit leaves, in milliseconds times the speed
+  qint64 stuck_ = 0;    // bytes that never leave
 };
 
 /// "@100 tick", "@200 tick", ... for every 100 ms from `first` to `last`.
