@@ -7,6 +7,7 @@
 #include "app/caption_loader.h"
 #include "app/launcher_layout.h"
 #include "app/module_language.h"
+#include "core/code_page.h"
 #include "core/configuration_store.h"
 #include "core/ini_file.h"
 #include "ui_frmMain.h"
@@ -38,6 +39,7 @@ frmMain::frmMain(std::vector<TaskWindow> windows)
   SetUpButtons();
 
   Brivon1::LoadConfiguration();
+  Brivon1::CodePage::SetSystem(Brivon1::Store().code_page);
   const int language = Brivon1::IniFile::Load(Brivon1::ConfigurationPath())
                            .Integer("Language", "Language", kEnglish);
   if (language == kLanguageFile) {

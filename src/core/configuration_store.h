@@ -44,6 +44,7 @@ struct Configuration {
   int baud_rate = 0;
   qint16 com_port = 0;                       ///< Serial port number; port 2 is the second port.
   qint16 delay_period = 0;                   ///< Milliseconds, 0 to 30000.
+  int code_page = 0;                         ///< As it is named; 0 where it is not.
   std::map<int, QByteArray> serial_devices;  ///< Devices named for a port number.
 
   SendMode Mode() const;
