@@ -17,6 +17,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include "core/code_page.h"
 #include "engine_json.h"
 #include "panel_lines.h"
 #include "panel_window.h"
@@ -121,6 +122,10 @@ struct Options {
           .arg(kMostScrollSpeed)
           .arg(kUsualScrollSpeed),
       QStringLiteral("N"), QString::number(kUsualScrollSpeed)};
+  QCommandLineOption code_page{
+      QStringLiteral("code-page"),
+      QStringLiteral("The code page of what is received, 874 or 1250 to 1258 (the system's)."),
+      QStringLiteral("N")};
 };
 
 class Program {
@@ -134,7 +139,7 @@ class Program {
     parser.addOptions({options_.help, options_.panel, options_.tcp, options_.serial, options_.baud,
                        options_.pty, options_.headless, options_.log, options_.state,
                        options_.picture, options_.fault, options_.clock_answer, options_.play,
-                       options_.scroll_speed});
+                       options_.scroll_speed, options_.code_page});
     if (!parser.parse(application_->arguments())) return Complain(parser.errorText());
     if (parser.isSet(options_.help)) {
       std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
@@ -151,7 +156,8 @@ class Program {
     }
     QString error;
     if (!MakeEngine(parser, &error) || !ReadPlaying(parser, &error) ||
-        !StartRecords(parser, &error) || !OpenLines(parser, &error)) {
+        !ReadCodePage(parser, &error) || !StartRecords(parser, &error) ||
+        !OpenLines(parser, &error)) {
       return Complain(error);
     }
     if (has_window) ShowWindow(parser.value(options_.picture));
@@ -219,6 +225,18 @@ class Program {
                    .arg(kMostScrollSpeed);
       return false;
     }
+    return true;
+  }
+
+  bool ReadCodePage(const QCommandLineParser& parser, QString* error) {
+    if (!parser.isSet(options_.code_page)) return true;
+    const QString text = parser.value(options_.code_page);
+    const int number = text.toInt();
+    if (!Brivon1::CodePage::IsKnown(number)) {
+      *error = QStringLiteral("code page \"%1\": expected 874 or 1250 to 1258").arg(text);
+      return false;
+    }
+    Brivon1::CodePage::SetSystem(number);
     return true;
   }
 

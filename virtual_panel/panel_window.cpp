@@ -24,6 +24,8 @@
 #include <QVBoxLayout>
 #include <QtMath>
 
+#include "core/code_page.h"
+
 namespace VirtualPanel {
 namespace {
 
@@ -164,17 +166,18 @@ QString PageText(const PanelEngine& engine, int id, int page) {
 }  // namespace
 
 QString VisibleText(const QByteArray& bytes) {
+  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
   QString text;
   for (const char byte : bytes.first(qMin(bytes.size(), kMostVisibleBytes))) {
-    const auto value = static_cast<unsigned char>(byte);
     if (byte == '\r') {
       text += QLatin1String("<CR>");
     } else if (byte == '\n') {
       text += QLatin1String("<LF>");
-    } else if (value < 0x20 || (value >= 0x7F && value < 0xA0)) {
+    } else if (!code_page.IsPrintable(byte)) {
+      const auto value = static_cast<unsigned char>(byte);
       text += QStringLiteral("<%1>").arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
     } else {
-      text += QLatin1Char(byte);
+      text += code_page.ToCharacter(byte);
     }
   }
   if (bytes.size() > kMostVisibleBytes) text += QChar(0x2026);

@@ -111,8 +111,8 @@ class PanelWindow : public QMainWindow {
   QTimer entrance_timer_;
 };
 
-// Bytes as a reader can see them: "<CR>", "<LF>", other control characters as "<07>", a long text
-// cut.
+// Bytes as a reader can see them, in the code page: "<CR>", "<LF>", other control characters and
+// undefined bytes as "<07>", a long text cut.
 QString VisibleText(const QByteArray& bytes);
 
 }  // namespace VirtualPanel
