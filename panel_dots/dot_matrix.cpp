@@ -6,6 +6,7 @@
 
 #include <QLocale>
 
+#include "core/code_page.h"
 #include "panel_dots/dot_glyphs.h"
 
 namespace PanelDots {
@@ -50,16 +51,10 @@ Dot RainbowDot(int x) {
   return kRun[static_cast<unsigned>(x) / kColumnsOfAColour % kRun.size()];
 }
 
-// A byte as the Western code page 1252 has it; control characters and undefined bytes are blanks.
+// A byte as the code page has it; control characters and undefined bytes are blanks.
 QChar CharacterOf(char byte) {
-  static constexpr std::array<char16_t, 32> kUpperControls = {
-      0x20AC, u' ',   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-      0x2039, 0x0152, u' ',   0x017D, u' ',   u' ',   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, u' ',   0x017E, 0x0178};
-  const auto value = static_cast<unsigned char>(byte);
-  if (value < 0x20 || value == 0x7F) return QLatin1Char(' ');
-  if (value >= 0x80 && value < 0xA0) return QChar(kUpperControls[value - 0x80U]);
-  return QChar(ushort(value));
+  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
+  return code_page.IsPrintable(byte) ? code_page.ToCharacter(byte) : QChar(u' ');
 }
 
 int CharacterColumns(const Cell& cell) {

@@ -4,6 +4,7 @@
 
 #include <QCommandLineParser>
 
+#include "core/code_page.h"
 #include "engine/schedule.h"
 
 namespace VirtualPanel {
@@ -63,6 +64,10 @@ struct Names {
           .arg(PanelDots::kMostScrollSpeed)
           .arg(PanelDots::kUsualScrollSpeed),
       QStringLiteral("N"), QString::number(PanelDots::kUsualScrollSpeed)};
+  QCommandLineOption code_page{
+      QStringLiteral("code-page"),
+      QStringLiteral("The code page of what is received, 874 or 1250 to 1258 (the system's)."),
+      QStringLiteral("N")};
 };
 
 // Reads the values of the options one after the other; the first bad one ends it.
@@ -73,7 +78,7 @@ class Reader {
   std::variant<Options, HelpText, BadUse> Read() {
     options_.headless = parser_.isSet(names_.headless);
     if (!ReadPanels() || !ReadFaults() || !ReadClockAnswer() || !ReadPlay() || !ReadScrollSpeed() ||
-        !ReadFiles() || !ReadLines()) {
+        !ReadCodePage() || !ReadFiles() || !ReadLines()) {
       return BadUse{error_};
     }
     return options_;
@@ -149,6 +154,15 @@ class Reader {
                       .arg(PanelDots::kMostScrollSpeed));
   }
 
+  bool ReadCodePage() {
+    if (!parser_.isSet(names_.code_page)) return true;
+    const QString text = parser_.value(names_.code_page);
+    options_.code_page = text.toInt();
+    if (Brivon1::CodePage::IsKnown(*options_.code_page)) return true;
+    return Refuse(
+        QStringLiteral("code page \"%1\": expected 874 or 1250 to 1258").arg(text));
+  }
+
   bool ReadFiles() {
     if (parser_.isSet(names_.picture) && options_.headless) {
       return Refuse(QStringLiteral("a picture needs the window: not with --headless"));
@@ -189,7 +203,7 @@ std::variant<Options, HelpText, BadUse> ParseOptions(const QStringList& argument
       QStringLiteral("LED text panels on the desk: what they are sent is acknowledged and shown."));
   parser.addOptions({names.help, names.panel, names.tcp, names.serial, names.baud, names.pty,
                      names.headless, names.log, names.state, names.picture, names.fault,
-                     names.clock_answer, names.play, names.scroll_speed});
+                     names.clock_answer, names.play, names.scroll_speed, names.code_page});
   if (!parser.parse(arguments)) return BadUse{parser.errorText()};
   if (parser.isSet(names.help)) return HelpText{parser.helpText()};
   if (!parser.positionalArguments().isEmpty()) {

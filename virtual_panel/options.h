@@ -21,6 +21,7 @@ struct Options {
   std::optional<int> clock_answer;      // the ID of a panel; none: nobody
   std::optional<char> play_on_arrival;  // the letter of a schedule
   int scroll_speed = PanelDots::kUsualScrollSpeed;
+  std::optional<int> code_page;  // none: that of the system
   bool headless = false;
   std::optional<QString> log;
   std::optional<QString> state;

@@ -4,6 +4,8 @@
 
 #include <QBuffer>
 
+#include "core/code_page.h"
+
 namespace VirtualPanel {
 
 void Say(const QString& line) {
@@ -18,6 +20,7 @@ void Complain(const QString& line) {
 }
 
 Program::Program(const Options& options) : options_(options), engine_(options.panels) {
+  if (options_.code_page) Brivon1::CodePage::SetSystem(*options_.code_page);
   engine_.SetFaults(options_.faults);
   if (options_.sets_clock_answer) engine_.SetClockAnswer(options_.clock_answer);
   engine_.SetPlayOnArrival(options_.play_on_arrival);

@@ -8,6 +8,7 @@
 #include "app/launcher_layout.h"
 #include "app/module_language.h"
 #include "app/session_end.h"
+#include "core/code_page.h"
 #include "core/configuration_store.h"
 #include "core/ini_file.h"
 #include "ui_frmMain.h"
@@ -40,6 +41,7 @@ frmMain::frmMain(std::vector<TaskWindow> windows)
   new SessionEnd([this] { return open_window_.data(); }, this);
 
   Brivon1::LoadConfiguration();
+  Brivon1::CodePage::SetSystem(Brivon1::Store().code_page);
   const int language = Brivon1::IniFile::Load(Brivon1::ConfigurationPath())
                            .Integer("Language", "Language", kEnglish);
   if (language == kLanguageFile) {

@@ -18,6 +18,13 @@ QString Cut(const QString& text) {
   return text.left(text[kLongestValue - 1].isHighSurrogate() ? kLongestValue - 1 : kLongestValue);
 }
 
+/// A text as it comes back from a file that holds it in the code page.
+QString AsStored(const QString& text) {
+  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
+  const auto bytes = code_page.ToBytes(text);
+  return bytes ? code_page.ToText(*bytes) : text;
+}
+
 }  // namespace
 
 bool IsLanguageActive() { return language_active; }
@@ -60,7 +67,8 @@ QChar FeatureCodeFromName(const QString& name) {
   const LanguageFile file;
   for (int n = 0; n < kFeatureEntries; ++n) {
     const QString key = QStringLiteral("ListFeature.List(%1)").arg(n);
-    if (file.Find(QStringLiteral("frmDelay"), key) == name) return QChar(u'A' + n);
+    const auto entry = file.Find(QStringLiteral("frmDelay"), key);
+    if (entry && (*entry == name || AsStored(*entry) == name)) return QChar(u'A' + n);
   }
   return {};
 }

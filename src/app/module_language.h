@@ -45,7 +45,8 @@ QString TranslateMessage(const QString& text);
 QString TranslateMessage(const QString& text, const QString& missing);
 
 /// The code letter "A" to "J" of a display feature named in the user's language: the place of the
-/// first entry "ListFeature.List(0)" to "(9)" that equals `name`. An empty QChar when none does.
+/// first entry "ListFeature.List(0)" to "(9)" that equals `name`, as the language file has it or as
+/// a schedule file holds it. An empty QChar when none does.
 QChar FeatureCodeFromName(const QString& name);
 
 /// The titles of the editors' file dialogs, which the caption loaders replace.

@@ -1,99 +1,58 @@
 #include "core/code_page.h"
 
-#include <QStringDecoder>
+#include <algorithm>
+
+#include "core/code_page_tables.h"
+#include "core/system_code_page.h"
 
 namespace Brivon1 {
 namespace {
 
-constexpr const char* kWestern = "windows-1252";
+/// More marks than a letter has; their order is worked out in quadratic time.
+constexpr qsizetype kMostMarks = 8;
 
-QChar Decode(const char* code_page, int value) {
-  QStringDecoder decoder(code_page, QStringDecoder::Flag::Stateless);
-  const char byte = static_cast<char>(value);
-  const QString text = decoder(QByteArrayView(&byte, 1));
-  if (text.size() == 1 && text.front() != QChar::ReplacementCharacter) return text.front();
-  return QChar(value < 0xA0 ? value : 0xF700 + value);
+const CodePageTable* FindTable(int number) {
+  const auto found =
+      std::find_if(kCodePageTables.begin(), kCodePageTables.end(),
+                   [number](const CodePageTable& table) { return table.number == number; });
+  return found == kCodePageTables.end() ? nullptr : &*found;
+}
+
+CodePage& MutableSystem() {
+  static CodePage code_page(SystemCodePage(ProcessEnvironment()));
+  return code_page;
 }
 
 }  // namespace
 
-CodePage::CodePage(const char* name) {
-  const char* known = QStringDecoder(name).isValid() ? name : kWestern;
-  for (int value = 0; value < 256; ++value) {
-    QChar character = value < 0x80 ? QChar(value) : Decode(known, value);
-    if (bytes_.contains(character)) character = QChar(0xF700 + value);
-    text_[static_cast<std::size_t>(value)] = character;
-    bytes_.insert(character, static_cast<char>(value));
+bool CodePage::IsKnown(int number) { return FindTable(number) != nullptr; }
+
+CodePage::CodePage(int number) : number_(IsKnown(number) ? number : kWestern) {
+  const CodePageTable& table = *FindTable(number_);
+  for (std::size_t value = 0; value < text_.size(); ++value) {
+    text_[value] =
+        value < 0x80 ? QChar(static_cast<char16_t>(value)) : QChar(table.upper_half[value - 0x80]);
+    bytes_.insert(text_[value], static_cast<char>(value));
   }
 }
 
-const char* CodePage::NameFor(const QLocale& locale) {
-  switch (locale.language()) {
-    case QLocale::Polish:
-    case QLocale::Czech:
-    case QLocale::Slovak:
-    case QLocale::Hungarian:
-    case QLocale::Slovenian:
-    case QLocale::Croatian:
-    case QLocale::Romanian:
-    case QLocale::Albanian:
-    case QLocale::Turkmen:
-      return "windows-1250";
-    case QLocale::Bosnian:
-    case QLocale::Serbian:
-      return locale.script() == QLocale::LatinScript ? "windows-1250" : "windows-1251";
-    case QLocale::Russian:
-    case QLocale::Ukrainian:
-    case QLocale::Belarusian:
-    case QLocale::Bulgarian:
-    case QLocale::Macedonian:
-    case QLocale::Kazakh:
-    case QLocale::Kirghiz:
-    case QLocale::Mongolian:
-    case QLocale::Tatar:
-    case QLocale::Tajik:
-    case QLocale::Bashkir:
-    case QLocale::Sakha:
-      return "windows-1251";
-    case QLocale::Greek:
-      return "windows-1253";
-    case QLocale::Turkish:
-      return "windows-1254";
-    case QLocale::Azerbaijani:
-    case QLocale::Uzbek:
-      return locale.script() == QLocale::CyrillicScript ? "windows-1251" : "windows-1254";
-    case QLocale::Hebrew:
-      return "windows-1255";
-    case QLocale::Arabic:
-    case QLocale::Persian:
-    case QLocale::Urdu:
-    case QLocale::Uighur:
-    case QLocale::CentralKurdish:
-      return "windows-1256";
-    case QLocale::Estonian:
-    case QLocale::Latvian:
-    case QLocale::Lithuanian:
-      return "windows-1257";
-    case QLocale::Vietnamese:
-      return "windows-1258";
-    case QLocale::Thai:
-      return "windows-874";
-    default:
-      return kWestern;
-  }
-}
+const CodePage& CodePage::System() { return MutableSystem(); }
 
-const CodePage& CodePage::System() {
-  static const CodePage code_page(NameFor(QLocale::system()));
-  return code_page;
+void CodePage::SetSystem(int number) {
+  MutableSystem() = CodePage(IsKnown(number) ? number : SystemCodePage(ProcessEnvironment()));
 }
 
 QString CodePage::ToText(QByteArrayView bytes) const {
   QString text(bytes.size(), Qt::Uninitialized);
   for (qsizetype i = 0; i < bytes.size(); ++i) {
-    text[i] = text_[static_cast<unsigned char>(bytes[i])];
+    text[i] = ToCharacter(bytes[i]);
   }
   return text;
+}
+
+bool CodePage::IsPrintable(char byte) const {
+  const QChar::Category category = ToCharacter(byte).category();
+  return category != QChar::Other_Control && category != QChar::Other_PrivateUse;
 }
 
 std::optional<char> CodePage::ToByte(QChar character) const {
@@ -102,6 +61,20 @@ std::optional<char> CodePage::ToByte(QChar character) const {
 }
 
 std::optional<QByteArray> CodePage::ToBytes(QStringView text) const {
+  if (const auto bytes = BytesAsWritten(text)) return bytes;
+  QByteArray bytes;
+  while (!text.isEmpty()) {
+    const QStringView letter = text.first(LetterLength(text));
+    text = text.sliced(letter.size());
+    std::optional<QByteArray> found = BytesAsWritten(letter);
+    if (!found) found = BytesComposed(letter);
+    if (!found) return std::nullopt;
+    bytes += *found;
+  }
+  return bytes;
+}
+
+std::optional<QByteArray> CodePage::BytesAsWritten(QStringView text) const {
   QByteArray bytes;
   for (const QChar character : text) {
     const std::optional<char> byte = ToByte(character);
@@ -109,6 +82,34 @@ std::optional<QByteArray> CodePage::ToBytes(QStringView text) const {
     bytes.append(*byte);
   }
   return bytes;
+}
+
+std::optional<QByteArray> CodePage::BytesComposed(QStringView letter) const {
+  const QString parts = letter.toString().normalized(QString::NormalizationForm_D);
+  // The mark that the page has in one with the letter need not be the first: "ậ" is "a", a dot
+  // below and a circumflex, and in 1258 "â" and a dot below.
+  QString whole = parts.first(1);
+  QString marks;
+  for (const QChar mark : QStringView(parts).sliced(1)) {
+    const QString composed = (whole + mark).normalized(QString::NormalizationForm_C);
+    if (composed.size() == 1 && ToByte(composed.front())) {
+      whole = composed;
+    } else {
+      marks += mark;
+    }
+  }
+  const QString text = whole + marks;
+  auto bytes = BytesAsWritten(text);
+  // Of two marks in the same place the nearer one must stay the nearer one.
+  if (bytes && text.normalized(QString::NormalizationForm_D) != parts) bytes.reset();
+  return bytes;
+}
+
+qsizetype LetterLength(QStringView text) {
+  const qsizetype longest = std::min(text.size(), 1 + kMostMarks);
+  qsizetype length = 1;
+  while (length < longest && text[length].isMark()) ++length;
+  return length;
 }
 
 }  // namespace Brivon1

@@ -74,6 +74,7 @@ Configuration ReadConfiguration(const IniFile& file) {
       static_cast<qint16>(std::min(file.Integer(kCommunicationSection, "ComPort", 2), 32767));
   configuration.delay_period = static_cast<qint16>(
       std::clamp(file.Integer(kCommunicationSection, "Delay Period", 300), 0, kLongestDelay));
+  configuration.code_page = file.Integer("Files", "CodePage", 0);
   const auto read_device = [&](int port) {
     const auto device = file.Value(kSerialPortsSection, "Com" + QByteArray::number(port));
     if (device && !device->isEmpty()) configuration.serial_devices[port] = *device;

@@ -47,6 +47,7 @@ struct Configuration {
   std::optional<bool> dtr;                   ///< That port's DTR; nothing: as the system sets it.
   std::optional<bool> rts;                   ///< The same for RTS.
   qint16 delay_period = 0;                   ///< Milliseconds, 0 to 30000.
+  int code_page = 0;                         ///< As it is named; 0 where it is not.
   std::map<int, QByteArray> serial_devices;  ///< Devices named for a port number.
 
   SendMode Mode() const;

@@ -13,6 +13,8 @@
 namespace Brivon1 {
 namespace {
 
+constexpr qsizetype kLongestPath = 4096;
+
 /// Whether a system call failed because of the disk and not because of the path.
 bool IsDiskFailure(int error) {
   return error == ENOSPC || error == EIO || error == EROFS || error == ENXIO || error == ENODEV
@@ -64,6 +66,16 @@ std::optional<QByteArray> LineReader::Next() {
 }
 
 bool FileExists(const QString& path) { return QFileInfo(path).isFile(); }
+
+QString FindFile(const QString& path) {
+  // Longer ones name nothing, and composing takes its time.
+  if (path.size() > kLongestPath || FileExists(path)) return path;
+  for (const auto form : {QString::NormalizationForm_C, QString::NormalizationForm_D}) {
+    const QString other = path.normalized(form);
+    if (other != path && FileExists(other)) return other;
+  }
+  return path;
+}
 
 SaveResult SaveWholeFile(const QString& path, const QByteArray& content) {
   const QFileInfo target(path);

@@ -34,6 +34,11 @@ class LineReader {
 /// Whether `path` names an ordinary file (or a link to one); folders, devices and pipes are none.
 bool FileExists(const QString& path);
 
+/// The file that `path` names, whatever form its letters have: systems write the name "é" in one
+/// character or in two, and a code page keeps but one of them. `path` itself where that is a file,
+/// and where there is none in any form.
+QString FindFile(const QString& path);
+
 /// How a save ended.
 enum class SaveResult {
   kSaved,

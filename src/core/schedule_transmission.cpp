@@ -90,7 +90,7 @@ bool IsEmpty(const Plan& plan) {
 
 /// What keeps a message file from being sent, in English; empty where nothing does.
 QString FileRefusal(const QString& name, Dimension dimension) {
-  const QString file = InProgramFolder(name);
+  const QString file = FindFile(InProgramFolder(name));
   if (!FileExists(file)) return QStringLiteral("File not found");
   const std::optional<Dimension> found = IsMessageFile(file);
   if (!found) return QStringLiteral("Error in opening file");
@@ -133,7 +133,7 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
 
   for (qsizetype index = 0; index < plan->files.size(); ++index) {
     const QString& name = plan->files.at(index);
-    if (SendMessageFile(transmission, InProgramFolder(name), id, PageOf(*letter, index),
+    if (SendMessageFile(transmission, FindFile(InProgramFolder(name)), id, PageOf(*letter, index),
                         plan->head.dimension)) {
       continue;
     }

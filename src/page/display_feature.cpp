@@ -77,9 +77,10 @@ QString FeatureToPreselect(const QString& stored) {
 QString FeatureToStore(const QString& chosen, const QString& before) {
   const QChar code = CodeOfEntry(chosen);
   if (!before.trimmed().isEmpty() && !KnownCode(before) && code == kFirstCode) return before;
-  const auto bytes = CodePage::System().ToBytes(chosen);
+  const CodePage& code_page = CodePage::System();
+  const auto bytes = code_page.ToBytes(chosen);
   const bool fits = bytes && bytes->size() <= kFeatureField && !chosen.trimmed().isEmpty();
-  if (fits && KnownCode(chosen) == code) return chosen;
+  if (fits && KnownCode(code_page.ToText(*bytes)) == code) return chosen;
   const QString english = FeatureNameAtCode(code.unicode() - kFirstCode.unicode());
   return english.isEmpty() ? FeatureNameAtCode(0) : english;
 }

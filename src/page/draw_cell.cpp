@@ -10,6 +10,7 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 
 #include "core/code_page.h"
 
@@ -92,11 +93,18 @@ const CellFont& FontOf(char size) {
 /// Draws a cell at (0, 0), letter by letter.
 void DrawCellAfresh(QPainter& painter, char character, char size, const Look& look) {
   const CellFont& cell_font = FontOf(size);
-  const QString text = Brivon1::CodePage::System().ToText(QByteArrayView(&character, 1));
+  const QString text = Brivon1::CodePage::System().ToCharacter(character);
+  qreal left = 0;
+  if (text.front().isMark()) {
+    // It has a cell of its own, but fonts draw it over the letter before or beside it.
+    QPainterPath outline;
+    outline.addText(0, 0, cell_font.font, text);
+    left = kCellWidth / 2.0 - outline.boundingRect().center().x();
+  }
   painter.setFont(cell_font.font);
   const auto print = [&](const QColor& colour, int offset) {
     painter.setPen(colour);
-    painter.drawText(QPointF(offset, offset + cell_font.baseline), text);
+    painter.drawText(QPointF(left + offset, offset + cell_font.baseline), text);
   };
   if (look.ground == Ground::kBox || look.ground == Ground::kBoxAndShadow) {
     painter.fillRect(0, 0, kCellWidth - 1, kCellHeight, look.second);

@@ -24,16 +24,14 @@ void PageMessage::SetCurrentRow(int number) {
   if (number >= 1 && number <= Rows()) current_row_ = static_cast<qint16>(number);
 }
 
-bool PageMessage::IsRowFull() const {
+qsizetype PageMessage::Places() const {
   // A page of no rows has no place for a character either.
-  return current_row_ > Rows() || Row(current_row_).Length() >= MaxCharsPerRow();
+  return current_row_ > Rows() ? 0 : MaxCharsPerRow();
 }
 
 void PageMessage::TypeAll(QByteArrayView characters) {
   const PageRow before = Current();
-  for (const char character : characters) {
-    if (TypeInto(Current(), character, CurrentAttributes(), !IsRowFull())) SetModified(true);
-  }
+  if (TypeAllInto(Current(), characters, CurrentAttributes(), Places())) SetModified(true);
   Record(before);
 }
 

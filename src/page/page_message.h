@@ -49,9 +49,6 @@ class PageMessage : public EditedMessage {
   /// Makes a shown row the current one; any other number is ignored.
   void SetCurrentRow(int number);
 
-  /// Whether the current row takes no further character.
-  bool IsRowFull() const;
-
   /// The typing rule. Backspace removes, Enter does nothing, any other control character is no
   /// typing at all; whatever else is inserted at the cursor if the row has room. Marks the page
   /// modified, whatever the effect.
@@ -84,6 +81,9 @@ class PageMessage : public EditedMessage {
   void Click(int number, double x);
 
  private:
+  /// How many characters the current row takes in all.
+  qsizetype Places() const;
+
   PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
 
   /// Remembers the current row as it was, if an edit has changed it.

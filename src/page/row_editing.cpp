@@ -16,6 +16,25 @@ CharacterKind KindOf(QChar character) {
                                                             : CharacterKind::kOther;
 }
 
+/// The first letter of characters in the code page, with the marks behind it.
+QByteArrayView FirstLetter(QByteArrayView characters) {
+  qsizetype length = 1;
+  if (!IsControlCharacter(characters.front())) {
+    const CodePage& code_page = CodePage::System();
+    while (length < characters.size() && code_page.ToCharacter(characters[length]).isMark()) {
+      ++length;
+    }
+  }
+  return characters.first(length);
+}
+
+/// A letter with its marks in fewer characters where there are such; as it is where composing would
+/// do no more than change the order of the marks.
+QString Composed(const QString& letter) {
+  const QString composed = letter.normalized(QString::NormalizationForm_C);
+  return composed.size() < letter.size() ? composed : letter;
+}
+
 }  // namespace
 
 bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool has_room) {
@@ -48,6 +67,21 @@ qsizetype PreviousWord(const PageRow& row) {
   skip(CharacterKind::kBlank);
   if (position > 0) skip(KindOf(text[position - 1]));
   return position;
+}
+
+bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                 qsizetype most) {
+  bool is_typing = false;
+  bool is_cut = false;
+  while (!characters.isEmpty()) {
+    const QByteArrayView letter = FirstLetter(characters);
+    characters = characters.sliced(letter.size());
+    is_cut = letter.front() != kBackspace && (is_cut || row.Length() + letter.size() > most);
+    for (const char character : letter) {
+      if (TypeInto(row, character, attributes, !is_cut)) is_typing = true;
+    }
+  }
+  return is_typing;
 }
 
 void PressKeyIn(PageRow& row, MoveKey key) {
@@ -98,12 +132,30 @@ QString PastedText(const QString& text) {
 }
 
 TypedBytes BytesOf(const QString& text) {
+  const CodePage& code_page = CodePage::System();
   TypedBytes typed;
-  for (const QChar character : text) {
-    if (const auto byte = CodePage::System().ToByte(character)) {
-      typed.bytes.append(*byte);
-    } else {
-      typed.refused = true;
+  const auto type = [&](QStringView characters) {
+    const auto bytes = code_page.ToBytes(characters);
+    typed.bytes += bytes.value_or(QByteArray());
+    return bytes.has_value();
+  };
+  QStringView rest = text;
+  while (!rest.isEmpty()) {
+    const QStringView written = rest.first(LetterLength(rest));
+    rest = rest.sliced(written.size());
+    if (written.size() == 1) {
+      if (const auto byte = code_page.ToByte(written.front())) {
+        typed.bytes.append(*byte);
+      } else if (!type(written)) {
+        typed.refused = true;
+      }
+      continue;
+    }
+    const QString letter = Composed(written.toString());
+    if (type(letter)) continue;
+    // Of a letter that the code page lacks, what it has.
+    for (const QChar character : letter) {
+      if (!type(QStringView(&character, 1))) typed.refused = true;
     }
   }
   return typed;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include "page/page_row.h"
@@ -42,6 +43,12 @@ constexpr bool IsControlCharacter(char character) {
 /// typing at all.
 bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool has_room);
 
+/// The same for several characters and a row that takes `most` of them in all. A letter and the
+/// marks behind it are inserted whole or not at all, and behind a letter without room no other one
+/// is: a text is cut at its end, not in its middle. Whether any character was typing.
+bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                 qsizetype most);
+
 /// The start of the next and of the previous word, as a text field counts them: letters and digits
 /// are a word, and so are other characters between them. The row's end or 0 where there is none.
 qsizetype NextWord(const PageRow& row);
@@ -57,8 +64,8 @@ qsizetype NearestBoundary(double x);
 /// because they would act as keys.
 QString PastedText(const QString& text);
 
-/// A typed text in the system's code page, and whether it had characters without a byte there,
-/// which are left out.
+/// A typed text in the system's code page, its letters composed as far as the page has them, and
+/// whether it had characters without a byte there, which are left out.
 struct TypedBytes {
   QByteArray bytes;
   bool refused = false;

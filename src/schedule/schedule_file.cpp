@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "core/code_page.h"
+#include "core/configuration_store.h"
 #include "core/file_checks.h"
 #include "core/files.h"
 #include "core/text.h"
@@ -23,6 +24,12 @@ bool IsTime(const QByteArray& text, qint16 last) {
 
 QByteArray NumberLine(const char* key, int number) {
   return key + QByteArray::number(number) + "\r\n";
+}
+
+/// Whether the file at `path` is found again by what a schedule holds of its name.
+bool LeadsTo(const QByteArray& field, const QString& path) {
+  const QString name = FieldPath(field);
+  return name == path || FindFile(InProgramFolder(name)) == path;
 }
 
 }  // namespace
@@ -104,7 +111,8 @@ QString MessageFileRefusal(const QString& path, Dimension dimension) {
   const std::optional<Dimension> file = IsMessageFile(path);
   if (!file) return QStringLiteral("Not Message File Format!");
   if (*file != dimension) return QStringLiteral("Dimension not matched!");
-  if (!PathField(path)) return QStringLiteral("Invalid path!");
+  const std::optional<QByteArray> field = PathField(path);
+  if (!field || !LeadsTo(*field, path)) return QStringLiteral("Invalid path!");
   return {};
 }
 

@@ -29,9 +29,9 @@ QString FailureWhenSending(const QString& failure);
 /// can.
 QString SendingRefusal(const QString& path);
 
-/// A message file's path as the schedule's field, or nothing where it would not come back the same:
-/// longer than the field, a blank at an end, a line end within, or a character that the code page
-/// does not have.
+/// A message file's path as the schedule's field, or nothing where it would not come back: longer
+/// than the field, a blank at an end, a line end within, or a letter that the code page does not
+/// have. Of a letter with an accent the form may change; FindFile() finds the file all the same.
 std::optional<QByteArray> PathField(const QString& path);
 
 /// The path that a field holds, without the blanks at its ends. One that is not full counts from
@@ -40,7 +40,7 @@ QString FieldPath(const QByteArray& field);
 
 /// Why a message file cannot enter a schedule made for `dimension`, as English message: "Not
 /// Message File Format!", "Dimension not matched!", or "Invalid path!" where PathField() refuses
-/// the path. Empty: it can.
+/// the path or another file would be found by the field. Empty: it can.
 QString MessageFileRefusal(const QString& path, Dimension dimension);
 
 }  // namespace Brivon1

@@ -157,7 +157,8 @@ void SequenceTable::MarkMissingFiles() {
   for (int row = 0; row < rowCount(); ++row) {
     QTableWidgetItem* cell = item(row, kFile);
     const QString name = cell->text();
-    const bool missing = !name.isEmpty() && !Brivon1::FileExists(Brivon1::InProgramFolder(name));
+    const bool missing =
+        !name.isEmpty() && !Brivon1::FileExists(Brivon1::FindFile(Brivon1::InProgramFolder(name)));
     QFont font = this->font();
     font.setItalic(missing);  // for those who do not see the grey
     cell->setFont(font);

@@ -23,9 +23,7 @@ void ScrollingMessage::TakeOver(PageRow row) {
 
 void ScrollingMessage::TypeAll(QByteArrayView characters) {
   const PageRow before = row_;
-  for (const char character : characters) {
-    TypeInto(row_, character, CurrentAttributes(), !IsFull());
-  }
+  TypeAllInto(row_, characters, CurrentAttributes(), kMostCharacters);
   LookBackAfter(before);
   Finish(before);
 }

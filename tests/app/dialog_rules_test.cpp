@@ -7,6 +7,7 @@
 #include "page/dimension_list.h"
 #include "page/display_feature.h"
 #include "support/program_folder.h"
+#include "support/use_code_page.h"
 
 namespace {
 
@@ -211,6 +212,28 @@ TEST(DisplayFeatureTest, AChosenNameThatTheFileCannotHoldOrThatReadsAsAnotherIsS
     EXPECT_EQ(Brivon1::FeatureToStore(Text(chosen), QString()), Text(stored)) << chosen;
     EXPECT_EQ(Brivon1::FeatureToStore(Text(chosen), Text("Flip")), Text(stored)) << chosen;
   }
+}
+
+TEST(DisplayFeatureTest, ADecomposedNameIsStoredAndFoundAgain) {
+  const TemporaryProgramFolder folder;
+  folder.UseLanguage("[frmDelay]\nListFeature.List(2)=O\u0308ffnen\n");
+  const UseCodePage western(1252);
+  const QString stored = Brivon1::FeatureToStore(Text("O\u0308ffnen"), QString());
+  EXPECT_EQ(Brivon1::CodePage::System().ToBytes(stored),
+            "\xD6"
+            "ffnen");
+  EXPECT_EQ(FeatureCode(Text("Öffnen")), QChar(u'C'));
+}
+
+TEST(DisplayFeatureTest, ANameThatTheCodePageHasInPartsIsStoredAndFoundAgain) {
+  const TemporaryProgramFolder folder;
+  folder.UseLanguage("[frmDelay]\nListFeature.List(1)=Lật\n");
+  const UseCodePage vietnamese(1258);
+  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
+  const QString stored = Brivon1::FeatureToStore(Text("Lật"), QString());
+  EXPECT_EQ(code_page.ToBytes(stored), "L\xE2\xF2t");
+  EXPECT_EQ(FeatureCode(code_page.ToText("L\xE2\xF2t")), QChar(u'B'));
+  EXPECT_EQ(Brivon1::FeatureToPreselect(code_page.ToText("L\xE2\xF2t    ")), Text("Lật"));
 }
 
 TEST(DisplayFeatureTest, ANameInALanguageNotInUseIsKeptWhereTheDialogLeavesItAtCodeA) {

@@ -13,8 +13,10 @@
 #include "app/frmMain.h"
 #include "app/module_language.h"
 #include "core/configuration_store.h"
+#include "core/system_code_page.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/use_code_page.h"
 
 namespace {
 
@@ -163,6 +165,29 @@ TEST_F(MainWindowTest, NothingSetsTheLanguageFlagBack) {
   Language("1");
   const frmMain second;
   EXPECT_TRUE(ModuleLanguage::IsLanguageActive());
+}
+
+TEST_F(MainWindowTest, StartUpTakesTheCodePageOfTheInstallationElseThatOfTheSystem) {
+  const int system = Brivon1::SystemCodePage(Brivon1::ProcessEnvironment());
+  const UseCodePage before(system);
+  const auto started_with = [this](const QByteArray& line) {
+    folder_.Write(Text("brivon.ini"), "[Files]\r\n" + line + "\r\n");
+    const frmMain window;
+    return Brivon1::CodePage::System().Number();
+  };
+  EXPECT_EQ(started_with("CodePage=1251"), 1251);
+  EXPECT_EQ(started_with("CodePage=1258"), 1258);
+  EXPECT_EQ(started_with("CodePage=437"), system);
+  EXPECT_EQ(started_with("CodePage=874"), 874);
+  EXPECT_EQ(started_with(""), system);
+}
+
+TEST_F(MainWindowTest, TheLanguagesTextsAreReadInTheCodePageOfTheInstallation) {
+  const UseCodePage before(1252);
+  folder_.Write(Text("brivon.ini"), "[Files]\r\nCodePage=1251\r\n[Language]\r\nLanguage=2\r\n");
+  folder_.Write(Text("langSetting.INI"), "[frmMain]\r\nbutEnd.Caption=\xC2\xFB\xF5\xEE\xE4\r\n");
+  const frmMain window;
+  EXPECT_EQ(Button(window, "butEnd")->text(), Text("Выход"));
 }
 
 TEST_F(MainWindowTest, CaptionsAndToolTipsAreTheBuiltInOnes) {

@@ -221,6 +221,19 @@ TEST(ConfigurationStore, TheControlLinesAreThoseOfTheConfiguredPort) {
       << "what says neither 0 nor 1 leaves the line to the system";
 }
 
+TEST(ConfigurationStore, TheFilesSectionNamesTheCodePage) {
+  const auto code_page = [](const QByteArray& line) {
+    return ReadConfiguration(IniFile("[Files]\r\n" + line + "\r\n")).code_page;
+  };
+  EXPECT_EQ(code_page("CodePage=1251"), 1251);
+  EXPECT_EQ(code_page("codepage = \"874\""), 874);
+  EXPECT_EQ(code_page("CodePage="), 0);
+  EXPECT_EQ(code_page("CodePage=Cyrillic"), 0);
+  EXPECT_EQ(code_page("Other=1251"), 0);
+  EXPECT_EQ(
+      ReadConfiguration(IniFile("CodePage=1251\r\n[Language]\r\nCodePage=1251\r\n")).code_page, 0);
+}
+
 TEST(ConfigurationStore, TheStoreIsLoadedFromTheProgramsFolder) {
   const TemporaryProgramFolder folder;
   folder.Write(QStringLiteral("brivon.ini"), "[Dimension Config]\r\nID003=4x96,Tri,1.2.3.4:80\r\n");

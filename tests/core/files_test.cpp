@@ -396,5 +396,25 @@ TEST_F(Files, AFailedSaveHasAMessageAndASuccessfulOneNone) {
             QStringLiteral("Drive not available!"));
 }
 
+TEST_F(Files, AFileIsFoundInWhicheverFormItsLettersAreWritten) {
+  const QString composed = Write("Caf\u00E9.msg", "1");
+  const QString decomposed = Path("Cafe\u0301.msg");
+  EXPECT_EQ(FindFile(composed), composed);
+  EXPECT_EQ(FindFile(decomposed), composed);
+  EXPECT_EQ(Write("Cafe\u0301.msg", "2"), decomposed);
+  EXPECT_EQ(FindFile(decomposed), decomposed) << "the name itself comes first";
+  ASSERT_TRUE(QFile::remove(composed));
+  EXPECT_EQ(FindFile(composed), decomposed);
+  const QString half = Path("Vi\u00EA\u0323t.msg");
+  EXPECT_EQ(FindFile(half), half) << "there is none";
+  const QString whole = Write("Vi\u1EC7t.msg", "3");
+  EXPECT_EQ(FindFile(half), whole);
+}
+
+TEST_F(Files, ANameLongerThanAnyIsNotLookedFor) {
+  const QString name = Path("a") + QString(1000000, QChar(0x0301));
+  EXPECT_EQ(FindFile(name), name);
+}
+
 }  // namespace
 }  // namespace Brivon1

@@ -1,8 +1,11 @@
 #include "core/schedule_transmission.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include "support/program_folder.h"
+#include "support/use_code_page.h"
 #include "support/virtual_time.h"
 
 namespace Brivon1 {
@@ -146,6 +149,18 @@ TEST_F(ScheduleTransmission, ALateAnswerToAMessageFileIsNotTakenForThatToTheSche
   link_.AndAfter(300, "<ID0A>\r\n");
   EXPECT_FALSE(Send(ScheduleOf({{a}})));
   EXPECT_EQ(link_.Written().size(), 1 + 5);
+}
+
+TEST_F(ScheduleTransmission, AFileIsSentWhicheverWayTheSystemWritesTheLettersOfItsName) {
+  const UseCodePage western(1252);
+  const QString decomposed = Message(QStringLiteral("Cafe\u0301.msg"), "A");
+  Answer(2);
+  EXPECT_TRUE(Send(ScheduleOf({{QStringLiteral("Caf\u00E9.msg")}})));
+  EXPECT_EQ(link_.Written().first(), "<ID0A><L01><P001>A \r\n");
+  EXPECT_TRUE(shown_.isEmpty());
+  ASSERT_TRUE(QFile::remove(decomposed));
+  EXPECT_FALSE(Send(ScheduleOf({{QStringLiteral("Caf\u00E9.msg")}})));
+  EXPECT_EQ(shown_, QStringList(QStringLiteral("File not found: Caf\u00E9.msg")));
 }
 
 // ---- letter -------------------------------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "page/page_row.h"
+#include "support/use_code_page.h"
 
 namespace {
 
@@ -228,6 +229,16 @@ TEST(DrawCell, BytesAreCharactersOfTheCodePage) {
   const QImage umlaut = Cell('\xC4', 'A', 'A');
   const QImage letter = Cell('A', 'A', 'A');
   EXPECT_GT(Ink(umlaut.copy(kX, kY, 12, 5)), Ink(letter.copy(kX, kY, 12, 5)));
+}
+
+TEST(DrawCell, AMarkOfTheCodePageIsSeenInItsOwnCell) {
+  const UseCodePage vietnamese(1258);
+  const QImage acute = Cell('\xEC', 'A', 'A');
+  EXPECT_GT(Ink(acute.copy(kX, kY, 12, 10)), 100) << "above";
+  EXPECT_EQ(Ink(acute), Ink(acute.copy(kX, kY, 12, 10))) << "nowhere else";
+  const QImage dot_below = Cell('\xF2', 'A', 'A');
+  EXPECT_GT(Ink(dot_below.copy(kX, kY + 14, 12, 6)), 100) << "below";
+  EXPECT_EQ(Ink(dot_below), Ink(dot_below.copy(kX, kY + 14, 12, 6))) << "nowhere else";
 }
 
 TEST(DrawCell, IsSharpOnAHighResolutionScreen) {

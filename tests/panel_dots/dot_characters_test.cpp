@@ -2,6 +2,7 @@
 
 #include "dots_as_text.h"
 #include "panel_dots/dot_glyphs.h"
+#include "support/use_code_page.h"
 
 namespace PanelDots {
 namespace {
@@ -76,6 +77,7 @@ TEST(DotCharacters, WhatHangsBelowTheLineIsKept) {
 }
 
 TEST(DotCharacters, AnAccentIsKept) {
+  const UseCodePage western(1252);
   EXPECT_EQ(Row("<SA><CA>\xC4", 6),
             ".r.r..\n"
             "......\n"
@@ -87,7 +89,29 @@ TEST(DotCharacters, AnAccentIsKept) {
             "......\n");
 }
 
+TEST(DotCharacters, AByteIsTheLetterOfTheCodePage) {
+  const auto text = [](char byte) {
+    return TextOf({Cell::Kind::kCharacter, byte}, {});
+  };
+  const UseCodePage russian(1251);
+  EXPECT_EQ(text('\xC6'), QStringLiteral("Ж"));
+  EXPECT_EQ(Row("<SA><CA>\xC3", 6),  // Г
+            "rrrrr.\n"
+            "r.....\n"
+            "r.....\n"
+            "r.....\n"
+            "r.....\n"
+            "r.....\n"
+            "r.....\n"
+            "......\n");
+  const UseCodePage greek(1253);
+  EXPECT_EQ(text('\xD8'), QStringLiteral("Ψ"));
+  EXPECT_EQ(text('\xD2'), QStringLiteral(" ")) << "undefined";
+  EXPECT_EQ(text('\x81'), QStringLiteral(" ")) << "undefined";
+}
+
 TEST(DotCharacters, EveryPrintableCharacterOfTheCodePageHasAGlyphOfItsOwnOrABlank) {
+  const UseCodePage western(1252);
   const std::string box = Row("<SA><CA>\x7F", 6);
   const DotGlyph unknown = GlyphOf(QChar(0xE000), false, false);
   for (int byte = 0x20; byte < 0x100; ++byte) {

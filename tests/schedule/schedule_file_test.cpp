@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include "core/file_checks.h"
+#include "core/files.h"
 #include "support/full_disk.h"
+#include "support/use_code_page.h"
 
 namespace {
 
@@ -358,7 +360,17 @@ TEST(PathFieldTest, APathOf100CharactersIsTakenAndALongerOneRefused) {
   EXPECT_FALSE(PathField(QString(101, QLatin1Char('x'))));
 }
 
+TEST(PathFieldTest, ALetterIsComposedOrTakenApartAsTheCodePageHasIt) {
+  const UseCodePage western(1252);
+  EXPECT_EQ(PathField(QStringLiteral("/a/Cafe\u0301.msg")), FixedField("/a/Caf\xE9.msg", 100));
+  EXPECT_FALSE(PathField(QStringLiteral("/a/Việt.msg")));
+  const UseCodePage vietnamese(1258);
+  EXPECT_EQ(PathField(QStringLiteral("/a/Việt.msg")), FixedField("/a/Vi\xEA\xF2t.msg", 100));
+  EXPECT_FALSE(PathField(QString(99, u'x') + QStringLiteral("ệ"))) << "two bytes";
+}
+
 TEST(PathFieldTest, ACharacterIsOneByteOfTheCodePage) {
+  const UseCodePage western(1252);
   EXPECT_EQ(PathField(QStringLiteral("/a/Straße.msg")),
             "/a/Stra\xDF"
             "e.msg" +
@@ -374,6 +386,7 @@ TEST(PathFieldTest, APathThatWouldNotComeBackTheSameIsRefused) {
 }
 
 TEST(PathFieldTest, AFieldGivesThePathBack) {
+  const UseCodePage western(1252);
   EXPECT_EQ(Brivon1::FieldPath("/a/Stra\xDF"
                                "e.msg" +
                                QByteArray(87, ' ')),
@@ -385,6 +398,20 @@ TEST_F(ScheduleFile, AMessageFileOfTheSameSizeMayEnterTheSchedule) {
   const QString path =
       Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n", QStringLiteral("page.msg"));
   EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QString());
+}
+
+TEST_F(ScheduleFile, AFileWhoseNameIsDecomposedMayEnterTheScheduleAndIsFoundAgain) {
+  const UseCodePage western(1252);
+  const QByteArray page = "*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n";
+  const QString path = Write(page, QStringLiteral("Cafe\u0301.msg"));
+  EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QString());
+  const auto field = PathField(path);
+  ASSERT_TRUE(field);
+  EXPECT_EQ(Brivon1::FindFile(Brivon1::FieldPath(*field)), path);
+  // Beside another one whose name the field has, it would be mistaken for that.
+  Write(page, QStringLiteral("Caf\u00E9.msg"));
+  EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QStringLiteral("Invalid path!"));
+  EXPECT_EQ(MessageFileRefusal(Path(QStringLiteral("Caf\u00E9.msg")), {2, 96}), QString());
 }
 
 TEST_F(ScheduleFile, AnotherFileMayNotEnterTheSchedule) {

@@ -106,6 +106,31 @@ TEST_F(ProgramTest, KeepsAPictureOfItsWindow) {
   EXPECT_EQ(Terminate(), 0);
 }
 
+TEST_F(ProgramTest, ShowsWhatItReceivesInTheCodePageThatItIsTold) {
+  const auto shown_with = [this](const QStringList& arguments) {
+    const QString picture = PathOf("picture.png");
+    Start(Words("--tcp 0 --picture") + QStringList{picture} + arguments);
+    QTcpSocket socket;
+    Connect(&socket);
+    Exchange(&socket, "<ID01><L01><P001><SA><CA>\xC3\xC4\xC6 \r\n");
+    int lit = 0;
+    EXPECT_TRUE(WaitUntil([&] {
+      const QImage image(picture);
+      lit = 0;
+      for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) lit += LedOf(image.pixelColor(x, y)) == Led::kRed;
+      }
+      return lit > 100;
+    }));
+    EXPECT_EQ(Terminate(), 0);
+    output_.clear();
+    return lit;
+  };
+  const int western = shown_with({});
+  EXPECT_EQ(shown_with(Words("--code-page 1252")), western);
+  EXPECT_NE(shown_with(Words("--code-page 1251")), western);
+}
+
 TEST_F(ProgramTest, SaysOnceThatItsLogCannotBeWrittenAndGoesOn) {
   const QString picture = PathOf("picture.png");
   ShowNoWindow();

@@ -90,6 +90,15 @@ TEST_F(ProgramTest, TakesAScrollSpeed) {
   EXPECT_EQ(Terminate(), 0);
 }
 
+TEST_F(ProgramTest, RefusesACodePageThatThereIsNot) {
+  for (const char* page : {"437", "1249", "1259", "utf-8", "-874", ""}) {
+    EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--code-page"),
+                       QString::fromLatin1(page)}),
+              QStringLiteral("virtual_panel: code page \"%1\": expected 874 or 1250 to 1258\n")
+                  .arg(QLatin1String(page)));
+  }
+}
+
 TEST_F(ProgramTest, RefusesBadUseInWords) {
   EXPECT_EQ(Refusal(Words("--headless --panel 0:4x96:tri")),
             QStringLiteral(

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/code_page.h"
 #include "window/plain_tool_tip.h"
 
 namespace VirtualPanel {
@@ -20,17 +21,18 @@ QString AnswerText(const FrameRecord& record) {
 }  // namespace
 
 QString VisibleText(const QByteArray& bytes) {
+  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
   QString text;
   for (const char byte : bytes.first(qMin(bytes.size(), kMostVisibleBytes))) {
-    const auto value = static_cast<unsigned char>(byte);
     if (byte == '\r') {
       text += QLatin1String("<CR>");
     } else if (byte == '\n') {
       text += QLatin1String("<LF>");
-    } else if (value < 0x20 || (value >= 0x7F && value < 0xA0)) {
+    } else if (!code_page.IsPrintable(byte)) {
+      const auto value = static_cast<unsigned char>(byte);
       text += QStringLiteral("<%1>").arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
     } else {
-      text += QLatin1Char(byte);
+      text += code_page.ToCharacter(byte);
     }
   }
   if (bytes.size() > kMostVisibleBytes) text += QChar(0x2026);

@@ -10,8 +10,8 @@
 
 namespace VirtualPanel {
 
-// Bytes as a reader can see them: "<CR>", "<LF>", other control characters as "<07>", a long text
-// cut.
+// Bytes as a reader can see them, in the code page: "<CR>", "<LF>", other control characters and
+// undefined bytes as "<07>", a long text cut.
 QString VisibleText(const QByteArray& bytes);
 
 class TrafficModel : public QAbstractTableModel {

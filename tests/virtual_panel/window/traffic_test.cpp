@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "support/use_code_page.h"
 #include "window_fixture.h"
 
 namespace VirtualPanel {
@@ -93,6 +94,15 @@ TEST(VisibleText, WritesControlCharactersOut) {
   EXPECT_EQ(VisibleText(QByteArray("a\r\n\0\x07\x7F\xE9", 7)),
             QStringLiteral("a<CR><LF><00><07><7F>\u00E9"));
   EXPECT_EQ(VisibleText(QByteArray(5000, 'x')), QString(2000, QLatin1Char('x')) + QChar(0x2026));
+}
+
+TEST(VisibleText, IsReadInTheCodePage) {
+  const UseCodePage western(1252);
+  EXPECT_EQ(VisibleText("\xCF\x80\x81"), QStringLiteral("Ï€<81>"));
+  const UseCodePage russian(1251);
+  EXPECT_EQ(VisibleText("\xCF\x80\x98"), QStringLiteral("ПЂ<98>"));
+  const UseCodePage greek(1253);
+  EXPECT_EQ(VisibleText("\xCF\xD2"), QStringLiteral("Ο<D2>"));
 }
 
 }  // namespace
