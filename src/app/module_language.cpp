@@ -7,7 +7,6 @@
 namespace ModuleLanguage {
 namespace {
 
-constexpr qsizetype kLongestValue = 255;
 constexpr int kFeatureEntries = 10;
 
 bool language_active = false;

@@ -11,6 +11,9 @@
 
 namespace ModuleLanguage {
 
+/// The characters of a text in the language file; the rest of a longer one is cut off.
+inline constexpr qsizetype kLongestValue = 255;
+
 /// The language flag. It is false until start-up sets it, once, for the whole run.
 bool IsLanguageActive();
 void SetLanguageActive(bool active);
@@ -21,7 +24,7 @@ class LanguageFile {
   /// Reads the file; a missing one has no values.
   LanguageFile();
 
-  /// The value of a key, cut to 255 characters; nothing where the file, the section or the key is
+  /// The value of a key, cut to kLongestValue; nothing where the file, the section or the key is
   /// missing. A key with nothing behind its "=" yields an empty text. The file's bytes are UTF-8
   /// where all of them are valid UTF-8, else of the system's code page.
   std::optional<QString> Find(const QString& section, const QString& key) const;

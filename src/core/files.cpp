@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #ifdef Q_OS_UNIX
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -31,6 +32,22 @@ bool IsOnDisk([[maybe_unused]] const QSaveFile& file) {
   return fsync(file.handle()) == 0 || !IsDiskFailure(errno);
 #else
   return true;
+#endif
+}
+
+/// Gives `file` the owner, the group and the mode of the file at `path` that it replaces, if there
+/// is one: the superuser's save would take it away from its owner. Others can give a file to a
+/// group of theirs at the most, and the system's refusal changes nothing.
+void KeepOwner([[maybe_unused]] const QString& path, [[maybe_unused]] const QSaveFile& file) {
+#ifdef Q_OS_UNIX
+  struct stat old {};
+  if (stat(QFile::encodeName(path).constData(), &old) != 0) return;
+  const auto give_to = [&](uid_t owner) { return fchown(file.handle(), owner, old.st_gid) == 0; };
+  const bool is_kept = give_to(old.st_uid);
+  if (!is_kept) give_to(static_cast<uid_t>(-1));  // that is, nobody else
+  // Last, because a change of hands and a write may cost bits. What runs as its owner may be made
+  // by that owner alone.
+  fchmod(file.handle(), old.st_mode & (is_kept ? 07777 : 0777));
 #endif
 }
 
@@ -85,7 +102,9 @@ SaveResult SaveWholeFile(const QString& path, const QByteArray& content) {
   if (!file.open(QIODevice::WriteOnly)) {
     return IsDiskFailure(errno) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
   }
-  if (file.write(content) != content.size() || !file.flush() || !IsOnDisk(file)) {
+  const bool is_written = file.write(content) == content.size() && file.flush();
+  if (is_written) KeepOwner(path, file);
+  if (!is_written || !IsOnDisk(file)) {
     file.cancelWriting();
     return SaveResult::kDriveNotAvailable;
   }

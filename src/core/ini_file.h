@@ -2,6 +2,7 @@
 // and changed key by key so that everything else in it survives byte for byte.
 #pragma once
 
+#include <map>
 #include <optional>
 
 #include <QByteArray>
@@ -15,10 +16,13 @@ namespace Brivon1 {
 /// The rules are those documented for GetPrivateProfileString, GetPrivateProfileInt and
 /// WritePrivateProfileString: sections in square brackets, names without regard to case, the first
 /// match wins, blanks around names and values do not count, one pair of enclosing quotes is
-/// removed, and a line that begins with ";" is a comment.
+/// removed, and a line that begins with ";" is a comment. Reading a file takes time in proportion
+/// to its size, and any number of changes in proportion to it and to their number.
 class IniFile {
  public:
   IniFile() = default;
+
+  /// A file of these bytes, which `content` owns.
   explicit IniFile(const QByteArray& content);
 
   /// The file at `path`; an empty one where the file is missing, cannot be read, or is larger than
@@ -47,14 +51,28 @@ class IniFile {
   void RemoveKey(QByteArrayView section, QByteArrayView key);
 
   /// The whole file.
-  QByteArray Content() const { return lines_.join(); }
+  QByteArray Content() const;
 
  private:
-  void Index();
+  /// A section that has been taken apart. A line keeps its number, whatever comes and goes.
+  struct Section {
+    QList<QByteArray> lines;  // with their ends, the heading first; a removed one is empty
+    QHash<QByteArray, qsizetype> keys;                // name in lower case -> the line that counts
+    QHash<QByteArray, QList<qsizetype>> repetitions;  // -> the lines below that name it again
+    QList<QByteArray> below;  // the blank lines at its end and its namesakes, the lowest first
+  };
 
-  QList<QByteArray> lines_;                    // each with its own line end
-  QHash<QByteArray, qsizetype> keys_;          // "section\nkey", lower case -> line
-  QHash<QByteArray, qsizetype> section_ends_;  // section, lower case -> line behind its last one
+  QByteArrayView Text(qsizetype number) const;
+  Section& TakenApart(qsizetype number) const;
+  qsizetype NumberOf(QByteArrayView section) const;
+  qsizetype AddSection(QByteArrayView name);
+  void EndLastLine();
+
+  QByteArray content_;               // as it was read; all that is not changed points into it
+  QByteArray line_end_ = "\r\n";     // of the lines to be added
+  QList<qsizetype> sections_ = {0};  // where each begins; number 0 is what stands above them all
+  QHash<QByteArray, qsizetype> numbers_;  // name in lower case -> the section that counts
+  mutable std::map<qsizetype, Section> taken_apart_;
 };
 
 }  // namespace Brivon1

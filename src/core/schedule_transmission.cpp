@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include <QHash>
+
 #include "app/module_language.h"
 #include "core/code_page.h"
 #include "core/file_checks.h"
@@ -21,7 +23,7 @@ using ModuleLanguage::TranslateMessage;
 
 constexpr int kPagesOfALetter = 12;
 constexpr int kPausesAheadOfTheSchedule = 3;
-constexpr qsizetype kLongestShownName = 4096;  // no file has a longer one
+constexpr qsizetype kLongestName = 4096;  // no file has a longer one
 
 /// A step of the schedule as the panel is told it.
 struct Entry {
@@ -64,20 +66,20 @@ std::optional<Plan> ReadPlan(const QString& path) {
   if (!file.Head()) return std::nullopt;
   const CodePage& code_page = CodePage::System();
   Plan plan{*file.Head(), {}, {}};
-  QStringList compared;  // the files, as they are compared
+  QHash<QString, qsizetype> places;  // of the files, by their names in upper case
   while (plan.entries.size() < plan.head.sequences) {
     const std::optional<QByteArray> path_line = file.NextPath();
     const std::optional<SequenceDetails> details = file.NextDetails();
     if (!path_line || !details) return std::nullopt;
-    const QString name = code_page.ToText(TrimBlanks(*path_line));
-    qsizetype index = compared.indexOf(name.toUpper());
-    if (index < 0) {
-      index = compared.size();
-      compared.append(name.toUpper());
+    // The line may be a megabyte. What is cut off belongs to a name that is not found anyway.
+    const QString name = code_page.ToText(TrimBlanks(*path_line).left(kLongestName));
+    const QString compared = name.toUpper();
+    if (!places.contains(compared)) {
+      places.insert(compared, plan.files.size());
       plan.files.append(name);
     }
     const QChar feature = FeatureCode(code_page.ToText(details->feature));
-    plan.entries.append({index, details->delay, feature.toLatin1()});
+    plan.entries.append({places.value(compared), details->delay, feature.toLatin1()});
   }
   if (plan.files.size() > kMostDistinctFiles) return std::nullopt;
   return plan;
@@ -127,7 +129,7 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
   for (const QString& name : plan->files) {
     const QString refusal = FileRefusal(name, plan->head.dimension);
     if (refusal.isEmpty()) continue;
-    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name.left(kLongestShownName));
+    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name);
     return false;
   }
 

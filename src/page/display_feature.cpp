@@ -16,8 +16,12 @@ constexpr int kFirstFeature = 2;  // the place that a language's list starts at
 /// The code of a name that is known here.
 std::optional<QChar> KnownCode(const QString& name) {
   const QString wanted = name.trimmed();
+  // No name is longer. A schedule may hold a megabyte, whose upper case would take minutes where a
+  // letter such as "ß" becomes two: all that stands behind it is moved, each time.
+  if (wanted.size() > ModuleLanguage::kLongestValue) return std::nullopt;
+  const QString upper_case = wanted.toUpper();
   for (const DisplayFeature& feature : kDisplayFeatures) {
-    if (QString::fromLatin1(feature.name).toUpper() == wanted.toUpper()) {
+    if (QString::fromLatin1(feature.name).toUpper() == upper_case) {
       return QLatin1Char(feature.code);
     }
   }

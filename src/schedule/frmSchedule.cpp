@@ -58,7 +58,7 @@ QString MessageFileFilter() {
 
 }  // namespace
 
-frmSchedule::frmSchedule(QWidget* parent)
+frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_there)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -66,6 +66,7 @@ frmSchedule::frmSchedule(QWidget* parent)
   ConnectButtons();
   ConnectSlot();
   ConnectTable();
+  ui_->GridSeqTable->LookBy(is_there);
   ui_->GridSeqTable->ShowSequences(schedule_, 1);
   UpdateButtons();
   ui_->butNew->setFocus();
@@ -119,7 +120,7 @@ void frmSchedule::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   // Files may have come and gone while another window was in front.
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    ui_->GridSeqTable->MarkMissingFiles();
+    ui_->GridSeqTable->LookForFiles();
   }
 }
 

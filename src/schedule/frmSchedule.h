@@ -8,6 +8,7 @@
 #include <QDialog>
 
 #include "app/unsaved_work.h"
+#include "schedule/file_look.h"
 #include "schedule/schedule.h"
 #include "schedule/weekdays.h"
 
@@ -19,7 +20,9 @@ class frmSchedule : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
-  explicit frmSchedule(QWidget* parent = nullptr);
+  /// `is_there` looks for the message files that the table names, beside the window.
+  explicit frmSchedule(QWidget* parent = nullptr,
+                       const Brivon1::FileLook::IsThere& is_there = &Brivon1::IsMessageFileThere);
   ~frmSchedule() override;
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.

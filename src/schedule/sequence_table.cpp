@@ -49,6 +49,11 @@ void ShowToolTip(const QHelpEvent& help, const QString& text, QWidget* widget) {
   }
 }
 
+/// The file that a cell names; empty for a cell that names none.
+QString PathIn(const QTableWidgetItem& cell) {
+  return cell.text().isEmpty() ? QString() : Brivon1::InProgramFolder(cell.text());
+}
+
 /// Whether a cell's message file was missing when it was looked for.
 bool IsMissing(const QTableWidgetItem& cell) {
   return cell.data(Qt::AccessibleDescriptionRole).isValid();
@@ -56,7 +61,10 @@ bool IsMissing(const QTableWidgetItem& cell) {
 
 }  // namespace
 
-SequenceTable::SequenceTable(QWidget* parent) : QTableWidget(parent) {
+SequenceTable::SequenceTable(QWidget* parent)
+    : QTableWidget(parent),
+      is_there_(&Brivon1::IsMessageFileThere),
+      look_([this](const QString& path, bool is_there) { NoteFile(path, is_there); }) {
   setColumnCount(kColumns);
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
@@ -138,6 +146,7 @@ void SequenceTable::ShowSequences(const Brivon1::Schedule& schedule, int positio
     SetCell(schedule.Count(), column, QString());
   }
   MarkMissingFiles();
+  LookForFiles();
   setCurrentCell(position - 1, kFile);
   if (schedule.Count() == 0) clearSelection();  // "End" alone is no choice
   // "End" belongs to the last sequence.
@@ -152,13 +161,31 @@ void SequenceTable::SetCell(int row, int column, const QString& text) {
   setItem(row, column, cell);
 }
 
+void SequenceTable::LookForFiles() {
+  QStringList paths;
+  for (int row = 0; row < rowCount(); ++row) {
+    const QString path = PathIn(*item(row, kFile));
+    if (!path.isEmpty() && !paths.contains(path)) paths.append(path);
+  }
+  missing_.intersect({paths.begin(), paths.end()});
+  look_.Begin(paths, is_there_);
+}
+
+void SequenceTable::NoteFile(const QString& path, bool is_there) {
+  if (missing_.contains(path) != is_there) return;  // as it was known
+  if (is_there) {
+    missing_.remove(path);
+  } else {
+    missing_.insert(path);
+  }
+  MarkMissingFiles();
+}
+
 void SequenceTable::MarkMissingFiles() {
   const QString missing_text = ModuleLanguage::TranslateMessage(QStringLiteral("File not found"));
   for (int row = 0; row < rowCount(); ++row) {
     QTableWidgetItem* cell = item(row, kFile);
-    const QString name = cell->text();
-    const bool missing =
-        !name.isEmpty() && !Brivon1::FileExists(Brivon1::FindFile(Brivon1::InProgramFolder(name)));
+    const bool missing = missing_.contains(PathIn(*cell));
     QFont font = this->font();
     font.setItalic(missing);  // for those who do not see the grey
     cell->setFont(font);

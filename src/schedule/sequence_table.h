@@ -2,8 +2,10 @@
 // feature, and a row "End" below them. It shows which message files are missing on the disk.
 #pragma once
 
+#include <QSet>
 #include <QTableWidget>
 
+#include "schedule/file_look.h"
 #include "schedule/schedule.h"
 
 class SequenceTable : public QTableWidget {
@@ -12,6 +14,9 @@ class SequenceTable : public QTableWidget {
  public:
   explicit SequenceTable(QWidget* parent = nullptr);
 
+  /// How message files are looked for from now on; at first it is IsMessageFileThere().
+  void LookBy(const Brivon1::FileLook::IsThere& is_there) { is_there_ = is_there; }
+
   /// Shows the sequences and "End" anew, with the row at `position` selected: 1 to the count of the
   /// sequences, and one more for "End"; without sequences none is. That row is in sight afterwards.
   void ShowSequences(const Brivon1::Schedule& schedule, int position);
@@ -19,8 +24,9 @@ class SequenceTable : public QTableWidget {
   /// The selected row's position; 0 where none is selected.
   int SelectedPosition() const;
 
-  /// Looks again which message files are there, and greys the others.
-  void MarkMissingFiles();
+  /// Looks again which message files are there. The others turn grey as soon as that is known; a
+  /// drive that does not answer keeps nobody waiting.
+  void LookForFiles();
 
  Q_SIGNALS:
   /// The operator wants to choose another message file for the sequence at `position`, or to set
@@ -41,5 +47,11 @@ class SequenceTable : public QTableWidget {
 
  private:
   void SetCell(int row, int column, const QString& text);
+  void NoteFile(const QString& path, bool is_there);
+  void MarkMissingFiles();
   bool PressKey(int key);
+
+  Brivon1::FileLook::IsThere is_there_;
+  QSet<QString> missing_;  // the paths that were missing when they were looked for last
+  Brivon1::FileLook look_;
 };

@@ -11,11 +11,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QScopeGuard>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include "core/folder_of_files.h"
 #include "support/full_disk.h"
 
 namespace Brivon1 {
@@ -31,35 +30,6 @@ QByteArrayList LinesOf(QByteArray content) {
   EXPECT_FALSE(reader.Next()) << "a reader that has ended stays so";
   return lines;
 }
-
-class Files : public testing::Test {
- protected:
-  QString Path(const char* name) const {
-    return folder_.path() + QLatin1Char('/') + QString::fromUtf8(name);
-  }
-
-  QString Write(const char* name, const QByteArray& content) const {
-    QFile file(Path(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_EQ(file.write(content), content.size());
-    return Path(name);
-  }
-
-  static QByteArray Read(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-  }
-
-  /// Everything in the folder, hidden files included, sorted by name.
-  QStringList Names() const {
-    return QDir(folder_.path())
-        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                   QDir::Name);
-  }
-
-  QTemporaryDir folder_;
-};
 
 TEST(LineReader, ALineEndsWithCrLfOrLf) {
   EXPECT_EQ(LinesOf("one\r\ntwo\nthree\r\n"), (QByteArrayList{"one", "two", "three"}));
@@ -102,6 +72,8 @@ TEST(LineReader, AFileIsRefusedFromItsFirstLongerLineOn) {
   EXPECT_EQ(LinesOf("a\n" + too_long), (QByteArrayList{"a"}));
   EXPECT_EQ(LinesOf("a\n" + too_long.first(1048576) + "\rxx"), (QByteArrayList{"a"}));
 }
+
+class Files : public FolderOfFiles {};
 
 TEST_F(Files, AHundredMegabytesWithoutALineEndAreRefusedAfterTheLongestLine) {
   QFile file(Path("endless"));
@@ -365,28 +337,6 @@ TEST_F(Files, ASaveThroughALinkToNothingMakesItsTarget) {
   EXPECT_EQ(SaveWholeFile(Path("link.msg"), "new"), SaveResult::kSaved);
   EXPECT_TRUE(QFileInfo(Path("link.msg")).isSymLink());
   EXPECT_EQ(Read(Path("target.msg")), "new");
-}
-
-mode_t PermissionsOf(const QString& path) {
-  struct stat status {};
-  EXPECT_EQ(stat(QFile::encodeName(path).constData(), &status), 0);
-  return status.st_mode & 07777;
-}
-
-TEST_F(Files, ASaveKeepsTheFilesPermissions) {
-  for (const mode_t mode : {0600, 0640, 0644, 0664, 0666, 0755}) {
-    const QString file = Write("a.msg", "old");
-    ASSERT_EQ(chmod(QFile::encodeName(file).constData(), mode), 0);
-    ASSERT_EQ(SaveWholeFile(file, "new"), SaveResult::kSaved);
-    EXPECT_EQ(PermissionsOf(file), mode);
-  }
-}
-
-TEST_F(Files, ANewFileHasThePermissionsThatTheSystemGivesANewFile) {
-  const mode_t old_mask = umask(0027);
-  const auto restore = qScopeGuard([old_mask] { umask(old_mask); });
-  ASSERT_EQ(SaveWholeFile(Path("new.msg"), "x"), SaveResult::kSaved);
-  EXPECT_EQ(PermissionsOf(Path("new.msg")), mode_t{0640});
 }
 
 TEST_F(Files, AFailedSaveHasAMessageAndASuccessfulOneNone) {

@@ -379,6 +379,35 @@ TEST_F(ScheduleTransmission, OfANameThatNoFileCanHaveTheStartIsShown) {
   ExpectRefused(ScheduleOf({{longest}}), QStringLiteral("File not found: ") + longest);
 }
 
+TEST_F(ScheduleTransmission, EndlessPathsAndFeaturesInTheSlowestLetterAreRefused) {
+  // Upper case makes two letters of this one and moves all that stands behind it, so that a line
+  // of a megabyte would take seconds each time.
+  const QString endless((1 << 20) - 1, QChar(0xDF));
+  QList<Step> steps;
+  for (int i = 0; i < 32; ++i) {
+    steps.append({QChar(u'a' + i % 26) + endless, "1", endless.toLatin1()});
+  }
+  ExpectRefused(ScheduleOf(steps),
+                QStringLiteral("File not found: a") + QString(4095, QChar(0xDF)));
+}
+
+TEST_F(ScheduleTransmission, AFeatureBetweenEndlessBlanksIsStillRead) {
+  const QByteArray blanks(500000, ' ');
+  const QString a = Message(QStringLiteral("a.msg"), "A");
+  Answer(2);
+  EXPECT_TRUE(
+      Send(ScheduleOf({{a, "1", blanks + "flip" + blanks}, {a, "1", "flip" + blanks + "."}})));
+  EXPECT_EQ(link_.Written().last(), "<ID0A><TA>*****00101B,00101A\r\n");
+}
+
+TEST_F(ScheduleTransmission, APathBetweenEndlessBlanksIsStillRead) {
+  const QString blanks(500000, QLatin1Char(' '));
+  const QString a = Message(QStringLiteral("a.msg"), "A");
+  Answer(2);
+  EXPECT_TRUE(Send(ScheduleOf({{blanks + a + blanks}, {a}})));
+  EXPECT_EQ(link_.Written().size(), 2);
+}
+
 TEST_F(ScheduleTransmission, AFileThatIsNoMessageFileIsFoundBeforeAnythingIsSent) {
   const QString a = Message(QStringLiteral("a.msg"), "A");
   const QString other =

@@ -1386,6 +1386,9 @@ TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
     EXPECT_EQ(item->font().italic(), grey);
     return grey;
   };
+  const auto await_grey = [&](int position, bool grey) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return is_grey(position) == grey; }, 60000));
+  };
   EXPECT_FALSE(is_grey(1) || is_grey(2) || is_grey(3));
   // A file goes while another window is in front.
   QWidget other;
@@ -1394,12 +1397,12 @@ TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
   ASSERT_TRUE(QFile::remove(folder_.Path(Text("2.msg"))));
   EXPECT_FALSE(is_grey(2));
   Activate();
+  await_grey(2, true);
   EXPECT_FALSE(is_grey(1));
-  EXPECT_TRUE(is_grey(2));
   QApplication::setActiveWindow(&other);
   Message(2);
   Activate();
-  EXPECT_FALSE(is_grey(2));
+  await_grey(2, false);
 }
 
 TEST_F(ScheduleEditor, AFileNamedWithoutItsFolderIsLookedForInTheProgramsFolder) {
@@ -1409,8 +1412,8 @@ TEST_F(ScheduleEditor, AFileNamedWithoutItsFolderIsLookedForInTheProgramsFolder)
                                         "\r\n1\r\nFlip\r\n" + Field("gone.msg", 100) +
                                         "\r\n2\r\nFall\r\n"));
   EXPECT_EQ(Rows(), Lines({"1|here.msg|1|Flip", "2|gone.msg|2|Fall", "End|||"}));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Table()->item(1, 1)->font().italic(); }, 60000));
   EXPECT_FALSE(Table()->item(0, 1)->font().italic());
-  EXPECT_TRUE(Table()->item(1, 1)->font().italic());
   EXPECT_FALSE(Table()->item(2, 1)->font().italic());  // "End" names none
 }
 
@@ -1431,7 +1434,8 @@ TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
   };
   EXPECT_EQ(shown_letters(), path);
   ASSERT_TRUE(QFile::remove(path));
-  Table()->MarkMissingFiles();
+  Table()->LookForFiles();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Table()->item(0, 1)->font().italic(); }, 60000));
   EXPECT_EQ(shown_letters(), path + Text("\nFile not found"));
   EXPECT_EQ(tool_tip(1, 3), Text("Flip"));
   // A heading that is cut has one too.
