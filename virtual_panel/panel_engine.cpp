@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QTimeZone>
+
 namespace VirtualPanel {
 namespace {
 
@@ -9,7 +11,9 @@ constexpr char kGarbage[] = "#?#?#?#?";
 constexpr char kStrayByte = '\xFF';
 
 // The wall-clock reading of a local time, counted as UTC: a panel's clock knows no summer time.
-QDateTime WallClock(const QDateTime& time) { return QDateTime(time.date(), time.time(), Qt::UTC); }
+QDateTime WallClock(const QDateTime& time) {
+  return QDateTime(time.date(), time.time(), QTimeZone::utc());
+}
 
 QString Describe(const Frame& frame) {
   switch (frame.meaning) {

@@ -24,7 +24,7 @@ namespace {
 /// The lines of `content`, up to the first that the reader refuses.
 QByteArrayList LinesOf(QByteArray content) {
   QBuffer buffer(&content);
-  buffer.open(QIODevice::ReadOnly);
+  EXPECT_TRUE(buffer.open(QIODevice::ReadOnly));
   LineReader reader(buffer);
   QByteArrayList lines;
   while (const auto line = reader.Next()) lines.append(*line);
@@ -374,7 +374,7 @@ mode_t PermissionsOf(const QString& path) {
 }
 
 TEST_F(Files, ASaveKeepsTheFilesPermissions) {
-  for (const mode_t mode : {0600, 0640, 0644, 0664, 0666, 0755}) {
+  for (const mode_t mode : {0600U, 0640U, 0644U, 0664U, 0666U, 0755U}) {
     const QString file = Write("a.msg", "old");
     ASSERT_EQ(chmod(QFile::encodeName(file).constData(), mode), 0);
     ASSERT_EQ(SaveWholeFile(file, "new"), SaveResult::kSaved);

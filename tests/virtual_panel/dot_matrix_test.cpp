@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 #include "dot_glyphs.h"
@@ -37,7 +39,9 @@ DotMatrix Matrix(const std::string& shown) {
   return matrix;
 }
 
-RowLook Look() { return {true, true, QDateTime(QDate(2026, 3, 5), QTime(14, 7, 9), Qt::UTC)}; }
+RowLook Look() {
+  return {true, true, QDateTime(QDate(2026, 3, 5), QTime(14, 7, 9), QTimeZone::utc())};
+}
 
 std::string Row(const QByteArray& text, int columns, const RowLook& look = Look(), int left = 0) {
   DotMatrix matrix(columns, VirtualPanel::kRowDots);
@@ -185,8 +189,9 @@ TEST(DotCharacters, DateAndTimeAreThePanelsOwn) {
 
 TEST(DotCharacters, AMeasureOfDateAndTimeFitsWhatIsWritten) {
   const QList<VirtualPanel::Cell> cells = ParseCells("<DD><DT>");
-  for (const QDateTime& clock : {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC),
-                                 QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), Qt::UTC)}) {
+  for (const QDateTime& clock :
+       {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), QTimeZone::utc()),
+        QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), QTimeZone::utc())}) {
     const qsizetype characters =
         VirtualPanel::TextOf(cells[0], clock).size() + VirtualPanel::TextOf(cells[1], clock).size();
     EXPECT_EQ(VirtualPanel::ColumnsOf(cells, clock), 6 * characters);
