@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs what Brivon is built, tested and run with, as far as it is missing, from Debian's own
-# packages. Asks nothing.
+# packages. Asks nothing. Takes the names of further packages. On a system with other packages it
+# installs nothing and names the programs that are missing; the libraries are named by CMake, which
+# looks for them next.
 set -euo pipefail
 
 packages=(
@@ -8,9 +10,37 @@ packages=(
   qt6-base-dev qt6-serialport-dev libgl-dev
   libgtest-dev libbenchmark-dev
   libfreetype-dev xfonts-base
-  xvfb xauth libsm-dev fonts-dejavu-core fonts-liberation
+  libsm-dev xvfb fonts-dejavu-core fonts-liberation
   "$@"
 )
+
+# Says which programs of the packages are not there, by the names that they have on every system.
+name_missing_programs() {
+  local package programs name
+  local missing=()
+  while IFS=: read -r package programs name; do
+    [[ " ${packages[*]} " == *" $package "* ]] || continue
+    # shellcheck disable=SC2086 # any one of the programs will do
+    command -v $programs >/dev/null || missing+=("$name")
+  done <<PROGRAMS
+g++:${CXX:-c++ g++ clang++}:a C++20 compiler, such as GCC or Clang
+cmake:cmake:CMake 3.25
+ninja-build:ninja ninja-build:Ninja
+xvfb:xvfb-run:Xvfb and xvfb-run
+xauth:xauth:xauth
+clang:clang++:Clang
+clang-format:clang-format:clang-format of Clang 14
+PROGRAMS
+  [ ${#missing[@]} -eq 0 ] && return
+  echo "This system has no Debian packages, so nothing was installed. What is missing:" >&2
+  printf '  %s\n' "${missing[@]}" >&2
+  return 1
+}
+
+if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+  name_missing_programs
+  exit
+fi
 
 missing=()
 for package in "${packages[@]}"; do

@@ -24,7 +24,7 @@ struct stat StatusOf(const QString& path) {
 mode_t PermissionsOf(const QString& path) { return StatusOf(path).st_mode & 07777; }
 
 TEST_F(FileOwner, ASaveKeepsTheFilesPermissions) {
-  for (const mode_t mode : {0600, 0640, 0644, 0664, 0666, 0755, 0444, 0460}) {
+  for (const mode_t mode : {0600U, 0640U, 0644U, 0664U, 0666U, 0755U, 0444U, 0460U}) {
     const QString file = Write("a.msg", "old");
     ASSERT_EQ(chmod(QFile::encodeName(file).constData(), mode), 0);
     ASSERT_EQ(SaveWholeFile(file, "new"), SaveResult::kSaved);
@@ -50,7 +50,7 @@ constexpr gid_t kGroup = 4712;
 
 TEST_F(FileOwner, TheSuperusersSaveKeepsTheFilesOwnerGroupAndMode) {
   if (geteuid() != 0) GTEST_SKIP() << "only the superuser may save to everybody's files";
-  for (const mode_t mode : {0640, 0600, 0444, 02664}) {
+  for (const mode_t mode : {0640U, 0600U, 0444U, 02664U}) {
     const QString file = Write("a.msg", "old");
     GiveTo(kOwner, kGroup, mode, file);
     ASSERT_EQ(SaveWholeFile(file, "new"), SaveResult::kSaved);

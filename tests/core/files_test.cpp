@@ -23,7 +23,7 @@ namespace {
 /// The lines of `content`, up to the first that the reader refuses.
 QByteArrayList LinesOf(QByteArray content) {
   QBuffer buffer(&content);
-  buffer.open(QIODevice::ReadOnly);
+  EXPECT_TRUE(buffer.open(QIODevice::ReadOnly));
   LineReader reader(buffer);
   QByteArrayList lines;
   while (const auto line = reader.Next()) lines.append(*line);

@@ -1,5 +1,7 @@
 #include "core/framing.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 namespace Brivon1 {
@@ -54,7 +56,7 @@ TEST(Framing, ThePageOfARunFrameHasThreeDigits) {
 }
 
 QDateTime At(int year, int month, int day, int hour, int minute, int second) {
-  return QDateTime(QDate(year, month, day), QTime(hour, minute, second), Qt::UTC);
+  return QDateTime(QDate(year, month, day), QTime(hour, minute, second), QTimeZone::utc());
 }
 
 TEST(Framing, Wednesday5March2025At140709SetsTheClockByT2503053140709) {
@@ -75,7 +77,7 @@ TEST(Framing, TheYearHasTwoDigitsAlsoAtTheTurnOfACentury) {
 }
 
 TEST(Framing, TheClockIsSetToTheLocalTimeThatItIsGiven) {
-  EXPECT_EQ(SetClockFrame(QDateTime(QDate(2025, 3, 5), QTime(23, 30), Qt::OffsetFromUTC, 7200)),
+  EXPECT_EQ(SetClockFrame(QDateTime(QDate(2025, 3, 5), QTime(23, 30), QTimeZone(7200))),
             "<T2503053233000>\r\n");
 }
 

@@ -29,6 +29,7 @@
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/shown_window.h"
 #include "support/wheel.h"
 #include "support/window_keys.h"
 
@@ -43,7 +44,7 @@ class MsgEditor : public testing::Test {
   MsgEditor() {
     folder_.Configure("[Dimension Config]\r\nID001=4x80,Tri,127.0.0.1:80\r\n");
     window_.show();
-    QApplication::setActiveWindow(&window_);
+    Activate();
   }
 
   ~MsgEditor() override { QGuiApplication::clipboard()->clear(); }
@@ -82,7 +83,7 @@ class MsgEditor : public testing::Test {
   }
 
   /// The window becomes the active one again, as a desktop makes it when a dialog closes.
-  void Activate() { QApplication::setActiveWindow(&window_); }
+  void Activate() { ActivateWindow(&window_); }
 
   /// Presses a button and enters a name into the file dialog that it opens; an empty one cancels.
   void Choose(const char* button, const QString& path) {

@@ -167,8 +167,8 @@ TEST(DotCharacters, DateAndTimeAreThePanelsOwn) {
 
 TEST(DotCharacters, AMeasureOfDateAndTimeFitsWhatIsWritten) {
   const QList<Cell> cells = ParseCells("<DD><DT>");
-  for (const QDateTime& clock : {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC),
-                                 QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), Qt::UTC)}) {
+  for (const QDateTime& clock : {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), QTimeZone::utc()),
+                                 QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), QTimeZone::utc())}) {
     const qsizetype characters = TextOf(cells[0], clock).size() + TextOf(cells[1], clock).size();
     EXPECT_EQ(ColumnsOf(cells, clock), 6 * characters);
   }

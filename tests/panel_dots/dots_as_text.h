@@ -31,7 +31,7 @@ inline DotMatrix Matrix(const std::string& shown) {
 }
 
 inline RowLook Look() {
-  return {true, true, QDateTime(QDate(2026, 3, 5), QTime(14, 7, 9), Qt::UTC)};
+  return {true, true, QDateTime(QDate(2026, 3, 5), QTime(14, 7, 9), QTimeZone::utc())};
 }
 
 inline std::string Row(const QByteArray& text, int columns, const RowLook& look = Look(),

@@ -29,6 +29,7 @@
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/shown_window.h"
 #include "support/wheel.h"
 
 namespace {
@@ -92,7 +93,7 @@ class ScheduleEditor : public testing::Test {
   }
 
   /// The window becomes the active one again, as a desktop makes it when a dialog closes.
-  void Activate() { QApplication::setActiveWindow(window_.get()); }
+  void Activate() { ActivateWindow(window_.get()); }
 
   void New(bool accepted = true) {
     const ModalWindowDriver dimension(Text("frmDimension"), [accepted](QWidget* dialog) {
@@ -1393,13 +1394,13 @@ TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
   // A file goes while another window is in front.
   QWidget other;
   other.show();
-  QApplication::setActiveWindow(&other);
+  ActivateWindow(&other);
   ASSERT_TRUE(QFile::remove(folder_.Path(Text("2.msg"))));
   EXPECT_FALSE(is_grey(2));
   Activate();
   await_grey(2, true);
   EXPECT_FALSE(is_grey(1));
-  QApplication::setActiveWindow(&other);
+  ActivateWindow(&other);
   Message(2);
   Activate();
   await_grey(2, false);

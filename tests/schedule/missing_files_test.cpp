@@ -204,8 +204,8 @@ class MissingFiles : public testing::Test {
   void ComeToTheFront() {
     QWidget other;
     other.show();
-    QApplication::setActiveWindow(&other);
-    QApplication::setActiveWindow(window_.get());
+    ActivateWindow(&other);
+    ActivateWindow(window_.get());
   }
 
   static constexpr int kTheWindow = 1;  // holds the drive too

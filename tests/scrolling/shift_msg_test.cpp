@@ -28,6 +28,7 @@
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/program_folder.h"
+#include "support/shown_window.h"
 #include "support/wheel.h"
 #include "support/window_keys.h"
 
@@ -48,7 +49,7 @@ class ShiftMsg : public testing::Test {
   ~ShiftMsg() override { QGuiApplication::clipboard()->clear(); }
 
   /// The window becomes the active one again, as a desktop makes it when a dialog closes.
-  void Activate() { QApplication::setActiveWindow(&window_); }
+  void Activate() { ActivateWindow(&window_); }
 
   template <typename Widget>
   Widget* Find(const char* name) {

@@ -8,6 +8,12 @@
 
 #include <gtest/gtest.h>
 
+/// Makes a window the active one, as a desktop does when another closes.
+inline void ActivateWindow(QWidget* window) {
+  window->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+}
+
 template <typename Window>
 class ShownWindow {
  public:

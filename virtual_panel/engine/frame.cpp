@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include <QTimeZone>
+
 namespace VirtualPanel {
 namespace {
 
@@ -65,7 +67,7 @@ std::optional<QDateTime> ReadSetClock(QByteArrayView bytes) {
   const QDate date(2000 + pair(0), pair(2), pair(4));
   const QTime time(pair(7), pair(9), pair(11));
   if (!date.isValid() || !time.isValid()) return std::nullopt;
-  return QDateTime(date, time, Qt::UTC);
+  return QDateTime(date, time, QTimeZone::utc());
 }
 
 // The line code of a message line is the first five characters of a line of the sender's file:

@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSignalSpy>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -170,19 +171,19 @@ TEST_F(EngineTest, ObeysABroadcastSilentlyOnEveryPanel) {
 }
 
 TEST_F(EngineTest, SetsEveryClockAndLetsThemRun) {
-  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2026, 11, 21), QTime(10, 30, 0), Qt::UTC));
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2026, 11, 21), QTime(10, 30, 0), QTimeZone::utc()));
   EXPECT_EQ(Exchange("<T2503053140709>\r\n"), "<ID03>\r\n");
-  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9), Qt::UTC));
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9), QTimeZone::utc()));
   now_ = now_.addSecs(3600);
-  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9), Qt::UTC));
-  EXPECT_EQ(engine_.Clock(3), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9), Qt::UTC));
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9), QTimeZone::utc()));
+  EXPECT_EQ(engine_.Clock(3), QDateTime(QDate(2025, 3, 5), QTime(15, 7, 9), QTimeZone::utc()));
   EXPECT_FALSE(engine_.Clock(4).isValid());
 }
 
 TEST_F(EngineTest, KeepsAClockThatNoSummerTimeDisturbs) {
   // An hour that summer time skips in many places.
   Exchange("<T2603290023000>\r\n");
-  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2026, 3, 29), QTime(2, 30), Qt::UTC));
+  EXPECT_EQ(engine_.Clock(26), QDateTime(QDate(2026, 3, 29), QTime(2, 30), QTimeZone::utc()));
 }
 
 TEST_F(EngineTest, AnswersTheClockByTheLowestIdUnlessToldOtherwise) {
@@ -321,7 +322,7 @@ TEST_F(EngineTest, KeepsTheHalfFramesOfTwoConnectionsApart) {
 }
 
 TEST_F(EngineTest, WritesALogLine) {
-  now_ = QDateTime(QDate(2026, 11, 21), QTime(10, 30, 0, 5), Qt::UTC);
+  now_ = QDateTime(QDate(2026, 11, 21), QTime(10, 30, 0, 5), QTimeZone::utc());
   FrameSplitter splitter;
   engine_.Receive(&splitter, "<ID1A><L01><P001>\xE9\r\n", QStringLiteral("tcp"));
   const QByteArray line = LogLine(engine_.Frames().last());

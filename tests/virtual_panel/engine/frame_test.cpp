@@ -1,5 +1,7 @@
 #include "engine/frame.h"
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 namespace VirtualPanel {
@@ -79,7 +81,7 @@ TEST(ParseFrame, ReadsTheClock) {
   const Frame frame = ParseFrame("<T2503053140709>\r\n");
   EXPECT_EQ(frame.meaning, Meaning::kSetClock);
   EXPECT_EQ(frame.addressee, kNobody);
-  EXPECT_EQ(frame.clock, QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9), Qt::UTC));
+  EXPECT_EQ(frame.clock, QDateTime(QDate(2025, 3, 5), QTime(14, 7, 9), QTimeZone::utc()));
 }
 
 TEST(ParseFrame, RefusesAClockThatCannotBe) {

@@ -47,11 +47,11 @@ class ScheduleTest : public testing::Test {
     return next ? At(engine_.Clock(26, *next)) : QByteArray("never");
   }
 
-  void GoTo(const QDate& date, const QTime& time) { now_ = QDateTime(date, time, Qt::UTC); }
+  void GoTo(const QDate& date, const QTime& time) { now_ = QDateTime(date, time, QTimeZone::utc()); }
   void GoTo(const QTime& time) { GoTo(now_.date(), time); }
   void Wait(qint64 ms) { now_ = now_.addMSecs(ms); }
 
-  QDateTime now_{QDate(2026, 11, 21), QTime(8, 0), Qt::UTC};  // a Saturday
+  QDateTime now_{QDate(2026, 11, 21), QTime(8, 0), QTimeZone::utc()};  // a Saturday
   PanelEngine engine_{{{26, 4, 96, true}, {3, 2, 48, false}}, [this] { return now_; }};
 };
 

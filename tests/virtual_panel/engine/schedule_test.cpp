@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include <QTimeZone>
 #include <QDateTime>
 
 #include <gtest/gtest.h>
@@ -74,7 +75,7 @@ TEST(OwnerOf, PrefersTheOneThatNamesMoreThenWeekdayThenHourThenTheLowestLetter) 
 
 TEST(MinuteOfWeek, CountsFromSundayMidnight) {
   const auto minute = [](const QDate& date, const QTime& time) {
-    return MinuteOfWeek(QDateTime(date, time, Qt::UTC).toMSecsSinceEpoch());
+    return MinuteOfWeek(QDateTime(date, time, QTimeZone::utc()).toMSecsSinceEpoch());
   };
   EXPECT_EQ(minute({2026, 11, 22}, {0, 0}), 0);
   EXPECT_EQ(minute({2026, 11, 22}, {0, 0, 59, 999}), 0);

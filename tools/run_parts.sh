@@ -1,0 +1,22 @@
+# Parts of run.sh, to be sourced.
+# shellcheck shell=bash
+
+# Copies a brivon.ini and names the device $1 as that of port 2. The name may hold any character.
+name_port_2() {
+  local line
+  while IFS= read -r line; do
+    [[ $line != ';Com2='* ]] || line="Com2=$1"$'\r'
+    printf '%s\n' "$line"
+  done
+}
+
+# Passes on what a program says until it says "ready". False if it ends before, or is silent for
+# half a minute.
+pass_on_until_ready() {
+  local line
+  while IFS= read -r -t 30 line; do
+    printf '%s\n' "$line"
+    [ "$line" != ready ] || return 0
+  done
+  return 1
+}
