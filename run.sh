@@ -17,7 +17,7 @@ cmake --build --preset "$preset" --target brivon virtual_panel brivon_journey
 built=build/$preset
 folder=$PWD/build/brivon
 mkdir -p "$folder"
-install -m 755 "$built/src/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
+install -m 755 "$built/src/app/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
 # What stands in the folder is the operator's: it is laid out once and never overwritten.
 (cd samples && find messages schedules languages -type f) | while read -r sample; do
   [ -e "$folder/$sample" ] || install -D -m 644 "samples/$sample" "$folder/$sample"

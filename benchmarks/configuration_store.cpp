@@ -1,6 +1,6 @@
 // Loading a "brivon.ini" of 256 panels, against merely reading its bytes. The load stays below one
 // millisecond.
-#include "core/configuration_store.h"
+#include "store/configuration_store.h"
 
 #include <vector>
 

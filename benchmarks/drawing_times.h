@@ -11,7 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include "measure.h"
-#include "page/draw_cell.h"
+#include "row/draw_cell.h"
 
 /// One plain rectangle for each character cell of a page.
 inline void FillPlainly(QImage& image, int columns, int rows) {

@@ -10,10 +10,10 @@
 #include <benchmark/benchmark.h>
 
 #include "config/configuration_draft.h"
-#include "core/ini_file.h"
-#include "core/schedule_transmission.h"
 #include "measure.h"
 #include "schedule/schedule.h"
+#include "schedule/schedule_transmission.h"
+#include "store/ini_file.h"
 
 namespace {
 
@@ -137,6 +137,8 @@ BENCHMARK(EveryPanelRemoved)->Unit(benchmark::kMillisecond);
 class NoLink : public Brivon1::PanelLink {
  public:
   void Write(const QByteArray& /*bytes*/) override { qFatal("nothing is to be sent"); }
+  qint64 Unsent() const override { return 0; }
+  int Speed() const override { return 9600; }
   QByteArray ReadAvailable() override { return {}; }
   bool IsLost() const override { return false; }
   void Close() override {}
@@ -149,6 +151,12 @@ class NoTimer : public Brivon1::TickTimer {
   void Disable() override {}
   bool WaitForEvent() override { return false; }
   void ProcessEvents() override {}
+};
+
+class NoClock : public Brivon1::MillisecondClock {
+ public:
+  qint64 Milliseconds() const override { return 0; }
+  bool WaitForEvent(qint64 /*at_most*/) override { return false; }
 };
 
 /// A schedule whose every path and feature is as long as a line may be, of letters that upper case
@@ -170,8 +178,9 @@ void AnEndlessScheduleRefused(benchmark::State& state) {
   Brivon1::SetProgramFolder(QDir::tempPath());
   NoLink link;
   NoTimer timer;
+  NoClock clock;
   const Brivon1::Configuration configuration;
-  Brivon1::Transmission transmission{link, timer, configuration, [](const QString&) {}};
+  Brivon1::Transmission transmission{link, timer, clock, configuration, [](const QString&) {}};
   std::vector<double> reads;
   std::vector<double> sends;
   for ([[maybe_unused]] const auto round : state) {

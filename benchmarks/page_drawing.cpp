@@ -15,11 +15,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include "core/configuration_store.h"
-#include "core/dialog_results.h"
 #include "drawing_times.h"
-#include "page/draw_cell.h"
+#include "page/dialog_results.h"
 #include "page/frmMsgEditor.h"
+#include "row/draw_cell.h"
+#include "store/configuration_store.h"
 
 namespace {
 

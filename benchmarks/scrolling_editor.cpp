@@ -11,9 +11,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "core/configuration_store.h"
 #include "drawing_times.h"
 #include "scrolling/frmShiftMsg.h"
+#include "store/configuration_store.h"
 
 namespace {
 

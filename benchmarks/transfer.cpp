@@ -22,10 +22,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "core/framing.h"
-#include "core/panel_connection.h"
-#include "core/transmission.h"
 #include "measure.h"
+#include "page/message_transmission.h"
+#include "panel_line/framing.h"
+#include "panel_line/panel_connection.h"
 
 namespace {
 

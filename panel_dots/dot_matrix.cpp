@@ -6,7 +6,7 @@
 
 #include <QLocale>
 
-#include "core/code_page.h"
+#include "base/code_page.h"
 #include "panel_dots/dot_glyphs.h"
 
 namespace PanelDots {

@@ -10,7 +10,7 @@ packages=(
   qt6-base-dev qt6-serialport-dev libgl-dev
   libgtest-dev libbenchmark-dev
   libfreetype-dev xfonts-base
-  libsm-dev xvfb fonts-dejavu-core fonts-liberation
+  libsm-dev fonts-dejavu-core fonts-liberation
   "$@"
 )
 

@@ -4,7 +4,7 @@
 
 #include <QCommandLineParser>
 
-#include "core/code_page.h"
+#include "base/code_page.h"
 #include "engine/schedule.h"
 
 namespace VirtualPanel {
@@ -159,8 +159,7 @@ class Reader {
     const QString text = parser_.value(names_.code_page);
     options_.code_page = text.toInt();
     if (Brivon1::CodePage::IsKnown(*options_.code_page)) return true;
-    return Refuse(
-        QStringLiteral("code page \"%1\": expected 874 or 1250 to 1258").arg(text));
+    return Refuse(QStringLiteral("code page \"%1\": expected 874 or 1250 to 1258").arg(text));
   }
 
   bool ReadFiles() {

@@ -4,7 +4,8 @@
 
 #include <QBuffer>
 
-#include "core/code_page.h"
+#include "base/code_page.h"
+#include "window/panel_facts.h"
 
 namespace VirtualPanel {
 
@@ -55,9 +56,7 @@ bool Program::OpenLines(QString* error) {
 bool Program::ShowWindow(QString* error) {
   window_ = std::make_unique<PanelWindow>(&engine_);
   window_->SetScrollSpeed(options_.scroll_speed);
-  const auto name_lines = [this] {
-    window_->SetLines(lines_.Descriptions().join(QStringLiteral("   \u00B7   ")));
-  };
+  const auto name_lines = [this] { window_->SetLines(lines_.Descriptions().join(Separator())); };
   name_lines();
   // A pseudo-terminal has another name each time it is plugged in.
   QObject::connect(&lines_, &PanelLines::Opened, window_.get(), name_lines);

@@ -4,14 +4,14 @@
 #include <QEvent>
 #include <QEventLoop>
 
-#include "app/caption_loader.h"
 #include "app/launcher_layout.h"
-#include "app/module_language.h"
 #include "app/session_end.h"
-#include "core/code_page.h"
-#include "core/configuration_store.h"
-#include "core/ini_file.h"
+#include "base/code_page.h"
+#include "language/module_language.h"
+#include "store/configuration_store.h"
+#include "store/ini_file.h"
 #include "ui_frmMain.h"
+#include "widgets/caption_loader.h"
 
 namespace {
 

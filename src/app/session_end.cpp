@@ -8,8 +8,8 @@
 #include <QSessionManager>
 #include <QWidget>
 
-#include "app/unsaved_work.h"
-#include "core/sending_session.h"
+#include "sending/sending_session.h"
+#include "widgets/unsaved_work.h"
 
 SessionEnd::SessionEnd(std::function<QWidget*()> open_window, QObject* parent)
     : QObject(parent), open_window_(std::move(open_window)) {

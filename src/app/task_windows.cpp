@@ -1,7 +1,7 @@
 #include "app/task_windows.h"
 
+#include "command/frmCommand.h"
 #include "config/frmConfig.h"
-#include "core/frmCommand.h"
 #include "page/frmMsgEditor.h"
 #include "schedule/frmSchedule.h"
 #include "scrolling/frmShiftMsg.h"

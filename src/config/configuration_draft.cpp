@@ -2,9 +2,9 @@
 
 #include <QStringList>
 
-#include "core/code_page.h"
-#include "core/number_field.h"
-#include "core/text.h"
+#include "base/code_page.h"
+#include "base/number_field.h"
+#include "base/text.h"
 
 namespace Brivon1 {
 namespace {

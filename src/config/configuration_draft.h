@@ -7,9 +7,9 @@
 #include <QByteArray>
 #include <QString>
 
-#include "core/configuration_store.h"
-#include "core/files.h"
-#include "core/ini_file.h"
+#include "base/files.h"
+#include "store/configuration_store.h"
+#include "store/ini_file.h"
 
 namespace Brivon1 {
 

@@ -7,15 +7,15 @@
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
-#include "app/caption_loader.h"
-#include "app/ignore_wheel.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "app/plain_tool_tip.h"
-#include "core/code_page.h"
-#include "core/number_field.h"
-#include "core/panel_list.h"
+#include "base/code_page.h"
+#include "base/number_field.h"
+#include "language/module_language.h"
+#include "store/panel_list.h"
 #include "ui_frmConfig.h"
+#include "widgets/caption_loader.h"
+#include "widgets/ignore_wheel.h"
+#include "widgets/message_boxes.h"
+#include "widgets/plain_tool_tip.h"
 
 using Brivon1::AddResult;
 using Brivon1::SendMode;

@@ -4,8 +4,8 @@
 #include <QList>
 #include <QString>
 
-#include "core/configuration_store.h"
-#include "core/dimension.h"
+#include "base/dimension.h"
+#include "store/configuration_store.h"
 
 namespace Brivon1 {
 

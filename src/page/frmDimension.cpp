@@ -1,11 +1,11 @@
 #include "page/frmDimension.h"
 
-#include "app/caption_loader.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/configuration_store.h"
-#include "core/dialog_results.h"
+#include "language/module_language.h"
+#include "page/dialog_results.h"
+#include "store/configuration_store.h"
 #include "ui_frmDimension.h"
+#include "widgets/caption_loader.h"
+#include "widgets/message_boxes.h"
 
 frmDimension::frmDimension(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmDimension>()) {

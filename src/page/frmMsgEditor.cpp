@@ -7,17 +7,17 @@
 #include <QKeyEvent>
 #include <QTimer>
 
-#include "app/caption_loader.h"
-#include "app/file_dialogs.h"
-#include "app/file_shortcuts.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/dialog_results.h"
-#include "page/editor_controls.h"
+#include "language/module_language.h"
+#include "page/dialog_results.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
 #include "page/message_file.h"
+#include "row/editor_controls.h"
 #include "ui_frmMsgEditor.h"
+#include "widgets/caption_loader.h"
+#include "widgets/file_dialogs.h"
+#include "widgets/file_shortcuts.h"
+#include "widgets/message_boxes.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include <QDialog>
 
-#include "app/unsaved_work.h"
 #include "page/page_message.h"
+#include "widgets/unsaved_work.h"
 
 class QTimer;
 

@@ -1,8 +1,8 @@
 #include "page/frmPage.h"
 
-#include "app/caption_loader.h"
-#include "core/dialog_results.h"
+#include "page/dialog_results.h"
 #include "ui_frmPage.h"
+#include "widgets/caption_loader.h"
 
 frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmPage>()) {
   ui_->setupUi(this);

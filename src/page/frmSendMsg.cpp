@@ -2,13 +2,14 @@
 
 #include <QPushButton>
 
-#include "app/caption_loader.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/file_checks.h"
-#include "core/files.h"
-#include "core/text.h"
+#include "base/file_checks.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "language/module_language.h"
+#include "page/message_transmission.h"
 #include "ui_frmSendMsg.h"
+#include "widgets/caption_loader.h"
+#include "widgets/message_boxes.h"
 
 using Brivon1::Dimension;
 using Brivon1::SendMode;

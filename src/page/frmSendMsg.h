@@ -5,8 +5,8 @@
 
 #include <QDialog>
 
-#include "app/file_to_send.h"
-#include "core/sending_session.h"
+#include "sending/file_to_send.h"
+#include "sending/sending_session.h"
 
 namespace Ui {
 class frmSendMsg;

@@ -1,7 +1,7 @@
 #include "page/message_file.h"
 
-#include "core/text.h"
-#include "page/attribute_codes.h"
+#include "base/text.h"
+#include "row/attribute_codes.h"
 
 namespace Brivon1 {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <QString>
 
-#include "core/files.h"
+#include "base/files.h"
 #include "page/page_message.h"
 
 namespace Brivon1 {

@@ -6,11 +6,11 @@
 
 #include <QByteArrayView>
 
-#include "core/configuration_store.h"
-#include "core/file_checks.h"
-#include "page/edit_history.h"
-#include "page/page_row.h"
-#include "page/row_editing.h"
+#include "base/file_checks.h"
+#include "row/edit_history.h"
+#include "row/page_row.h"
+#include "row/row_editing.h"
+#include "store/configuration_store.h"
 
 namespace Brivon1 {
 

@@ -7,7 +7,7 @@
 #include <QWidget>
 
 #include "page/page_message.h"
-#include "page/row_surface.h"
+#include "row/row_surface.h"
 
 class QFrame;
 class QLabel;

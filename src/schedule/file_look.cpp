@@ -6,7 +6,7 @@
 #include <QPromise>
 #include <QThreadPool>
 
-#include "core/files.h"
+#include "base/files.h"
 
 namespace Brivon1 {
 namespace {

@@ -5,21 +5,21 @@
 #include <QEvent>
 #include <QValidator>
 
-#include "app/caption_loader.h"
-#include "app/file_dialogs.h"
-#include "app/file_shortcuts.h"
-#include "app/ignore_wheel.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/code_page.h"
-#include "core/configuration_store.h"
-#include "core/dialog_results.h"
-#include "page/display_feature.h"
-#include "page/frmDelay.h"
+#include "base/code_page.h"
+#include "language/display_feature.h"
+#include "language/module_language.h"
+#include "page/dialog_results.h"
 #include "page/frmDimension.h"
+#include "schedule/frmDelay.h"
 #include "schedule/frmSendSch.h"
 #include "schedule/schedule_file.h"
+#include "store/configuration_store.h"
 #include "ui_frmSchedule.h"
+#include "widgets/caption_loader.h"
+#include "widgets/file_dialogs.h"
+#include "widgets/file_shortcuts.h"
+#include "widgets/ignore_wheel.h"
+#include "widgets/message_boxes.h"
 
 namespace {
 

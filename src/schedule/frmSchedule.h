@@ -7,10 +7,10 @@
 
 #include <QDialog>
 
-#include "app/unsaved_work.h"
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
 #include "schedule/weekdays.h"
+#include "widgets/unsaved_work.h"
 
 namespace Ui {
 class frmSchedule;

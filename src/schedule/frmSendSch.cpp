@@ -2,13 +2,13 @@
 
 #include <QPushButton>
 
-#include "app/caption_loader.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/file_checks.h"
-#include "core/files.h"
-#include "core/schedule_transmission.h"
+#include "base/file_checks.h"
+#include "base/files.h"
+#include "language/module_language.h"
+#include "schedule/schedule_transmission.h"
 #include "ui_frmSendSch.h"
+#include "widgets/caption_loader.h"
+#include "widgets/message_boxes.h"
 
 using Brivon1::Dimension;
 using Brivon1::SendMode;

@@ -6,14 +6,14 @@
 #include <QByteArrayView>
 #include <QList>
 
-#include "core/dimension.h"
+#include "base/dimension.h"
+#include "language/display_feature.h"
 
 namespace Brivon1 {
 
-inline constexpr qsizetype kPathField = 100;    ///< Characters of a sequence's path.
-inline constexpr qsizetype kFeatureField = 20;  ///< Characters of a sequence's display feature.
-inline constexpr int kMostSequences = 32;       ///< What a schedule file may hold.
-inline constexpr int kEditedSequences = 12;     ///< What the editor lengthens a schedule to.
+inline constexpr qsizetype kPathField = 100;  ///< Characters of a sequence's path.
+inline constexpr int kMostSequences = 32;     ///< What a schedule file may hold.
+inline constexpr int kEditedSequences = 12;   ///< What the editor lengthens a schedule to.
 inline constexpr qsizetype kMostDistinctFiles = 26;
 
 inline constexpr int kLastWeekday = 7;  ///< Weekdays are 0 (every day), 1 (Sunday) to 7 (Saturday).

@@ -3,12 +3,12 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "core/code_page.h"
-#include "core/configuration_store.h"
-#include "core/file_checks.h"
-#include "core/files.h"
-#include "core/text.h"
+#include "base/code_page.h"
+#include "base/file_checks.h"
+#include "base/files.h"
+#include "base/text.h"
 #include "schedule/schedule_reader.h"
+#include "store/configuration_store.h"
 
 namespace Brivon1 {
 namespace {

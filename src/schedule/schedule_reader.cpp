@@ -1,7 +1,7 @@
 #include "schedule/schedule_reader.h"
 
-#include "core/file_checks.h"
-#include "core/text.h"
+#include "base/file_checks.h"
+#include "base/text.h"
 #include "schedule/schedule.h"
 
 namespace Brivon1 {

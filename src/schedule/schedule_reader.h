@@ -7,8 +7,8 @@
 #include <QFile>
 #include <QString>
 
-#include "core/dimension.h"
-#include "core/files.h"
+#include "base/dimension.h"
+#include "base/files.h"
 
 namespace Brivon1 {
 

@@ -10,12 +10,12 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
-#include "app/module_language.h"
-#include "app/plain_tool_tip.h"
-#include "core/code_page.h"
-#include "core/configuration_store.h"
-#include "core/files.h"
+#include "base/code_page.h"
+#include "base/files.h"
+#include "language/module_language.h"
 #include "schedule/schedule_file.h"
+#include "store/configuration_store.h"
+#include "widgets/plain_tool_tip.h"
 
 namespace {
 

@@ -4,14 +4,14 @@
 
 #include <QPushButton>
 
-#include "app/file_dialogs.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/file_checks.h"
-#include "core/files.h"
-#include "core/scrolling_transmission.h"
-#include "core/text.h"
+#include "base/file_checks.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "language/module_language.h"
+#include "scrolling/scrolling_transmission.h"
 #include "ui_frmSendShift.h"
+#include "widgets/file_dialogs.h"
+#include "widgets/message_boxes.h"
 
 using ModuleLanguage::TranslateMessage;
 

@@ -7,7 +7,7 @@
 
 #include <QDialog>
 
-#include "core/sending_session.h"
+#include "sending/sending_session.h"
 
 namespace Ui {
 class frmSendShift;

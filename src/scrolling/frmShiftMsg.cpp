@@ -4,16 +4,16 @@
 
 #include <QTimer>
 
-#include "app/file_dialogs.h"
-#include "app/file_shortcuts.h"
-#include "app/message_boxes.h"
-#include "app/module_language.h"
-#include "core/configuration_store.h"
-#include "core/file_checks.h"
-#include "page/editor_controls.h"
+#include "base/file_checks.h"
+#include "language/module_language.h"
+#include "row/editor_controls.h"
 #include "scrolling/frmSendShift.h"
 #include "scrolling/scrolling_file.h"
+#include "store/configuration_store.h"
 #include "ui_frmShiftMsg.h"
+#include "widgets/file_dialogs.h"
+#include "widgets/file_shortcuts.h"
+#include "widgets/message_boxes.h"
 
 namespace {
 

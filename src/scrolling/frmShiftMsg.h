@@ -6,9 +6,9 @@
 
 #include <QDialog>
 
-#include "app/unsaved_work.h"
-#include "page/row_surface.h"
+#include "row/row_surface.h"
 #include "scrolling/scrolling_message.h"
+#include "widgets/unsaved_work.h"
 
 class QTimer;
 

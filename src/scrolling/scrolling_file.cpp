@@ -1,7 +1,7 @@
 #include "scrolling/scrolling_file.h"
 
-#include "core/file_checks.h"
-#include "page/attribute_codes.h"
+#include "base/file_checks.h"
+#include "row/attribute_codes.h"
 
 namespace Brivon1 {
 

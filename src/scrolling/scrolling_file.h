@@ -6,8 +6,8 @@
 
 #include <QString>
 
-#include "core/files.h"
-#include "page/page_row.h"
+#include "base/files.h"
+#include "row/page_row.h"
 
 namespace Brivon1 {
 

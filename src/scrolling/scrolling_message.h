@@ -4,9 +4,9 @@
 
 #include <QByteArrayView>
 
-#include "page/edit_history.h"
-#include "page/page_row.h"
-#include "page/row_editing.h"
+#include "row/edit_history.h"
+#include "row/page_row.h"
+#include "row/row_editing.h"
 
 namespace Brivon1 {
 

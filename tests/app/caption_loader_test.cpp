@@ -1,5 +1,5 @@
 // The caption loader, by itself and on every window that there is.
-#include "app/caption_loader.h"
+#include "widgets/caption_loader.h"
 
 #include <sys/stat.h>
 
@@ -19,16 +19,16 @@
 
 #include <gtest/gtest.h>
 
-#include "app/caption_tables.h"
 #include "app/frmMain.h"
-#include "app/module_language.h"
+#include "command/frmCommand.h"
 #include "config/frmConfig.h"
-#include "core/frmCommand.h"
-#include "page/frmDelay.h"
+#include "language/caption_tables.h"
+#include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "page/frmMsgEditor.h"
 #include "page/frmPage.h"
 #include "page/frmSendMsg.h"
+#include "schedule/frmDelay.h"
 #include "schedule/frmSchedule.h"
 #include "schedule/frmSendSch.h"
 #include "support/message_box_reader.h"

@@ -9,14 +9,14 @@
 
 #include <gtest/gtest.h>
 
-#include "app/caption_button.h"
 #include "app/frmMain.h"
-#include "app/module_language.h"
-#include "core/configuration_store.h"
-#include "core/system_code_page.h"
+#include "base/system_code_page.h"
+#include "language/module_language.h"
+#include "store/configuration_store.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 #include "support/use_code_page.h"
+#include "widgets/caption_button.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/code_page.h"
-#include "page/row_editing.h"
-#include "page/row_surface.h"
+#include "base/code_page.h"
+#include "row/row_editing.h"
+#include "row/row_surface.h"
 #include "schedule/schedule_file.h"
 #include "scrolling/frmShiftMsg.h"
 

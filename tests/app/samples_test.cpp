@@ -7,13 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include "app/caption_tables.h"
-#include "app/module_language.h"
-#include "core/configuration_store.h"
-#include "page/display_feature.h"
+#include "language/caption_tables.h"
+#include "language/display_feature.h"
+#include "language/module_language.h"
 #include "page/message_file.h"
 #include "schedule/schedule_file.h"
 #include "scrolling/scrolling_file.h"
+#include "store/configuration_store.h"
 #include "support/program_folder.h"
 
 namespace {

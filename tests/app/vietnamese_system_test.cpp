@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/code_page.h"
-#include "page/row_surface.h"
+#include "base/code_page.h"
+#include "row/row_surface.h"
 #include "scrolling/frmShiftMsg.h"
 
 namespace {

@@ -20,14 +20,14 @@
 
 #include <gtest/gtest.h>
 
-#include "app/caption_button.h"
 #include "app/frmMain.h"
 #include "config/frmConfig.h"
-#include "core/configuration_store.h"
+#include "store/configuration_store.h"
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 #include "support/wheel.h"
+#include "widgets/caption_button.h"
 
 namespace {
 

@@ -25,7 +25,7 @@
 #include <QTest>
 
 #include "app/frmMain.h"
-#include "app/module_language.h"
+#include "language/module_language.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include "page_of.h"
+#include "page/page_of.h"
 #include "support/full_disk.h"
 
 namespace {

@@ -21,10 +21,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/caption_button.h"
-#include "app/fitted_text.h"
-#include "app/module_language.h"
-#include "core/dialog_results.h"
+#include "language/module_language.h"
+#include "page/dialog_results.h"
 #include "page/frmMsgEditor.h"
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
@@ -32,6 +30,8 @@
 #include "support/shown_window.h"
 #include "support/wheel.h"
 #include "support/window_keys.h"
+#include "widgets/caption_button.h"
+#include "widgets/fitted_text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "page_of.h"
+#include "page/page_of.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "page_of.h"
+#include "page/page_of.h"
 
 namespace {
 

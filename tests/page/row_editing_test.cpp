@@ -1,8 +1,8 @@
-#include "page/row_editing.h"
+#include "row/row_editing.h"
 
 #include <gtest/gtest.h>
 
-#include "page_of.h"
+#include "page/page_of.h"
 #include "support/use_code_page.h"
 
 namespace {

@@ -1,3 +1,5 @@
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 #include "dots_as_text.h"
@@ -90,9 +92,7 @@ TEST(DotCharacters, AnAccentIsKept) {
 }
 
 TEST(DotCharacters, AByteIsTheLetterOfTheCodePage) {
-  const auto text = [](char byte) {
-    return TextOf({Cell::Kind::kCharacter, byte}, {});
-  };
+  const auto text = [](char byte) { return TextOf({Cell::Kind::kCharacter, byte}, {}); };
   const UseCodePage russian(1251);
   EXPECT_EQ(text('\xC6'), QStringLiteral("Ж"));
   EXPECT_EQ(Row("<SA><CA>\xC3", 6),  // Г
@@ -167,8 +167,9 @@ TEST(DotCharacters, DateAndTimeAreThePanelsOwn) {
 
 TEST(DotCharacters, AMeasureOfDateAndTimeFitsWhatIsWritten) {
   const QList<Cell> cells = ParseCells("<DD><DT>");
-  for (const QDateTime& clock : {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), QTimeZone::utc()),
-                                 QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), QTimeZone::utc())}) {
+  for (const QDateTime& clock :
+       {QDateTime(), QDateTime(QDate(2000, 1, 1), QTime(0, 0), QTimeZone::utc()),
+        QDateTime(QDate(2099, 12, 31), QTime(23, 59, 59), QTimeZone::utc())}) {
     const qsizetype characters = TextOf(cells[0], clock).size() + TextOf(cells[1], clock).size();
     EXPECT_EQ(ColumnsOf(cells, clock), 6 * characters);
   }

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include <QTimeZone>
+
 #include "panel_dots/dot_matrix.h"
 
 namespace PanelDots {

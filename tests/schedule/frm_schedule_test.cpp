@@ -22,8 +22,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/module_language.h"
-#include "core/dialog_results.h"
+#include "language/module_language.h"
+#include "page/dialog_results.h"
 #include "schedule/frmSchedule.h"
 #include "schedule/sequence_table.h"
 #include "support/full_disk.h"

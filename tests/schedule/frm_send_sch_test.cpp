@@ -12,13 +12,13 @@
 
 #include <gtest/gtest.h>
 
-#include "app/caption_button.h"
-#include "app/fitted_text.h"
 #include "schedule/frmSendSch.h"
 #include "support/full_listener.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"
+#include "widgets/caption_button.h"
+#include "widgets/fitted_text.h"
 
 namespace {
 

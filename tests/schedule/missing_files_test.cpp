@@ -17,6 +17,7 @@
 #include "schedule/sequence_table.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/shown_window.h"
 
 namespace {
 

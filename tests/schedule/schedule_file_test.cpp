@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/file_checks.h"
-#include "core/files.h"
+#include "base/file_checks.h"
+#include "base/files.h"
 #include "support/full_disk.h"
 #include "support/use_code_page.h"
 

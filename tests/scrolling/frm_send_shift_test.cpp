@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/configuration_store.h"
 #include "scrolling/frmSendShift.h"
+#include "store/configuration_store.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/file_checks.h"
+#include "base/file_checks.h"
 #include "support/full_disk.h"
 #include "support/program_folder.h"
 

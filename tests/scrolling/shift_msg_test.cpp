@@ -22,7 +22,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/module_language.h"
+#include "language/module_language.h"
 #include "scrolling/frmShiftMsg.h"
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"

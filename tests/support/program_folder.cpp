@@ -2,8 +2,8 @@
 
 #include <QFile>
 
-#include "app/module_language.h"
-#include "core/configuration_store.h"
+#include "language/module_language.h"
+#include "store/configuration_store.h"
 
 TemporaryProgramFolder::TemporaryProgramFolder() { Brivon1::SetProgramFolder(folder_.path()); }
 

@@ -1,7 +1,7 @@
 // A code page for the time of a test.
 #pragma once
 
-#include "core/code_page.h"
+#include "base/code_page.h"
 
 class UseCodePage {
  public:

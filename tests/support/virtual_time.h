@@ -9,7 +9,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "core/link.h"
+#include "panel_line/link.h"
 
 class VirtualTime {
  public:

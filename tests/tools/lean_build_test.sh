@@ -14,6 +14,6 @@ expect "configuring: $(cat "$scratch/log")" "$?" 0
 
 plan=$(cmake --build "$scratch/build" -- -n)
 expect "the programs that are built" \
-  "$(grep -oE 'Linking CXX executable .*' <<<"$plan")" "Linking CXX executable src/brivon"
+  "$(grep -oE 'Linking CXX executable .*' <<<"$plan")" "Linking CXX executable src/app/brivon"
 
 succeed_without_failures

@@ -1,10 +1,14 @@
 #include "engine/panel.h"
 
+#include <QTimeZone>
+
 namespace VirtualPanel {
 namespace {
 
 // The wall-clock reading of a local time, counted as UTC: a panel's clock knows no summer time.
-QDateTime WallClock(const QDateTime& time) { return QDateTime(time.date(), time.time(), QTimeZone::utc()); }
+QDateTime WallClock(const QDateTime& time) {
+  return QDateTime(time.date(), time.time(), QTimeZone::utc());
+}
 
 // The effect with which the first schedule that has a page shows it.
 char EffectOf(const Schedules& schedules, int page) {

@@ -2,14 +2,10 @@
 
 #include <utility>
 
+#include "engine/timer_wait.h"
 #include "records/engine_json.h"
 
 namespace VirtualPanel {
-namespace {
-
-constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
-
-}  // namespace
 
 EngineRecords::EngineRecords(PanelEngine* engine, QObject* parent)
     : QObject(parent), engine_(engine) {
@@ -79,7 +75,7 @@ QStringList EngineRecords::Reasons() const {
 void EngineRecords::WaitForNextChange() {
   const QDateTime now = engine_->Now();
   if (const auto next = engine_->NextChange(now)) {
-    next_change_.start(static_cast<int>(qMin(now.msecsTo(*next), kMostTimerMs)));
+    next_change_.start(TimerWait(now, *next));
   } else {
     next_change_.stop();
   }

@@ -5,15 +5,11 @@
 #include <QHBoxLayout>
 #include <QtMath>
 
+#include "engine/timer_wait.h"
 #include "window/panel_facts.h"
 #include "window/plain_tool_tip.h"
 
 namespace VirtualPanel {
-namespace {
-
-constexpr qint64 kMostTimerMs = qint64{24} * 60 * kMinuteMs;
-
-}  // namespace
 
 PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
     : QObject(parent),
@@ -113,7 +109,7 @@ void PanelPlace::StartTimers(const QDateTime& now) {
   clock_timer_.start(static_cast<int>(kMinuteMs - of_day % kMinuteMs));
   // To the next page of a schedule that plays, or the beginning of one.
   if (const auto next_change = ShownPanel().NextChange(now)) {
-    play_timer_.start(static_cast<int>(qMin(now.msecsTo(*next_change), kMostTimerMs)));
+    play_timer_.start(TimerWait(now, *next_change));
   } else {
     play_timer_.stop();
   }

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/code_page.h"
+#include "base/code_page.h"
 #include "window/plain_tool_tip.h"
 
 namespace VirtualPanel {

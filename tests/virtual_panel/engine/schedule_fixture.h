@@ -3,6 +3,8 @@
 
 #include <ostream>
 
+#include <QTimeZone>
+
 #include <gtest/gtest.h>
 
 #include "engine/panel_engine.h"
@@ -47,7 +49,9 @@ class ScheduleTest : public testing::Test {
     return next ? At(engine_.Clock(26, *next)) : QByteArray("never");
   }
 
-  void GoTo(const QDate& date, const QTime& time) { now_ = QDateTime(date, time, QTimeZone::utc()); }
+  void GoTo(const QDate& date, const QTime& time) {
+    now_ = QDateTime(date, time, QTimeZone::utc());
+  }
   void GoTo(const QTime& time) { GoTo(now_.date(), time); }
   void Wait(qint64 ms) { now_ = now_.addMSecs(ms); }
 

@@ -1,0 +1,67 @@
+# A room is a folder that knows or does one thing. Its files are of three kinds, and each kind is a
+# library of its own: rules see the toolkit's Core module alone, links also Network and SerialPort,
+# views also Widgets, so that a rule that includes a widget does not compile. Rooms are added from
+# the bottom up, and one rests only on rooms that were added before it.
+#
+#   brivon_room(page RULES ... LINKS ... VIEWS ... RESTS_ON row sending ...)
+#
+# makes brivon_page of the rules, brivon_page_links and brivon_page_views. A "frmXxx.cpp" brings its
+# "frmXxx.ui" along. RESTS_ON names every room whose headers this one includes; the test "rooms"
+# holds the includes against it.
+function(brivon_room room)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "RULES;LINKS;VIEWS;RESTS_ON")
+  foreach(below IN LISTS arg_RESTS_ON)
+    if(NOT TARGET brivon_${below})
+      message(FATAL_ERROR "${room} rests on ${below}, which is not below it")
+    endif()
+    list(APPEND rules brivon_${below})
+    list(APPEND links brivon_${below}_links)
+    list(APPEND views brivon_${below}_views)
+  endforeach()
+  brivon_kind(brivon_${room} "${arg_RULES}" Qt6::Core ${rules})
+  brivon_kind(brivon_${room}_links "${arg_LINKS}"
+    Qt6::Network Qt6::SerialPort brivon_${room} ${links})
+  brivon_kind(brivon_${room}_views "${arg_VIEWS}"
+    Qt6::Widgets brivon_${room}_links ${views})
+
+  set_property(GLOBAL APPEND PROPERTY BRIVON_ROOMS ${room})
+  string(CONCAT declared
+    "set(folder_${room} [[${CMAKE_CURRENT_SOURCE_DIR}]])\nset(below_${room} ${arg_RESTS_ON})\n"
+    "set(rule_${room} ${arg_RULES})\nset(link_${room} ${arg_LINKS})\n"
+    "set(view_${room} ${arg_VIEWS})\n")
+  set_property(GLOBAL APPEND_STRING PROPERTY BRIVON_ROOM_TABLE ${declared})
+endfunction()
+
+# A library of `files` that rests on the libraries behind them. Without a source among the files it
+# is a name for what it rests on.
+function(brivon_kind target files)
+  cmake_path(GET CMAKE_CURRENT_SOURCE_DIR PARENT_PATH include_root)
+  set(sources ${files})
+  list(FILTER sources INCLUDE REGEX "\\.cpp$")
+  if(NOT sources)
+    add_library(${target} INTERFACE)
+    target_include_directories(${target} INTERFACE ${include_root})
+    target_link_libraries(${target} INTERFACE ${ARGN})
+    return()
+  endif()
+  set(forms ${sources})
+  list(FILTER forms INCLUDE REGEX "^frm")
+  list(TRANSFORM forms REPLACE "\\.cpp$" ".ui")
+  qt_wrap_ui(form_headers ${forms})
+  add_library(${target} STATIC ${sources} ${form_headers})
+  target_include_directories(${target} PUBLIC ${include_root} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+  target_link_libraries(${target} PUBLIC ${ARGN} PRIVATE brivon_flags)
+  set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  if(BRIVON_PRECOMPILED_HEADERS AND "Qt6::Widgets" IN_LIST ARGN)
+    target_precompile_headers(${target} REUSE_FROM brivon_view_headers)
+  elseif(BRIVON_PRECOMPILED_HEADERS)
+    target_precompile_headers(${target} REUSE_FROM brivon_rule_headers)
+  endif()
+endfunction()
+
+# Writes what the rooms declared to `path`, for the test "rooms".
+function(brivon_write_rooms path)
+  get_property(rooms GLOBAL PROPERTY BRIVON_ROOMS)
+  get_property(table GLOBAL PROPERTY BRIVON_ROOM_TABLE)
+  file(WRITE ${path} "set(rooms ${rooms})\n${table}")
+endfunction()

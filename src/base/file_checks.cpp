@@ -1,0 +1,71 @@
+#include "base/file_checks.h"
+
+#include <QFileInfo>
+
+#include "base/files.h"
+#include "base/text.h"
+
+namespace Brivon1 {
+namespace {
+
+/// How a kind of file begins. The rows stand in line `rows_line`, the columns in the next one.
+struct FileKind {
+  const char* header;
+  int rows_line;  // 0: the header carries no dimension
+};
+
+constexpr FileKind kMessageFile{kMessageHeader, 2};
+constexpr FileKind kScheduleFile{kScheduleHeader, 5};
+constexpr FileKind kScrollingFile{kScrollingHeader, 0};
+
+/// Opens `file` and reads its header; `lines` reads from it and stands behind the header then.
+std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKind& kind) {
+  const QFileInfo info(file);
+  if (!info.isFile() || info.size() < kShortestFile || !file.open(QIODevice::ReadOnly)) {
+    return std::nullopt;
+  }
+  const std::optional<QByteArray> header = lines.Next();
+  if (!header || TrimBlanks(*header) != kind.header) return std::nullopt;
+  if (kind.rows_line == 0) return Dimension{};
+  for (int line = 2; line < kind.rows_line; ++line) lines.Next();
+  const auto next_number = [&] {
+    return LeadingNumber16(ValueAfterEquals(lines.Next().value_or(QByteArray())));
+  };
+  Dimension dimension;
+  dimension.rows = next_number();
+  dimension.columns = next_number();
+  return dimension;
+}
+
+std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
+  QFile file(path);
+  LineReader lines(file);
+  return ReadHeader(file, lines, kind);
+}
+
+}  // namespace
+
+MessageFileReader::MessageFileReader(const QString& path)
+    : file_(path), lines_(file_), dimension_(ReadHeader(file_, lines_, kMessageFile)) {}
+
+std::optional<QByteArray> MessageFileReader::NextRowLine() {
+  return dimension_ ? lines_.Next() : std::nullopt;
+}
+
+std::optional<Dimension> IsMessageFile(const QString& path) {
+  return CheckFile(path, kMessageFile);
+}
+
+std::optional<Dimension> IsScheduleFile(const QString& path) {
+  return CheckFile(path, kScheduleFile);
+}
+
+bool IsScrollingFile(const QString& path) { return CheckFile(path, kScrollingFile).has_value(); }
+
+std::optional<QByteArray> ScrollingFileText(const QString& path) {
+  QFile file(path);
+  LineReader lines(file);
+  return ReadHeader(file, lines, kScrollingFile) ? lines.Next() : std::nullopt;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,80 @@
+#include "page/message_transmission.h"
+
+#include <algorithm>
+
+#include "base/file_checks.h"
+#include "base/text.h"
+#include "panel_line/framing.h"
+#include "panel_line/waits.h"
+
+namespace Brivon1 {
+namespace {
+
+constexpr qsizetype kLeadingCodeLength = 5;
+constexpr qint16 kFewestColumns = 5;
+
+/// `line` with the panel's own codes for date, time and graphics. The replacement goes by the
+/// literal text of the line, codes included.
+QByteArray WithPanelCodes(QByteArray line) {
+  line.replace("DD MMM YYYY", "<DD>");
+  line.replace("HH:MM", "<DT>");
+  QByteArray result;
+  for (qsizetype i = 0; i < line.size(); ++i) {
+    if (line[i] == '~' && i + 1 < line.size()) {
+      result += QByteArray("<G") + line[++i] + '>';
+    } else {
+      result += line[i];
+    }
+  }
+  return result;
+}
+
+QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& page,
+                        qint16 colour_type) {
+  const QByteArray line = WithPanelCodes(file_line);
+  QByteArray text = line.mid(line.indexOf('>') + 1);
+  if (colour_type == kMono) text = TrimBlanks(StripColourCodes(text));
+  return AckPrefix(id) + line.first(std::min(kLeadingCodeLength, line.size())) + "<P" + page + '>' +
+         text + " \r\n";
+}
+
+}  // namespace
+
+std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, const QByteArray& page,
+                                               Dimension panel, qint16 colour_type) {
+  MessageFileReader file(path);
+  if (file.FileDimension() != panel || panel.rows < 1 || panel.rows > kMaxRows ||
+      panel.columns < kFewestColumns) {
+    return std::nullopt;
+  }
+  QList<QByteArray> frames;
+  for (int row = 1; row <= panel.rows; ++row) {
+    const std::optional<QByteArray> line = file.NextRowLine();
+    if (!line) return std::nullopt;
+    frames.append(MessageFrame(*line, id, page, colour_type));
+  }
+  return frames;
+}
+
+bool SendMessageFile(Transmission& transmission, const QString& path, int id,
+                     const QByteArray& page, Dimension panel) {
+  transmission.status(QStringLiteral("Reading ") + path);
+  const qint16 colour_type =
+      transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
+  const auto frames = MessageFrames(path, id, page, panel, colour_type);
+  if (!frames) return false;
+  for (qsizetype line = 0; line < frames->size(); ++line) {
+    const QString progress = QStringLiteral(" Sending Line %1").arg(line + 1);
+    DiscardInput(transmission.link);
+    if (!SendUntilAcknowledged(transmission, id, frames->at(line),
+                               [&] { transmission.status(progress); })) {
+      return false;
+    }
+    transmission.status(progress + QStringLiteral(" <--- Ack"));
+  }
+  if (!HasArrived(transmission, id)) return false;
+  WaitTicks(transmission.timer, transmission.configuration.delay_period);
+  return true;
+}
+
+}  // namespace Brivon1

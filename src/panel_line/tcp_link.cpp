@@ -1,0 +1,73 @@
+#include "panel_line/tcp_link.h"
+
+#include <utility>
+
+#include <QNetworkProxy>
+
+#include "panel_line/waiting_input.h"
+#include "panel_line/waiting_output.h"
+
+namespace Brivon1 {
+
+TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this)) {
+  socket_->setObjectName(QStringLiteral("Winsock1"));
+  socket_->setProxy(QNetworkProxy::NoProxy);
+  socket_->setReadBufferSize(kReadBuffer);
+  connect(socket_, &QTcpSocket::readyRead, this, &TcpLink::Happened);
+  connect(socket_, &QTcpSocket::disconnected, this, &TcpLink::Happened);
+  connect(socket_, &QTcpSocket::connected, this,
+          [this] { socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1); });
+}
+
+void TcpLink::Connect(const QString& host, int port) {
+  if (socket_->state() != QAbstractSocket::UnconnectedState) socket_->abort();
+  endpoint_ = QStringLiteral("%1:%2").arg(host).arg(port);
+  socket_->connectToHost(host, static_cast<quint16>(port));
+}
+
+bool TcpLink::IsConnected() const { return socket_->state() == QAbstractSocket::ConnectedState; }
+
+void TcpLink::Write(const QByteArray& bytes) {
+  if (!IsConnected()) return;
+  if (socket_->write(bytes) != bytes.size()) {
+    socket_->abort();
+  } else {
+    socket_->flush();
+    answer_is_due_ = true;
+  }
+}
+
+qint64 TcpLink::Unsent() const {
+  if (!IsConnected()) return 0;
+  return socket_->bytesToWrite() + BytesInSystem(socket_->socketDescriptor());
+}
+
+int TcpLink::Speed() const {
+  // Behind the connection may be a box that passes everything on over a serial line.
+  constexpr int kSlowestLine = 9600;
+  return kSlowestLine;
+}
+
+QByteArray TcpLink::ReadAvailable() {
+  const bool answer_is_due = std::exchange(answer_is_due_, false);
+  if (IsConnected() && (answer_is_due || HasWaitingInput(socket_->socketDescriptor()))) {
+    socket_->waitForReadyRead(answer_is_due ? kPromptAnswer : 0);
+  }
+  return socket_->isOpen() ? socket_->readAll() : QByteArray();
+}
+
+void TcpLink::Close() {
+  if (socket_->state() == QAbstractSocket::UnconnectedState) return;
+  // What the system has taken, it sends even then.
+  if (IsConnected() && socket_->bytesToWrite() == 0) socket_->disconnectFromHost();
+  if (socket_->state() != QAbstractSocket::UnconnectedState) socket_->abort();
+}
+
+QString TcpLink::FailureReason() const {
+  const bool is_trying = socket_->state() == QAbstractSocket::HostLookupState ||
+                         socket_->state() == QAbstractSocket::ConnectingState;
+  return endpoint_ + QStringLiteral(": ") +
+         (is_trying ? QStringLiteral("no answer within 500 ms") : socket_->errorString());
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,42 @@
+// What every transmission to a panel works with, and the attempts at one acknowledged frame.
+#pragma once
+
+#include <functional>
+
+#include <QByteArray>
+#include <QString>
+
+#include "panel_line/link.h"
+#include "store/configuration_store.h"
+
+namespace Brivon1 {
+
+/// Shows how a transmission proceeds.
+using StatusLabel = std::function<void(const QString& text)>;
+
+/// What a transmission works with. The caller opens the link before, closes it afterwards, and
+/// reports the result.
+struct Transmission {
+  PanelLink& link;
+  TickTimer& timer;
+  MillisecondClock& clock;
+  const Configuration& configuration;
+  StatusLabel status;
+};
+
+/// Throws away what has been received and not read: bytes left over from an earlier exchange would
+/// be counted into the next acknowledgement. A panel that never stops sending is not waited for.
+void DiscardInput(PanelLink& link);
+
+/// Sends `frame` up to five times without a pause, until panel `id` acknowledges it. `before` is
+/// called ahead of every attempt. Between sending and waiting for the acknowledgement,
+/// `sending_time` milliseconds of ticks are left to the frame. A lost line ends the attempts.
+bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
+                           const std::function<void()>& before, int sending_time = 0);
+
+/// Whether what panel `id` was sent has arrived, as far as it can be known. A panel has
+/// acknowledged it. Nobody acknowledges what goes to all panels, ID 0: it must have left, which is
+/// waited for.
+bool HasArrived(Transmission& transmission, int id);
+
+}  // namespace Brivon1

@@ -1,0 +1,45 @@
+#include "panel_line/waiting_output.h"
+
+#include <QSerialPort>
+
+#ifdef Q_OS_UNIX
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#endif
+
+namespace Brivon1 {
+
+std::optional<qsizetype> WriteWhatFits(QSerialPort& port, QByteArrayView bytes) {
+#ifdef Q_OS_UNIX
+  qsizetype taken = 0;
+  while (taken < bytes.size()) {
+    const ssize_t size = ::write(port.handle(), bytes.data() + taken,
+                                 static_cast<std::size_t>(bytes.size() - taken));
+    if (size > 0) {
+      taken += size;
+    } else if (size == 0 || errno == EAGAIN) {
+      break;
+    } else if (errno != EINTR) {
+      return std::nullopt;
+    }
+  }
+  return taken;
+#else
+  // Here the toolkit writes in the background and keeps what has no room.
+  const qint64 taken = port.write(bytes.data(), bytes.size());
+  return taken < 0 ? std::nullopt : std::optional<qsizetype>(taken);
+#endif
+}
+
+qint64 BytesInSystem([[maybe_unused]] qintptr descriptor) {
+#ifdef Q_OS_UNIX
+  int bytes = 0;
+  return ::ioctl(static_cast<int>(descriptor), TIOCOUTQ, &bytes) == 0 ? bytes : 0;
+#else
+  return 0;
+#endif
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,44 @@
+#include "row/editor_controls.h"
+
+#include <utility>
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QShortcut>
+
+#include "widgets/ignore_wheel.h"
+
+void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message) {
+  for (const char* name : Brivon1::kColourNames) controls.colour->addItem(QLatin1String(name));
+  for (const char* name : Brivon1::kSizeNames) controls.size->addItem(QLatin1String(name));
+  QObject::connect(controls.colour, &QComboBox::currentIndexChanged, controls.colour,
+                   [&message](int index) { message.ChooseColour(index); });
+  QObject::connect(controls.size, &QComboBox::currentIndexChanged, controls.size,
+                   [&message](int index) { message.ChooseSize(index); });
+  QObject::connect(controls.blink, &QCheckBox::toggled, controls.blink,
+                   [&message](bool checked) { message.ChooseBlink(checked); });
+}
+
+void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,
+                      const std::function<void()>& redo) {
+  const auto add = [window](const QKeySequence& keys, const std::function<void()>& act) {
+    QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, act);
+  };
+  add(QKeySequence(Qt::CTRL | Qt::Key_Z), undo);
+  add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), redo);
+  add(QKeySequence(Qt::CTRL | Qt::Key_Y), redo);
+}
+
+ListGuard::ListGuard(QComboBox* list, std::function<void()> closed)
+    : QObject(list), list_(list), closed_(std::move(closed)) {
+  IgnoreWheel(list);
+  list->view()->installEventFilter(this);
+}
+
+bool ListGuard::eventFilter(QObject* /*view*/, QEvent* event) {
+  // A list that vanishes with its window has nothing to give back.
+  if (event->type() == QEvent::Hide && list_->isVisible()) closed_();
+  return false;
+}

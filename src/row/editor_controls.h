@@ -1,0 +1,41 @@
+// What the windows of the page editor and of the scrolling message editor do alike with their
+// controls: the attributes of what is typed next, the lists, and the keys for undo.
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+
+#include "row/row_editing.h"
+
+class QCheckBox;
+class QComboBox;
+
+struct AttributeControls {
+  QComboBox* colour;
+  QComboBox* size;
+  QCheckBox* blink;
+};
+
+/// Fills the lists and lets all three choose the attributes of `message`, which outlives them.
+void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message);
+
+/// Binds the usual keys of undo and redo in `window`.
+void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,
+                      const std::function<void()>& redo);
+
+/// Keeps a list from being changed by accident, and gives the keyboard back after a choice.
+class ListGuard : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Ignores a wheel that passes over `list`, and calls `closed` whenever the list is closed, where
+  /// a letter that is typed on would else choose an entry.
+  ListGuard(QComboBox* list, std::function<void()> closed);
+
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  QComboBox* list_;
+  std::function<void()> closed_;
+};

@@ -1,0 +1,59 @@
+// The surface on which one row of a page, or a span of a scrolling message, is shown and typed. It
+// draws its row and reports what the keyboard, an input method, the clipboard and the mouse do to
+// it; what that means is decided elsewhere.
+#pragma once
+
+#include <QWidget>
+
+#include "row/draw_cell.h"
+
+class RowSurface : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `row` is shown as it is whenever something is painted, and outlives the surface.
+  RowSurface(const Brivon1::PageRow& row, QWidget* parent);
+
+  /// To be called after every change of the row. `span` is what is shown of it.
+  void RedrawRow(RowSpan span = {});
+
+  enum class CursorLine { kNone, kShown, kErased };
+  void SetCursorLine(CursorLine line);
+
+  /// Shows the blinking characters, or blank cells in their places.
+  void SetBlinkingHidden(bool hidden);
+
+  QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+ Q_SIGNALS:
+  /// Text came from the keyboard, an input method or the clipboard; Backspace and Enter are the
+  /// control characters 8 and 13.
+  void Typed(const QString& text);
+
+  void MoveKeyPressed(Brivon1::MoveKey key);
+
+  /// The left button was pressed `x` pixels from the left edge.
+  void Clicked(double x);
+
+  /// The keyboard has come to this row.
+  void KeyboardEntered();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  /// The cell in front of which the cursor stands.
+  int CursorCell() const { return static_cast<int>(row_.Cursor() - span_.first); }
+  QRect CursorRectangle() const;
+  void Paste();
+
+  const Brivon1::PageRow& row_;
+  RowSpan span_;
+  CursorLine cursor_line_ = CursorLine::kNone;
+  bool blinking_hidden_ = false;
+};

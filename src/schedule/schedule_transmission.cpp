@@ -1,0 +1,159 @@
+#include "schedule/schedule_transmission.h"
+
+#include <algorithm>
+#include <optional>
+
+#include <QHash>
+
+#include "base/code_page.h"
+#include "base/file_checks.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "language/display_feature.h"
+#include "language/module_language.h"
+#include "page/message_transmission.h"
+#include "panel_line/framing.h"
+#include "panel_line/waits.h"
+#include "schedule/schedule.h"
+#include "schedule/schedule_reader.h"
+
+namespace Brivon1 {
+namespace {
+
+using ModuleLanguage::TranslateMessage;
+
+constexpr int kPagesOfALetter = 12;
+constexpr int kPausesAheadOfTheSchedule = 3;
+constexpr qsizetype kLongestName = 4096;  // no file has a longer one
+
+/// A step of the schedule as the panel is told it.
+struct Entry {
+  qsizetype file;  // its place among the different files, from 0
+  qint16 delay;
+  char feature;
+};
+
+struct Plan {
+  ScheduleHead head;
+  QStringList files;  // the different message files' names, in the order of first appearance
+  QList<Entry> entries;
+};
+
+/// "A" to "J", or nothing for any other text.
+std::optional<char> ScheduleLetter(const QString& text) {
+  if (text.size() != 1) return std::nullopt;
+  const char letter = text.at(0).toLatin1();
+  if (letter >= 'A' && letter <= 'J') return letter;
+  if (letter >= 'a' && letter <= 'j') return static_cast<char>(letter - 'a' + 'A');
+  return std::nullopt;
+}
+
+QByteArray PageOf(char letter, qsizetype file) {
+  return ZeroPadded((letter - 'A') * kPagesOfALetter + 1 + static_cast<int>(file), 3);
+}
+
+/// Two digits for an hour or minute that is a number; any other text as it is.
+QByteArray TimeText(const QByteArray& value) {
+  const QByteArray number = TrimBlanks(value);
+  const bool is_number = !number.isEmpty() && std::all_of(number.begin(), number.end(), [](char c) {
+    return c >= '0' && c <= '9';
+  });
+  return is_number ? ZeroPadded(LeadingNumber16(number), 2) : value;
+}
+
+/// Nothing for a file that ends early or names more than kMostDistinctFiles.
+std::optional<Plan> ReadPlan(const QString& path) {
+  ScheduleReader file(path);
+  if (!file.Head()) return std::nullopt;
+  const CodePage& code_page = CodePage::System();
+  Plan plan{*file.Head(), {}, {}};
+  QHash<QString, qsizetype> places;  // of the files, by their names in upper case
+  while (plan.entries.size() < plan.head.sequences) {
+    const std::optional<QByteArray> path_line = file.NextPath();
+    const std::optional<SequenceDetails> details = file.NextDetails();
+    if (!path_line || !details) return std::nullopt;
+    // The line may be a megabyte. What is cut off belongs to a name that is not found anyway.
+    const QString name = code_page.ToText(TrimBlanks(*path_line).left(kLongestName));
+    const QString compared = name.toUpper();
+    if (!places.contains(compared)) {
+      places.insert(compared, plan.files.size());
+      plan.files.append(name);
+    }
+    const QChar feature = FeatureCode(code_page.ToText(details->feature));
+    plan.entries.append({places.value(compared), details->delay, feature.toLatin1()});
+  }
+  if (plan.files.size() > kMostDistinctFiles) return std::nullopt;
+  return plan;
+}
+
+bool IsEmpty(const Plan& plan) {
+  return std::all_of(plan.files.begin(), plan.files.end(),
+                     [](const QString& file) { return file.isEmpty(); });
+}
+
+/// What keeps a message file from being sent, in English; empty where nothing does.
+QString FileRefusal(const QString& name, Dimension dimension) {
+  const QString file = FindFile(InProgramFolder(name));
+  if (!FileExists(file)) return QStringLiteral("File not found");
+  const std::optional<Dimension> found = IsMessageFile(file);
+  if (!found) return QStringLiteral("Error in opening file");
+  if (*found != dimension) return QStringLiteral("Dimension Not Match");
+  return {};
+}
+
+QByteArray ScheduleFrame(const Plan& plan, int id, char letter) {
+  QList<QByteArray> entries;
+  for (const Entry& entry : plan.entries) {
+    entries.append(PageOf(letter, entry.file) + ZeroPadded(entry.delay, 2) + entry.feature);
+  }
+  const QByteArray weekday =
+      plan.head.weekday == 0 ? QByteArray("*") : QByteArray::number(plan.head.weekday - 1);
+  return AckPrefix(id) + "<T" + letter + '>' + weekday + TimeText(plan.head.hour) +
+         TimeText(plan.head.minute) + entries.join(',') + "\r\n";
+}
+
+}  // namespace
+
+bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
+                      const QString& letter_text, const ShowText& show_text) {
+  const std::optional<char> letter = ScheduleLetter(letter_text);
+  if (!letter) {
+    show_text(TranslateMessage(QStringLiteral("Please enter A-J")));
+    return false;
+  }
+  const std::optional<Plan> plan = ReadPlan(path.trimmed());
+  if (!plan) return false;
+  if (IsEmpty(*plan)) {
+    show_text(TranslateMessage(QStringLiteral("Empty Schedule File!")));
+    return false;
+  }
+  for (const QString& name : plan->files) {
+    const QString refusal = FileRefusal(name, plan->head.dimension);
+    if (refusal.isEmpty()) continue;
+    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name);
+    return false;
+  }
+
+  for (qsizetype index = 0; index < plan->files.size(); ++index) {
+    const QString& name = plan->files.at(index);
+    if (SendMessageFile(transmission, FindFile(InProgramFolder(name)), id, PageOf(*letter, index),
+                        plan->head.dimension)) {
+      continue;
+    }
+    show_text(TranslateMessage(QStringLiteral("Error in sending")) + QLatin1Char(' ') + name +
+              QLatin1Char('!'));
+    return false;
+  }
+  for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
+    WaitTicks(transmission.timer, transmission.configuration.delay_period);
+  }
+  transmission.status(QStringLiteral("Schedule--->"));
+  DiscardInput(transmission.link);
+  const bool sent =
+      SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
+      HasArrived(transmission, id);
+  if (sent) transmission.status(QStringLiteral("<--- Ack"));
+  return sent;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,27 @@
+// Sending a schedule to one panel over an open link: its message files as a block of pages, then
+// the one frame that says when to show which of them.
+#pragma once
+
+#include <functional>
+
+#include <QString>
+
+#include "panel_line/transmission.h"
+
+namespace Brivon1 {
+
+/// Shows the operator a text that has been looked up.
+using ShowText = std::function<void(const QString& text)>;
+
+/// Sends the schedule file at `path` (blanks at its ends do not count) to panel `id` under the
+/// schedule letter `letter`, "A" to "J" in either case. Each different message file is sent once,
+/// as the letter's first page and the ones that follow it; a name without a folder's full path is
+/// that of a file in the program's folder. Everything is checked before the first
+/// byte leaves, but for the row lines of the message files.
+///
+/// True when all message files and the schedule were acknowledged. A refused letter, schedule or
+/// message file, and the first message file that fails, give false after at most one text.
+bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
+                      const QString& letter, const ShowText& show_text);
+
+}  // namespace Brivon1

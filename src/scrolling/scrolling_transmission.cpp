@@ -1,0 +1,49 @@
+#include "scrolling/scrolling_transmission.h"
+
+#include "base/file_checks.h"
+#include "base/text.h"
+#include "panel_line/framing.h"
+#include "panel_line/waits.h"
+
+namespace Brivon1 {
+namespace {
+
+/// The time that a frame is given to leave the line before its acknowledgement is waited for.
+constexpr int kSendingTime = 300;
+
+/// `text` without a single colour code, also none that is put together by taking out another one.
+QByteArray WithoutColourCodes(const QByteArray& text) {
+  constexpr qsizetype kCodeLength = 4;
+  QByteArray result;
+  for (const char character : StripColourCodes(text)) {
+    result.append(character);
+    if (character != '>' || result.size() < kCodeLength) continue;
+    if (QByteArrayView(result).last(kCodeLength).startsWith("<C")) result.chop(kCodeLength);
+  }
+  return result;
+}
+
+QByteArray ScrollingFrame(QByteArray text, int id, int line, qint16 colour_type) {
+  if (colour_type == kMono) text = TrimBlanks(WithoutColourCodes(text));
+  return AckPrefix(id) + "<L" + QByteArray::number(line) + '>' + text + "\r\n";
+}
+
+}  // namespace
+
+bool SendScrollingFile(Transmission& transmission, const QString& path, int id, int line) {
+  const std::optional<QByteArray> text = ScrollingFileText(path);
+  if (!text) return false;
+  const qint16 colour_type =
+      transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
+  transmission.status(QStringLiteral("Sending --->"));
+  if (!SendUntilAcknowledged(
+          transmission, id, ScrollingFrame(*text, id, line, colour_type), [] {}, kSendingTime) ||
+      !HasArrived(transmission, id)) {
+    return false;
+  }
+  transmission.status(QStringLiteral("<--- Ack"));
+  WaitTicks(transmission.timer, transmission.configuration.delay_period);
+  return true;
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,13 @@
+// Sending a scrolling message to one line of one panel over an open link, as a single frame.
+#pragma once
+
+#include "panel_line/transmission.h"
+
+namespace Brivon1 {
+
+/// Sends the scrolling message file at `path` to line `line` of panel `id`. True when the panel has
+/// acknowledged it; false for a refused file, with nothing sent, and after five attempts without an
+/// acknowledgement. Shows no message.
+bool SendScrollingFile(Transmission& transmission, const QString& path, int id, int line);
+
+}  // namespace Brivon1

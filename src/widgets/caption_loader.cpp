@@ -1,0 +1,132 @@
+#include "widgets/caption_loader.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QWidget>
+
+#include "language/caption_tables.h"
+#include "language/display_feature.h"
+#include "language/module_language.h"
+
+namespace {
+
+using ModuleLanguage::CaptionKey;
+using ModuleLanguage::CaptionKind;
+using ModuleLanguage::CaptionRow;
+using ModuleLanguage::CaptionTable;
+using ModuleLanguage::LanguageFile;
+
+// Gives one window the texts of its section.
+class Loader {
+ public:
+  Loader(QWidget* window, const CaptionTable& table)
+      : window_(window), section_(QString::fromLatin1(table.window)) {}
+
+  void Load(const CaptionRow& row) {
+    switch (row.kind) {
+      case CaptionKind::kWindow:
+        window_->setWindowTitle(Text(row, 0, window_->windowTitle()));
+        break;
+      case CaptionKind::kControl:
+        LoadControl(row);
+        break;
+      case CaptionKind::kList:
+        LoadEntries(row);
+        break;
+      case CaptionKind::kFeatureList:
+        FillFeatures(row);
+        break;
+      case CaptionKind::kDialogTitle:
+        *row.title = Text(row, 0, QString::fromLatin1(row.built_in));
+        break;
+      case CaptionKind::kTableHeading:
+        LoadHeadings(row);
+        break;
+    }
+  }
+
+ private:
+  QString Text(const CaptionRow& row, int n, const QString& current) const {
+    return file_.Value(section_, CaptionKey(row, n), current);
+  }
+
+  template <typename Control>
+  Control* Find(const CaptionRow& row) const {
+    return window_->findChild<Control*>(QString::fromLatin1(row.control));
+  }
+
+  void LoadControl(const CaptionRow& row) {
+    if (auto* label = Find<QLabel>(row)) {
+      label->setTextFormat(Qt::PlainText);  // a caption is never markup, whatever a file says
+      label->setText(Text(row, 0, label->text()));
+    } else if (auto* button = Find<QAbstractButton>(row)) {
+      button->setText(Text(row, 0, button->text()));
+    } else if (auto* box = Find<QGroupBox>(row)) {
+      box->setTitle(Text(row, 0, box->title()));
+    }
+  }
+
+  void LoadEntries(const CaptionRow& row) {
+    if (auto* combo = Find<QComboBox>(row)) {
+      for (int n = 0; n < row.count && n < combo->count(); ++n) {
+        combo->setItemText(n, Text(row, n, combo->itemText(n)));
+      }
+    } else if (auto* list = Find<QListWidget>(row)) {
+      for (int n = 0; n < row.count && n < list->count(); ++n) {
+        list->item(n)->setText(Text(row, n, list->item(n)->text()));
+      }
+    }
+  }
+
+  void FillFeatures(const CaptionRow& row) {
+    auto* list = Find<QListWidget>(row);
+    if (list == nullptr) return;
+    list->clear();
+    for (int n = 0; n < row.count; ++n) {
+      if (const auto entry = Brivon1::FeatureEntry(file_, n)) list->addItem(*entry);
+    }
+  }
+
+  void LoadHeadings(const CaptionRow& row) {
+    auto* table = Find<QTableWidget>(row);
+    if (table == nullptr) return;
+    for (int n = 0; n < row.count; ++n) {
+      const int column = n + 1;  // column 0 holds the numbers and has no heading
+      const QString heading = Text(row, n, QString());
+      if (heading.isEmpty() || column >= table->columnCount()) continue;
+      if (QTableWidgetItem* item = table->horizontalHeaderItem(column)) {
+        item->setText(heading);
+      } else {
+        table->setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
+      }
+    }
+  }
+
+  QWidget* window_;
+  QString section_;
+  LanguageFile file_;  // read once for the whole window
+};
+
+void UsePlainButtons(QWidget* window) {
+  for (QPushButton* button : window->findChildren<QPushButton*>()) {
+    QFont font = button->font();
+    font.setBold(false);
+    button->setFont(font);
+  }
+}
+
+}  // namespace
+
+void LoadCaptions(QWidget* window) {
+  if (!ModuleLanguage::IsLanguageActive()) return;
+  const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName());
+  if (table == nullptr) return;
+  Loader loader(window, *table);
+  for (const CaptionRow& row : table->rows) loader.Load(row);
+  if (table->plain_buttons) UsePlainButtons(window);
+}

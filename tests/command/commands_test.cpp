@@ -1,0 +1,167 @@
+#include "command/commands.h"
+
+#include <gtest/gtest.h>
+
+#include "support/program_folder.h"
+#include "support/virtual_time.h"
+
+namespace Brivon1 {
+namespace {
+
+class Commands : public testing::Test {
+ protected:
+  Commands() { folder_.Configure("[Communication]\r\nDelay Period=200\r\n"); }
+
+  CommandReport Run(PanelCommand command, int id, const QString& page = {},
+                    SendMode mode = SendMode::kSerial) {
+    Transmission transmission{link_, timer_, clock_, Store(), [](const QString&) {}};
+    const QDateTime now(QDate(2025, 3, 5), QTime(14, 7, 9));
+    return CarryOutCommand(transmission, mode, command, id, page, now);
+  }
+
+  TemporaryProgramFolder folder_;
+  VirtualTime time_;
+  VirtualTickTimer timer_{time_};
+  VirtualClock clock_{time_};
+  ScriptedLink link_{time_};
+};
+
+void ExpectReport(const CommandReport& report, const QString& text, const QString& title,
+                  bool succeeded) {
+  EXPECT_EQ(report.text.join(QLatin1Char(' ')), text);
+  EXPECT_EQ(report.title, title);
+  EXPECT_EQ(report.succeeded, succeeded);
+}
+
+const QString kTitle = QStringLiteral("Command");
+
+TEST_F(Commands, APollThatIsAnsweredOnTheThirdAttemptReportsSuccessAfterTwoPausesOfDelayPeriod) {
+  link_.StaySilent();
+  link_.StaySilent();
+  link_.AnswerAfter(50, "<ID1A>\r\n");
+  ExpectReport(Run(PanelCommand::kPolling, 26), QStringLiteral("Command is sent successfully!"),
+               kTitle, true);
+  const QString frame = QStringLiteral(" send <ID1A><?>[CR][LF]");
+  QStringList expected{QStringLiteral("@0") + frame};
+  expected << TicksAt(100, 1100) << TicksAt(1200, 1300) << QStringLiteral("@1300") + frame
+           << TicksAt(1400, 2400) << TicksAt(2500, 2600) << QStringLiteral("@2600") + frame;
+  EXPECT_EQ(time_.Timeline(), expected);
+  EXPECT_EQ(time_.Now(), 2650);
+}
+
+TEST_F(Commands, AfterTheFifthFailureThePauseIsStillTaken) {
+  ExpectReport(Run(PanelCommand::kPolling, 26), QStringLiteral("Polling error!"), kTitle, false);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>(5, "<ID1A><?>\r\n"));
+  EXPECT_EQ(time_.Now(), 5 * (1100 + 200));
+}
+
+TEST_F(Commands, AWrongAnswerIsFollowedByThePauseToo) {
+  link_.AnswerAfter(10, "<ID1a>\r\n");
+  link_.AnswerAfter(10, "<ID1A>\r\n");
+  EXPECT_TRUE(Run(PanelCommand::kPolling, 26).succeeded);
+  EXPECT_EQ(time_.Now(), 10 + 200 + 10);
+}
+
+TEST_F(Commands, ALostLineEndsTheAttemptsWithoutAPause) {
+  link_.LoseAfter(30);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 26), QStringLiteral("Transmission error!"), kTitle,
+               false);
+  EXPECT_EQ(time_.Now(), 30);
+}
+
+TEST_F(Commands, OverALostLineNoPanelHasObeyed) {
+  link_.LoseAfter(0);
+  link_.Write("the last frame of an earlier exchange");
+  while (!link_.IsLost()) time_.Advance();
+  ExpectReport(Run(PanelCommand::kDeleteAll, 0), QStringLiteral("Transmission error!"), kTitle,
+               false);
+  EXPECT_EQ(link_.Written().size(), 1);
+}
+
+TEST_F(Commands, Panel200IsAddressedAsC8AndDeletingItsPage7SendsThreeDigits) {
+  link_.AnswerAfter(1, "<IDC8>\r\n");
+  ExpectReport(Run(PanelCommand::kDeletePage, 200, QStringLiteral("7")),
+               QStringLiteral("Page 7 is deleted."), kTitle, true);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>{"<IDC8><D007>\r\n"});
+}
+
+TEST_F(Commands, RunPageReportsThePageAsEnteredUnderItsOwnTitle) {
+  link_.AnswerAfter(1, "<ID01>\r\n");
+  ExpectReport(Run(PanelCommand::kRunPage, 1, QStringLiteral("012")),
+               QStringLiteral("Page 012 is running."), QStringLiteral("Run page"), true);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID01><RP012>\r\n"});
+}
+
+TEST_F(Commands, DeleteAll) {
+  link_.AnswerAfter(1, "<ID01>\r\n");
+  ExpectReport(Run(PanelCommand::kDeleteAll, 1), QStringLiteral("All pages are deleted!"), kTitle,
+               true);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID01><D*>\r\n"});
+}
+
+TEST_F(Commands, DeleteAndRunThatFailSayTransmissionError) {
+  for (const PanelCommand command :
+       {PanelCommand::kDeleteAll, PanelCommand::kDeletePage, PanelCommand::kRunPage}) {
+    ExpectReport(Run(command, 1, QStringLiteral("1")), QStringLiteral("Transmission error!"),
+                 kTitle, false);
+  }
+  EXPECT_EQ(link_.Written().size(), 15);
+}
+
+TEST_F(Commands, PanelId0ObeysWithoutAnswering) {
+  EXPECT_TRUE(Run(PanelCommand::kDeleteAll, 0).succeeded);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID00><D*>\r\n"});
+  EXPECT_EQ(time_.Now(), 0);
+}
+
+TEST_F(Commands, ACommandToPanelId0IsDoneWhenItsBytesHaveLeft) {
+  link_.SendAt(300);
+  EXPECT_TRUE(Run(PanelCommand::kDeleteAll, 0).succeeded);
+  EXPECT_EQ(time_.Now(), 400);  // 12 bytes
+}
+
+TEST_F(Commands, ACommandToPanelId0OverALineThatTakesNothingHasFailed) {
+  link_.SendAt(0);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 0), QStringLiteral("Transmission error!"), kTitle,
+               false);
+  EXPECT_EQ(link_.Written().size(), 1);
+  EXPECT_EQ(time_.Now(), 12 + 3 + 2000);  // 12 bytes at 9600
+}
+
+TEST_F(Commands, SetClockOverTheSerialLineWaitsOnceAndIsDoneWhateverTheAnswer) {
+  ExpectReport(Run(PanelCommand::kSetClock, 26), QStringLiteral("Set clock is done!"), kTitle,
+               true);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>{"<T2503053140709>\r\n"});
+  EXPECT_EQ(time_.Now(), 1100);
+}
+
+TEST_F(Commands, SetClockOverTcpReportsFinishedEvenWhenNoPanelAnswers) {
+  ExpectReport(Run(PanelCommand::kSetClock, 26, {}, SendMode::kTcp),
+               QStringLiteral("Set Clock Finished!"), kTitle, true);
+  EXPECT_EQ(link_.Written(), QList<QByteArray>{"<T2503053140709>\r\n"});
+  EXPECT_EQ(link_.Reads(), 0);
+  EXPECT_EQ(time_.Now(), 0);
+}
+
+TEST_F(Commands, PageNumberOfDeleteAndRunIsCheckedAgainst1To120) {
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("0")));
+  EXPECT_TRUE(IsPageNumber(QStringLiteral("1")));
+  EXPECT_TRUE(IsPageNumber(QStringLiteral("001")));
+  EXPECT_TRUE(IsPageNumber(QStringLiteral("120")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("121")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("-1")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("abc")));
+  EXPECT_FALSE(IsPageNumber(QStringLiteral("99999999999999999999")));
+}
+
+TEST_F(Commands, OnlyDeletePageAndRunPageNeedAPage) {
+  EXPECT_FALSE(NeedsPage(PanelCommand::kPolling));
+  EXPECT_FALSE(NeedsPage(PanelCommand::kSetClock));
+  EXPECT_FALSE(NeedsPage(PanelCommand::kDeleteAll));
+  EXPECT_TRUE(NeedsPage(PanelCommand::kDeletePage));
+  EXPECT_TRUE(NeedsPage(PanelCommand::kRunPage));
+}
+
+}  // namespace
+}  // namespace Brivon1

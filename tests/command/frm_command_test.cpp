@@ -1,0 +1,509 @@
+#include <random>
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSerialPort>
+#include <QTcpSocket>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "base/code_page.h"
+#include "command/frmCommand.h"
+#include "support/message_box_reader.h"
+#include "support/panel_bench.h"
+#include "support/shown_window.h"
+#include "support/wheel.h"
+
+namespace {
+
+class CommandWindow : public ShownWindow<frmCommand> {
+ public:
+  CommandWindow() : ShownWindow(nullptr) {}
+
+  QListWidget* Commands() { return Find<QListWidget>("ListCommand"); }
+
+  /// Double-clicks a command's row.
+  void DoubleClick(int row) {
+    const QPoint at = Commands()->visualItemRect(Commands()->item(row)).center();
+    QTest::mouseClick(Commands()->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(Commands()->viewport(), Qt::LeftButton, {}, at);
+  }
+
+  void Select(int row) { Commands()->setCurrentRow(row); }
+  void PressSend() { Click("butSend"); }
+
+  bool IsReady() {
+    for (const char* name : {"butSend", "butDone", "ListCommand", "ComboID"}) {
+      if (!Find<QWidget>(name)->isEnabled()) return false;
+    }
+    return window.cursor().shape() == Qt::ArrowCursor;
+  }
+};
+
+void ExpectBox(const MessageBoxReader& boxes, const QString& text, QMessageBox::Icon icon,
+               const QString& title = QStringLiteral("Command")) {
+  ASSERT_EQ(boxes.Seen().size(), 1);
+  EXPECT_EQ(boxes.Seen()[0].text, text);
+  EXPECT_EQ(boxes.Seen()[0].icon, icon);
+  EXPECT_EQ(boxes.Seen()[0].title, title);
+  EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Ok);
+}
+
+/// Enters a page number in the page dialog; an empty one cancels it.
+ModalWindowDriver EnterPage(const QString& page) {
+  return ModalWindowDriver(QStringLiteral("frmPage"), [page](QWidget* window) {
+    if (page.isEmpty()) {
+      QTest::keyClick(window, Qt::Key_Escape);
+      return;
+    }
+    auto* box = window->findChild<QLineEdit*>(QStringLiteral("txtPage"));
+    box->setText(page);
+    QTest::keyClick(box, Qt::Key_Return);
+  });
+}
+
+class CommandOverLink : public testing::TestWithParam<LineKind> {
+ protected:
+  CommandOverLink() : bench_(GetParam(), {{200, 4, 96, true}, {201, 2, 80, false}}) {}
+
+  void ExpectTheNextCommandWorks(CommandWindow& command) {
+    EXPECT_TRUE(command.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+    bench_.Fail({});
+    bench_.PlugIn();
+    const MessageBoxReader boxes;
+    command.DoubleClick(0);
+    ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+    EXPECT_TRUE(command.IsReady());
+    EXPECT_TRUE(bench_.IsReleased());
+  }
+
+  PanelBench bench_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Links, CommandOverLink, testing::Values(LineKind::kTcp, LineKind::kSerial),
+                         LineName);
+
+TEST_P(CommandOverLink, APollThatIsAnswered) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.Select(0);
+  command.PressSend();
+  ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><?>\r\n"});
+  EXPECT_TRUE(command.IsReady());
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(CommandOverLink, ADoubleClickOnACommandRowSendsItAtOnce) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(2);
+  ExpectBox(boxes, QStringLiteral("All pages are deleted!"), QMessageBox::Information);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D*>\r\n"});
+}
+
+TEST_P(CommandOverLink, APollThatNobodyAnswersFailsAfterFiveAttempts) {
+  bench_.Fail({.silent = true});
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.Select(0);
+  command.PressSend();
+  ExpectBox(boxes, QStringLiteral("Polling error!"), QMessageBox::Warning);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<IDC8><?>\r\n"));
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, WhatCannotBeOpenedIsReportedAndTheNextCommandWorks) {
+  bench_.Unplug();
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    command.DoubleClick(0);
+    ExpectBox(boxes,
+              GetParam() == LineKind::kTcp
+                  ? QStringLiteral("Cannot create TCP link!")
+                  : QStringLiteral("Fail to initialize communication port!"),
+              QMessageBox::Warning);
+  }
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, ALineLostBeforeTheAnswerFailsOnceAndTheNextCommandWorks) {
+  bench_.Fail({.silent = true});
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    QObject::connect(
+        &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &command.window,
+        [&] { bench_.Unplug(); }, Qt::QueuedConnection);
+    command.DoubleClick(2);
+    ExpectBox(boxes, QStringLiteral("Transmission error!"), QMessageBox::Warning);
+    bench_.Engine().disconnect(&command.window);
+  }
+  EXPECT_EQ(bench_.Frames().size(), 1);
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, ALineLostWhileThePageDialogIsOpenFailsOnceAndTheNextCommandWorks) {
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver page(QStringLiteral("frmPage"), [&](QWidget* window) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+      QTest::keyClick(window->findChild<QLineEdit*>(QStringLiteral("txtPage")), Qt::Key_Return);
+    });
+    command.DoubleClick(4);
+    ExpectBox(boxes, QStringLiteral("Transmission error!"), QMessageBox::Warning);
+  }
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
+  CommandWindow command;
+  {
+    const MessageBoxReader boxes;
+    const ModalWindowDriver box(QString(), [&](QWidget*) {
+      bench_.Unplug();
+      QCoreApplication::processEvents();
+    });
+    command.DoubleClick(0);
+    EXPECT_EQ(box.Count(), 1);
+    ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+  }
+  ExpectTheNextCommandWorks(command);
+}
+
+TEST_P(CommandOverLink, TheProgramsEndWhileThePageDialogIsOpenSendsNothing) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  {
+    const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+    command.DoubleClick(3);
+  }
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
+  const ModalWindowDriver page(QStringLiteral("frmPage"),
+                               [](QWidget*) { QCoreApplication::exit(3); });
+  QTimer::singleShot(0, &command.window, [&] { command.DoubleClick(3); });
+  EXPECT_EQ(QCoreApplication::exec(), 3);
+  EXPECT_EQ(page.Count(), 1);
+  EXPECT_TRUE(bench_.IsReleased());
+  EXPECT_EQ(bench_.Frames().size(), 1);
+}
+
+TEST_P(CommandOverLink, EveryPieceOfAMessageAndItsTitleAreLookedUp) {
+  bench_.Folder().UseLanguage(
+      "[Message]\r\nmsgPage=Seite\r\nmsgDPOK=ist weg.\r\nmsgRunOK=zeigt sie.\r\n"
+      "msgRun=Zeige Seite\r\n[frmMain]\r\nbutCommand.Caption=Befehl\r\n");
+  CommandWindow command;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+  {
+    const MessageBoxReader boxes;
+    command.DoubleClick(3);
+    ExpectBox(boxes, QStringLiteral("Seite 7 ist weg."), QMessageBox::Information,
+              QStringLiteral("Befehl"));
+  }
+  const MessageBoxReader boxes;
+  command.DoubleClick(4);
+  ExpectBox(boxes, QStringLiteral("Seite 7 zeigt sie."), QMessageBox::Information,
+            QStringLiteral("Zeige Seite"));
+}
+
+TEST_P(CommandOverLink, ThePageIsNamedAsItWasEntered) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("7 \u20ac"));
+  command.DoubleClick(3);
+  ExpectBox(boxes, QStringLiteral("Page 7 \u20ac is deleted."), QMessageBox::Information);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
+}
+
+TEST_P(CommandOverLink, DeletingPage7OfPanel200) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+  command.DoubleClick(3);
+  EXPECT_EQ(page.Count(), 1);
+  ExpectBox(boxes, QStringLiteral("Page 7 is deleted."), QMessageBox::Information);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
+}
+
+TEST_P(CommandOverLink, RunningAPage) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("012"));
+  command.DoubleClick(4);
+  ExpectBox(boxes, QStringLiteral("Page 012 is running."), QMessageBox::Information,
+            QStringLiteral("Run page"));
+  EXPECT_EQ(bench_.Engine().RunningPage(200), std::optional<int>(12));
+}
+
+TEST_P(CommandOverLink, ACancelledPageDialogSendsNothing) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  const ModalWindowDriver page = EnterPage(QString());
+  command.DoubleClick(4);
+  EXPECT_EQ(page.Count(), 1);
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  EXPECT_TRUE(command.IsReady());
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(CommandOverLink, APageOutside1To120SendsNothing) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  const ModalWindowDriver page = EnterPage(QStringLiteral("121"));
+  command.DoubleClick(3);
+  ExpectBox(boxes, QStringLiteral("Invalid Page Value!"), QMessageBox::Warning);
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(CommandOverLink, SetClockSetsThePanelsClock) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(1);
+  ExpectBox(boxes,
+            GetParam() == LineKind::kTcp ? QStringLiteral("Set Clock Finished!")
+                                         : QStringLiteral("Set clock is done!"),
+            QMessageBox::Information);
+  ASSERT_EQ(bench_.Frames().size(), 1);
+  EXPECT_LT(qAbs(bench_.Engine().ClockOffset(200)), 2000);
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(CommandOverLink, AfterTheCommandTheLastBytesHaveThreeTicksToLeaveTheLine) {
+  CommandWindow command;
+  int ticks = 0;
+  bool link_is_open = false;
+  QObject::connect(command.Find<QTimer>("Timer1"), &QTimer::timeout, &command.window, [&] {
+    ++ticks;
+    link_is_open = GetParam() == LineKind::kTcp ? command.Find<QTcpSocket>("Winsock1")->isOpen()
+                                                : command.Find<QSerialPort>("Comm1")->isOpen();
+  });
+  const MessageBoxReader boxes;
+  const ModalWindowDriver box(QString(), [&](QWidget*) { ticks = 0; });
+  command.DoubleClick(0);
+  EXPECT_EQ(box.Count(), 1);
+  EXPECT_EQ(ticks, 3);
+  EXPECT_TRUE(link_is_open);
+  EXPECT_FALSE(command.Find<QTimer>("Timer1")->isActive());
+}
+
+TEST_P(CommandOverLink, WithoutASelectedCommandNothingIsSent) {
+  CommandWindow command;
+  EXPECT_EQ(command.Commands()->currentRow(), -1);
+  const MessageBoxReader boxes;
+  command.PressSend();
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_TRUE(bench_.Frames().isEmpty());
+  EXPECT_TRUE(command.IsReady());
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(CommandOverLink, WhileItSendsTheWindowIsLockedAndStaysOpen) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  int seen = 0;
+  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &command.window,
+                   [&] {
+                     ++seen;
+                     EXPECT_FALSE(command.Find<QWidget>("butSend")->isEnabled());
+                     EXPECT_FALSE(command.Find<QWidget>("butDone")->isEnabled());
+                     EXPECT_FALSE(command.Find<QWidget>("ListCommand")->isEnabled());
+                     EXPECT_FALSE(command.Find<QWidget>("ComboID")->isEnabled());
+                     EXPECT_EQ(command.window.cursor().shape(), Qt::WaitCursor);
+                     command.window.close();
+                     QTest::keyClick(&command.window, Qt::Key_Escape);
+                     EXPECT_TRUE(command.window.isVisible());
+                   });
+  command.Select(0);
+  command.PressSend();
+  EXPECT_EQ(seen, 1);
+  EXPECT_TRUE(command.window.isVisible());
+  EXPECT_TRUE(command.IsReady());
+}
+
+TEST_P(CommandOverLink, TheSecondPanelOfTheListIsReachedByItsOwnId) {
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.Find<QComboBox>("ComboID")->setCurrentIndex(1);
+  command.DoubleClick(0);
+  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC9><?>\r\n"});
+}
+
+class CommandWindowAlone : public testing::Test {
+ protected:
+  TemporaryProgramFolder folder_;
+};
+
+TEST_F(CommandWindowAlone, WithNoConfiguredPanelTheIdListIsEmptyAndSendReportsEmptyId) {
+  CommandWindow command;
+  EXPECT_EQ(command.Find<QComboBox>("ComboID")->count(), 0);
+  const MessageBoxReader boxes;
+  command.PressSend();
+  ExpectBox(boxes, QStringLiteral("Empty ID!"), QMessageBox::NoIcon);
+}
+
+TEST_F(CommandWindowAlone, HasItsControlsAndTexts) {
+  folder_.Configure("[Dimension Config]\r\nID012=16x128,Tri,192.168.0.12:80\r\n");
+  CommandWindow command;
+  auto* panels = command.Find<QComboBox>("ComboID");
+  EXPECT_EQ(panels->currentText(),
+            QStringLiteral("ID012     16x128     Tri-Color     192.168.0.12:80"));
+  QStringList commands;
+  for (int row = 0; row < command.Commands()->count(); ++row) {
+    commands.append(command.Commands()->item(row)->text());
+  }
+  EXPECT_EQ(commands, (QStringList{QStringLiteral("Polling"), QStringLiteral("Set Clock"),
+                                   QStringLiteral("Delete All"), QStringLiteral("Delete Page"),
+                                   QStringLiteral("Run page")}));
+  EXPECT_EQ(command.Find<QGroupBox>("FrameID")->title(), QStringLiteral("ID Number"));
+  EXPECT_EQ(command.Find<QPushButton>("butSend")->text(), QStringLiteral("Send"));
+  EXPECT_EQ(command.Find<QPushButton>("butDone")->text(), QStringLiteral("Done"));
+  EXPECT_EQ(command.Find<QTimer>("Timer1")->interval(), 100);
+  EXPECT_NE(command.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(command.Find<QTcpSocket>("Winsock1"), nullptr);
+}
+
+TEST_F(CommandWindowAlone, DoneClosesTheWindow) {
+  CommandWindow command;
+  QTest::mouseClick(command.Find<QPushButton>("butDone"), Qt::LeftButton);
+  EXPECT_FALSE(command.window.isVisible());
+}
+
+TEST_F(CommandWindowAlone, NoPortIsAnExclamation) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n[Communication]\r\nSendMode=RS232\r\n"
+      "[Serial Ports]\r\nCom2=/dev/no-such-port\r\n");
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(0);
+  ExpectBox(boxes, QStringLiteral("Fail to initialize communication port!"), QMessageBox::Warning);
+  EXPECT_EQ(boxes.Seen().value(0).informative,
+            QStringLiteral("/dev/no-such-port: No such file or directory"));
+  EXPECT_TRUE(command.IsReady());
+}
+
+TEST_F(CommandWindowAlone, ADeviceWhoseNameLooksLikeMarkupIsShownLetterByLetter) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n[Communication]\r\nSendMode=RS232\r\n"
+      "[Serial Ports]\r\nCom2=/dev/<b>x</b>\r\n");
+  CommandWindow command;
+  QStringList shown;
+  const ModalWindowDriver driver(QString(), [&](QWidget* box) {
+    shown = ShownTexts(*box);
+    QTest::keyClick(box, Qt::Key_Return);
+  });
+  command.DoubleClick(0);
+  EXPECT_TRUE(shown.contains(QStringLiteral("/dev/<b>x</b>: No such file or directory")))
+      << shown.join(u'|').toStdString();
+}
+
+TEST_F(CommandWindowAlone, APanelWithoutAUsableAddressCannotBeReachedOverTcp) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri\r\n[Communication]\r\nSendMode=TCPIP\r\n");
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(0);
+  ExpectBox(boxes, QStringLiteral("Cannot create TCP link!"), QMessageBox::Warning);
+}
+
+TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri,a\x80z.invalid:80\r\n"
+      "[Communication]\r\nSendMode=TCPIP\r\n");
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(0);
+  const QString host = Brivon1::CodePage::System().ToText("a\x80z.invalid");
+  const QString reason = boxes.Seen().value(0).informative;
+  EXPECT_TRUE(reason.startsWith(host + QStringLiteral(":80: "))) << reason.toStdString();
+}
+
+TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
+  const QList<QByteArray> pieces = {"[Dimension Config]",
+                                    "[Communication]",
+                                    "\r\n",
+                                    "\n",
+                                    "ID00",
+                                    "1",
+                                    "2",
+                                    "=",
+                                    "x",
+                                    ",",
+                                    "Tri",
+                                    "Mono",
+                                    ".",
+                                    ":",
+                                    "99999999999",
+                                    "-",
+                                    " ",
+                                    "SendMode",
+                                    "TCPIP",
+                                    "\"",
+                                    ";",
+                                    QByteArray(1, 0),
+                                    "\xff",
+                                    "\x80",
+                                    "Com2",
+                                    QByteArray(300, 'x')};
+  std::mt19937 random(1);
+  int listed = 0;
+  for (int round = 0; round < 300; ++round) {
+    QByteArray ini = "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\nID002=2x";
+    for (int piece = 0; piece < 60; ++piece) {
+      ini += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
+    }
+    folder_.Configure(ini);
+    const frmCommand window;
+    const auto* list = window.findChild<QComboBox*>(QStringLiteral("ComboID"));
+    ASSERT_EQ(list->count(), Brivon1::PanelListLines(Brivon1::Store()).size());
+    ASSERT_GE(list->count(), 1);
+    ASSERT_LE(window.minimumSizeHint().width(), 800);
+    listed += list->count();
+  }
+  EXPECT_GT(listed, 300) << "some of them configure further panels";
+}
+
+TEST_F(CommandWindowAlone, SendModeEmptyOpensNothingAndReportsNothing) {
+  folder_.Configure("[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n");
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(0);
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_TRUE(command.IsReady());
+}
+
+TEST_F(CommandWindowAlone, TextsAndTitleComeFromTheLanguageFile) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Tri\r\n[Communication]\r\nSendMode=TCPIP\r\n");
+  folder_.UseLanguage(
+      "[Message]\r\nmsgErrTCP=Keine Verbindung!\r\n[frmMain]\r\nbutCommand.Caption=Befehl\r\n");
+  CommandWindow command;
+  const MessageBoxReader boxes;
+  command.DoubleClick(0);
+  ExpectBox(boxes, QStringLiteral("Keine Verbindung!"), QMessageBox::Warning,
+            QStringLiteral("Befehl"));
+}
+
+TEST(PanelList, AWheelOverItChoosesNoOtherPanel) {
+  TemporaryProgramFolder folder;
+  folder.Configure("[Dimension Config]\r\nID001=4x96,Tri\r\nID002=4x96,Tri\r\n");
+  CommandWindow command;
+  auto* list = command.Find<QComboBox>("ComboID");
+  ASSERT_EQ(list->currentIndex(), 0);
+  TurnWheel(list);
+  EXPECT_EQ(list->currentIndex(), 0);
+}
+
+}  // namespace

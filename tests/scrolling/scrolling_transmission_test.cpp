@@ -1,0 +1,258 @@
+#include "scrolling/scrolling_transmission.h"
+
+#include <gtest/gtest.h>
+
+#include "support/program_folder.h"
+#include "support/virtual_time.h"
+
+namespace Brivon1 {
+namespace {
+
+class ScrollingTransmission : public testing::Test {
+ protected:
+  ScrollingTransmission() {
+    folder_.Configure(
+        "[Dimension Config]\r\n"
+        "ID003=2x96,Mono,10.0.0.3:80\r\n"
+        "ID018=16x96,Tri,10.0.0.18:80\r\n"
+        "ID000=2x96,Tri,10.0.0.0:80\r\n"
+        "[Communication]\r\nDelay Period=200\r\n");
+  }
+
+  QString File(const QByteArray& body) {
+    return folder_.Write(QStringLiteral("a.srl"),
+                         "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
+  }
+
+  bool Send(const QString& path, int id, int line) {
+    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
+                                time_.Note(QStringLiteral("status \"%1\"").arg(text));
+                              }};
+    return SendScrollingFile(transmission, path, id, line);
+  }
+
+  /// The frame that carries a file with this body.
+  QByteArray Frame(const QByteArray& body, int id, int line) {
+    link_.AnswerAfter(1, id == 3 ? "<ID03>\r\n" : "<ID12>\r\n");
+    EXPECT_TRUE(Send(File(body), id, line));
+    return link_.Written().value(0);
+  }
+
+  void ExpectRefused(const QByteArray& content) {
+    EXPECT_FALSE(Send(folder_.Write(QStringLiteral("a.srl"), content), 18, 2));
+    EXPECT_TRUE(link_.Written().isEmpty());
+    EXPECT_TRUE(time_.Timeline().isEmpty()) << "no status, no wait";
+  }
+
+  TemporaryProgramFolder folder_;
+  VirtualTime time_;
+  VirtualTickTimer timer_{time_};
+  VirtualClock clock_{time_};
+  ScriptedLink link_{time_};
+};
+
+TEST_F(ScrollingTransmission, TimelineOfASuccessAtOnce) {
+  link_.AnswerAfter(340, "<ID12>\r\n");
+  EXPECT_TRUE(Send(File("<SA><CA>Road works"), 18, 2));
+  EXPECT_EQ(time_.Timeline(), (QStringList{
+                                  QStringLiteral("@0 status \"Sending --->\""),
+                                  QStringLiteral("@0 send <ID12><L2><SA><CA>Road works[CR][LF]"),
+                                  QStringLiteral("@100 tick"),
+                                  QStringLiteral("@200 tick"),
+                                  QStringLiteral("@300 tick"),
+                                  QStringLiteral("@340 status \"<--- Ack\""),
+                                  QStringLiteral("@440 tick"),
+                                  QStringLiteral("@540 tick"),
+                              }));
+  EXPECT_EQ(timer_.last_ack_status, 1);
+}
+
+TEST_F(ScrollingTransmission, AnAnswerThatComesDuringThe300MsIsSeenAtTheirEnd) {
+  link_.AnswerAfter(20, "<ID12>\r\n");
+  EXPECT_TRUE(Send(File("x"), 18, 2));
+  EXPECT_EQ(time_.Timeline(), (QStringList{
+                                  QStringLiteral("@0 status \"Sending --->\""),
+                                  QStringLiteral("@0 send <ID12><L2>x[CR][LF]"),
+                                  QStringLiteral("@100 tick"),
+                                  QStringLiteral("@200 tick"),
+                                  QStringLiteral("@300 tick"),
+                                  QStringLiteral("@300 status \"<--- Ack\""),
+                                  QStringLiteral("@400 tick"),
+                                  QStringLiteral("@500 tick"),
+                              }));
+}
+
+TEST_F(ScrollingTransmission, TimelineOfASuccessOnTheThirdAttempt) {
+  link_.StaySilent();
+  link_.AnswerAfter(310, "<ID13>\r\n");
+  link_.AnswerAfter(310, "<ID12>\r\n");
+  EXPECT_TRUE(Send(File("x"), 18, 2));
+  const QString attempt = QStringLiteral(" send <ID12><L2>x[CR][LF]");
+  QStringList expected{QStringLiteral("@0 status \"Sending --->\"")};
+  // Silence: 300 ms and 1100 ms. Another panel's answer ends the wait with its eighth byte.
+  expected << QStringLiteral("@0") + attempt << TicksAt(100, 1400)
+           << QStringLiteral("@1400") + attempt << TicksAt(1500, 1700)
+           << QStringLiteral("@1710") + attempt << TicksAt(1810, 2010)
+           << QStringLiteral("@2020 status \"<--- Ack\"") << TicksAt(2120, 2220);
+  EXPECT_EQ(time_.Timeline(), expected);
+}
+
+TEST_F(ScrollingTransmission,
+       FiveFailedAttemptsTakeFiveTimes300MsPlusFiveTimeOutsOf1100MsAndNoPauseFollows) {
+  EXPECT_FALSE(Send(File("x"), 18, 2));
+  QStringList expected{QStringLiteral("@0 status \"Sending --->\"")};
+  for (int attempt = 0; attempt < 5; ++attempt) {
+    const int from = 1400 * attempt;
+    expected << QStringLiteral("@%1 send <ID12><L2>x[CR][LF]").arg(from)
+             << TicksAt(from + 100, from + 1400);
+  }
+  EXPECT_EQ(time_.Timeline(), expected);
+  EXPECT_EQ(time_.Now(), 5 * 300 + 5 * 1100);
+  EXPECT_EQ(timer_.last_ack_status, -1);
+  EXPECT_FALSE(timer_.IsEnabled());
+}
+
+TEST_F(ScrollingTransmission, NineBytesRunIntoTheTimeOut) {
+  link_.AnswerAfter(10, "!<ID12>\r\n");
+  link_.AnswerAfter(10, "<ID12>\r\n");
+  EXPECT_TRUE(Send(File("x"), 18, 2));
+  EXPECT_EQ(time_.Now(), 1400 + 300 + 200);
+}
+
+TEST_F(ScrollingTransmission, BytesLeftOverFromAnEarlierExchangeAreCountedIntoTheAnswer) {
+  link_.Receive("!");
+  link_.AnswerAfter(10, "<ID12>\r\n");
+  link_.AnswerAfter(10, "<ID12>\r\n");
+  EXPECT_TRUE(Send(File("x"), 18, 2));
+  EXPECT_EQ(link_.Written().size(), 2);
+  EXPECT_EQ(time_.Now(), 1400 + 300 + 200);
+}
+
+TEST_F(ScrollingTransmission, TimelineForPanelId0) {
+  EXPECT_TRUE(Send(File("x"), 0, 2));
+  EXPECT_EQ(time_.Timeline(), (QStringList{
+                                  QStringLiteral("@0 status \"Sending --->\""),
+                                  QStringLiteral("@0 send <ID00><L2>x[CR][LF]"),
+                                  QStringLiteral("@100 tick"),
+                                  QStringLiteral("@200 tick"),
+                                  QStringLiteral("@300 tick"),
+                                  QStringLiteral("@300 status \"<--- Ack\""),
+                                  QStringLiteral("@400 tick"),
+                                  QStringLiteral("@500 tick"),
+                              }));
+}
+
+TEST_F(ScrollingTransmission, ALongMessageToId0IsFinishedWhenItsBytesHaveLeft) {
+  link_.SendAt(9600);
+  EXPECT_TRUE(Send(File(QByteArray(9588, 'x')), 0, 2));  // 9600 bytes with the rest of the frame
+  EXPECT_EQ(time_.Timeline().last(2),
+            (QStringList{QStringLiteral("@10100 tick"), QStringLiteral("@10200 tick")}));
+  EXPECT_EQ(time_.Timeline().at(time_.Timeline().size() - 3),
+            QStringLiteral("@10000 status \"<--- Ack\""));
+}
+
+TEST_F(ScrollingTransmission, AMessageToId0OverALineThatTakesNothingHasFailed) {
+  link_.SendAt(0);
+  EXPECT_FALSE(Send(File(QByteArray(84, 'x')), 0, 2));  // 96 bytes, a tenth of a second
+  EXPECT_EQ(time_.Now(), 300 + 100 + 25 + 2000);
+  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@2425 close"));
+}
+
+TEST_F(ScrollingTransmission, Panel18Line2OnAThreeColourPanelReceivesTheTextAsItIs) {
+  EXPECT_EQ(Frame("  <SA><CA>A<CP>B ", 18, 2), "<ID12><L2>  <SA><CA>A<CP>B \r\n");
+}
+
+TEST_F(ScrollingTransmission, LineNumber10IsWrittenAsL10LineNumber1AsL1) {
+  EXPECT_EQ(Frame("x", 18, 10), "<ID12><L10>x\r\n");
+  EXPECT_EQ(Frame("x", 18, 1), "<ID12><L10>x\r\n");  // the first frame once more
+  EXPECT_EQ(link_.Written().value(1), "<ID12><L1>x\r\n");
+}
+
+TEST_F(ScrollingTransmission, LinesBelow1AreWrittenAsTheyAre) {
+  Frame("x", 18, 0);
+  Frame("x", 18, -3);
+  EXPECT_EQ(link_.Written(), (QList<QByteArray>{"<ID12><L0>x\r\n", "<ID12><L-3>x\r\n"}));
+}
+
+TEST_F(ScrollingTransmission, ASingleColourPanelNeverReceivesAColourCode) {
+  EXPECT_EQ(Frame(" <SA><CA> A<CP>B<C?> <CA", 3, 1), "<ID03><L1><SA> AB <CA\r\n");
+}
+
+TEST_F(ScrollingTransmission, NorOneThatIsPutTogetherByTakingOutAnother) {
+  EXPECT_EQ(Frame("a<C<CA>B>b<C<C<CA>B>>>c<CA", 3, 1), "<ID03><L1>abc<CA\r\n");
+}
+
+TEST_F(ScrollingTransmission, ManyCodesWithinOneAnotherAreTakenOutInBoundedTime) {
+  const int depth = 100000;
+  EXPECT_EQ(Frame("x" + QByteArray("<C").repeated(depth) + QByteArray("A>").repeated(depth), 3, 1),
+            "<ID03><L1>x\r\n");
+}
+
+TEST_F(ScrollingTransmission, ASingleColourPanelReceivesATrimmedText) {
+  EXPECT_EQ(Frame("<CA>  AB \t ", 3, 1), "<ID03><L1>AB\r\n");
+}
+
+TEST_F(ScrollingTransmission, DateTimeAndGraphicsAreSentAsTheyStand) {
+  EXPECT_EQ(Frame("DD MMM YYYY HH:MM ~A", 18, 1), "<ID12><L1>DD MMM YYYY HH:MM ~A\r\n");
+}
+
+TEST_F(ScrollingTransmission, AnEmptyMessageIsSent) {
+  EXPECT_EQ(Frame("", 18, 1), "<ID12><L1>\r\n");
+}
+
+TEST_F(ScrollingTransmission, TheShortestFileWithTheRightHeaderIsAccepted) {
+  // The header line alone is longer than the 30 bytes that a file must have.
+  link_.AnswerAfter(1, "<ID12>\r\n");
+  EXPECT_TRUE(
+      Send(folder_.Write(QStringLiteral("a.srl"), "*** Brivon Shift Message File ***\n\n"), 18, 1));
+  EXPECT_EQ(link_.Written(), (QList<QByteArray>{"<ID12><L1>\r\n"}));
+}
+
+TEST_F(ScrollingTransmission, ATooShortFileIsRefusedBeforeAnythingIsSent) {
+  ExpectRefused(QByteArray("*** Brivon Shift Message File ***").first(29));
+  ExpectRefused("");
+}
+
+TEST_F(ScrollingTransmission, AWrongHeaderIsRefusedBeforeAnythingIsSent) {
+  ExpectRefused("*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01>x\r\n");
+  ExpectRefused("*** BRIVON SHIFT MESSAGE FILE ***\r\nx\r\n");
+}
+
+TEST_F(ScrollingTransmission, AFileWithoutASecondLineIsRefusedBeforeAnythingIsSent) {
+  ExpectRefused("*** Brivon Shift Message File ***\r\n");
+}
+
+TEST_F(ScrollingTransmission, AMissingFileIsRefusedBeforeAnythingIsSent) {
+  EXPECT_FALSE(Send(folder_.Path(QStringLiteral("gone.srl")), 18, 2));
+  EXPECT_TRUE(time_.Timeline().isEmpty());
+}
+
+TEST_F(ScrollingTransmission, ALineLostWhileItIsSentEndsTheAttempts) {
+  link_.LoseAfter(50);
+  EXPECT_FALSE(Send(File("x"), 18, 2));
+  EXPECT_EQ(link_.Written().size(), 1);
+  EXPECT_EQ(time_.Now(), 300);
+}
+
+TEST_F(ScrollingTransmission, AnAnswerThatCameBeforeTheLineWasLostCounts) {
+  link_.AnswerAfter(10, "<ID12>\r\n");
+  link_.AndLoseAfter(50);
+  EXPECT_TRUE(Send(File("x"), 18, 2));
+}
+
+TEST_F(ScrollingTransmission, WhatIsSentToAllPanelsOverALineThatIsLostHasFailed) {
+  link_.LoseAfter(50);
+  EXPECT_FALSE(Send(File("x"), 0, 2));
+  EXPECT_EQ(link_.Written().size(), 1);
+  EXPECT_EQ(time_.Now(), 300);
+}
+
+TEST_F(ScrollingTransmission, TheEndOfTheProgramEndsTheAttemptsAtOnce) {
+  timer_.EndProgram();
+  EXPECT_FALSE(Send(File("x"), 18, 2));
+  EXPECT_EQ(link_.Written().size(), 1);
+  EXPECT_EQ(time_.Now(), 0);
+}
+
+}  // namespace
+}  // namespace Brivon1

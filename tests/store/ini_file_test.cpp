@@ -1,0 +1,439 @@
+#include "store/ini_file.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <random>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace Brivon1 {
+namespace {
+
+/// The value, or "(none)" for a missing one.
+QByteArray ValueIn(const QByteArray& content, QByteArrayView section, QByteArrayView key) {
+  return IniFile(content).Value(section, key).value_or("(none)");
+}
+
+QByteArray AfterSet(const QByteArray& content, QByteArrayView section, QByteArrayView key,
+                    QByteArrayView value) {
+  IniFile file(content);
+  file.SetValue(section, key, value);
+  EXPECT_EQ(file.Value(section, key), value.toByteArray());
+  return file.Content();
+}
+
+QByteArray AfterRemove(const QByteArray& content, QByteArrayView section, QByteArrayView key) {
+  IniFile file(content);
+  file.RemoveKey(section, key);
+  EXPECT_EQ(file.Value(section, key), std::nullopt);
+  return file.Content();
+}
+
+TEST(IniFile, AValueStandsUnderItsSectionAndKey) {
+  const QByteArray content = "[A]\r\nx=1\r\ny=2\r\n[B]\r\nx=3\r\n";
+  EXPECT_EQ(ValueIn(content, "A", "x"), "1");
+  EXPECT_EQ(ValueIn(content, "A", "y"), "2");
+  EXPECT_EQ(ValueIn(content, "B", "x"), "3");
+}
+
+TEST(IniFile, AMissingSectionOrKeyHasNoValue) {
+  EXPECT_EQ(IniFile().Value("A", "x"), std::nullopt);
+  EXPECT_EQ(IniFile("[A]\r\nx=1\r\n").Value("A", "y"), std::nullopt);
+  EXPECT_EQ(IniFile("[A]\r\nx=1\r\n").Value("B", "x"), std::nullopt);
+  EXPECT_EQ(IniFile("[A]\r\nx=1\r\n[B]\r\n").Value("B", "x"), std::nullopt);
+}
+
+TEST(IniFile, AKeyWithNothingBehindItsEqualsSignHasAnEmptyValue) {
+  EXPECT_EQ(ValueIn("[A]\r\nx=\r\ny=  \r\nz=\"\"", "A", "x"), "");
+  EXPECT_EQ(ValueIn("[A]\r\nx=\r\ny=  \r\nz=\"\"", "A", "y"), "");
+  EXPECT_EQ(ValueIn("[A]\r\nx=\r\ny=  \r\nz=\"\"", "A", "z"), "");
+}
+
+TEST(IniFile, NamesAreMatchedWithoutRegardToCase) {
+  EXPECT_EQ(ValueIn("[DIMENSION config]\r\niD007=8x96\r\n", "Dimension Config", "ID007"), "8x96");
+  EXPECT_EQ(ValueIn("[Communication]\r\nDelay Period=5\r\n", "communication", "DELAY PERIOD"), "5");
+}
+
+TEST(IniFile, TheFirstMatchWins) { EXPECT_EQ(ValueIn("[A]\r\nx=1\r\nX=2\r\n", "A", "x"), "1"); }
+
+TEST(IniFile, OfTwoSectionsOfTheSameNameTheFirstCounts) {
+  const QByteArray content = "[A]\r\nx=1\r\n[B]\r\n[a]\r\nx=2\r\ny=3\r\n[B]\r\nz=4\r\n";
+  EXPECT_EQ(ValueIn(content, "A", "x"), "1");
+  EXPECT_EQ(ValueIn(content, "A", "y"), "(none)");
+  EXPECT_EQ(ValueIn(content, "B", "z"), "(none)");
+}
+
+TEST(IniFile, BlanksAroundNamesAndValuesDoNotCount) {
+  EXPECT_EQ(ValueIn(" \t[ A ] \r\n \tx \t= \t1 2\t \r\n", "A", "x"), "1 2");
+  EXPECT_EQ(ValueIn("[A]\r\nDelay Period  =300\r\n", "A", "Delay Period"), "300");
+  EXPECT_EQ(ValueIn("[A]\r\nDelay  Period=300\r\n", "A", "Delay Period"), "(none)");
+}
+
+TEST(IniFile, OnePairOfEnclosingQuotesIsRemoved) {
+  const auto value = [](const char* text) {
+    return ValueIn(QByteArray("[A]\r\nx=") + text + "\r\n", "A", "x");
+  };
+  EXPECT_EQ(value("\"1 2\""), "1 2");
+  EXPECT_EQ(value("'1 2'"), "1 2");
+  EXPECT_EQ(value("  \"  kept  \"  "), "  kept  ");
+  EXPECT_EQ(value("\"\"twice\"\""), "\"twice\"");
+  EXPECT_EQ(value("\"mixed'"), "\"mixed'");
+  EXPECT_EQ(value("\"open"), "\"open");
+  EXPECT_EQ(value("open\""), "open\"");
+  EXPECT_EQ(value("\""), "\"");
+  EXPECT_EQ(value("'\"'"), "\"");
+}
+
+TEST(IniFile, ALineThatBeginsWithASemicolonIsAComment) {
+  EXPECT_EQ(ValueIn("[A]\r\n;x=1\r\n  ;x=2\r\nx=3\r\n", "A", "x"), "3");
+  EXPECT_EQ(ValueIn("[A]\r\n;x=1\r\n", "A", ";x"), "(none)");
+  EXPECT_EQ(ValueIn("[A]\r\n;[B]\r\nx=3\r\n", "A", "x"), "3");
+}
+
+TEST(IniFile, ASemicolonInsideALineIsPartOfIt) {
+  EXPECT_EQ(ValueIn("[A]\r\nx=1;2\r\n", "A", "x"), "1;2");
+  EXPECT_EQ(ValueIn("[A]\r\nx=;\r\n", "A", "x"), ";");
+}
+
+TEST(IniFile, AValueMayHoldAnEqualsSignAndBrackets) {
+  EXPECT_EQ(ValueIn("[A]\r\nx=[1]=2=\r\n", "A", "x"), "[1]=2=");
+}
+
+TEST(IniFile, ALineWithoutAnEqualsSignHasNoValue) {
+  EXPECT_EQ(ValueIn("[A]\r\nx\r\nx=1\r\n", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("[A]\r\nx\r\n", "A", "x"), "(none)");
+}
+
+TEST(IniFile, AMarkOfUtf8BeforeTheFirstLineIsSkipped) {
+  EXPECT_EQ(ValueIn("\xEF\xBB\xBF[A]\r\nx=1\r\n", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("\xEF\xBB\xBF;comment\r\n[A]\r\nx=1\r\n", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("\r\n\xEF\xBB\xBF[A]\r\nx=1\r\n", "A", "x"), "(none)");
+  EXPECT_EQ(IniFile("\xEF\xBB\xBF").Content(), "\xEF\xBB\xBF");
+}
+
+TEST(IniFile, TheLastLineMayLackItsEnd) {
+  EXPECT_EQ(ValueIn("[A]\r\nx=1", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("[A]\r\nx=1\r\ny=2\r", "A", "y"), "2");
+}
+
+TEST(IniFile, LinesMayEndWithLfAlone) {
+  EXPECT_EQ(ValueIn("[A]\nx=1\ny=2\n", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("[A]\nx=1\ny=2\n", "A", "y"), "2");
+}
+
+TEST(IniFile, KeysBeforeAnySectionBelongToNone) {
+  EXPECT_EQ(ValueIn("x=1\r\n[A]\r\ny=2\r\n", "A", "x"), "(none)");
+  EXPECT_EQ(ValueIn("x=1\r\n[A]\r\ny=2\r\n", "", "x"), "(none)");
+  EXPECT_EQ(ValueIn("x=1\r\n[]\r\nx=2\r\n", "", "x"), "2");
+}
+
+TEST(IniFile, ASectionLineWithoutItsClosingBracketNamesTheSectionAllTheSame) {
+  EXPECT_EQ(ValueIn("[A\r\nx=1\r\n", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("[\r\nx=1\r\n", "", "x"), "1");
+  EXPECT_EQ(ValueIn("[", "", "x"), "(none)");
+  EXPECT_EQ(ValueIn("[A\r\nx=1\r\n[B]\r\nx=2\r\n", "B", "x"), "2");
+}
+
+TEST(IniFile, WhatStandsBehindTheClosingBracketDoesNotCount) {
+  EXPECT_EQ(ValueIn("[A] ;comment\r\nx=1\r\n", "A", "x"), "1");
+  EXPECT_EQ(ValueIn("[A]x=5\r\n", "A", "x"), "(none)");
+  EXPECT_EQ(ValueIn("[A]B]\r\nx=1\r\n", "A", "x"), "1");
+}
+
+TEST(IniFile, AValueIsCutToTheLengthOfTheCallersBuffer) {
+  const IniFile file("[A]\r\nx=  12345  \r\ny=\"12345\"\r\n");
+  EXPECT_EQ(file.Value("A", "x", 4), QByteArray("1234"));
+  EXPECT_EQ(file.Value("A", "x", 5), QByteArray("12345"));
+  EXPECT_EQ(file.Value("A", "x", 0), QByteArray(""));
+  EXPECT_EQ(file.Value("A", "y", 4), QByteArray("1234"));
+}
+
+TEST(IniFile, All256ByteValuesSurvive) {
+  QByteArray bytes;
+  for (int value = 0; value < 256; ++value) bytes.append(static_cast<char>(value));
+  EXPECT_EQ(IniFile(bytes).Content(), bytes);
+  QByteArray in_value = bytes;
+  in_value.remove(in_value.indexOf('\n'), 1);
+  in_value = "|" + in_value + "|";
+  EXPECT_EQ(ValueIn("[A]\r\nx=" + in_value + "\r\n", "A", "x"), in_value);
+  EXPECT_EQ(AfterSet(bytes + "\r\n[A]\r\nx=1\r\n" + bytes, "A", "x", in_value),
+            bytes + "\r\n[A]\r\nx=" + in_value + "\r\n" + bytes);
+}
+
+TEST(IniFile, AnIntegerIsTheLeadingDigitsOfItsValue) {
+  const auto integer = [](const char* text) {
+    return IniFile(QByteArray("[A]\r\nx=") + text + "\r\n").Integer("A", "x", 9600);
+  };
+  EXPECT_EQ(integer("300"), 300);
+  EXPECT_EQ(integer("  300  "), 300);
+  EXPECT_EQ(integer("\"300\""), 300);
+  EXPECT_EQ(integer("300 ms"), 300);
+  EXPECT_EQ(integer("007"), 7);
+  EXPECT_EQ(integer("0x10"), 0);
+  EXPECT_EQ(integer("1e3"), 1);
+  EXPECT_EQ(integer("2147483647"), 2147483647);
+  EXPECT_EQ(integer("4294967301"), 2147483647);
+  EXPECT_EQ(integer("99999999999999999999999"), 2147483647);
+}
+
+TEST(IniFile, AValueWithoutLeadingDigitsReadsAsZero) {
+  const auto integer = [](const char* text) {
+    return IniFile(QByteArray("[A]\r\nx=") + text + "\r\n").Integer("A", "x", 9600);
+  };
+  EXPECT_EQ(integer(""), 0);
+  EXPECT_EQ(integer("abc"), 0);
+  EXPECT_EQ(integer("-5"), 0);
+  EXPECT_EQ(integer("+5"), 0);
+  EXPECT_EQ(integer("\" 5\""), 0);
+}
+
+TEST(IniFile, AMissingIntegerHasItsDefault) {
+  EXPECT_EQ(IniFile().Integer("A", "x", 9600), 9600);
+  EXPECT_EQ(IniFile("[A]\r\ny=1\r\n").Integer("A", "x", -1), -1);
+}
+
+TEST(IniFileWriting, AChangedKeyStaysInItsPlace) {
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\ny=2\r\n", "A", "x", "5"), "[A]\r\nx=5\r\ny=2\r\n");
+  EXPECT_EQ(AfterSet("[A]\r\nx=1", "A", "x", "5"), "[A]\r\nx=5");
+  EXPECT_EQ(AfterSet("[A]\nx=1\ny=2\n", "A", "x", ""), "[A]\nx=\ny=2\n");
+}
+
+TEST(IniFileWriting, AChangedKeyKeepsItsOwnSpelling) {
+  EXPECT_EQ(AfterSet("[a]\r\n  cOMport =1\r\n", "A", "ComPort", "3"), "[a]\r\n  cOMport =3\r\n");
+}
+
+TEST(IniFileWriting, OnlyTheMatchThatIsReadIsChanged) {
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\nx=2\r\n[A]\r\nx=3\r\n", "A", "x", "5"),
+            "[A]\r\nx=5\r\nx=2\r\n[A]\r\nx=3\r\n");
+  EXPECT_EQ(AfterSet("x=0\r\n;x=1\r\n[A]\r\n;x=1\r\nx=2\r\n", "A", "x", "5"),
+            "x=0\r\n;x=1\r\n[A]\r\n;x=1\r\nx=5\r\n");
+}
+
+TEST(IniFileWriting, ANewKeyStandsAtTheEndOfItsSection) {
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\n[B]\r\nz=3\r\n", "A", "y", "2"),
+            "[A]\r\nx=1\r\ny=2\r\n[B]\r\nz=3\r\n");
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\n\r\n\r\n[B]\r\n", "A", "y", "2"),
+            "[A]\r\nx=1\r\ny=2\r\n\r\n\r\n[B]\r\n");
+  EXPECT_EQ(AfterSet("[A]\r\n;about\r\n[B]\r\n", "A", "y", "2"), "[A]\r\n;about\r\ny=2\r\n[B]\r\n");
+  EXPECT_EQ(AfterSet("[A]\r\n\r\n[B]\r\n", "A", "y", "2"), "[A]\r\ny=2\r\n\r\n[B]\r\n");
+}
+
+TEST(IniFileWriting, ANewKeyOfADoubledSectionStandsInTheFirst) {
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\n[A]\r\ny=3\r\n", "A", "y", "2"),
+            "[A]\r\nx=1\r\ny=2\r\n[A]\r\ny=3\r\n");
+}
+
+TEST(IniFileWriting, ANewSectionStandsAtTheEndOfTheFile) {
+  EXPECT_EQ(AfterSet("", "A", "x", "1"), "[A]\r\nx=1\r\n");
+  EXPECT_EQ(AfterSet("[B]\r\nx=1\r\n", "A", "x", "1"), "[B]\r\nx=1\r\n[A]\r\nx=1\r\n");
+  EXPECT_EQ(AfterSet("x=0\r\n", "A", "x", "1"), "x=0\r\n[A]\r\nx=1\r\n");
+}
+
+TEST(IniFileWriting, ALastLineWithoutItsEndGetsOneBeforeALineFollows) {
+  EXPECT_EQ(AfterSet("[A]\r\nx=1", "A", "y", "2"), "[A]\r\nx=1\r\ny=2\r\n");
+  EXPECT_EQ(AfterSet("[A]\nx=1", "B", "y", "2"), "[A]\nx=1\n[B]\ny=2\n");
+  EXPECT_EQ(AfterSet("[A]", "A", "y", "2"), "[A]\r\ny=2\r\n");
+}
+
+TEST(IniFileWriting, ALastLineWithoutItsEndStaysSoWhereNoLineFollows) {
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\n[B]\r\nz=3", "A", "y", "2"), "[A]\r\nx=1\r\ny=2\r\n[B]\r\nz=3");
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\r\n[B]\r\nz=3", "B", "z", "4"), "[A]\r\nx=1\r\n[B]\r\nz=4");
+}
+
+TEST(IniFileWriting, ANewLineEndsAsTheFirstLineOfTheFileDoes) {
+  EXPECT_EQ(AfterSet("[A]\nx=1\r\n", "A", "y", "2"), "[A]\nx=1\r\ny=2\n");
+  EXPECT_EQ(AfterSet("[A]\r\nx=1\n", "A", "y", "2"), "[A]\r\nx=1\ny=2\r\n");
+}
+
+TEST(IniFileWriting, AKeyIsAddedBehindAMarkOfUtf8) {
+  EXPECT_EQ(AfterSet("\xEF\xBB\xBF[A]\r\nx=1\r\n", "A", "y", "2"),
+            "\xEF\xBB\xBF[A]\r\nx=1\r\ny=2\r\n");
+}
+
+TEST(IniFileWriting, ARemovedKeyLosesItsLineAndNothingElse) {
+  EXPECT_EQ(AfterRemove("[A]\r\nx=1\r\ny=2\r\n[B]\r\nx=3\r\n", "A", "x"),
+            "[A]\r\ny=2\r\n[B]\r\nx=3\r\n");
+  EXPECT_EQ(AfterRemove("[A]\r\nx=1", "a", "X"), "[A]\r\n");
+}
+
+TEST(IniFileWriting, ARemovedKeyDoesNotComeBackFromAHiddenRepetition) {
+  EXPECT_EQ(AfterRemove("[A]\r\nx=1\r\ny=2\r\n X =3\r\n;x=4\r\n[A]\r\nx=5\r\n", "A", "x"),
+            "[A]\r\ny=2\r\n;x=4\r\n[A]\r\nx=5\r\n");
+}
+
+TEST(IniFileWriting, RemovingAMissingKeyChangesNothing) {
+  EXPECT_EQ(AfterRemove("[A]\r\nx=1\r\n", "A", "y"), "[A]\r\nx=1\r\n");
+  EXPECT_EQ(AfterRemove("x=1\r\n[A]\r\n", "B", "x"), "x=1\r\n[A]\r\n");
+  EXPECT_EQ(AfterRemove("", "A", "x"), "");
+}
+
+TEST(IniFileWriting, SeveralChangesAddUp) {
+  IniFile file("[A]\r\nx=1\r\n");
+  file.SetValue("A", "y", "2");
+  file.SetValue("B", "z", "3");
+  file.SetValue("A", "x", "4");
+  file.RemoveKey("A", "y");
+  file.SetValue("A", "y", "5");
+  file.SetValue("B", "w", "6");
+  EXPECT_EQ(file.Content(), "[A]\r\nx=4\r\ny=5\r\n[B]\r\nz=3\r\nw=6\r\n");
+}
+
+/// Makes the surroundings of a key: lines of random bytes that are neither sections nor that key.
+class RandomLines {
+ public:
+  explicit RandomLines(unsigned seed) : random_(seed) {}
+
+  int Below(int bound) { return std::uniform_int_distribution<int>(0, bound - 1)(random_); }
+
+  QByteArray LineEnd() { return Below(2) == 0 ? "\r\n" : "\n"; }
+
+  QByteArray Blank() {
+    static const QByteArray kBlanks[] = {"", " ", "\t ", "\r"};
+    return kBlanks[Below(4)] + LineEnd();
+  }
+
+  QByteArray Line() {
+    static const QByteArray kBeginnings[] = {"", ";", "key=", "Target=", "=", "\"", "  ", "a b = "};
+    QByteArray line = kBeginnings[Below(8)];
+    for (int length = Below(20); length > 0; --length) {
+      const char byte = static_cast<char>(Below(256));
+      line += byte == '\n' || byte == '[' ? '(' : byte;
+    }
+    return line + "z" + LineEnd();
+  }
+
+  QByteArray Lines() {
+    QByteArray lines;
+    for (int count = Below(6); count > 0; --count) lines += Below(4) == 0 ? Blank() : Line();
+    return lines;
+  }
+
+  /// A section of another name; now and then with the key in question in it.
+  QByteArray OtherSection() {
+    const QByteArray header = "[Other " + QByteArray::number(Below(3)) + "]" + LineEnd();
+    return header + Lines() + (Below(2) == 0 ? "Target Key=elsewhere" + LineEnd() : QByteArray());
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+TEST(IniFileWriting, EverythingElseInARandomFileSurvivesByteForByte) {
+  for (unsigned seed = 0; seed < 2000; ++seed) {
+    RandomLines random(seed);
+    const QByteArray first_end = random.LineEnd();
+    QByteArray before = ";first" + first_end + random.Lines();
+    if (random.Below(2) == 0) before += random.OtherSection();
+    const QByteArray header = " [ tARGET ]x" + random.LineEnd();
+    // Ends with a line that is not blank: a new key stands behind it.
+    const QByteArray body = random.Lines() + random.Line();
+    QByteArray after;
+    while (random.Below(3) == 0) after += random.Blank();
+    if (random.Below(2) == 0) after += random.OtherSection() + "[Target]\nTarget Key=hidden\n";
+    if (random.Below(2) == 0) after += "[last]" + random.Lines() + "no line end";
+    const QByteArray old_left = "\ttARGET kEY =";
+    const QByteArray end = random.LineEnd();
+    const QByteArray surrounded = before + header + body;
+    const QByteArray with_key = surrounded + old_left + " \"old\" " + end + after;
+    const QByteArray without_key = surrounded + after;
+
+    EXPECT_EQ(IniFile(with_key).Content(), with_key) << seed;
+    EXPECT_EQ(ValueIn(with_key, "Target", "Target Key"), "old") << seed;
+    EXPECT_EQ(AfterSet(with_key, "Target", "Target Key", "new=1"),
+              surrounded + old_left + "new=1" + end + after)
+        << seed;
+    EXPECT_EQ(AfterRemove(with_key, "Target", "Target Key"), without_key) << seed;
+    EXPECT_EQ(ValueIn(without_key, "Target", "Target Key"), "(none)") << seed;
+    EXPECT_EQ(AfterSet(without_key, "Target", "Target Key", "new"),
+              surrounded + "Target Key=new" + first_end + after)
+        << seed;
+    EXPECT_EQ(AfterSet(before, "Target", "Target Key", "new"),
+              before + "[Target]" + first_end + "Target Key=new" + first_end)
+        << seed;
+  }
+}
+
+class IniFileOnDisk : public testing::Test {
+ protected:
+  QString Path(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
+
+  QString Write(const QByteArray& content) const {
+    QFile file(Path("file.ini"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(file.write(content), content.size());
+    return file.fileName();
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(IniFileOnDisk, AFileIsLoadedWhole) {
+  const QByteArray content("[A]\r\nx=1\r\n\0\xFF\n\ny=2", 18);
+  EXPECT_EQ(IniFile::Load(Write(content)).Content(), content);
+}
+
+TEST_F(IniFileOnDisk, WhatIsMissingOrNoOrdinaryFileIsAnEmptyOne) {
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
+  for (const QString& path :
+       {Path("missing"), Path("folder"), Path("pipe"), QString(), QStringLiteral("/dev/zero")}) {
+    EXPECT_EQ(IniFile::Load(path).Content(), "") << path.toStdString();
+  }
+}
+
+TEST_F(IniFileOnDisk, AFileOf4MebibytesIsReadAndALargerOneIsAnEmptyOne) {
+  QByteArray content = "[A]\r\nx=1\r\n;";
+  content += QByteArray((4 << 20) - content.size(), '.');
+  EXPECT_EQ(IniFile::Load(Write(content)).Value("A", "x"), QByteArray("1"));
+  EXPECT_EQ(IniFile::Load(Write(content + '.')).Content(), "");
+}
+
+TEST_F(IniFileOnDisk, AHundredMegabytesWithoutALineEndAreAnEmptyFile) {
+  QFile file(Path("endless.ini"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(file.resize(qint64{100} << 20));
+  file.close();
+  EXPECT_EQ(IniFile::Load(file.fileName()).Content(), "");
+}
+
+TEST_F(IniFileOnDisk, AFileMayConsistOfTheShortestLinesOnly) {
+  QByteArray content = "[A]\n";
+  while (content.size() < (4 << 20) - 4) content += "=\n[\n";
+  const IniFile file = IniFile::Load(Write(content));
+  EXPECT_EQ(file.Content(), content);
+  EXPECT_EQ(file.Value("A", ""), QByteArray(""));
+}
+
+TEST_F(IniFileOnDisk, AFileToBeChangedIsReadWholeOrNotAtAll) {
+  EXPECT_EQ(IniFile::Read(Write("[A]\r\n"))->Content(), "[A]\r\n");
+  EXPECT_EQ(IniFile::Read(Path("missing"))->Content(), "");
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  EXPECT_FALSE(IniFile::Read(Path("folder")));
+  EXPECT_FALSE(IniFile::Read(Write(QByteArray((4 << 20) + 1, '.'))));
+}
+
+TEST_F(IniFileOnDisk, AFileWithoutPermissionIsAnEmptyOneToReadAndNoneToChange) {
+  const QString path = Write("[A]\r\nx=1\r\n");
+  ASSERT_EQ(chmod(QFile::encodeName(folder_.path()).constData(), 0755), 0);
+  ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0), 0);
+  // The superuser may read everything, so the file is read as somebody else.
+  const bool is_superuser = geteuid() == 0;
+  if (is_superuser) {
+    ASSERT_EQ(seteuid(65534), 0);
+  }
+  const QByteArray content = IniFile::Load(path).Content();
+  const bool is_read = IniFile::Read(path).has_value();
+  if (is_superuser) {
+    ASSERT_EQ(seteuid(0), 0);
+  }
+  EXPECT_EQ(content, "");
+  EXPECT_FALSE(is_read);
+}
+
+}  // namespace
+}  // namespace Brivon1
