@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
 preset=${1:-release}
-tools/install_missing.sh xvfb
-cmake --preset "$preset" >/dev/null
+tools/install_missing.sh --tests
+cmake --preset "$preset" -DBUILD_TESTING=ON -DBRIVON_VIRTUAL_PANEL=ON >/dev/null
 cmake --build --preset "$preset"
 QT_QPA_PLATFORM=offscreen ctest --preset "$preset"

@@ -8,11 +8,13 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build
   qt6-base-dev qt6-serialport-dev libgl-dev
-  libgtest-dev libbenchmark-dev
-  libfreetype-dev xfonts-base
-  libsm-dev fonts-dejavu-core fonts-liberation
-  "$@"
+  fonts-dejavu-core fonts-liberation
 )
+if [ "${1:-}" = --tests ]; then
+  shift
+  packages+=(libgtest-dev libbenchmark-dev libsm-dev libfreetype-dev xfonts-base xvfb)
+fi
+packages+=("$@")
 
 # Says which programs of the packages are not there, by the names that they have on every system.
 name_missing_programs() {

@@ -40,6 +40,11 @@ bool SessionEnd::MayEnd(QSessionManager& session) const {
 }
 
 bool SessionEnd::eventFilter(QObject* object, QEvent* event) {
+  // Other programs may still be asking, and the operator goes on here meanwhile.
+  if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress ||
+      event->type() == QEvent::InputMethod) {
+    may_end_ = false;
+  }
   // Windows that have been asked already are not asked again when the session ends.
   if (event->type() == QEvent::Quit && may_end_) {
     QCoreApplication::exit();

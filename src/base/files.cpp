@@ -44,10 +44,13 @@ void KeepOwner([[maybe_unused]] const QString& path, [[maybe_unused]] const QSav
   if (stat(QFile::encodeName(path).constData(), &old) != 0) return;
   const auto give_to = [&](uid_t owner) { return fchown(file.handle(), owner, old.st_gid) == 0; };
   const bool is_kept = give_to(old.st_uid);
-  if (!is_kept) give_to(static_cast<uid_t>(-1));  // that is, nobody else
-  // Last, because a change of hands and a write may cost bits. What runs as its owner may be made
-  // by that owner alone.
-  fchmod(file.handle(), old.st_mode & (is_kept ? 07777 : 0777));
+  const bool is_group_kept = is_kept || give_to(static_cast<uid_t>(-1));  // that is, nobody else
+  // What runs as its owner may be made by that owner alone, and what one group may do is nothing to
+  // another.
+  mode_t mode = old.st_mode & (is_kept ? 07777U : 0777U);
+  if (!is_group_kept) mode = (mode & 0707U) | ((mode & 07U) << 3U);
+  // Last, because a change of hands and a write may cost bits.
+  fchmod(file.handle(), mode);
 #endif
 }
 

@@ -21,6 +21,23 @@ QByteArray WithScript(const QByteArray& name, const QByteArray& modifier) {
   return end < 0 ? name + script : name.first(end) + script + name.sliced(end);
 }
 
+int CodePageOfScript(QLocale::Script script) {
+  switch (script) {
+    case QLocale::CyrillicScript:
+      return 1251;
+    case QLocale::GreekScript:
+      return 1253;
+    case QLocale::HebrewScript:
+      return 1255;
+    case QLocale::ArabicScript:
+      return 1256;
+    case QLocale::ThaiScript:
+      return 874;
+    default:
+      return CodePage::kWestern;
+  }
+}
+
 int CodePageOfLanguage(const QLocale& locale) {
   switch (locale.language()) {
     case QLocale::Polish:
@@ -73,7 +90,7 @@ int CodePageOfLanguage(const QLocale& locale) {
     case QLocale::Thai:
       return 874;
     default:
-      return CodePage::kWestern;
+      return CodePageOfScript(locale.script());
   }
 }
 

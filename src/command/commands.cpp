@@ -58,6 +58,7 @@ CommandReport CarryOutCommand(Transmission& transmission, SendMode mode, PanelCo
       if (mode != SendMode::kSerial)
         return {{QStringLiteral("Set Clock Finished!")}, Title(), true};
       WaitForAck(transmission.link, transmission.timer, id);
+      if (id == 0) HasArrived(transmission, id);  // what is said does not depend on it
       return {{QStringLiteral("Set clock is done!")}, Title(), true};
     case PanelCommand::kDeleteAll:
       if (!SendWithPauses(transmission, id, DeleteAllFrame(id))) return TransmissionError();

@@ -32,7 +32,7 @@ bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray&
 }
 
 bool HasArrived(Transmission& transmission, int id) {
-  if (id != 0) return true;
+  if (id != 0 && transmission.link.Unsent() == 0) return true;
   return MaySend(transmission.link, transmission.timer) &&
          DrainLink(transmission.link, transmission.clock);
 }

@@ -35,8 +35,9 @@ bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray&
                            const std::function<void()>& before, int sending_time = 0);
 
 /// Whether what panel `id` was sent has arrived, as far as it can be known. A panel has
-/// acknowledged it. Nobody acknowledges what goes to all panels, ID 0: it must have left, which is
-/// waited for.
+/// acknowledged it, but on a slow line an earlier attempt's acknowledgement may have been taken for
+/// that of a frame that still waits; nobody acknowledges what goes to all panels, ID 0. So it must
+/// have left, which is waited for.
 bool HasArrived(Transmission& transmission, int id);
 
 }  // namespace Brivon1

@@ -35,8 +35,18 @@ std::optional<qsizetype> WriteWhatFits(QSerialPort& port, QByteArrayView bytes) 
 
 qint64 BytesInSystem([[maybe_unused]] qintptr descriptor) {
 #ifdef Q_OS_UNIX
+  const int file = static_cast<int>(descriptor);
   int bytes = 0;
-  return ::ioctl(static_cast<int>(descriptor), TIOCOUTQ, &bytes) == 0 ? bytes : 0;
+  if (::ioctl(file, TIOCOUTQ, &bytes) != 0) return 0;
+#ifdef TIOCSERGETLSR
+  // What the port or adapter itself still holds is no longer counted; it says only that there is
+  // some.
+  int state = 0;
+  if (bytes == 0 && ::ioctl(file, TIOCSERGETLSR, &state) == 0 && (state & TIOCSER_TEMT) == 0) {
+    return 1;
+  }
+#endif
+  return bytes;
 #else
   return 0;
 #endif

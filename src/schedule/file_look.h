@@ -27,13 +27,17 @@ class FileLook {
   FileLook(const FileLook&) = delete;
   FileLook& operator=(const FileLook&) = delete;
 
-  /// Begins a look for `paths`, one after the other, and returns at once. Each is reported as soon
-  /// as it is known; what an earlier look has not reported yet is not reported any more.
+  /// Begins a look for `paths`, side by side, and returns at once. Each is reported as soon as it
+  /// is known; what an earlier look has not reported yet is not reported any more.
   void Begin(const QStringList& paths, const IsThere& is_there);
 
  private:
-  QStringList paths_;
-  QFutureWatcher<bool> watcher_;  // of the look begun last
+  struct Answer {
+    QString path;
+    bool is_there;
+  };
+
+  QFutureWatcher<Answer> watcher_;  // of the look begun last
 };
 
 }  // namespace Brivon1

@@ -152,6 +152,19 @@ TEST_F(SessionEndTest, ASessionThatGoesOnLeavesTheWorkUnsavedAndItIsAskedAboutAg
   });
 }
 
+TEST_F(SessionEndTest, WorkDoneAfterTheAnswerIsAskedAboutWhenTheSessionEnds) {
+  InScrollingEditor([](QWidget* editor) {
+    EXPECT_EQ(session->AskToEnd(SessionManager::Questions::kAllowed), "ready");
+    Type(editor);
+    MessageBoxReader boxes;
+    boxes.Answer(QMessageBox::Cancel);
+    session->End();
+    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
+    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
+    EXPECT_TRUE(editor->isVisible());
+  });
+}
+
 TEST_F(SessionEndTest, UnsavedWorkThatMayNotBeAskedAboutKeepsTheSession) {
   InScrollingEditor([](QWidget* editor) {
     Type(editor);

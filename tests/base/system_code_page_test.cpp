@@ -57,6 +57,14 @@ TEST(SystemCodePage, OnWindowsItIsTheAnsiCodePage) {
   }
 }
 
+TEST(SystemCodePage, ALanguageThatNoPageIsMadeForHasThatOfItsScript) {
+  EXPECT_EQ(CodePageOfLocale("os_RU"), 1251);
+  EXPECT_EQ(CodePageOfLocale("ce_RU"), 1251);
+  EXPECT_EQ(CodePageOfLocale("yi_001"), 1255);
+  EXPECT_EQ(CodePageOfLocale("ps_AF"), 1256);
+  EXPECT_EQ(CodePageOfLocale("ja_JP"), 1252);
+}
+
 TEST(SystemCodePage, EachLanguageHasItsCodePage) {
   for (const char* locale :
        {"pl_PL", "cs_CZ", "sk_SK", "hu_HU", "sl_SI", "hr_HR", "ro_RO", "sq_AL", "tk_TM"}) {

@@ -135,6 +135,12 @@ TEST_F(Commands, SetClockOverTheSerialLineWaitsOnceAndIsDoneWhateverTheAnswer) {
   EXPECT_EQ(time_.Now(), 1100);
 }
 
+TEST_F(Commands, SetClockOfAllPanelsIsDoneWhenItHasLeft) {
+  link_.SendAt(300);
+  ExpectReport(Run(PanelCommand::kSetClock, 0), QStringLiteral("Set clock is done!"), kTitle, true);
+  EXPECT_EQ(time_.Now(), 600) << "18 bytes";
+}
+
 TEST_F(Commands, SetClockOverTcpReportsFinishedEvenWhenNoPanelAnswers) {
   ExpectReport(Run(PanelCommand::kSetClock, 26, {}, SendMode::kTcp),
                QStringLiteral("Set Clock Finished!"), kTitle, true);

@@ -212,6 +212,20 @@ TEST_F(MessageTransmission, APageToId0OverALineThatIsLostBehindItsLastRowHasFail
   EXPECT_EQ(time_.Now(), 40);
 }
 
+TEST_F(MessageTransmission, APageThatIsAcknowledgedAheadOfItsLastFramesIsFinishedWhenTheyHaveLeft) {
+  link_.SendAt(1200);
+  // A frame of 120 bytes: a second.
+  link_.AnswerAfter(30, "<ID1A>\r\n");
+  EXPECT_TRUE(Send(File({"<L01>" + QByteArray(100, 'x')}), 26, {1, 96}));
+  EXPECT_EQ(time_.Now(), 1000 + 200) << "the pause begins when everything has left";
+}
+
+TEST_F(MessageTransmission, APageThatIsAcknowledgedAndNeverLeavesHasFailed) {
+  link_.SendAt(0);
+  link_.AnswerAfter(30, "<ID1A>\r\n");
+  EXPECT_FALSE(Send(File({"<L01>"}), 26, {1, 96}));
+}
+
 TEST_F(MessageTransmission, ThePacingOfAcknowledgedFramesDoesNotDependOnWhatHasLeft) {
   for (const int speed : {0, 300, 115200}) {
     SCOPED_TRACE(speed);

@@ -380,6 +380,7 @@ TEST_F(ScheduleTransmission, OfANameThatNoFileCanHaveTheStartIsShown) {
 }
 
 TEST_F(ScheduleTransmission, EndlessPathsAndFeaturesInTheSlowestLetterAreRefused) {
+  const UseCodePage western(1252);
   // Upper case makes two letters of this one and moves all that stands behind it, so that a line
   // of a megabyte would take seconds each time.
   const QString endless((1 << 20) - 1, QChar(0xDF));

@@ -31,9 +31,13 @@ bool SerialLine::Open(const QString& device, qint32 baud_rate) {
   Close();
   error_.clear();
   port_.setPortName(device);
-  if (port_.open(QIODevice::ReadWrite) && port_.setBaudRate(baud_rate) &&
-      port_.setDataBits(QSerialPort::Data8) && port_.setParity(QSerialPort::NoParity) &&
-      port_.setStopBits(QSerialPort::OneStop) && port_.setFlowControl(QSerialPort::NoFlowControl)) {
+  // All of it while the port is closed, so that it never stands at another speed.
+  port_.setBaudRate(baud_rate);
+  port_.setDataBits(QSerialPort::Data8);
+  port_.setParity(QSerialPort::NoParity);
+  port_.setStopBits(QSerialPort::OneStop);
+  port_.setFlowControl(QSerialPort::NoFlowControl);
+  if (port_.open(QIODevice::ReadWrite)) {
     output_ = std::make_unique<LineOutput>(port_.handle(), [this] { return OnItsWay(); });
     connect(output_.get(), &LineOutput::BytesHaveLeft, &conversation_,
             &Conversation::BytesHaveLeft);

@@ -2,8 +2,8 @@
 
 #include <random>
 
-#include <QTimeZone>
 #include <QDateTime>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
