@@ -6,6 +6,9 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . tools/run_parts.sh
+folder=$PWD/build/brivon
+path=$(path_to_build_in "$PWD")
+cd "$path"
 
 preset=${1:-release}
 no_display= tests=OFF
@@ -16,7 +19,6 @@ cmake --preset "$preset" -DBRIVON_VIRTUAL_PANEL=ON -DBUILD_TESTING="$tests" >/de
 cmake --build --preset "$preset" --target brivon virtual_panel ${no_display:+brivon_journey}
 
 built=build/$preset
-folder=$PWD/build/brivon
 mkdir -p "$folder"
 install -m 755 "$built/src/app/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
 # What stands in the folder is the operator's: it is laid out once and never overwritten.

@@ -3,6 +3,9 @@
 # (release unless told otherwise).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
+. tools/run_parts.sh
+path=$(path_to_build_in "$PWD")
+cd "$path"
 
 preset=${1:-release}
 tools/install_missing.sh --tests

@@ -1,4 +1,4 @@
-# Parts of run.sh, to be sourced.
+# Parts of run.sh and test.sh, to be sourced.
 # shellcheck shell=bash
 
 # Copies a brivon.ini and names the device $1 as that of port 2. The name may hold any character.
@@ -19,4 +19,20 @@ pass_on_until_ready() {
     [ "$line" != ready ] || return 0
   done
   return 1
+}
+
+# A path of the folder $1 for CMake and Ninja, which do not take every character. Where the folder's
+# own path has such a one it is a link, the same each time: a build folder remembers its path.
+path_to_build_in() {
+  case $1 in
+    *[\|\;\"\\\#\?\<\>]* | *$'\n'*) ;;
+    *)
+      printf '%s\n' "$1"
+      return
+      ;;
+  esac
+  local links=${XDG_CACHE_HOME:-$HOME/.cache}/brivon
+  local link
+  link=$links/$(cksum <<<"$1" | tr ' ' -)
+  mkdir -p "$links" && ln -sfn "$1" "$link" && printf '%s\n' "$link"
 }

@@ -28,6 +28,16 @@ expect "what it said last" "${said##*$'\n'}" ready
 expect "its line is there as soon as it is ready" "$([ -c "$line" ] && echo there)" there
 kill "$panel"
 
+export XDG_CACHE_HOME="$scratch/cache"
+expect "CMake and Ninja take this folder as it is" \
+  "$(path_to_build_in "/home/Grüße & mehr")" "/home/Grüße & mehr"
+link=$(path_to_build_in "$folder")
+expect "they do not take this one" "${link//[!|;\"\\#?<>]/}" ""
+expect "the link leads there" "$(readlink "$link")" "$folder"
+expect "the link is the same each time" "$(path_to_build_in "$folder")" "$link"
+expect "another folder has another link" \
+  "$([ "$(path_to_build_in "$folder 2")" != "$link" ] && echo another)" another
+
 said=$(printf 'one\ntwo\n' | pass_on_until_ready)
 expect "waiting for a program that ends before it is ready" "$?" 1
 expect "what it said" "$said" $'one\ntwo'
