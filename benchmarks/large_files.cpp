@@ -15,6 +15,8 @@
 #include "schedule/schedule_transmission.h"
 #include "store/ini_file.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double kChangeLimit = 50;     // milliseconds
@@ -26,7 +28,7 @@ class FolderOfOneFile {
  public:
   explicit FolderOfOneFile(const QByteArray& content) { Write(content); }
 
-  QString Path() const { return folder_.filePath(QStringLiteral("file")); }
+  QString Path() const { return folder_.filePath(u"file"_s); }
 
   QByteArray Read() const {
     QFile file(Path());
@@ -108,8 +110,8 @@ BENCHMARK(ARepeatedKeyRemoved)->Unit(benchmark::kMillisecond);
 Brivon1::ConfigurationDraft AllAdded() {
   Brivon1::ConfigurationDraft draft{Brivon1::Configuration()};
   for (int id = 0; id < Brivon1::kPanelIds; ++id) {
-    draft.Add({QString::number(id), QStringLiteral("12"), QStringLiteral("300"), Brivon1::kTri,
-               QStringLiteral("192.168.100.100"), QStringLiteral("21000")});
+    draft.Add(
+        {QString::number(id), u"12"_s, u"300"_s, Brivon1::kTri, u"192.168.100.100"_s, u"21000"_s});
   }
   return draft;
 }
@@ -187,11 +189,11 @@ void AnEndlessScheduleRefused(benchmark::State& state) {
     reads.push_back(Microseconds([&] { benchmark::DoNotOptimize(folder.Read()); }) / 1000);
     QString shown;
     sends.push_back(Microseconds([&] {
-                      Brivon1::SendScheduleFile(transmission, folder.Path(), 1, QStringLiteral("A"),
+                      Brivon1::SendScheduleFile(transmission, folder.Path(), 1, u"A"_s,
                                                 [&](const QString& text) { shown = text; });
                     }) /
                     1000);
-    if (!shown.startsWith(QStringLiteral("File not found: 00"))) {
+    if (!shown.startsWith(u"File not found: 00"_s)) {
       state.SkipWithError("the schedule was not read to its end");
     }
   }

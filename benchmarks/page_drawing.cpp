@@ -21,6 +21,8 @@
 #include "row/draw_cell.h"
 #include "store/configuration_store.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kRows = 12;
@@ -31,7 +33,7 @@ constexpr int kWidth = 1920;
 class FullEditor {
  public:
   FullEditor() {
-    QFile ini(folder_.filePath(QStringLiteral("brivon.ini")));
+    QFile ini(folder_.filePath(u"brivon.ini"_s));
     if (!ini.open(QIODevice::WriteOnly)) qFatal("cannot write the configuration");
     ini.write("[Dimension Config]\r\nID001=12x3000,Tri,127.0.0.1:80\r\n");
     ini.close();
@@ -47,7 +49,7 @@ class FullEditor {
     window_.resize(kWidth, 700);
     window_.show();
     Click("butNew");
-    window_.findChild<QComboBox*>(QStringLiteral("ComboColor"))->setCurrentIndex(3);
+    window_.findChild<QComboBox*>(u"ComboColor"_s)->setCurrentIndex(3);
     Click("chkBlink");
     for (int row = 1; row <= kRows; ++row) {
       QTest::keyClicks(Row(row), QString(kCharacters, QLatin1Char('M')));
@@ -56,13 +58,11 @@ class FullEditor {
     for (QTimer* timer : window_.findChildren<QTimer*>()) timer->stop();
   }
 
-  QWidget* Row(int number) {
-    return window_.findChild<QWidget*>(QStringLiteral("Picture1(%1)").arg(number));
-  }
+  QWidget* Row(int number) { return window_.findChild<QWidget*>(u"Picture1(%1)"_s.arg(number)); }
 
   /// Lets the characters blink once and paints what that exposes.
   void BlinkTick() {
-    auto* timer = window_.findChild<QTimer*>(QStringLiteral("Timer2"));
+    auto* timer = window_.findChild<QTimer*>(u"Timer2"_s);
     if (!QMetaObject::invokeMethod(timer, "timeout")) qFatal("there is no tick");
     QCoreApplication::sendPostedEvents();
   }

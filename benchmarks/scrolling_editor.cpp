@@ -15,6 +15,8 @@
 #include "scrolling/frmShiftMsg.h"
 #include "store/configuration_store.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kCharacters = static_cast<int>(Brivon1::ScrollingMessage::kMostCharacters);
@@ -27,9 +29,9 @@ class FullEditor {
   FullEditor() {
     Brivon1::SetProgramFolder(folder_.path());
     window_.show();
-    window_.findChild<QComboBox*>(QStringLiteral("ComboColor"))->setCurrentIndex(3);
-    window_.findChild<QAbstractButton*>(QStringLiteral("chkBlink"))->click();
-    surface_ = window_.findChild<QWidget*>(QStringLiteral("Picture1"));
+    window_.findChild<QComboBox*>(u"ComboColor"_s)->setCurrentIndex(3);
+    window_.findChild<QAbstractButton*>(u"chkBlink"_s)->click();
+    surface_ = window_.findChild<QWidget*>(u"Picture1"_s);
     QTest::keyClicks(surface_, QString(kCharacters, QLatin1Char('M')));
     QCoreApplication::processEvents();
     for (QTimer* timer : window_.findChildren<QTimer*>()) timer->stop();

@@ -27,6 +27,8 @@
 #include "panel_line/framing.h"
 #include "panel_line/panel_connection.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kRows = 12;
@@ -107,7 +109,7 @@ class PageFolder {
     }
   }
 
-  QString Path() const { return folder_.filePath(QStringLiteral("page.msg")); }
+  QString Path() const { return folder_.filePath(u"page.msg"_s); }
 
  private:
   QTemporaryDir folder_;

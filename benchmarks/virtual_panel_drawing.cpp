@@ -16,6 +16,8 @@
 #include "panel_dots/panel_drawing.h"
 #include "window/panel_window.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using PanelDots::DotsOf;
@@ -119,7 +121,7 @@ class LargestPanel {
     window_.resize(1920, 1000);
     window_.show();
     QCoreApplication::processEvents();
-    view_ = window_.findChild<PanelView*>(QStringLiteral("panel_1"));
+    view_ = window_.findChild<PanelView*>(u"panel_1"_s);
     now_ = now_.addMSecs(kScrolledMs);
   }
 

@@ -9,6 +9,8 @@
 #include "base/code_page.h"
 #include "panel_dots/dot_glyphs.h"
 
+using namespace Qt::StringLiterals;
+
 namespace PanelDots {
 namespace {
 
@@ -177,9 +179,9 @@ DotMatrix ComeIn(const DotMatrix& before, const DotMatrix& after, int done, bool
 QString TextOf(const Cell& cell, const QDateTime& clock) {
   switch (cell.kind) {
     case Cell::Kind::kDate:
-      return QLocale::c().toString(clock.date(), QStringLiteral("dd MMM yyyy")).toUpper();
+      return QLocale::c().toString(clock.date(), u"dd MMM yyyy"_s).toUpper();
     case Cell::Kind::kTime:
-      return clock.toString(QStringLiteral("HH:mm"));
+      return clock.toString(u"HH:mm"_s);
     case Cell::Kind::kCharacter:
     case Cell::Kind::kGraphic:
       break;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace PanelDots {
 namespace {
 
@@ -88,7 +90,7 @@ QString RowText(const QList<Cell>& row, const QDateTime& clock) {
   QString text;
   for (const Cell& cell : row) {
     const QString part = TextOf(cell, clock);
-    text += cell.kind == Cell::Kind::kGraphic ? QStringLiteral("[%1]").arg(part) : part;
+    text += cell.kind == Cell::Kind::kGraphic ? u"[%1]"_s.arg(part) : part;
   }
   return text;
 }

@@ -17,6 +17,8 @@
 #include "options.h"
 #include "program.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -69,7 +71,7 @@ int Run(const QCoreApplication& application) {
   Program program(std::get<Options>(parsed));
   QString error;
   if (!program.Start(&error)) return Refuse(error);
-  Say(QStringLiteral("ready"));
+  Say(u"ready"_s);
   return QCoreApplication::exec();
 }
 
@@ -83,11 +85,11 @@ int main(int argc, char** argv) {
   } else {
     if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
         !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-      return VirtualPanel::Refuse(QStringLiteral("there is no display: use --headless"));
+      return VirtualPanel::Refuse(u"there is no display: use --headless"_s);
     }
     application = std::make_unique<QApplication>(argc, argv);
   }
-  QCoreApplication::setApplicationName(QStringLiteral("virtual_panel"));
+  QCoreApplication::setApplicationName(u"virtual_panel"_s);
   VirtualPanel::QuitOnSignals(application.get());
   return VirtualPanel::Run(*application);
 }

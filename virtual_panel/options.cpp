@@ -7,67 +7,56 @@
 #include "base/code_page.h"
 #include "engine/schedule.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
 constexpr quint16 kUsualPort = 2101;
 
 struct Names {
-  QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
-                          QStringLiteral("Show this text.")};
-  QCommandLineOption panel{QStringLiteral("panel"),
-                           QStringLiteral("A panel, such as 1:4x96:tri (may be repeated)."),
-                           QStringLiteral("ID:ROWSxCOLUMNS:mono|tri")};
-  QCommandLineOption tcp{
-      QStringLiteral("tcp"),
-      QStringLiteral("Listen on a TCP port; port 0 takes any free one. Without any "
-                     "line: 127.0.0.1:%1.")
-          .arg(kUsualPort),
-      QStringLiteral("[ADDRESS:]PORT")};
-  QCommandLineOption serial{QStringLiteral("serial"), QStringLiteral("Answer on a serial port."),
-                            QStringLiteral("DEVICE")};
-  QCommandLineOption baud{QStringLiteral("baud"), QStringLiteral("Its baud rate (9600)."),
-                          QStringLiteral("N"), QStringLiteral("9600")};
-  QCommandLineOption pty{QStringLiteral("pty"),
-                         QStringLiteral("Make a pseudo-terminal and a symbolic link to it."),
-                         QStringLiteral("LINK")};
-  QCommandLineOption headless{QStringLiteral("headless"), QStringLiteral("Without a window.")};
-  QCommandLineOption log{QStringLiteral("log"),
-                         QStringLiteral("Append one line of JSON for every frame."),
-                         QStringLiteral("FILE")};
+  QCommandLineOption help{{u"h"_s, u"help"_s}, u"Show this text."_s};
+  QCommandLineOption panel{u"panel"_s, u"A panel, such as 1:4x96:tri (may be repeated)."_s,
+                           u"ID:ROWSxCOLUMNS:mono|tri"_s};
+  QCommandLineOption tcp{u"tcp"_s,
+                         u"Listen on a TCP port; port 0 takes any free one. Without any "
+                         "line: 127.0.0.1:%1."_s.arg(kUsualPort),
+                         u"[ADDRESS:]PORT"_s};
+  QCommandLineOption serial{u"serial"_s, u"Answer on a serial port."_s, u"DEVICE"_s};
+  QCommandLineOption baud{u"baud"_s, u"Its baud rate (9600)."_s, u"N"_s, u"9600"_s};
+  QCommandLineOption pty{u"pty"_s, u"Make a pseudo-terminal and a symbolic link to it."_s,
+                         u"LINK"_s};
+  QCommandLineOption headless{u"headless"_s, u"Without a window."_s};
+  QCommandLineOption log{u"log"_s, u"Append one line of JSON for every frame."_s, u"FILE"_s};
   QCommandLineOption state{
-      QStringLiteral("state"),
-      QStringLiteral("Keep the panels' pages, schedules, scrolling texts and clocks there as "
-                     "JSON."),
-      QStringLiteral("FILE")};
-  QCommandLineOption picture{QStringLiteral("picture"),
-                             QStringLiteral("Keep a picture (PNG) of the window there."),
-                             QStringLiteral("FILE")};
+      u"state"_s,
+      u"Keep the panels' pages, schedules, scrolling texts and clocks there as "
+      "JSON."_s,
+      u"FILE"_s};
+  QCommandLineOption picture{u"picture"_s, u"Keep a picture (PNG) of the window there."_s,
+                             u"FILE"_s};
   QCommandLineOption fault{
-      QStringLiteral("fault"),
-      QStringLiteral("Be faulty (may be repeated): %1. \"lower-case\" shows with IDs that "
-                     "have a letter in hexadecimal, such as 10.")
-          .arg(FaultNames().join(QStringLiteral(", "))),
-      QStringLiteral("NAME[:N]")};
+      u"fault"_s,
+      u"Be faulty (may be repeated): %1. \"lower-case\" shows with IDs that "
+      "have a letter in hexadecimal, such as 10."_s.arg(FaultNames().join(u", "_s)),
+      u"NAME[:N]"_s};
   QCommandLineOption clock_answer{
-      QStringLiteral("clock-answer"),
-      QStringLiteral("The panel that acknowledges the set-clock frame (the lowest ID), or none."),
-      QStringLiteral("ID|none")};
+      u"clock-answer"_s,
+      u"The panel that acknowledges the set-clock frame (the lowest ID), or none."_s, u"ID|none"_s};
   QCommandLineOption play{
-      QStringLiteral("play"),
-      QStringLiteral("Play the schedule of this letter, A to J, on every panel as soon as the "
-                     "panel has it, whatever its weekday and time."),
-      QStringLiteral("LETTER")};
+      u"play"_s,
+      u"Play the schedule of this letter, A to J, on every panel as soon as the "
+      "panel has it, whatever its weekday and time."_s,
+      u"LETTER"_s};
   QCommandLineOption scroll_speed{
-      QStringLiteral("scroll-speed"),
-      QStringLiteral("The speed of scrolling texts in dots per second, 1 to %1 (%2).")
+      u"scroll-speed"_s,
+      u"The speed of scrolling texts in dots per second, 1 to %1 (%2)."_s
           .arg(PanelDots::kMostScrollSpeed)
           .arg(PanelDots::kUsualScrollSpeed),
-      QStringLiteral("N"), QString::number(PanelDots::kUsualScrollSpeed)};
+      u"N"_s, QString::number(PanelDots::kUsualScrollSpeed)};
   QCommandLineOption code_page{
-      QStringLiteral("code-page"),
-      QStringLiteral("The code page of what is received, 874 or 1250 to 1258 (the system's)."),
-      QStringLiteral("N")};
+      u"code-page"_s, u"The code page of what is received, 874 or 1250 to 1258 (the system's)."_s,
+      u"N"_s};
 };
 
 // Reads the values of the options one after the other; the first bad one ends it.
@@ -100,8 +89,7 @@ class Reader {
       const auto panel = ParsePanelDescription(text, &error_);
       if (!panel) return false;
       if (HasPanel(panel->id)) {
-        return Refuse(
-            QStringLiteral("panel \"%1\": there is a panel %2 already").arg(text).arg(panel->id));
+        return Refuse(u"panel \"%1\": there is a panel %2 already"_s.arg(text).arg(panel->id));
       }
       options_.panels.append(*panel);
     }
@@ -119,11 +107,11 @@ class Reader {
   bool ReadClockAnswer() {
     options_.sets_clock_answer = parser_.isSet(names_.clock_answer);
     const QString text = parser_.value(names_.clock_answer);
-    if (!options_.sets_clock_answer || text == QLatin1String("none")) return true;
+    if (!options_.sets_clock_answer || text == "none"_L1) return true;
     bool is_number = false;
     const int id = text.toInt(&is_number);
     if (!is_number || !HasPanel(id)) {
-      return Refuse(QStringLiteral("clock answer \"%1\": no such panel").arg(text));
+      return Refuse(u"clock answer \"%1\": no such panel"_s.arg(text));
     }
     options_.clock_answer = id;
     return true;
@@ -135,7 +123,7 @@ class Reader {
     const QString letter = text.toUpper();
     if (letter.size() != 1 || letter[0] < QLatin1Char(kFirstScheduleLetter) ||
         letter[0] > QLatin1Char(kLastScheduleLetter)) {
-      return Refuse(QStringLiteral("schedule \"%1\": expected a letter from A to J").arg(text));
+      return Refuse(u"schedule \"%1\": expected a letter from A to J"_s.arg(text));
     }
     options_.play_on_arrival = letter[0].toLatin1();
     return true;
@@ -149,9 +137,8 @@ class Reader {
         options_.scroll_speed <= PanelDots::kMostScrollSpeed) {
       return true;
     }
-    return Refuse(QStringLiteral("scroll speed \"%1\": expected dots per second, 1 to %2")
-                      .arg(text)
-                      .arg(PanelDots::kMostScrollSpeed));
+    return Refuse(u"scroll speed \"%1\": expected dots per second, 1 to %2"_s.arg(text).arg(
+        PanelDots::kMostScrollSpeed));
   }
 
   bool ReadCodePage() {
@@ -159,12 +146,12 @@ class Reader {
     const QString text = parser_.value(names_.code_page);
     options_.code_page = text.toInt();
     if (Brivon1::CodePage::IsKnown(*options_.code_page)) return true;
-    return Refuse(QStringLiteral("code page \"%1\": expected 874 or 1250 to 1258").arg(text));
+    return Refuse(u"code page \"%1\": expected 874 or 1250 to 1258"_s.arg(text));
   }
 
   bool ReadFiles() {
     if (parser_.isSet(names_.picture) && options_.headless) {
-      return Refuse(QStringLiteral("a picture needs the window: not with --headless"));
+      return Refuse(u"a picture needs the window: not with --headless"_s);
     }
     if (parser_.isSet(names_.log)) options_.log = parser_.value(names_.log);
     if (parser_.isSet(names_.state)) options_.state = parser_.value(names_.state);
@@ -178,12 +165,12 @@ class Reader {
     options_.serial_devices = parser_.values(names_.serial);
     if (options_.tcp_addresses.isEmpty() && options_.pty_links.isEmpty() &&
         options_.serial_devices.isEmpty()) {
-      options_.tcp_addresses.append(QStringLiteral("127.0.0.1:%1").arg(kUsualPort));
+      options_.tcp_addresses.append(u"127.0.0.1:%1"_s.arg(kUsualPort));
     }
     bool is_number = false;
     options_.baud_rate = parser_.value(names_.baud).toInt(&is_number);
     if (is_number && options_.baud_rate > 0) return true;
-    return Refuse(QStringLiteral("baud rate \"%1\": not a number").arg(parser_.value(names_.baud)));
+    return Refuse(u"baud rate \"%1\": not a number"_s.arg(parser_.value(names_.baud)));
   }
 
   const QCommandLineParser& parser_;
@@ -199,19 +186,18 @@ std::variant<Options, HelpText, BadUse> ParseOptions(const QStringList& argument
   const Names names;
   QCommandLineParser parser;
   parser.setApplicationDescription(
-      QStringLiteral("LED text panels on the desk: what they are sent is acknowledged and shown."));
+      u"LED text panels on the desk: what they are sent is acknowledged and shown."_s);
   parser.addOptions({names.help, names.panel, names.tcp, names.serial, names.baud, names.pty,
                      names.headless, names.log, names.state, names.picture, names.fault,
                      names.clock_answer, names.play, names.scroll_speed, names.code_page});
   if (!parser.parse(arguments)) return BadUse{parser.errorText()};
   if (parser.isSet(names.help)) return HelpText{parser.helpText()};
   if (!parser.positionalArguments().isEmpty()) {
-    return BadUse{
-        QStringLiteral("\"%1\": not an option").arg(parser.positionalArguments().first())};
+    return BadUse{u"\"%1\": not an option"_s.arg(parser.positionalArguments().first())};
   }
   if (!parser.isSet(names.headless) && !can_show_windows) {
     // "--headless" was there, but as the value of another option.
-    return BadUse{QStringLiteral("\"--headless\" is no value for an option")};
+    return BadUse{u"\"--headless\" is no value for an option"_s};
   }
   return Reader(parser, names).Read();
 }

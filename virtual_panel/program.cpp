@@ -7,6 +7,8 @@
 #include "base/code_page.h"
 #include "window/panel_facts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 
 void Say(const QString& line) {
@@ -15,9 +17,7 @@ void Say(const QString& line) {
 }
 
 void Complain(const QString& line) {
-  std::fputs(
-      (QStringLiteral("virtual_panel: ") + line + QLatin1Char('\n')).toLocal8Bit().constData(),
-      stderr);
+  std::fputs((u"virtual_panel: "_s + line + QLatin1Char('\n')).toLocal8Bit().constData(), stderr);
 }
 
 Program::Program(const Options& options) : options_(options), engine_(options.panels) {

@@ -11,6 +11,8 @@
 #include <unistd.h>
 #endif
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -121,9 +123,9 @@ QString SaveFailureText(SaveResult result) {
     case SaveResult::kSaved:
       return {};
     case SaveResult::kInvalidPath:
-      return QStringLiteral("Invalid path!");
+      return u"Invalid path!"_s;
     case SaveResult::kDriveNotAvailable:
-      return QStringLiteral("Drive not available!");
+      return u"Drive not available!"_s;
   }
   return {};
 }

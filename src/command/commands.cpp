@@ -4,12 +4,14 @@
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
 constexpr int kHighestPage = 120;
 
-QString Title() { return QStringLiteral("Command"); }
+QString Title() { return u"Command"_s; }
 
 /// Sends `frame` up to five times; every failed attempt, also the last, is followed by a pause.
 bool SendWithPauses(Transmission& transmission, int id, const QByteArray& frame) {
@@ -27,10 +29,10 @@ bool SendWithPauses(Transmission& transmission, int id, const QByteArray& frame)
 
 CommandReport Failure(const QString& text) { return {{text}, Title(), false}; }
 
-CommandReport TransmissionError() { return Failure(QStringLiteral("Transmission error!")); }
+CommandReport TransmissionError() { return Failure(u"Transmission error!"_s); }
 
 CommandReport PageReport(const QString& page, const QString& outcome, const QString& title) {
-  return {{QStringLiteral("Page"), page, outcome}, title, true};
+  return {{u"Page"_s, page, outcome}, title, true};
 }
 
 }  // namespace
@@ -50,29 +52,28 @@ CommandReport CarryOutCommand(Transmission& transmission, SendMode mode, PanelCo
   switch (command) {
     case PanelCommand::kPolling:
       if (!SendWithPauses(transmission, id, PollFrame(id))) {
-        return Failure(QStringLiteral("Polling error!"));
+        return Failure(u"Polling error!"_s);
       }
-      return {{QStringLiteral("Command is sent successfully!")}, Title(), true};
+      return {{u"Command is sent successfully!"_s}, Title(), true};
     case PanelCommand::kSetClock:
       transmission.link.Write(SetClockFrame(now));
-      if (mode != SendMode::kSerial)
-        return {{QStringLiteral("Set Clock Finished!")}, Title(), true};
+      if (mode != SendMode::kSerial) return {{u"Set Clock Finished!"_s}, Title(), true};
       WaitForAck(transmission.link, transmission.timer, id);
       if (id == 0) HasArrived(transmission, id);  // what is said does not depend on it
-      return {{QStringLiteral("Set clock is done!")}, Title(), true};
+      return {{u"Set clock is done!"_s}, Title(), true};
     case PanelCommand::kDeleteAll:
       if (!SendWithPauses(transmission, id, DeleteAllFrame(id))) return TransmissionError();
-      return {{QStringLiteral("All pages are deleted!")}, Title(), true};
+      return {{u"All pages are deleted!"_s}, Title(), true};
     case PanelCommand::kDeletePage:
       if (!SendWithPauses(transmission, id, DeletePageFrame(id, page_number))) {
         return TransmissionError();
       }
-      return PageReport(page, QStringLiteral("is deleted."), Title());
+      return PageReport(page, u"is deleted."_s, Title());
     case PanelCommand::kRunPage:
       if (!SendWithPauses(transmission, id, RunPageFrame(id, page_number))) {
         return TransmissionError();
       }
-      return PageReport(page, QStringLiteral("is running."), QStringLiteral("Run page"));
+      return PageReport(page, u"is running."_s, u"Run page"_s);
   }
   return {};
 }

@@ -10,6 +10,8 @@
 #include "ui_frmCommand.h"
 #include "widgets/caption_loader.h"
 
+using namespace Qt::StringLiterals;
+
 using Brivon1::PanelCommand;
 using ModuleLanguage::TranslateMessage;
 
@@ -17,8 +19,7 @@ namespace {
 
 constexpr int kLastBytesTime = 300;  // milliseconds for the last bytes to leave the line
 
-MessageBoxStyle CommandStyle(QMessageBox::Icon icon,
-                             const QString& title = QStringLiteral("Command")) {
+MessageBoxStyle CommandStyle(QMessageBox::Icon icon, const QString& title = u"Command"_s) {
   return {icon, TranslateMessage(title), {}};
 }
 
@@ -43,7 +44,7 @@ frmCommand::~frmCommand() = default;
 void frmCommand::Send() {
   const auto panel = SelectedPanel(ui_->ComboID);
   if (!panel) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Empty ID!")));
+    ShowMessage(this, TranslateMessage(u"Empty ID!"_s));
     return;
   }
   session_->Run([&] {
@@ -67,7 +68,7 @@ void frmCommand::CarryOut(Brivon1::Transmission& transmission, int id) {
     if (!Brivon1::DialogAccepted) return;
     page = Brivon1::DialogText;
     if (!Brivon1::IsPageNumber(page)) {
-      ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Page Value!")),
+      ShowMessage(this, TranslateMessage(u"Invalid Page Value!"_s),
                   CommandStyle(QMessageBox::Warning));
       return;
     }

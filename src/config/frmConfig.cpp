@@ -17,6 +17,8 @@
 #include "widgets/message_boxes.h"
 #include "widgets/plain_tool_tip.h"
 
+using namespace Qt::StringLiterals;
+
 using Brivon1::AddResult;
 using Brivon1::SendMode;
 using ModuleLanguage::TranslateMessage;
@@ -74,7 +76,7 @@ void frmConfig::SetUpCommunication() {
 
 void frmConfig::SetUpPorts() {
   for (qint16 port = 1; port <= kPorts; ++port) {
-    auto* item = new QListWidgetItem(QStringLiteral("Com %1").arg(port), ui_->ListComPort);
+    auto* item = new QListWidgetItem(u"Com %1"_s.arg(port), ui_->ListComPort);
     const QString device = Brivon1::SerialDevice(draft_.Values(), port);
     item->setToolTip(PlainToolTip(device));
     item->setData(Qt::AccessibleDescriptionRole, device);
@@ -99,7 +101,7 @@ void frmConfig::SetUpPanels() {
   SetUpNumber(ui_->txtID, 0, Brivon1::kHighestPanelId);
   SetUpNumber(ui_->txtRow, 1, Brivon1::kMaxRows);
   SetUpNumber(ui_->txtcol, 1, Brivon1::kMostColumns);
-  ui_->ComboColorType->addItems({QStringLiteral("Mono"), QStringLiteral("Tri")});
+  ui_->ComboColorType->addItems({u"Mono"_s, u"Tri"_s});
   IgnoreWheel(ui_->ComboColorType);
   ui_->txtIPAddress->setText(Brivon1::kNoAddress);
   QSizePolicy note_place = ui_->lblColumnsNote->sizePolicy();
@@ -122,7 +124,7 @@ void frmConfig::SetUpPanels() {
 }
 
 void frmConfig::SetUpNumber(QLineEdit* box, int lowest, int highest) {
-  static const QRegularExpression digits(QStringLiteral("[0-9]*"));
+  static const QRegularExpression digits(u"[0-9]*"_s);
   box->setValidator(new QRegularExpressionValidator(digits, box));
   const auto changed =
       [box, field = Brivon1::NumberField(lowest, highest)](const QString& text) mutable {
@@ -179,7 +181,7 @@ bool frmConfig::Add() {
       RefuseAddress();
       break;
     case AddResult::kInvalidInput:
-      ShowMessage(this, TranslateMessage(QStringLiteral("Input is not Valid!")));
+      ShowMessage(this, TranslateMessage(u"Input is not Valid!"_s));
       break;
   }
   return false;
@@ -214,7 +216,7 @@ void frmConfig::RefuseAddress() {
   const QScopedValueRollback refusing(refusing_address_, true);
   // A button that is being pressed never sees its release, or sees it when all is over.
   for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->setDown(false);
-  ShowMessage(this, TranslateMessage(QStringLiteral("Invalid IP Address!")));
+  ShowMessage(this, TranslateMessage(u"Invalid IP Address!"_s));
   ui_->txtIPAddress->setText(Brivon1::kNoAddress);
 }
 

@@ -3,6 +3,8 @@
 #include "base/code_page.h"
 #include "language/module_language.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -58,15 +60,14 @@ QString FeatureNameAtCode(int place) {
 QChar FeatureCode(const QString& name) { return KnownCode(name).value_or(kFirstCode); }
 
 std::optional<QString> FeatureEntry(const LanguageFile& file, int place) {
-  const auto entry =
-      file.Find(QStringLiteral("frmDelay"), QStringLiteral("ListFeature.List(%1)").arg(place));
+  const auto entry = file.Find(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(place));
   if (entry) return entry;
   const QString english = FeatureNameAtCode(place);
   return english.isEmpty() ? std::nullopt : std::optional(english);
 }
 
 QString FirstFeature() {
-  if (!ModuleLanguage::IsLanguageActive()) return QStringLiteral("APPEAR");
+  if (!ModuleLanguage::IsLanguageActive()) return u"APPEAR"_s;
   return FeatureEntry(LanguageFile(), kFirstFeature).value_or(QString());
 }
 

@@ -4,6 +4,8 @@
 #include "language/caption_tables.h"
 #include "store/configuration_store.h"
 
+using namespace Qt::StringLiterals;
+
 namespace ModuleLanguage {
 namespace {
 
@@ -31,7 +33,7 @@ bool IsLanguageActive() { return language_active; }
 void SetLanguageActive(bool active) { language_active = active; }
 
 LanguageFile::LanguageFile()
-    : file_(Brivon1::IniFile::Load(Brivon1::InProgramFolder(QStringLiteral("langSetting.INI")))),
+    : file_(Brivon1::IniFile::Load(Brivon1::InProgramFolder(u"langSetting.INI"_s))),
       is_utf8_(file_.Content().isValidUtf8()) {}
 
 std::optional<QString> LanguageFile::Find(const QString& section, const QString& key) const {
@@ -65,8 +67,8 @@ QString TranslateMessage(const QString& text, const QString& missing) {
 QChar FeatureCodeFromName(const QString& name) {
   const LanguageFile file;
   for (int n = 0; n < kFeatureEntries; ++n) {
-    const QString key = QStringLiteral("ListFeature.List(%1)").arg(n);
-    const auto entry = file.Find(QStringLiteral("frmDelay"), key);
+    const QString key = u"ListFeature.List(%1)"_s.arg(n);
+    const auto entry = file.Find(u"frmDelay"_s, key);
     if (entry && (*entry == name || AsStored(*entry) == name)) return QChar(u'A' + n);
   }
   return {};

@@ -1,5 +1,7 @@
 #include "page/dimension_list.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 
 QList<Dimension> DistinctDimensions(const Configuration& configuration) {
@@ -13,7 +15,7 @@ QList<Dimension> DistinctDimensions(const Configuration& configuration) {
 }
 
 QString DimensionText(const Dimension& dimension) {
-  return QStringLiteral(" %1x %2").arg(dimension.rows).arg(dimension.columns);
+  return u" %1x %2"_s.arg(dimension.rows).arg(dimension.columns);
 }
 
 }  // namespace Brivon1

@@ -7,6 +7,8 @@
 #include "widgets/caption_loader.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 frmDimension::frmDimension(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmDimension>()) {
   ui_->setupUi(this);
@@ -30,8 +32,7 @@ frmDimension::frmDimension(QWidget* parent)
   MessageBoxStyle style;
   style.title = windowTitle();
   ShowMessage(parent != nullptr ? parent : this,
-              ModuleLanguage::TranslateMessage(QStringLiteral("System haven't config. yet!")),
-              style);
+              ModuleLanguage::TranslateMessage(u"System haven't config. yet!"_s), style);
 }
 
 frmDimension::~frmDimension() = default;

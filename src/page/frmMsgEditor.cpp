@@ -19,6 +19,8 @@
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::kMaxRows;
@@ -37,8 +39,8 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
       blink_timer_(new QTimer(this)) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  cursor_timer_->setObjectName(QStringLiteral("Timer1"));
-  blink_timer_->setObjectName(QStringLiteral("Timer2"));
+  cursor_timer_->setObjectName(u"Timer1"_s);
+  blink_timer_->setObjectName(u"Timer2"_s);
   ui_->rowArea->Build(page_, *ui_->scrollRows);
   FillLists();
   ConnectButtons();
@@ -150,27 +152,26 @@ void frmMsgEditor::New() {
   frmDimension(this).exec();
   if (!Brivon1::DialogAccepted) return;
   page_.Begin({Brivon1::SelectedRows, Brivon1::SelectedCols});
-  SetFileName(Brivon1::InProgramFolder(QStringLiteral("NEW.MSG")));
+  SetFileName(Brivon1::InProgramFolder(u"NEW.MSG"_s));
   LayOutPage();
 }
 
 void frmMsgEditor::Open() {
   if (!MayLeave()) return;
-  const QString filter = QStringLiteral("All|*.*|%1(*.msg)|*.msg|%2(*.sch)|*.sch")
-                             .arg(TranslateMessage(QStringLiteral("Message File")),
-                                  TranslateMessage(QStringLiteral("Schedule File")));
+  const QString filter = u"All|*.*|%1(*.msg)|*.msg|%2(*.sch)|*.sch"_s.arg(
+      TranslateMessage(u"Message File"_s), TranslateMessage(u"Schedule File"_s));
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpenMsg, filter, 2);
   if (path.isEmpty()) return;
   SetFileName(path);
   // Until the file is read, its name stands beside a page that is not its own.
   name_was_refused_ = true;
   if (!Brivon1::IsMessageFile(path)) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Error in opening file")) + QLatin1Char('!'));
+    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
     return;
   }
   auto loaded = Brivon1::LoadMessageFile(path);
   if (!loaded) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Error in Opening file")) + QLatin1Char('!'));
+    ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
     return;
   }
   name_was_refused_ = false;
@@ -201,7 +202,7 @@ bool frmMsgEditor::SaveToCurrentName() {
 
 bool frmMsgEditor::SaveToChosenName() {
   const QString path = ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs,
-                                      QStringLiteral("All|*.*|Message File(*.msg)|*.msg"), 2);
+                                      u"All|*.*|Message File(*.msg)|*.msg"_s, 2);
   if (path.isEmpty() || !SaveTo(path)) return false;
   SetFileName(path);
   return true;

@@ -4,10 +4,12 @@
 #include "ui_frmPage.h"
 #include "widgets/caption_loader.h"
 
+using namespace Qt::StringLiterals;
+
 frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmPage>()) {
   ui_->setupUi(this);
   Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
-  ui_->txtPage->setText(QStringLiteral("001"));
+  ui_->txtPage->setText(u"001"_s);
   connect(ui_->butOk, &QPushButton::clicked, this, &frmPage::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmPage::reject);
   LoadCaptions(this);

@@ -11,6 +11,8 @@
 #include "widgets/caption_loader.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 using Brivon1::Dimension;
 using Brivon1::SendMode;
 using ModuleLanguage::TranslateMessage;
@@ -29,10 +31,9 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendMsg>()) {
   ui_->setupUi(this);
   FillPanelList(ui_->ComboID);
-  file_ = new FileToSend(this,
-                         {QStringLiteral("Message File|*.msg|All|*.*"), Brivon1::IsMessageFile,
-                          QStringLiteral("!"), QStringLiteral("CMDialog1")},
-                         {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
+  file_ = new FileToSend(
+      this, {u"Message File|*.msg|All|*.*"_s, Brivon1::IsMessageFile, u"!"_s, u"CMDialog1"_s},
+      {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
   session_ = new SendingSession(
       this, {ui_->butBrowse, ui_->ComboID, ui_->txtPage, ui_->butSend, ui_->butDone});
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendMsg::Send);
@@ -56,11 +57,11 @@ void frmSendMsg::SendFile() {
   }
   const auto panel = SelectedPanel(ui_->ComboID);
   if (!panel) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid ID Selection!")));
+    ShowMessage(this, TranslateMessage(u"Invalid ID Selection!"_s));
     return;
   }
   if (ui_->txtPage->text().isEmpty()) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Page Value!")));
+    ShowMessage(this, TranslateMessage(u"Invalid Page Value!"_s));
     return;
   }
   const auto dimension = Brivon1::IsMessageFile(path);
@@ -70,11 +71,11 @@ void frmSendMsg::SendFile() {
   }
   const Dimension panel_dimension{panel->rows, panel->columns};
   if (*dimension != panel_dimension) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Dimension not matched!")));
+    ShowMessage(this, TranslateMessage(u"Dimension not matched!"_s));
     return;
   }
   if (Brivon1::Store().Mode() == SendMode::kTcp && !panel->endpoint.IsUsable()) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("IP address is null or invaild")));
+    ShowMessage(this, TranslateMessage(u"IP address is null or invaild"_s));
     return;
   }
   const QByteArray page = PageDigits(ui_->txtPage->text());
@@ -82,7 +83,7 @@ void frmSendMsg::SendFile() {
   session_->Transmit(panel->endpoint, show_status, {}, [&](Brivon1::Transmission& transmission) {
     const bool sent =
         Brivon1::SendMessageFile(transmission, path, panel->id, page, panel_dimension);
-    ShowMessage(this, TranslateMessage(sent ? QStringLiteral("Transmission finished!")
-                                            : QStringLiteral("Transmission failure!")));
+    ShowMessage(this,
+                TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
   });
 }

@@ -7,6 +7,8 @@
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -58,19 +60,19 @@ std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, cons
 
 bool SendMessageFile(Transmission& transmission, const QString& path, int id,
                      const QByteArray& page, Dimension panel) {
-  transmission.status(QStringLiteral("Reading ") + path);
+  transmission.status(u"Reading "_s + path);
   const qint16 colour_type =
       transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type);
   if (!frames) return false;
   for (qsizetype line = 0; line < frames->size(); ++line) {
-    const QString progress = QStringLiteral(" Sending Line %1").arg(line + 1);
+    const QString progress = u" Sending Line %1"_s.arg(line + 1);
     DiscardInput(transmission.link);
     if (!SendUntilAcknowledged(transmission, id, frames->at(line),
                                [&] { transmission.status(progress); })) {
       return false;
     }
-    transmission.status(progress + QStringLiteral(" <--- Ack"));
+    transmission.status(progress + u" <--- Ack"_s);
   }
   if (!HasArrived(transmission, id)) return false;
   WaitTicks(transmission.timer, transmission.configuration.delay_period);

@@ -10,6 +10,8 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::kCellWidth;
@@ -26,9 +28,7 @@ constexpr int kTallestNumber = 14;
 /// What stays in sight beside the cursor, in pixels.
 constexpr int kSight = 2 * kCellWidth;
 
-QString Numbered(QLatin1String name, int number) {
-  return QStringLiteral("%1(%2)").arg(name).arg(number);
-}
+QString Numbered(QLatin1String name, int number) { return u"%1(%2)"_s.arg(name).arg(number); }
 
 }  // namespace
 
@@ -46,11 +46,11 @@ RowArea::RowArea(QWidget* parent)
   font.setPixelSize(std::min(kTallestNumber, QFontInfo(font).pixelSize()));
   gutter->setFont(font);
   const int frame = clip_->frameWidth();
-  const int width = QFontMetrics(font).horizontalAdvance(QStringLiteral(" 12 "));
+  const int width = QFontMetrics(font).horizontalAdvance(u" 12 "_s);
   gutter->setFixedSize(width, kAreaHeight + 2 * frame);
   for (int number = 1; number <= kMaxRows; ++number) {
     auto* label = new QLabel(QString::number(number), gutter);
-    label->setObjectName(Numbered(QLatin1String("lblRowNumber"), number));
+    label->setObjectName(Numbered("lblRowNumber"_L1, number));
     label->setAlignment(Qt::AlignCenter);
     label->setGeometry(0, frame + kTop + (number - 1) * kRowDistance, width, kCellHeight);
     label->hide();
@@ -72,8 +72,8 @@ void RowArea::Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar) {
           [this](int value) { SetLeft(kFirstLeft - value); });
   for (int number = 1; number <= kMaxRows; ++number) {
     auto* surface = new RowSurface(page.Row(number), clipped_);
-    surface->setObjectName(Numbered(QLatin1String("Picture1"), number));
-    surface->setAccessibleName(QStringLiteral("Row %1").arg(number));
+    surface->setObjectName(Numbered("Picture1"_L1, number));
+    surface->setAccessibleName(u"Row %1"_s.arg(number));
     surface->hide();
     surfaces_[static_cast<std::size_t>(number - 1)] = surface;
   }

@@ -3,6 +3,8 @@
 #include "base/code_page.h"
 #include "panel_line/links.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 
 PanelConnection::PanelConnection(QObject* parent)
@@ -22,7 +24,7 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
     link_ = &tcp_;
     is_open = OpenTcpLink(tcp_, clock_, CodePage::System().ToText(endpoint.host), endpoint.port);
   } else {
-    failure_reason_ = QStringLiteral("No usable network address is configured for this panel.");
+    failure_reason_ = u"No usable network address is configured for this panel."_s;
     return false;
   }
   if (!is_open) {

@@ -8,17 +8,18 @@
 #include "panel_line/waiting_input.h"
 #include "panel_line/waiting_output.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
 QString OpenFailure(const QString& device, const QString& system_reason) {
-  QString reason = device + QStringLiteral(": ") + system_reason;
+  QString reason = device + u": "_s + system_reason;
   const QFileInfo file(device);
   const bool group_may = file.permission(QFile::ReadGroup | QFile::WriteGroup);
   if (file.exists() && (!file.isReadable() || !file.isWritable()) && group_may) {
-    reason += QStringLiteral(
-                  "\nThe group \"%1\" may use this port: add your user to it and log in again.")
-                  .arg(file.group());
+    reason += u"\nThe group \"%1\" may use this port: add your user to it and log in again."_s.arg(
+        file.group());
   }
   return reason;
 }
@@ -26,7 +27,7 @@ QString OpenFailure(const QString& device, const QString& system_reason) {
 }  // namespace
 
 SerialLink::SerialLink(QObject* parent) : QObject(parent), port_(new QSerialPort(this)) {
-  port_->setObjectName(QStringLiteral("Comm1"));
+  port_->setObjectName(u"Comm1"_s);
   port_->setReadBufferSize(kReadBuffer);
   connect(port_, &QSerialPort::readyRead, this, &SerialLink::Happened);
   connect(port_, &QSerialPort::errorOccurred, this, &SerialLink::HandleError);
@@ -40,7 +41,7 @@ bool SerialLink::Open(const QString& device, const QByteArray& settings) {
   failure_reason_.clear();
   const int baud_rate = LeadingNumber(settings, 0, 2147483647);
   if (baud_rate == 0) {
-    failure_reason_ = OpenFailure(device, QStringLiteral("0 baud"));
+    failure_reason_ = OpenFailure(device, u"0 baud"_s);
     return false;
   }
   // All of it while the port is closed, so that it never stands at another speed.

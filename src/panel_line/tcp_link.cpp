@@ -7,10 +7,12 @@
 #include "panel_line/waiting_input.h"
 #include "panel_line/waiting_output.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 
 TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this)) {
-  socket_->setObjectName(QStringLiteral("Winsock1"));
+  socket_->setObjectName(u"Winsock1"_s);
   socket_->setProxy(QNetworkProxy::NoProxy);
   socket_->setReadBufferSize(kReadBuffer);
   connect(socket_, &QTcpSocket::readyRead, this, &TcpLink::Happened);
@@ -21,7 +23,7 @@ TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this
 
 void TcpLink::Connect(const QString& host, int port) {
   if (socket_->state() != QAbstractSocket::UnconnectedState) socket_->abort();
-  endpoint_ = QStringLiteral("%1:%2").arg(host).arg(port);
+  endpoint_ = u"%1:%2"_s.arg(host).arg(port);
   socket_->connectToHost(host, static_cast<quint16>(port));
 }
 
@@ -66,8 +68,7 @@ void TcpLink::Close() {
 QString TcpLink::FailureReason() const {
   const bool is_trying = socket_->state() == QAbstractSocket::HostLookupState ||
                          socket_->state() == QAbstractSocket::ConnectingState;
-  return endpoint_ + QStringLiteral(": ") +
-         (is_trying ? QStringLiteral("no answer within 500 ms") : socket_->errorString());
+  return endpoint_ + u": "_s + (is_trying ? u"no answer within 500 ms"_s : socket_->errorString());
 }
 
 }  // namespace Brivon1

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 
 bool EventWaiter::Wait(qint64 at_most) {
@@ -31,7 +33,7 @@ void EventWaiter::Wake() {
 
 WindowTickTimer::WindowTickTimer(QObject* parent, EventWaiter& waiter)
     : QObject(parent), waiter_(waiter), timer_(new QTimer(this)) {
-  timer_->setObjectName(QStringLiteral("Timer1"));
+  timer_->setObjectName(u"Timer1"_s);
   timer_->setTimerType(Qt::PreciseTimer);
   timer_->setInterval(kInterval);
   connect(timer_, &QTimer::timeout, this, [this] {

@@ -14,6 +14,8 @@
 
 #include "base/code_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::kCellWidth;
@@ -67,7 +69,7 @@ struct CellFont {
   QFont font;
   qreal baseline = 0;  // below the cell's upper border
 
-  explicit CellFont(char size) : font(QStringLiteral("Courier New")) {
+  explicit CellFont(char size) : font(u"Courier New"_s) {
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
     font.setKerning(false);

@@ -15,6 +15,8 @@
 
 #include "base/code_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::kCellWidth;
@@ -158,7 +160,7 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
 void RowSurface::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  QAction* paste = menu->addAction(QStringLiteral("Paste"), this, &RowSurface::Paste);
+  QAction* paste = menu->addAction(u"Paste"_s, this, &RowSurface::Paste);
   paste->setShortcut(QKeySequence::Paste);
   paste->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;

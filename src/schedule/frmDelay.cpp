@@ -9,6 +9,8 @@
 #include "ui_frmDelay.h"
 #include "widgets/caption_loader.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The entry that stands for no selection at all.
@@ -31,7 +33,7 @@ frmDelay::frmDelay(QWidget* parent)
 frmDelay::~frmDelay() = default;
 
 void frmDelay::SetUpDelay() {
-  static const QRegularExpression digits(QStringLiteral("[0-9]*"));
+  static const QRegularExpression digits(u"[0-9]*"_s);
   ui_->txtDelay->setText(delay_.LastValidText());
   ui_->txtDelay->setValidator(new QRegularExpressionValidator(digits, ui_->txtDelay));
   ui_->txtDelay->installEventFilter(this);

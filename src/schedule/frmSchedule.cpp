@@ -21,6 +21,8 @@
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::CodePage;
@@ -52,9 +54,7 @@ QByteArray LineBytes(const QString& text) {
   return CodePage::System().ToBytes(text).value_or(QByteArray());
 }
 
-QString MessageFileFilter() {
-  return TranslateMessage(QStringLiteral("Message File")) + QStringLiteral("(*.msg)|*.msg|");
-}
+QString MessageFileFilter() { return TranslateMessage(u"Message File"_s) + u"(*.msg)|*.msg|"_s; }
 
 }  // namespace
 
@@ -152,19 +152,18 @@ void frmSchedule::New() {
   schedule_ = {};
   schedule_.dimension = {Brivon1::SelectedRows, Brivon1::SelectedCols};
   FillWeekdays(Brivon1::kWeekdaysOfNewSchedule);
-  ShowSchedule(Brivon1::InProgramFolder(QStringLiteral("NEW.SCH")));
+  ShowSchedule(Brivon1::InProgramFolder(u"NEW.SCH"_s));
   ui_->butAdd->setFocus();
 }
 
 void frmSchedule::Open() {
   if (!MayLeave()) return;
-  const QString filter =
-      TranslateMessage(QStringLiteral("Schedule File")) + QStringLiteral("(*.sch)|*.sch|All|*.*");
+  const QString filter = TranslateMessage(u"Schedule File"_s) + u"(*.sch)|*.sch|All|*.*"_s;
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
   if (path.isEmpty()) return;
   auto loaded = Brivon1::LoadScheduleFile(path);
   if (!loaded) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Error in opening file")) + QLatin1Char('!'));
+    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
     return;
   }
   schedule_ = *std::move(loaded);
@@ -192,7 +191,7 @@ void frmSchedule::Save() {
 void frmSchedule::SaveAs() {
   if (!HasSequences(kEmpty)) return;
   const QString path = ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs,
-                                      QStringLiteral("All|*.*|Sch File(*.Sch)|*.Sch"), 2);
+                                      u"All|*.*|Sch File(*.Sch)|*.Sch"_s, 2);
   if (!path.isEmpty() && SaveTo(path)) ui_->lblfilename->setText(path);
 }
 
@@ -211,8 +210,8 @@ bool frmSchedule::ReportSave(const QString& failure) {
   if (failure.isEmpty()) return true;
   Say(failure);
   // Where to type what was wrong.
-  if (failure.startsWith(QLatin1String("Hour"))) ui_->txtHour->setFocus(Qt::TabFocusReason);
-  if (failure.startsWith(QLatin1String("Minute"))) ui_->txtMin->setFocus(Qt::TabFocusReason);
+  if (failure.startsWith("Hour"_L1)) ui_->txtHour->setFocus(Qt::TabFocusReason);
+  if (failure.startsWith("Minute"_L1)) ui_->txtMin->setFocus(Qt::TabFocusReason);
   return false;
 }
 
@@ -248,12 +247,11 @@ void frmSchedule::Insert() { AddAt(ui_->GridSeqTable->SelectedPosition(), kExcee
 
 void frmSchedule::AddAt(int position, const char* exceeded) {
   if (schedule_.IsFull()) {
-    Say(QStringLiteral("Schedule is full!"));
+    Say(u"Schedule is full!"_s);
     return;
   }
-  const auto path =
-      ChooseFile(ModuleLanguage::DialogTitleAddMsg, MessageFileFilter() + QStringLiteral("All|*.*"),
-                 schedule_, exceeded);
+  const auto path = ChooseFile(ModuleLanguage::DialogTitleAddMsg,
+                               MessageFileFilter() + u"All|*.*"_s, schedule_, exceeded);
   if (!path) return;
   Sequence sequence;
   sequence.path = *path;
@@ -299,8 +297,7 @@ void frmSchedule::ChangeFile(int position) {
   // The file in its place counts no more.
   Schedule others = schedule_;
   others.Remove(position);
-  const auto path =
-      ChooseFile(QStringLiteral("Message File"), MessageFileFilter(), others, kExceeded);
+  const auto path = ChooseFile(u"Message File"_s, MessageFileFilter(), others, kExceeded);
   if (!path) return;
   Sequence sequence = schedule_.Sequences()[position - 1];
   sequence.path = *path;

@@ -10,6 +10,8 @@
 #include "widgets/caption_loader.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 using Brivon1::Dimension;
 using Brivon1::SendMode;
 using ModuleLanguage::TranslateMessage;
@@ -17,10 +19,10 @@ using ModuleLanguage::TranslateMessage;
 namespace {
 
 QString SentText(SendMode mode) {
-  if (mode == SendMode::kSerial) return TranslateMessage(QStringLiteral("Transmission finished!"));
+  if (mode == SendMode::kSerial) return TranslateMessage(u"Transmission finished!"_s);
   // The English text has no translation of its own; the language file has one that says the same.
-  return TranslateMessage(QStringLiteral("Schedule file download done!"),
-                          QStringLiteral("Schedules file is sent successfully through network"));
+  return TranslateMessage(u"Schedule file download done!"_s,
+                          u"Schedules file is sent successfully through network"_s);
 }
 
 }  // namespace
@@ -29,11 +31,10 @@ frmSendSch::frmSendSch(QWidget* parent, const QString& file_name)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendSch>()) {
   ui_->setupUi(this);
   FillPanelList(ui_->ComboSchID);
-  file_ =
-      new FileToSend(this,
-                     {QStringLiteral("Schedule File|*.sch|All|*.*"), Brivon1::IsScheduleFile,
-                      QString(), QStringLiteral("DialogBrowse")},
-                     {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
+  file_ = new FileToSend(
+      this,
+      {u"Schedule File|*.sch|All|*.*"_s, Brivon1::IsScheduleFile, QString(), u"DialogBrowse"_s},
+      {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
   // The letter may be typed on: a transmission has taken its own at its beginning.
   session_ =
       new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ComboSchID, ui_->butBrowse});
@@ -60,13 +61,13 @@ void frmSendSch::SendFile() {
   }
   const auto panel = SelectedPanel(ui_->ComboSchID);
   if (!panel) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("No ID Selected!")));
+    ShowMessage(this, TranslateMessage(u"No ID Selected!"_s));
     return;
   }
   // The file may have been saved for another panel since it was chosen.
   file_->ReadAgain();
   if (file_->ShownDimension() != Dimension{panel->rows, panel->columns}) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Dimension not matched!")));
+    ShowMessage(this, TranslateMessage(u"Dimension not matched!"_s));
     return;
   }
   const QString letter = ui_->txtSchNo->text();
@@ -75,6 +76,6 @@ void frmSendSch::SendFile() {
   session_->Transmit(panel->endpoint, show_status, {}, [&](Brivon1::Transmission& transmission) {
     const bool sent = Brivon1::SendScheduleFile(transmission, path, panel->id, letter, show_text);
     ShowMessage(this, sent ? SentText(transmission.configuration.Mode())
-                           : TranslateMessage(QStringLiteral("Transmission failure!")));
+                           : TranslateMessage(u"Transmission failure!"_s));
   });
 }

@@ -10,6 +10,8 @@
 #include "schedule/schedule_reader.h"
 #include "store/configuration_store.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -64,8 +66,8 @@ std::optional<Schedule> LoadScheduleFile(const QString& path) {
 }
 
 QString SaveScheduleFile(const QString& path, const Schedule& schedule) {
-  if (!IsTime(schedule.hour, kLastHour)) return QStringLiteral("Hour Format Wrong!");
-  if (!IsTime(schedule.minute, kLastMinute)) return QStringLiteral("Minute Format Wrong!");
+  if (!IsTime(schedule.hour, kLastHour)) return u"Hour Format Wrong!"_s;
+  if (!IsTime(schedule.minute, kLastMinute)) return u"Minute Format Wrong!"_s;
 
   QByteArray content = QByteArray(kScheduleHeader) + "\r\n";
   content += NumberLine("Week =", schedule.weekday);
@@ -83,9 +85,9 @@ QString SaveScheduleFile(const QString& path, const Schedule& schedule) {
 }
 
 QString FailureWhenSending(const QString& failure) {
-  if (failure == SaveFailureText(SaveResult::kInvalidPath)) return QStringLiteral("Path Not Valid");
+  if (failure == SaveFailureText(SaveResult::kInvalidPath)) return u"Path Not Valid"_s;
   if (failure == SaveFailureText(SaveResult::kDriveNotAvailable)) {
-    return QStringLiteral("Drive Not Available!");
+    return u"Drive Not Available!"_s;
   }
   return failure;
 }
@@ -93,7 +95,7 @@ QString FailureWhenSending(const QString& failure) {
 QString SendingRefusal(const QString& path) {
   if (FileExists(path)) return {};
   const bool has_folder = QFileInfo(path).absoluteDir().exists();
-  return has_folder ? QStringLiteral("File not found") : QStringLiteral("Path Not Valid");
+  return has_folder ? u"File not found"_s : u"Path Not Valid"_s;
 }
 
 std::optional<QByteArray> PathField(const QString& path) {
@@ -109,10 +111,10 @@ QString FieldPath(const QByteArray& field) { return CodePage::System().ToText(Tr
 
 QString MessageFileRefusal(const QString& path, Dimension dimension) {
   const std::optional<Dimension> file = IsMessageFile(path);
-  if (!file) return QStringLiteral("Not Message File Format!");
-  if (*file != dimension) return QStringLiteral("Dimension not matched!");
+  if (!file) return u"Not Message File Format!"_s;
+  if (*file != dimension) return u"Dimension not matched!"_s;
   const std::optional<QByteArray> field = PathField(path);
-  if (!field || !LeadsTo(*field, path)) return QStringLiteral("Invalid path!");
+  if (!field || !LeadsTo(*field, path)) return u"Invalid path!"_s;
   return {};
 }
 

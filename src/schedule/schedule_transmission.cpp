@@ -17,6 +17,8 @@
 #include "schedule/schedule.h"
 #include "schedule/schedule_reader.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -94,10 +96,10 @@ bool IsEmpty(const Plan& plan) {
 /// What keeps a message file from being sent, in English; empty where nothing does.
 QString FileRefusal(const QString& name, Dimension dimension) {
   const QString file = FindFile(InProgramFolder(name));
-  if (!FileExists(file)) return QStringLiteral("File not found");
+  if (!FileExists(file)) return u"File not found"_s;
   const std::optional<Dimension> found = IsMessageFile(file);
-  if (!found) return QStringLiteral("Error in opening file");
-  if (*found != dimension) return QStringLiteral("Dimension Not Match");
+  if (!found) return u"Error in opening file"_s;
+  if (*found != dimension) return u"Dimension Not Match"_s;
   return {};
 }
 
@@ -118,19 +120,19 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
                       const QString& letter_text, const ShowText& show_text) {
   const std::optional<char> letter = ScheduleLetter(letter_text);
   if (!letter) {
-    show_text(TranslateMessage(QStringLiteral("Please enter A-J")));
+    show_text(TranslateMessage(u"Please enter A-J"_s));
     return false;
   }
   const std::optional<Plan> plan = ReadPlan(path.trimmed());
   if (!plan) return false;
   if (IsEmpty(*plan)) {
-    show_text(TranslateMessage(QStringLiteral("Empty Schedule File!")));
+    show_text(TranslateMessage(u"Empty Schedule File!"_s));
     return false;
   }
   for (const QString& name : plan->files) {
     const QString refusal = FileRefusal(name, plan->head.dimension);
     if (refusal.isEmpty()) continue;
-    show_text(TranslateMessage(refusal) + QStringLiteral(": ") + name);
+    show_text(TranslateMessage(refusal) + u": "_s + name);
     return false;
   }
 
@@ -140,19 +142,18 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
                         plan->head.dimension)) {
       continue;
     }
-    show_text(TranslateMessage(QStringLiteral("Error in sending")) + QLatin1Char(' ') + name +
-              QLatin1Char('!'));
+    show_text(TranslateMessage(u"Error in sending"_s) + QLatin1Char(' ') + name + QLatin1Char('!'));
     return false;
   }
   for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
     WaitTicks(transmission.timer, transmission.configuration.delay_period);
   }
-  transmission.status(QStringLiteral("Schedule--->"));
+  transmission.status(u"Schedule--->"_s);
   DiscardInput(transmission.link);
   const bool sent =
       SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
       HasArrived(transmission, id);
-  if (sent) transmission.status(QStringLiteral("<--- Ack"));
+  if (sent) transmission.status(u"<--- Ack"_s);
   return sent;
 }
 

@@ -17,6 +17,8 @@
 #include "store/configuration_store.h"
 #include "widgets/plain_tool_tip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Column { kNumber, kFile, kDelay, kFeature, kColumns };
@@ -141,7 +143,7 @@ void SequenceTable::ShowSequences(const Brivon1::Schedule& schedule, int positio
     SetCell(row, kFeature, code_page.ToText(sequence.feature).trimmed());
     ++row;
   }
-  SetCell(schedule.Count(), kNumber, QStringLiteral("End"));
+  SetCell(schedule.Count(), kNumber, u"End"_s);
   for (int column = kNumber + 1; column < kColumns; ++column) {
     SetCell(schedule.Count(), column, QString());
   }
@@ -182,7 +184,7 @@ void SequenceTable::NoteFile(const QString& path, bool is_there) {
 }
 
 void SequenceTable::MarkMissingFiles() {
-  const QString missing_text = ModuleLanguage::TranslateMessage(QStringLiteral("File not found"));
+  const QString missing_text = ModuleLanguage::TranslateMessage(u"File not found"_s);
   for (int row = 0; row < rowCount(); ++row) {
     QTableWidgetItem* cell = item(row, kFile);
     const bool missing = missing_.contains(PathIn(*cell));

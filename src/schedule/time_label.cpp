@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QStylePainter>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kGap = 6;         // between a text and a box
@@ -16,7 +18,7 @@ constexpr int kBoxMargin = 14;  // frame and margins of a box
 }  // namespace
 
 QStringList TimeLabel::Pieces() const {
-  static const QRegularExpression gap(QStringLiteral(" {2,}"));
+  static const QRegularExpression gap(u" {2,}"_s);
   return text().split(gap);
 }
 

@@ -13,6 +13,8 @@
 #include "widgets/file_dialogs.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 using ModuleLanguage::TranslateMessage;
 
 namespace {
@@ -45,13 +47,12 @@ void frmSendShift::Browse() {
   OpenDialogStyle style;
   style.not_found_end = QString();
   const QString path =
-      ShowFileDialog(this, QStringLiteral("Browse"),
-                     QStringLiteral("Scrolling Message File|*.srl|All|*.*"), 1, style);
+      ShowFileDialog(this, u"Browse"_s, u"Scrolling Message File|*.srl|All|*.*"_s, 1, style);
   if (path.isEmpty()) return;
   if (Brivon1::IsScrollingFile(path)) {
     ui_->lblFileName->setText(path);
   } else {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Error in opening file")));
+    ShowMessage(this, TranslateMessage(u"Error in opening file"_s));
   }
 }
 
@@ -65,22 +66,22 @@ void frmSendShift::Send() {
 std::optional<frmSendShift::Order> frmSendShift::CheckedOrder() {
   const QString path = ui_->lblFileName->text();
   if (!Brivon1::FileExists(path)) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("File not found")) + QLatin1Char('!'));
+    ShowMessage(this, TranslateMessage(u"File not found"_s) + QLatin1Char('!'));
     return std::nullopt;
   }
   const auto panel = SelectedPanel(ui_->ComboID);
   if (!panel) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid ID Selection!")));
+    ShowMessage(this, TranslateMessage(u"Invalid ID Selection!"_s));
     return std::nullopt;
   }
   if (ui_->txtLine->text().isEmpty()) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Invalid Line No.!")));
+    ShowMessage(this, TranslateMessage(u"Invalid Line No.!"_s));
     return std::nullopt;
   }
   // Lines below 1 are sent as they are: what they mean is the panel's affair.
   const int line = LineOf(ui_->txtLine->text());
   if (line > panel->rows) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Line No. Not Valid!")));
+    ShowMessage(this, TranslateMessage(u"Line No. Not Valid!"_s));
     return std::nullopt;
   }
   return Order{path, panel->id, line};
@@ -90,7 +91,7 @@ void frmSendShift::SendFile(const Order& order) {
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
   session_->TransmitOverSerial(show_status, {}, [&](Brivon1::Transmission& transmission) {
     const bool sent = Brivon1::SendScrollingFile(transmission, order.path, order.panel, order.line);
-    ShowMessage(this, TranslateMessage(sent ? QStringLiteral("Transmission finished!")
-                                            : QStringLiteral("Transmission failure!")));
+    ShowMessage(this,
+                TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
   });
 }

@@ -15,6 +15,8 @@
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::ScrollingMessage;
@@ -31,11 +33,11 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
       cursor_timer_(new QTimer(this)),
       blink_timer_(new QTimer(this)) {
   ui_->setupUi(this);
-  cursor_timer_->setObjectName(QStringLiteral("Timer1"));
-  blink_timer_->setObjectName(QStringLiteral("Timer2"));
+  cursor_timer_->setObjectName(u"Timer1"_s);
+  blink_timer_->setObjectName(u"Timer2"_s);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
-  surface_->setObjectName(QStringLiteral("Picture1"));
-  surface_->setAccessibleName(QStringLiteral("Message"));
+  surface_->setObjectName(u"Picture1"_s);
+  surface_->setAccessibleName(u"Message"_s);
   surface_->setFocusPolicy(Qt::StrongFocus);
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
@@ -43,7 +45,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ConnectButtons();
   ConnectMessage();
   ConnectTimers();
-  ui_->lblFileName->setText(Brivon1::InProgramFolder(QStringLiteral("NEW.SRL")));
+  ui_->lblFileName->setText(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ShowEdit();
   ReturnKeyboardToMessage();
 }
@@ -106,23 +108,23 @@ bool frmShiftMsg::MayLeave() {
 void frmShiftMsg::New() {
   if (!MayLeave()) return;
   message_.Begin();
-  ui_->lblFileName->setText(Brivon1::InProgramFolder(QStringLiteral("NEW.SRL")));
+  ui_->lblFileName->setText(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ShowEdit();
   ReturnKeyboardToMessage();
 }
 
 void frmShiftMsg::Open() {
   if (!MayLeave()) return;
-  const QString path = ShowFileDialog(this, QStringLiteral("Open Message"),
-                                      QStringLiteral("All|*.*|Scrolling Message|*.srl"), 2);
+  const QString path =
+      ShowFileDialog(this, u"Open Message"_s, u"All|*.*|Scrolling Message|*.srl"_s, 2);
   if (path.isEmpty()) return;
   if (!Brivon1::IsScrollingFile(path)) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Error in opening file")) + QLatin1Char('!'));
+    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
     return;
   }
   auto row = Brivon1::ReadScrollingMessage(path);
   if (!row) {
-    ShowMessage(this, TranslateMessage(QStringLiteral("Error in Opening file")) + QLatin1Char('!'));
+    ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
     return;
   }
   message_.TakeOver(std::move(*row));
@@ -134,8 +136,8 @@ void frmShiftMsg::Open() {
 bool frmShiftMsg::Save() { return SaveTo(ui_->lblFileName->text()); }
 
 void frmShiftMsg::SaveAs() {
-  const QString path = ShowSaveDialog(this, QStringLiteral("Save As"),
-                                      QStringLiteral("All|*.*|scrolling File(*.srl)|*.srl"), 2);
+  const QString path =
+      ShowSaveDialog(this, u"Save As"_s, u"All|*.*|scrolling File(*.srl)|*.srl"_s, 2);
   if (!path.isEmpty() && SaveTo(path)) ui_->lblFileName->setText(path);
 }
 
@@ -165,9 +167,8 @@ void frmShiftMsg::TypeText(const QString& text) {
 
 void frmShiftMsg::ShowEdit() {
   surface_->RedrawRow({message_.FirstVisible(), ScrollingMessage::kSpan});
-  QString position =
-      QStringLiteral("%1 of %2").arg(message_.Row().Cursor()).arg(message_.Row().Length());
-  if (message_.IsFull()) position += QStringLiteral(" (full)");
+  QString position = u"%1 of %2"_s.arg(message_.Row().Cursor()).arg(message_.Row().Length());
+  if (message_.IsFull()) position += u" (full)"_s;
   ui_->lblPosition->setText(position);
   // The cursor is seen at once wherever it has come to, and blinks from there on.
   SetCursorShown(true);

@@ -5,6 +5,8 @@
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -35,13 +37,13 @@ bool SendScrollingFile(Transmission& transmission, const QString& path, int id, 
   if (!text) return false;
   const qint16 colour_type =
       transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
-  transmission.status(QStringLiteral("Sending --->"));
+  transmission.status(u"Sending --->"_s);
   if (!SendUntilAcknowledged(
           transmission, id, ScrollingFrame(*text, id, line, colour_type), [] {}, kSendingTime) ||
       !HasArrived(transmission, id)) {
     return false;
   }
-  transmission.status(QStringLiteral("<--- Ack"));
+  transmission.status(u"<--- Ack"_s);
   WaitTicks(transmission.timer, transmission.configuration.delay_period);
   return true;
 }

@@ -7,6 +7,8 @@
 #include "widgets/file_dialogs.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 using Brivon1::Dimension;
 using ModuleLanguage::TranslateMessage;
 
@@ -29,17 +31,16 @@ void FileToSend::ReadAgain() {
 }
 
 void FileToSend::ReportNotFound() {
-  ShowMessage(window_, TranslateMessage(QStringLiteral("File not found")) + kind_.message_end);
+  ShowMessage(window_, TranslateMessage(u"File not found"_s) + kind_.message_end);
 }
 
 void FileToSend::ReportWrongKind() {
-  ShowMessage(window_,
-              TranslateMessage(QStringLiteral("Error in opening file")) + kind_.message_end);
+  ShowMessage(window_, TranslateMessage(u"Error in opening file"_s) + kind_.message_end);
 }
 
 void FileToSend::Browse() {
-  const QString path = ShowFileDialog(window_, QStringLiteral("Browse"), kind_.filter, 1,
-                                      {kind_.dialog_name, kind_.message_end});
+  const QString path =
+      ShowFileDialog(window_, u"Browse"_s, kind_.filter, 1, {kind_.dialog_name, kind_.message_end});
   if (path.isEmpty()) return;
   if (const auto dimension = kind_.check(path)) {
     Show(path, *dimension);

@@ -8,6 +8,8 @@
 #include "language/module_language.h"
 #include "widgets/ignore_wheel.h"
 
+using namespace Qt::StringLiterals;
+
 using Brivon1::SendMode;
 
 void FillPanelList(QComboBox* list, QByteArray (*line)(int id, const Brivon1::PanelEntry& entry)) {
@@ -61,12 +63,11 @@ void SendingSession::TransmitOver(SendMode mode, const Brivon1::TcpEndpoint& end
   if (mode == SendMode::kNone) return;
   if (!connection_.Open(mode, configuration, endpoint)) {
     failure_style.informative = connection_.FailureReason();
-    ShowMessage(
-        window_,
-        ModuleLanguage::TranslateMessage(
-            mode == SendMode::kSerial ? QStringLiteral("Fail to initialize communication port!")
-                                      : QStringLiteral("Cannot create TCP link!")),
-        failure_style);
+    ShowMessage(window_,
+                ModuleLanguage::TranslateMessage(mode == SendMode::kSerial
+                                                     ? u"Fail to initialize communication port!"_s
+                                                     : u"Cannot create TCP link!"_s),
+                failure_style);
     return;
   }
   Brivon1::Transmission transmission{connection_.Link(), connection_.Timer(), connection_.Clock(),

@@ -8,6 +8,8 @@
 
 #include "base/text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -65,7 +67,7 @@ Configuration ReadConfiguration(const IniFile& file) {
   for (int id = 0; id < kPanelIds; ++id) {
     const auto value = file.Value(kDimensionSection, PanelKey(id), kLongestPanelValue);
     configuration.panels[static_cast<std::size_t>(id)] =
-        ReadPanelEntry(value.value_or(QByteArrayLiteral("0x000,Mono")));
+        ReadPanelEntry(value.value_or("0x000,Mono"_ba));
   }
   configuration.send_mode =
       file.Value(kCommunicationSection, "SendMode", kSendModeLength).value_or(QByteArray());
@@ -97,9 +99,9 @@ QString SerialDevice(const Configuration& configuration, int port) {
   const auto named = configuration.serial_devices.find(port);
   if (named != configuration.serial_devices.end()) return QFile::decodeName(named->second);
 #ifdef Q_OS_WIN
-  return QStringLiteral("COM%1").arg(port);
+  return u"COM%1"_s.arg(port);
 #else
-  return QStringLiteral("/dev/ttyS%1").arg(port - 1);
+  return u"/dev/ttyS%1"_s.arg(port - 1);
 #endif
 }
 
@@ -117,6 +119,6 @@ QString InProgramFolder(const QString& file_name) {
   return QDir::toNativeSeparators(QDir(ProgramFolder()).filePath(file_name));
 }
 
-QString ConfigurationPath() { return InProgramFolder(QStringLiteral("brivon.ini")); }
+QString ConfigurationPath() { return InProgramFolder(u"brivon.ini"_s); }
 
 }  // namespace Brivon1

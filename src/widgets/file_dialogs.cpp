@@ -9,6 +9,8 @@
 #include "store/configuration_store.h"
 #include "widgets/message_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using ModuleLanguage::TranslateMessage;
@@ -20,8 +22,7 @@ QStringList NameFilters(const QString& filter) {
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     // "*.*" means every file, also one without a point in its name.
-    const QString pattern =
-        parts[i + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[i + 1];
+    const QString pattern = parts[i + 1] == "*.*"_L1 ? u"*"_s : parts[i + 1];
     const QString shown = QLatin1Char('(') + pattern + QLatin1Char(')');
     filters.append(parts[i].endsWith(shown) ? parts[i] : parts[i] + QLatin1Char(' ') + shown);
   }
@@ -50,15 +51,15 @@ QString ShowFileDialog(QWidget* window, const QString& title, const QString& fil
   const QString path =
       RunDialog(window, style.name, title, filter, preselected, QFileDialog::AcceptOpen);
   if (path.isEmpty() || Brivon1::FileExists(path)) return path;
-  ShowMessage(window, TranslateMessage(QStringLiteral("File not found")) + style.not_found_end);
+  ShowMessage(window, TranslateMessage(u"File not found"_s) + style.not_found_end);
   return {};
 }
 
 QString ShowSaveDialog(QWidget* window, const QString& title, const QString& filter,
                        int preselected) {
-  const QString path = RunDialog(window, QStringLiteral("CMDialog1"), title, filter, preselected,
-                                 QFileDialog::AcceptSave);
+  const QString path =
+      RunDialog(window, u"CMDialog1"_s, title, filter, preselected, QFileDialog::AcceptSave);
   if (path.size() <= kLongestPath) return path;
-  ShowMessage(window, TranslateMessage(QStringLiteral("Invalid path!")));
+  ShowMessage(window, TranslateMessage(u"Invalid path!"_s));
   return {};
 }

@@ -5,6 +5,8 @@
 
 #include "language/module_language.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Shows what stands in `box` letter by letter: a file's name may look like markup.
@@ -28,7 +30,7 @@ SaveAnswer AskToSave(QWidget* window) {
     if (open->icon() == QMessageBox::Question) open->reject();
   }
   QMessageBox box(QMessageBox::Question, window->windowTitle(),
-                  ModuleLanguage::TranslateMessage(QStringLiteral("File not saved. Save it now?")),
+                  ModuleLanguage::TranslateMessage(u"File not saved. Save it now?"_s),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, window);
   UsePlainText(box);
   box.setDefaultButton(QMessageBox::Yes);

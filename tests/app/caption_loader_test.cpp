@@ -34,6 +34,8 @@
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using ModuleLanguage::CaptionKey;
@@ -93,9 +95,9 @@ std::optional<QString> Shown(QWidget* window, const CaptionRow& row, int n) {
 // A language file that gives every key of a window the text `value` makes of it.
 QByteArray LanguageFor(const CaptionTable& table,
                        const std::function<QString(const QString&)>& value) {
-  QString content = QStringLiteral("[%1]\r\n").arg(QLatin1String(table.window));
+  QString content = u"[%1]\r\n"_s.arg(QLatin1String(table.window));
   for (const QString& key : CaptionKeys(table)) {
-    content += key + QLatin1Char('=') + value(key) + QStringLiteral("\r\n");
+    content += key + QLatin1Char('=') + value(key) + u"\r\n"_s;
   }
   return content.toUtf8();
 }
@@ -227,17 +229,16 @@ INSTANTIATE_TEST_SUITE_P(Windows, EveryWindowTest, testing::ValuesIn(kWindows), 
 class ScheduleLikeWindow : public QWidget {
  public:
   ScheduleLikeWindow() {
-    setObjectName(QStringLiteral("frmSchedule"));
-    table_.setObjectName(QStringLiteral("GridSeqTable"));
-    table_.setHorizontalHeaderLabels({QString(), QStringLiteral("Message File"),
-                                      QStringLiteral("Delay"), QStringLiteral("Feature")});
-    add_.setObjectName(QStringLiteral("butAdd"));
+    setObjectName(u"frmSchedule"_s);
+    table_.setObjectName(u"GridSeqTable"_s);
+    table_.setHorizontalHeaderLabels({QString(), u"Message File"_s, u"Delay"_s, u"Feature"_s});
+    add_.setObjectName(u"butAdd"_s);
   }
 
   QString Heading(int column) { return table_.horizontalHeaderItem(column)->text(); }
 
   QTableWidget table_{2, 4, this};
-  QPushButton add_{QStringLiteral("Add"), this};
+  QPushButton add_{u"Add"_s, this};
 };
 
 TEST_F(CaptionsTest, TableTag2EmptyOrMissingTheScheduleTableKeepsItsHeadingOfColumn2) {
@@ -411,10 +412,10 @@ TEST_F(CaptionsTest, KeysHaveTheSpellingOfTheFileFormat) {
                  "frmMsgEditor.frameProperties frmMsgEditor.lblColor frmMsgEditor.lblSize "
                  "frmMsgEditor.chkBlink"));
   for (int n = 0; n < 16; ++n) {
-    EXPECT_EQ(editor[17 + n], QStringLiteral("frmMsgEditor.ComboColor.List(%1)").arg(n));
+    EXPECT_EQ(editor[17 + n], u"frmMsgEditor.ComboColor.List(%1)"_s.arg(n));
   }
   for (int n = 0; n < 4; ++n) {
-    EXPECT_EQ(editor[33 + n], QStringLiteral("frmMsgEditor.ComboSize.List(%1)").arg(n));
+    EXPECT_EQ(editor[33 + n], u"frmMsgEditor.ComboSize.List(%1)"_s.arg(n));
   }
   EXPECT_EQ(editor.mid(37).join(u' '),
             Text("frmMsgEditor.frameSpecial frmMsgEditor.cmdAddDate frmMsgEditor.cmdAddTime "

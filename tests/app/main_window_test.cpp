@@ -18,6 +18,8 @@
 #include "support/use_code_page.h"
 #include "widgets/caption_button.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString Text(const char* text) { return QString::fromUtf8(text); }
@@ -29,7 +31,7 @@ constexpr const char* kRow[] = {"butMsgEdit", "butSchEdit", "butConfigEdit", "bu
 class Task : public QDialog {
  public:
   Task() {
-    setObjectName(QStringLiteral("task"));
+    setObjectName(u"task"_s);
     ++made_;
   }
   ~Task() override { ++destroyed_; }

@@ -16,6 +16,8 @@
 #include "store/configuration_store.h"
 #include "support/program_folder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using ModuleLanguage::CaptionKeys;
@@ -46,8 +48,8 @@ std::map<QString, QStringList> ExpectedKeys() {
   for (const auto& table : CaptionTables()) {
     for (const QString& key : CaptionKeys(table)) {
       // No feature has a ninth or tenth code.
-      if (key == QLatin1String("ListFeature.List(8)")) continue;
-      if (key == QLatin1String("ListFeature.List(9)")) continue;
+      if (key == "ListFeature.List(8)"_L1) continue;
+      if (key == "ListFeature.List(9)"_L1) continue;
       keys[QString::fromLatin1(table.window)].append(key);
     }
   }
@@ -63,7 +65,7 @@ std::map<QString, QStringList> ExpectedKeys() {
 class SampleLanguageTest : public testing::TestWithParam<const char*> {
  protected:
   QByteArray Content() const {
-    return Sample(QStringLiteral("languages/%1/langSetting.INI").arg(QLatin1String(GetParam())));
+    return Sample(u"languages/%1/langSetting.INI"_s.arg(QLatin1String(GetParam())));
   }
 };
 
@@ -97,8 +99,7 @@ TEST_P(SampleLanguageTest, EveryFeatureNameLeadsToItsOwnCode) {
   folder.UseLanguage(Content());
   const ModuleLanguage::LanguageFile file;
   for (int n = 0; n < 8; ++n) {
-    const QString name = file.Value(QStringLiteral("frmDelay"),
-                                    QStringLiteral("ListFeature.List(%1)").arg(n), QString());
+    const QString name = file.Value(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(n), QString());
     EXPECT_EQ(Brivon1::FeatureCode(name), QChar(u'A' + n)) << name.toStdString();
   }
 }
@@ -108,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::Values("deutsch",
 
 TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   TemporaryProgramFolder folder;
-  folder.Configure(Sample(QStringLiteral("brivon.ini")));
+  folder.Configure(Sample(u"brivon.ini"_s));
   const Brivon1::Configuration& store = Brivon1::Store();
   EXPECT_EQ(store.panels[1].rows, 4);
   EXPECT_EQ(store.panels[1].columns, 96);
@@ -130,11 +131,11 @@ TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
 
 TEST(SampleMessagesTest, EveryMessageIsAPageWithCrLfLineEnds) {
   const QDir folder(QStringLiteral(BRIVON_SAMPLES "/messages"));
-  const QStringList names = folder.entryList({QStringLiteral("*.msg")});
+  const QStringList names = folder.entryList({u"*.msg"_s});
   EXPECT_EQ(names.size(), 3);
   for (const QString& name : names) {
     EXPECT_TRUE(Brivon1::LoadMessageFile(folder.filePath(name))) << name.toStdString();
-    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    const QByteArray content = Sample(u"messages/"_s + name);
     EXPECT_EQ(content.count('\n'), content.count("\r\n")) << name.toStdString();
   }
 }
@@ -142,10 +143,10 @@ TEST(SampleMessagesTest, EveryMessageIsAPageWithCrLfLineEnds) {
 TEST(SampleMessagesTest, EveryScrollingMessageIsReadAndWrittenAgainByteByByte) {
   const TemporaryProgramFolder folder;
   const QStringList names =
-      QDir(QStringLiteral(BRIVON_SAMPLES "/messages")).entryList({QStringLiteral("*.srl")});
+      QDir(QStringLiteral(BRIVON_SAMPLES "/messages")).entryList({u"*.srl"_s});
   EXPECT_EQ(names.size(), 1);
   for (const QString& name : names) {
-    const QByteArray content = Sample(QStringLiteral("messages/") + name);
+    const QByteArray content = Sample(u"messages/"_s + name);
     const auto message = Brivon1::ReadScrollingMessage(folder.Write(name, content));
     ASSERT_TRUE(message.has_value()) << name.toStdString();
     EXPECT_GT(message->Length(), 30) << "long enough to scroll";
@@ -168,7 +169,7 @@ TEST(SampleSchedulesTest, TheScheduleNamesMessagesOfItsSizeThatAreThere) {
         << name.toStdString();
   }
   Brivon1::SetProgramFolder({});
-  const QByteArray content = Sample(QStringLiteral("schedules/every_day.sch"));
+  const QByteArray content = Sample(u"schedules/every_day.sch"_s);
   EXPECT_EQ(content.count('\n'), content.count("\r\n"));
 }
 

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 
 void PrintTo(const Dimension& dimension, std::ostream* out) {
@@ -182,10 +184,10 @@ TEST_F(FileChecks, AHeaderBeforeAHundredMegabytesWithoutALineEndHasNoDimension) 
 }
 
 TEST_F(FileChecks, WhatIsNoOrdinaryFileIsNone) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
   ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
-  for (const QString& path : {Path("missing"), Path("folder"), Path("pipe"), QString(),
-                              QStringLiteral("/dev/zero"), QStringLiteral("/dev/null")}) {
+  for (const QString& path :
+       {Path("missing"), Path("folder"), Path("pipe"), QString(), u"/dev/zero"_s, u"/dev/null"_s}) {
     EXPECT_FALSE(IsMessageFile(path)) << path.toStdString();
     EXPECT_FALSE(IsScheduleFile(path)) << path.toStdString();
     EXPECT_FALSE(IsScrollingFile(path)) << path.toStdString();

@@ -10,6 +10,8 @@
 #include "base/files.h"
 #include "base/folder_of_files.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -112,7 +114,7 @@ TEST_F(FileOwner, ASaveToSomebodyElsesFileKeepsItsGroupWhereTheUserIsAMember) {
   EXPECT_EQ(StatusOf(file).st_gid, PlainUser::kOwnGroup);
   EXPECT_EQ(PermissionsOf(file), mode_t{0644}) << "what one group may do is nothing to another";
   EXPECT_EQ(Read(file), "new");
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")});
+  EXPECT_EQ(Names(), QStringList{u"a.msg"_s});
 }
 
 TEST_F(FileOwner, AHardLinkToAReplacedFileStaysWithItsOldContent) {

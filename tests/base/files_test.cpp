@@ -17,6 +17,8 @@
 #include "base/folder_of_files.h"
 #include "support/full_disk.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -104,7 +106,7 @@ TEST_F(Files, AMissingFileDoesNotExist) {
 }
 
 TEST_F(Files, AFolderIsNoFile) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
   ASSERT_TRUE(QFile::link(Path("folder"), Path("link")));
   EXPECT_FALSE(FileExists(Path("folder")));
   EXPECT_FALSE(FileExists(Path("folder/")));
@@ -116,7 +118,7 @@ TEST_F(Files, APipeIsNoFile) {
   EXPECT_FALSE(FileExists(Path("pipe")));
 }
 
-TEST_F(Files, ADeviceIsNoFile) { EXPECT_FALSE(FileExists(QStringLiteral("/dev/null"))); }
+TEST_F(Files, ADeviceIsNoFile) { EXPECT_FALSE(FileExists(u"/dev/null"_s)); }
 
 TEST_F(Files, ALinkToNothingIsNoFile) {
   ASSERT_TRUE(QFile::link(Path("gone"), Path("link")));
@@ -134,14 +136,14 @@ TEST_F(Files, ASavedFileHoldsExactlyTheContent) {
   const QByteArray content("a\r\n\0b\xFF", 6);
   EXPECT_EQ(SaveWholeFile(Path("new.msg"), content), SaveResult::kSaved);
   EXPECT_EQ(Read(Path("new.msg")), content);
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("new.msg")});
+  EXPECT_EQ(Names(), QStringList{u"new.msg"_s});
 }
 
 TEST_F(Files, ASaveReplacesALongerFile) {
   Write("a.msg", QByteArray(100000, 'x'));
   EXPECT_EQ(SaveWholeFile(Path("a.msg"), "short"), SaveResult::kSaved);
   EXPECT_EQ(Read(Path("a.msg")), "short");
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")});
+  EXPECT_EQ(Names(), QStringList{u"a.msg"_s});
 }
 
 TEST_F(Files, EmptyContentIsSavedAsAnEmptyFile) {
@@ -189,18 +191,18 @@ TEST_F(Files, ASaveWithoutANameIsAnInvalidPath) {
 }
 
 TEST_F(Files, ASaveOntoAFolderIsAnInvalidPathAndLeavesIt) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
   EXPECT_EQ(SaveWholeFile(Path("folder"), "x"), SaveResult::kInvalidPath);
   EXPECT_EQ(SaveWholeFile(Path("folder/"), "x"), SaveResult::kInvalidPath);
   EXPECT_TRUE(QFileInfo(Path("folder")).isDir());
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("folder")});
+  EXPECT_EQ(Names(), QStringList{u"folder"_s});
 }
 
 TEST_F(Files, ASaveOntoAPipeOrADeviceIsAnInvalidPath) {
   ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
   EXPECT_EQ(SaveWholeFile(Path("pipe"), "x"), SaveResult::kInvalidPath);
-  EXPECT_EQ(SaveWholeFile(QStringLiteral("/dev/null"), "x"), SaveResult::kInvalidPath);
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("pipe")});
+  EXPECT_EQ(SaveWholeFile(u"/dev/null"_s, "x"), SaveResult::kInvalidPath);
+  EXPECT_EQ(Names(), QStringList{u"pipe"_s});
 }
 
 TEST_F(Files, ASaveBelowAFileIsAnInvalidPath) {
@@ -227,7 +229,7 @@ TEST_F(Files, ASaveIntoAFolderWithoutPermissionIsAnInvalidPathAndKeepsTheOldFile
   EXPECT_EQ(replacing, SaveResult::kInvalidPath);
   EXPECT_EQ(creating, SaveResult::kInvalidPath);
   EXPECT_EQ(Read(file), "old");
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")});
+  EXPECT_EQ(Names(), QStringList{u"a.msg"_s});
 }
 
 constexpr rlim_t kRoom = 4096;
@@ -243,7 +245,7 @@ TEST_F(Files, ASaveOntoAFullDiskKeepsTheOldFileWholeAndLeavesNothingBeside) {
     }
     EXPECT_EQ(result, SaveResult::kDriveNotAvailable) << size;
     EXPECT_EQ(Read(file), "old") << size;
-    EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")}) << size;
+    EXPECT_EQ(Names(), QStringList{u"a.msg"_s}) << size;
   }
 }
 
@@ -298,7 +300,7 @@ TEST_F(Files, ADiskWithoutRoomForTheBytesIsNotAvailable) {
   EXPECT_EQ(SaveWholeFile(file, QByteArray(100000, 'n')), SaveResult::kDriveNotAvailable);
   EXPECT_EQ(SaveWholeFile(Path("b.msg"), QByteArray(100000, 'n')), SaveResult::kDriveNotAvailable);
   EXPECT_EQ(Read(file), "old");
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")});
+  EXPECT_EQ(Names(), QStringList{u"a.msg"_s});
   EXPECT_EQ(SaveWholeFile(file, "new"), SaveResult::kSaved);
   EXPECT_EQ(Read(file), "new");
 }
@@ -310,7 +312,7 @@ TEST_F(Files, ADiskWithoutRoomForAnotherFileIsNotAvailable) {
   EXPECT_EQ(SaveWholeFile(file, "new"), SaveResult::kDriveNotAvailable);
   EXPECT_EQ(SaveWholeFile(Path("b.msg"), "new"), SaveResult::kDriveNotAvailable);
   EXPECT_EQ(Read(file), "old");
-  EXPECT_EQ(Names(), QStringList{QStringLiteral("a.msg")});
+  EXPECT_EQ(Names(), QStringList{u"a.msg"_s});
 }
 
 TEST_F(Files, ANewFileOnAReadOnlyDiskFindsItNotAvailable) {
@@ -321,7 +323,7 @@ TEST_F(Files, ANewFileOnAReadOnlyDiskFindsItNotAvailable) {
 }
 
 TEST_F(Files, ASaveThroughALinkReplacesItsTargetAndKeepsTheLink) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("elsewhere")));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"elsewhere"_s));
   const QString target = Write("elsewhere/target.msg", "old");
   ASSERT_EQ(symlink("elsewhere/target.msg", QFile::encodeName(Path("link.msg")).constData()), 0);
   EXPECT_EQ(SaveWholeFile(Path("link.msg"), "new"), SaveResult::kSaved);
@@ -329,7 +331,7 @@ TEST_F(Files, ASaveThroughALinkReplacesItsTargetAndKeepsTheLink) {
   EXPECT_TRUE(QFileInfo(Path("link.msg")).isSymLink());
   EXPECT_EQ(QFileInfo(Path("link.msg")).symLinkTarget(), target);
   EXPECT_EQ(QDir(Path("elsewhere")).entryList(QDir::Files | QDir::Hidden),
-            QStringList{QStringLiteral("target.msg")});
+            QStringList{u"target.msg"_s});
 }
 
 TEST_F(Files, ASaveThroughALinkToNothingMakesItsTarget) {
@@ -341,9 +343,8 @@ TEST_F(Files, ASaveThroughALinkToNothingMakesItsTarget) {
 
 TEST_F(Files, AFailedSaveHasAMessageAndASuccessfulOneNone) {
   EXPECT_EQ(SaveFailureText(SaveResult::kSaved), QString());
-  EXPECT_EQ(SaveFailureText(SaveResult::kInvalidPath), QStringLiteral("Invalid path!"));
-  EXPECT_EQ(SaveFailureText(SaveResult::kDriveNotAvailable),
-            QStringLiteral("Drive not available!"));
+  EXPECT_EQ(SaveFailureText(SaveResult::kInvalidPath), u"Invalid path!"_s);
+  EXPECT_EQ(SaveFailureText(SaveResult::kDriveNotAvailable), u"Drive not available!"_s);
 }
 
 TEST_F(Files, AFileIsFoundInWhicheverFormItsLettersAreWritten) {

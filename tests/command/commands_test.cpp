@@ -5,6 +5,8 @@
 #include "support/program_folder.h"
 #include "support/virtual_time.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -33,24 +35,23 @@ void ExpectReport(const CommandReport& report, const QString& text, const QStrin
   EXPECT_EQ(report.succeeded, succeeded);
 }
 
-const QString kTitle = QStringLiteral("Command");
+const QString kTitle = u"Command"_s;
 
 TEST_F(Commands, APollThatIsAnsweredOnTheThirdAttemptReportsSuccessAfterTwoPausesOfDelayPeriod) {
   link_.StaySilent();
   link_.StaySilent();
   link_.AnswerAfter(50, "<ID1A>\r\n");
-  ExpectReport(Run(PanelCommand::kPolling, 26), QStringLiteral("Command is sent successfully!"),
-               kTitle, true);
-  const QString frame = QStringLiteral(" send <ID1A><?>[CR][LF]");
-  QStringList expected{QStringLiteral("@0") + frame};
-  expected << TicksAt(100, 1100) << TicksAt(1200, 1300) << QStringLiteral("@1300") + frame
-           << TicksAt(1400, 2400) << TicksAt(2500, 2600) << QStringLiteral("@2600") + frame;
+  ExpectReport(Run(PanelCommand::kPolling, 26), u"Command is sent successfully!"_s, kTitle, true);
+  const QString frame = u" send <ID1A><?>[CR][LF]"_s;
+  QStringList expected{u"@0"_s + frame};
+  expected << TicksAt(100, 1100) << TicksAt(1200, 1300) << u"@1300"_s + frame << TicksAt(1400, 2400)
+           << TicksAt(2500, 2600) << u"@2600"_s + frame;
   EXPECT_EQ(time_.Timeline(), expected);
   EXPECT_EQ(time_.Now(), 2650);
 }
 
 TEST_F(Commands, AfterTheFifthFailureThePauseIsStillTaken) {
-  ExpectReport(Run(PanelCommand::kPolling, 26), QStringLiteral("Polling error!"), kTitle, false);
+  ExpectReport(Run(PanelCommand::kPolling, 26), u"Polling error!"_s, kTitle, false);
   EXPECT_EQ(link_.Written(), QList<QByteArray>(5, "<ID1A><?>\r\n"));
   EXPECT_EQ(time_.Now(), 5 * (1100 + 200));
 }
@@ -64,8 +65,7 @@ TEST_F(Commands, AWrongAnswerIsFollowedByThePauseToo) {
 
 TEST_F(Commands, ALostLineEndsTheAttemptsWithoutAPause) {
   link_.LoseAfter(30);
-  ExpectReport(Run(PanelCommand::kDeleteAll, 26), QStringLiteral("Transmission error!"), kTitle,
-               false);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 26), u"Transmission error!"_s, kTitle, false);
   EXPECT_EQ(time_.Now(), 30);
 }
 
@@ -73,37 +73,33 @@ TEST_F(Commands, OverALostLineNoPanelHasObeyed) {
   link_.LoseAfter(0);
   link_.Write("the last frame of an earlier exchange");
   while (!link_.IsLost()) time_.Advance();
-  ExpectReport(Run(PanelCommand::kDeleteAll, 0), QStringLiteral("Transmission error!"), kTitle,
-               false);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 0), u"Transmission error!"_s, kTitle, false);
   EXPECT_EQ(link_.Written().size(), 1);
 }
 
 TEST_F(Commands, Panel200IsAddressedAsC8AndDeletingItsPage7SendsThreeDigits) {
   link_.AnswerAfter(1, "<IDC8>\r\n");
-  ExpectReport(Run(PanelCommand::kDeletePage, 200, QStringLiteral("7")),
-               QStringLiteral("Page 7 is deleted."), kTitle, true);
+  ExpectReport(Run(PanelCommand::kDeletePage, 200, u"7"_s), u"Page 7 is deleted."_s, kTitle, true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<IDC8><D007>\r\n"});
 }
 
 TEST_F(Commands, RunPageReportsThePageAsEnteredUnderItsOwnTitle) {
   link_.AnswerAfter(1, "<ID01>\r\n");
-  ExpectReport(Run(PanelCommand::kRunPage, 1, QStringLiteral("012")),
-               QStringLiteral("Page 012 is running."), QStringLiteral("Run page"), true);
+  ExpectReport(Run(PanelCommand::kRunPage, 1, u"012"_s), u"Page 012 is running."_s, u"Run page"_s,
+               true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID01><RP012>\r\n"});
 }
 
 TEST_F(Commands, DeleteAll) {
   link_.AnswerAfter(1, "<ID01>\r\n");
-  ExpectReport(Run(PanelCommand::kDeleteAll, 1), QStringLiteral("All pages are deleted!"), kTitle,
-               true);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 1), u"All pages are deleted!"_s, kTitle, true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID01><D*>\r\n"});
 }
 
 TEST_F(Commands, DeleteAndRunThatFailSayTransmissionError) {
   for (const PanelCommand command :
        {PanelCommand::kDeleteAll, PanelCommand::kDeletePage, PanelCommand::kRunPage}) {
-    ExpectReport(Run(command, 1, QStringLiteral("1")), QStringLiteral("Transmission error!"),
-                 kTitle, false);
+    ExpectReport(Run(command, 1, u"1"_s), u"Transmission error!"_s, kTitle, false);
   }
   EXPECT_EQ(link_.Written().size(), 15);
 }
@@ -122,43 +118,41 @@ TEST_F(Commands, ACommandToPanelId0IsDoneWhenItsBytesHaveLeft) {
 
 TEST_F(Commands, ACommandToPanelId0OverALineThatTakesNothingHasFailed) {
   link_.SendAt(0);
-  ExpectReport(Run(PanelCommand::kDeleteAll, 0), QStringLiteral("Transmission error!"), kTitle,
-               false);
+  ExpectReport(Run(PanelCommand::kDeleteAll, 0), u"Transmission error!"_s, kTitle, false);
   EXPECT_EQ(link_.Written().size(), 1);
   EXPECT_EQ(time_.Now(), 12 + 3 + 2000);  // 12 bytes at 9600
 }
 
 TEST_F(Commands, SetClockOverTheSerialLineWaitsOnceAndIsDoneWhateverTheAnswer) {
-  ExpectReport(Run(PanelCommand::kSetClock, 26), QStringLiteral("Set clock is done!"), kTitle,
-               true);
+  ExpectReport(Run(PanelCommand::kSetClock, 26), u"Set clock is done!"_s, kTitle, true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<T2503053140709>\r\n"});
   EXPECT_EQ(time_.Now(), 1100);
 }
 
 TEST_F(Commands, SetClockOfAllPanelsIsDoneWhenItHasLeft) {
   link_.SendAt(300);
-  ExpectReport(Run(PanelCommand::kSetClock, 0), QStringLiteral("Set clock is done!"), kTitle, true);
+  ExpectReport(Run(PanelCommand::kSetClock, 0), u"Set clock is done!"_s, kTitle, true);
   EXPECT_EQ(time_.Now(), 600) << "18 bytes";
 }
 
 TEST_F(Commands, SetClockOverTcpReportsFinishedEvenWhenNoPanelAnswers) {
-  ExpectReport(Run(PanelCommand::kSetClock, 26, {}, SendMode::kTcp),
-               QStringLiteral("Set Clock Finished!"), kTitle, true);
+  ExpectReport(Run(PanelCommand::kSetClock, 26, {}, SendMode::kTcp), u"Set Clock Finished!"_s,
+               kTitle, true);
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<T2503053140709>\r\n"});
   EXPECT_EQ(link_.Reads(), 0);
   EXPECT_EQ(time_.Now(), 0);
 }
 
 TEST_F(Commands, PageNumberOfDeleteAndRunIsCheckedAgainst1To120) {
-  EXPECT_FALSE(IsPageNumber(QStringLiteral("0")));
-  EXPECT_TRUE(IsPageNumber(QStringLiteral("1")));
-  EXPECT_TRUE(IsPageNumber(QStringLiteral("001")));
-  EXPECT_TRUE(IsPageNumber(QStringLiteral("120")));
-  EXPECT_FALSE(IsPageNumber(QStringLiteral("121")));
-  EXPECT_FALSE(IsPageNumber(QStringLiteral("-1")));
-  EXPECT_FALSE(IsPageNumber(QStringLiteral("")));
-  EXPECT_FALSE(IsPageNumber(QStringLiteral("abc")));
-  EXPECT_FALSE(IsPageNumber(QStringLiteral("99999999999999999999")));
+  EXPECT_FALSE(IsPageNumber(u"0"_s));
+  EXPECT_TRUE(IsPageNumber(u"1"_s));
+  EXPECT_TRUE(IsPageNumber(u"001"_s));
+  EXPECT_TRUE(IsPageNumber(u"120"_s));
+  EXPECT_FALSE(IsPageNumber(u"121"_s));
+  EXPECT_FALSE(IsPageNumber(u"-1"_s));
+  EXPECT_FALSE(IsPageNumber(u""_s));
+  EXPECT_FALSE(IsPageNumber(u"abc"_s));
+  EXPECT_FALSE(IsPageNumber(u"99999999999999999999"_s));
 }
 
 TEST_F(Commands, OnlyDeletePageAndRunPageNeedAPage) {

@@ -19,6 +19,8 @@
 #include "support/shown_window.h"
 #include "support/wheel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class CommandWindow : public ShownWindow<frmCommand> {
@@ -46,7 +48,7 @@ class CommandWindow : public ShownWindow<frmCommand> {
 };
 
 void ExpectBox(const MessageBoxReader& boxes, const QString& text, QMessageBox::Icon icon,
-               const QString& title = QStringLiteral("Command")) {
+               const QString& title = u"Command"_s) {
   ASSERT_EQ(boxes.Seen().size(), 1);
   EXPECT_EQ(boxes.Seen()[0].text, text);
   EXPECT_EQ(boxes.Seen()[0].icon, icon);
@@ -56,12 +58,12 @@ void ExpectBox(const MessageBoxReader& boxes, const QString& text, QMessageBox::
 
 /// Enters a page number in the page dialog; an empty one cancels it.
 ModalWindowDriver EnterPage(const QString& page) {
-  return ModalWindowDriver(QStringLiteral("frmPage"), [page](QWidget* window) {
+  return ModalWindowDriver(u"frmPage"_s, [page](QWidget* window) {
     if (page.isEmpty()) {
       QTest::keyClick(window, Qt::Key_Escape);
       return;
     }
-    auto* box = window->findChild<QLineEdit*>(QStringLiteral("txtPage"));
+    auto* box = window->findChild<QLineEdit*>(u"txtPage"_s);
     box->setText(page);
     QTest::keyClick(box, Qt::Key_Return);
   });
@@ -78,7 +80,7 @@ class CommandOverLink : public testing::TestWithParam<LineKind> {
     bench_.PlugIn();
     const MessageBoxReader boxes;
     command.DoubleClick(0);
-    ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+    ExpectBox(boxes, u"Command is sent successfully!"_s, QMessageBox::Information);
     EXPECT_TRUE(command.IsReady());
     EXPECT_TRUE(bench_.IsReleased());
   }
@@ -94,7 +96,7 @@ TEST_P(CommandOverLink, APollThatIsAnswered) {
   const MessageBoxReader boxes;
   command.Select(0);
   command.PressSend();
-  ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+  ExpectBox(boxes, u"Command is sent successfully!"_s, QMessageBox::Information);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><?>\r\n"});
   EXPECT_TRUE(command.IsReady());
   EXPECT_TRUE(bench_.IsReleased());
@@ -104,7 +106,7 @@ TEST_P(CommandOverLink, ADoubleClickOnACommandRowSendsItAtOnce) {
   CommandWindow command;
   const MessageBoxReader boxes;
   command.DoubleClick(2);
-  ExpectBox(boxes, QStringLiteral("All pages are deleted!"), QMessageBox::Information);
+  ExpectBox(boxes, u"All pages are deleted!"_s, QMessageBox::Information);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D*>\r\n"});
 }
 
@@ -114,7 +116,7 @@ TEST_P(CommandOverLink, APollThatNobodyAnswersFailsAfterFiveAttempts) {
   const MessageBoxReader boxes;
   command.Select(0);
   command.PressSend();
-  ExpectBox(boxes, QStringLiteral("Polling error!"), QMessageBox::Warning);
+  ExpectBox(boxes, u"Polling error!"_s, QMessageBox::Warning);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<IDC8><?>\r\n"));
   ExpectTheNextCommandWorks(command);
 }
@@ -126,9 +128,8 @@ TEST_P(CommandOverLink, WhatCannotBeOpenedIsReportedAndTheNextCommandWorks) {
     const MessageBoxReader boxes;
     command.DoubleClick(0);
     ExpectBox(boxes,
-              GetParam() == LineKind::kTcp
-                  ? QStringLiteral("Cannot create TCP link!")
-                  : QStringLiteral("Fail to initialize communication port!"),
+              GetParam() == LineKind::kTcp ? u"Cannot create TCP link!"_s
+                                           : u"Fail to initialize communication port!"_s,
               QMessageBox::Warning);
   }
   EXPECT_TRUE(bench_.Frames().isEmpty());
@@ -144,7 +145,7 @@ TEST_P(CommandOverLink, ALineLostBeforeTheAnswerFailsOnceAndTheNextCommandWorks)
         &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &command.window,
         [&] { bench_.Unplug(); }, Qt::QueuedConnection);
     command.DoubleClick(2);
-    ExpectBox(boxes, QStringLiteral("Transmission error!"), QMessageBox::Warning);
+    ExpectBox(boxes, u"Transmission error!"_s, QMessageBox::Warning);
     bench_.Engine().disconnect(&command.window);
   }
   EXPECT_EQ(bench_.Frames().size(), 1);
@@ -155,13 +156,13 @@ TEST_P(CommandOverLink, ALineLostWhileThePageDialogIsOpenFailsOnceAndTheNextComm
   CommandWindow command;
   {
     const MessageBoxReader boxes;
-    const ModalWindowDriver page(QStringLiteral("frmPage"), [&](QWidget* window) {
+    const ModalWindowDriver page(u"frmPage"_s, [&](QWidget* window) {
       bench_.Unplug();
       QCoreApplication::processEvents();
-      QTest::keyClick(window->findChild<QLineEdit*>(QStringLiteral("txtPage")), Qt::Key_Return);
+      QTest::keyClick(window->findChild<QLineEdit*>(u"txtPage"_s), Qt::Key_Return);
     });
     command.DoubleClick(4);
-    ExpectBox(boxes, QStringLiteral("Transmission error!"), QMessageBox::Warning);
+    ExpectBox(boxes, u"Transmission error!"_s, QMessageBox::Warning);
   }
   EXPECT_TRUE(bench_.Frames().isEmpty());
   ExpectTheNextCommandWorks(command);
@@ -177,7 +178,7 @@ TEST_P(CommandOverLink, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
     });
     command.DoubleClick(0);
     EXPECT_EQ(box.Count(), 1);
-    ExpectBox(boxes, QStringLiteral("Command is sent successfully!"), QMessageBox::Information);
+    ExpectBox(boxes, u"Command is sent successfully!"_s, QMessageBox::Information);
   }
   ExpectTheNextCommandWorks(command);
 }
@@ -186,12 +187,11 @@ TEST_P(CommandOverLink, TheProgramsEndWhileThePageDialogIsOpenSendsNothing) {
   CommandWindow command;
   const MessageBoxReader boxes;
   {
-    const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+    const ModalWindowDriver page = EnterPage(u"7"_s);
     command.DoubleClick(3);
   }
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
-  const ModalWindowDriver page(QStringLiteral("frmPage"),
-                               [](QWidget*) { QCoreApplication::exit(3); });
+  const ModalWindowDriver page(u"frmPage"_s, [](QWidget*) { QCoreApplication::exit(3); });
   QTimer::singleShot(0, &command.window, [&] { command.DoubleClick(3); });
   EXPECT_EQ(QCoreApplication::exec(), 3);
   EXPECT_EQ(page.Count(), 1);
@@ -204,45 +204,42 @@ TEST_P(CommandOverLink, EveryPieceOfAMessageAndItsTitleAreLookedUp) {
       "[Message]\r\nmsgPage=Seite\r\nmsgDPOK=ist weg.\r\nmsgRunOK=zeigt sie.\r\n"
       "msgRun=Zeige Seite\r\n[frmMain]\r\nbutCommand.Caption=Befehl\r\n");
   CommandWindow command;
-  const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+  const ModalWindowDriver page = EnterPage(u"7"_s);
   {
     const MessageBoxReader boxes;
     command.DoubleClick(3);
-    ExpectBox(boxes, QStringLiteral("Seite 7 ist weg."), QMessageBox::Information,
-              QStringLiteral("Befehl"));
+    ExpectBox(boxes, u"Seite 7 ist weg."_s, QMessageBox::Information, u"Befehl"_s);
   }
   const MessageBoxReader boxes;
   command.DoubleClick(4);
-  ExpectBox(boxes, QStringLiteral("Seite 7 zeigt sie."), QMessageBox::Information,
-            QStringLiteral("Zeige Seite"));
+  ExpectBox(boxes, u"Seite 7 zeigt sie."_s, QMessageBox::Information, u"Zeige Seite"_s);
 }
 
 TEST_P(CommandOverLink, ThePageIsNamedAsItWasEntered) {
   CommandWindow command;
   const MessageBoxReader boxes;
-  const ModalWindowDriver page = EnterPage(QStringLiteral("7 \u20ac"));
+  const ModalWindowDriver page = EnterPage(u"7 \u20ac"_s);
   command.DoubleClick(3);
-  ExpectBox(boxes, QStringLiteral("Page 7 \u20ac is deleted."), QMessageBox::Information);
+  ExpectBox(boxes, u"Page 7 \u20ac is deleted."_s, QMessageBox::Information);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
 }
 
 TEST_P(CommandOverLink, DeletingPage7OfPanel200) {
   CommandWindow command;
   const MessageBoxReader boxes;
-  const ModalWindowDriver page = EnterPage(QStringLiteral("7"));
+  const ModalWindowDriver page = EnterPage(u"7"_s);
   command.DoubleClick(3);
   EXPECT_EQ(page.Count(), 1);
-  ExpectBox(boxes, QStringLiteral("Page 7 is deleted."), QMessageBox::Information);
+  ExpectBox(boxes, u"Page 7 is deleted."_s, QMessageBox::Information);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D007>\r\n"});
 }
 
 TEST_P(CommandOverLink, RunningAPage) {
   CommandWindow command;
   const MessageBoxReader boxes;
-  const ModalWindowDriver page = EnterPage(QStringLiteral("012"));
+  const ModalWindowDriver page = EnterPage(u"012"_s);
   command.DoubleClick(4);
-  ExpectBox(boxes, QStringLiteral("Page 012 is running."), QMessageBox::Information,
-            QStringLiteral("Run page"));
+  ExpectBox(boxes, u"Page 012 is running."_s, QMessageBox::Information, u"Run page"_s);
   EXPECT_EQ(bench_.Engine().RunningPage(200), std::optional<int>(12));
 }
 
@@ -261,9 +258,9 @@ TEST_P(CommandOverLink, ACancelledPageDialogSendsNothing) {
 TEST_P(CommandOverLink, APageOutside1To120SendsNothing) {
   CommandWindow command;
   const MessageBoxReader boxes;
-  const ModalWindowDriver page = EnterPage(QStringLiteral("121"));
+  const ModalWindowDriver page = EnterPage(u"121"_s);
   command.DoubleClick(3);
-  ExpectBox(boxes, QStringLiteral("Invalid Page Value!"), QMessageBox::Warning);
+  ExpectBox(boxes, u"Invalid Page Value!"_s, QMessageBox::Warning);
   EXPECT_TRUE(bench_.Frames().isEmpty());
   EXPECT_TRUE(bench_.IsReleased());
 }
@@ -273,8 +270,7 @@ TEST_P(CommandOverLink, SetClockSetsThePanelsClock) {
   const MessageBoxReader boxes;
   command.DoubleClick(1);
   ExpectBox(boxes,
-            GetParam() == LineKind::kTcp ? QStringLiteral("Set Clock Finished!")
-                                         : QStringLiteral("Set clock is done!"),
+            GetParam() == LineKind::kTcp ? u"Set Clock Finished!"_s : u"Set clock is done!"_s,
             QMessageBox::Information);
   ASSERT_EQ(bench_.Frames().size(), 1);
   EXPECT_LT(qAbs(bench_.Engine().ClockOffset(200)), 2000);
@@ -351,25 +347,23 @@ TEST_F(CommandWindowAlone, WithNoConfiguredPanelTheIdListIsEmptyAndSendReportsEm
   EXPECT_EQ(command.Find<QComboBox>("ComboID")->count(), 0);
   const MessageBoxReader boxes;
   command.PressSend();
-  ExpectBox(boxes, QStringLiteral("Empty ID!"), QMessageBox::NoIcon);
+  ExpectBox(boxes, u"Empty ID!"_s, QMessageBox::NoIcon);
 }
 
 TEST_F(CommandWindowAlone, HasItsControlsAndTexts) {
   folder_.Configure("[Dimension Config]\r\nID012=16x128,Tri,192.168.0.12:80\r\n");
   CommandWindow command;
   auto* panels = command.Find<QComboBox>("ComboID");
-  EXPECT_EQ(panels->currentText(),
-            QStringLiteral("ID012     16x128     Tri-Color     192.168.0.12:80"));
+  EXPECT_EQ(panels->currentText(), u"ID012     16x128     Tri-Color     192.168.0.12:80"_s);
   QStringList commands;
   for (int row = 0; row < command.Commands()->count(); ++row) {
     commands.append(command.Commands()->item(row)->text());
   }
-  EXPECT_EQ(commands, (QStringList{QStringLiteral("Polling"), QStringLiteral("Set Clock"),
-                                   QStringLiteral("Delete All"), QStringLiteral("Delete Page"),
-                                   QStringLiteral("Run page")}));
-  EXPECT_EQ(command.Find<QGroupBox>("FrameID")->title(), QStringLiteral("ID Number"));
-  EXPECT_EQ(command.Find<QPushButton>("butSend")->text(), QStringLiteral("Send"));
-  EXPECT_EQ(command.Find<QPushButton>("butDone")->text(), QStringLiteral("Done"));
+  EXPECT_EQ(commands, (QStringList{u"Polling"_s, u"Set Clock"_s, u"Delete All"_s, u"Delete Page"_s,
+                                   u"Run page"_s}));
+  EXPECT_EQ(command.Find<QGroupBox>("FrameID")->title(), u"ID Number"_s);
+  EXPECT_EQ(command.Find<QPushButton>("butSend")->text(), u"Send"_s);
+  EXPECT_EQ(command.Find<QPushButton>("butDone")->text(), u"Done"_s);
   EXPECT_EQ(command.Find<QTimer>("Timer1")->interval(), 100);
   EXPECT_NE(command.Find<QSerialPort>("Comm1"), nullptr);
   EXPECT_NE(command.Find<QTcpSocket>("Winsock1"), nullptr);
@@ -388,9 +382,8 @@ TEST_F(CommandWindowAlone, NoPortIsAnExclamation) {
   CommandWindow command;
   const MessageBoxReader boxes;
   command.DoubleClick(0);
-  ExpectBox(boxes, QStringLiteral("Fail to initialize communication port!"), QMessageBox::Warning);
-  EXPECT_EQ(boxes.Seen().value(0).informative,
-            QStringLiteral("/dev/no-such-port: No such file or directory"));
+  ExpectBox(boxes, u"Fail to initialize communication port!"_s, QMessageBox::Warning);
+  EXPECT_EQ(boxes.Seen().value(0).informative, u"/dev/no-such-port: No such file or directory"_s);
   EXPECT_TRUE(command.IsReady());
 }
 
@@ -405,7 +398,7 @@ TEST_F(CommandWindowAlone, ADeviceWhoseNameLooksLikeMarkupIsShownLetterByLetter)
     QTest::keyClick(box, Qt::Key_Return);
   });
   command.DoubleClick(0);
-  EXPECT_TRUE(shown.contains(QStringLiteral("/dev/<b>x</b>: No such file or directory")))
+  EXPECT_TRUE(shown.contains(u"/dev/<b>x</b>: No such file or directory"_s))
       << shown.join(u'|').toStdString();
 }
 
@@ -415,7 +408,7 @@ TEST_F(CommandWindowAlone, APanelWithoutAUsableAddressCannotBeReachedOverTcp) {
   CommandWindow command;
   const MessageBoxReader boxes;
   command.DoubleClick(0);
-  ExpectBox(boxes, QStringLiteral("Cannot create TCP link!"), QMessageBox::Warning);
+  ExpectBox(boxes, u"Cannot create TCP link!"_s, QMessageBox::Warning);
 }
 
 TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
@@ -427,7 +420,7 @@ TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
   command.DoubleClick(0);
   const QString host = Brivon1::CodePage::System().ToText("a\x80z.invalid");
   const QString reason = boxes.Seen().value(0).informative;
-  EXPECT_TRUE(reason.startsWith(host + QStringLiteral(":80: "))) << reason.toStdString();
+  EXPECT_TRUE(reason.startsWith(host + u":80: "_s)) << reason.toStdString();
 }
 
 TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
@@ -466,7 +459,7 @@ TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
     }
     folder_.Configure(ini);
     const frmCommand window;
-    const auto* list = window.findChild<QComboBox*>(QStringLiteral("ComboID"));
+    const auto* list = window.findChild<QComboBox*>(u"ComboID"_s);
     ASSERT_EQ(list->count(), Brivon1::PanelListLines(Brivon1::Store()).size());
     ASSERT_GE(list->count(), 1);
     ASSERT_LE(window.minimumSizeHint().width(), 800);
@@ -492,8 +485,7 @@ TEST_F(CommandWindowAlone, TextsAndTitleComeFromTheLanguageFile) {
   CommandWindow command;
   const MessageBoxReader boxes;
   command.DoubleClick(0);
-  ExpectBox(boxes, QStringLiteral("Keine Verbindung!"), QMessageBox::Warning,
-            QStringLiteral("Befehl"));
+  ExpectBox(boxes, u"Keine Verbindung!"_s, QMessageBox::Warning, u"Befehl"_s);
 }
 
 TEST(PanelList, AWheelOverItChoosesNoOtherPanel) {

@@ -7,6 +7,8 @@
 
 #include "support/program_folder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::AddResult;
@@ -203,7 +205,7 @@ TEST(ConfigurationDraftTest, PanelsComeFirstInAscendingOrderThenBaudrateComPortA
 }
 
 TEST(ConfigurationDraftTest, TheKeyOfARemovedPanelIsDeletedAndEveryOtherLineStays) {
-  const QByteArray ini = QByteArrayLiteral(
+  const QByteArray ini =
       "; first line\r\n"
       "\r\n"
       "[Other]\r\n"
@@ -228,7 +230,7 @@ TEST(ConfigurationDraftTest, TheKeyOfARemovedPanelIsDeletedAndEveryOtherLineStay
       "Com2Rts=0\r\n"
       "[Language]\r\n"
       "Language=2\r\n"
-      "last line without an end");
+      "last line without an end"_ba;
   ConfigurationDraft draft(Read(ini));
   EXPECT_EQ(Applied(draft, ini), ini);
   draft.Remove(1);
@@ -236,31 +238,32 @@ TEST(ConfigurationDraftTest, TheKeyOfARemovedPanelIsDeletedAndEveryOtherLineStay
   EXPECT_EQ(draft.Add(Boxes("200", "1", "8", "10.0.0.3")), AddResult::kAdded);
   draft.ChooseMode(SendMode::kTcp);
   draft.ChoosePort(4);
-  EXPECT_EQ(Applied(draft, ini), QByteArrayLiteral("; first line\r\n"
-                                                   "\r\n"
-                                                   "[Other]\r\n"
-                                                   "ID001=kept\r\n"
-                                                   "no equals sign\xff\x00 here\r\n"
-                                                   "[Dimension Config]\r\n"
-                                                   "; panels\r\n"
-                                                   "id002 =6x48,Mono,10.0.0.2:80\r\n"
-                                                   "ID003=0x000,Mono\r\n"
-                                                   "ID004=16x128,Tri,10.0.0.4:80\r\n"
-                                                   "ID999=unknown\r\n"
-                                                   "ID200=1x8,Mono,10.0.0.3:80\r\n"
-                                                   "\r\n"
-                                                   "[Communication]\r\n"
-                                                   "SendMode=TCPIP\r\n"
-                                                   "Baudrate=4800\r\n"
-                                                   "ComPort=4\r\n"
-                                                   "Delay Period=250\r\n"
-                                                   "Unknown = value \r\n"
-                                                   "[Serial Ports]\r\n"
-                                                   "Com2=/dev/ttyUSB0\r\n"
-                                                   "Com2Rts=0\r\n"
-                                                   "[Language]\r\n"
-                                                   "Language=2\r\n"
-                                                   "last line without an end"));
+  EXPECT_EQ(Applied(draft, ini),
+            "; first line\r\n"
+            "\r\n"
+            "[Other]\r\n"
+            "ID001=kept\r\n"
+            "no equals sign\xff\x00 here\r\n"
+            "[Dimension Config]\r\n"
+            "; panels\r\n"
+            "id002 =6x48,Mono,10.0.0.2:80\r\n"
+            "ID003=0x000,Mono\r\n"
+            "ID004=16x128,Tri,10.0.0.4:80\r\n"
+            "ID999=unknown\r\n"
+            "ID200=1x8,Mono,10.0.0.3:80\r\n"
+            "\r\n"
+            "[Communication]\r\n"
+            "SendMode=TCPIP\r\n"
+            "Baudrate=4800\r\n"
+            "ComPort=4\r\n"
+            "Delay Period=250\r\n"
+            "Unknown = value \r\n"
+            "[Serial Ports]\r\n"
+            "Com2=/dev/ttyUSB0\r\n"
+            "Com2Rts=0\r\n"
+            "[Language]\r\n"
+            "Language=2\r\n"
+            "last line without an end"_ba);
 }
 
 TEST(ConfigurationDraftTest, APanelRemovedAndAddedAgainIsWritten) {

@@ -29,6 +29,8 @@
 #include "support/wheel.h"
 #include "widgets/caption_button.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* kTwoPanels =
@@ -168,7 +170,7 @@ TEST_F(ConfigDialogTest, ItShowsItsCaptions) {
   EXPECT_EQ(colours->itemText(1), Text("Tri"));
   ASSERT_EQ(Ports()->count(), 4);
   for (int i = 0; i < 4; ++i) {
-    EXPECT_EQ(Ports()->item(i)->text(), QStringLiteral("Com %1").arg(i + 1));
+    EXPECT_EQ(Ports()->item(i)->text(), u"Com %1"_s.arg(i + 1));
   }
 }
 

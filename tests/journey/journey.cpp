@@ -29,20 +29,19 @@
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The virtual panel's program, started for the journey and ended with it.
 class PanelProgram {
  public:
   PanelProgram(const QString& program, const TemporaryProgramFolder& folder, const QString& picture)
-      : line_(folder.Path(QStringLiteral("panel-line"))),
-        state_(folder.Path(QStringLiteral("panel-state.json"))) {
+      : line_(folder.Path(u"panel-line"_s)), state_(folder.Path(u"panel-state.json"_s)) {
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(
-        program, {QStringLiteral("--panel"), QStringLiteral("1:4x96:tri"),
-                  QStringLiteral("--panel"), QStringLiteral("2:12x192:mono"),
-                  QStringLiteral("--tcp"), QStringLiteral("127.0.0.1:0"), QStringLiteral("--pty"),
-                  line_, QStringLiteral("--state"), state_, QStringLiteral("--picture"), picture});
+    process_.start(program, {u"--panel"_s, u"1:4x96:tri"_s, u"--panel"_s, u"2:12x192:mono"_s,
+                             u"--tcp"_s, u"127.0.0.1:0"_s, u"--pty"_s, line_, u"--state"_s, state_,
+                             u"--picture"_s, picture});
     while (!output_.contains("ready\n") && process_.waitForReadyRead(10000)) {
       output_ += process_.readAllStandardOutput();
     }
@@ -71,17 +70,16 @@ class PanelProgram {
     QFile file(state_);
     if (!file.open(QIODevice::ReadOnly)) return {};
     const QJsonArray panels =
-        QJsonDocument::fromJson(file.readAll()).object()[QStringLiteral("panels")].toArray();
+        QJsonDocument::fromJson(file.readAll()).object()[u"panels"_s].toArray();
     for (const QJsonValue& panel : panels) {
-      if (panel[QStringLiteral("id")].toInt() == id) return panel.toObject();
+      if (panel[u"id"_s].toInt() == id) return panel.toObject();
     }
     return {};
   }
 
   /// The rows of a stored page, from row 1.
   QStringList Page(int id, int page) const {
-    const QJsonObject rows =
-        Panel(id)[QStringLiteral("pages")].toObject()[QString::number(page)].toObject();
+    const QJsonObject rows = Panel(id)[u"pages"_s].toObject()[QString::number(page)].toObject();
     QStringList texts;
     for (int row = 1; row <= rows.size(); ++row) {
       texts.append(rows[QString::number(row)].toString());
@@ -101,7 +99,7 @@ class Journey {
   Journey(const QString& panel_program, QString samples, const QString& pictures)
       : samples_(std::move(samples)),
         pictures_(pictures),
-        panel_(panel_program, folder_, pictures_.filePath(QStringLiteral("virtual_panel.png"))) {}
+        panel_(panel_program, folder_, pictures_.filePath(u"virtual_panel.png"_s)) {}
 
   /// The number of steps that failed.
   int Run() {
@@ -126,12 +124,12 @@ class Journey {
   void TakePicture(QWidget* window, const char* name) {
     const bool shown = QTest::qWaitForWindowExposed(window);
     QCoreApplication::processEvents();
-    const QString file = pictures_.filePath(QString::fromLatin1(name) + QStringLiteral(".png"));
+    const QString file = pictures_.filePath(QString::fromLatin1(name) + u".png"_s);
     if (!shown || !window->grab().save(file)) Step("a picture was taken", false);
   }
 
   void Configure(const char* send_mode, int language) {
-    folder_.Write(QStringLiteral("brivon.ini"),
+    folder_.Write(u"brivon.ini"_s,
                   "[Dimension Config]\r\nID001=4x96,Tri," + panel_.TcpAddress() +
                       "\r\nID002=12x192,Mono," + panel_.TcpAddress() +
                       "\r\n[Communication]\r\nSendMode=" + send_mode +
@@ -172,7 +170,7 @@ class Journey {
   }
 
   void ComposeAPage(QWidget* editor) {
-    const ModalWindowDriver sizes(QStringLiteral("frmDimension"), [this](QWidget* dialog) {
+    const ModalWindowDriver sizes(u"frmDimension"_s, [this](QWidget* dialog) {
       TakePicture(dialog, "frmDimension");
       QTest::keyClick(dialog, Qt::Key_Return);
     });
@@ -182,14 +180,14 @@ class Journey {
     Choose(editor, "ComboColor", 1);
     Choose(editor, "ComboSize", 2);
     QTest::mouseClick(Row(editor, 1), Qt::LeftButton);
-    QTest::keyClicks(Row(editor, 1), QStringLiteral("Welcome "));
+    QTest::keyClicks(Row(editor, 1), u"Welcome "_s);
     QTest::mouseClick(Find<QWidget>(editor, "chkBlink"), Qt::LeftButton);
-    QTest::keyClicks(Row(editor, 1), QStringLiteral("all"));
+    QTest::keyClicks(Row(editor, 1), u"all"_s);
     QTest::mouseClick(Find<QWidget>(editor, "chkBlink"), Qt::LeftButton);
     QTest::keyClick(Row(editor, 1), Qt::Key_Down);
     Choose(editor, "ComboColor", 3);
     Choose(editor, "ComboSize", 1);
-    QTest::keyClicks(Row(editor, 2), QStringLiteral("Lane 2 closed!"));
+    QTest::keyClicks(Row(editor, 2), u"Lane 2 closed!"_s);
     QTest::keyClick(Row(editor, 2), Qt::Key_Backspace);
     QTest::keyClick(Row(editor, 2), Qt::Key_Down);
     Choose(editor, "ComboColor", 2);
@@ -198,7 +196,7 @@ class Journey {
     Click(editor, "cmdAddDate");
     QTest::keyClick(Row(editor, 3), Qt::Key_Down);
     Click(editor, "cmdAddTime");
-    QTest::keyClicks(Row(editor, 4), QStringLiteral(" "));
+    QTest::keyClicks(Row(editor, 4), u" "_s);
     auto* graphics = Find<QComboBox>(editor, "ComboGraphic");
     graphics->setFocus();
     QTest::keyClick(graphics, Qt::Key_C);
@@ -206,12 +204,12 @@ class Journey {
   }
 
   void SaveThePage(QWidget* editor) {
-    page_file_ = folder_.Path(QStringLiteral("welcome.msg"));
+    page_file_ = folder_.Path(u"welcome.msg"_s);
     const FileChooser chooser(page_file_);
     Click(editor, "butSaveAs");
     TakePicture(editor, "frmMsgEditor");
     Step("the saved file holds what was typed",
-         folder_.Read(QStringLiteral("welcome.msg")) ==
+         folder_.Read(u"welcome.msg"_s) ==
              "*** Brivon Message File ***\r\nRow = 4\r\nCol = 96\r\n"
              "<L01><SC><CB>Welcome <SG>all\r\n"
              "<L02><SB><CD>Lane 2 closed\r\n"
@@ -222,7 +220,7 @@ class Journey {
   /// Sends the editor's page to the first panel as page `page`.
   void SendThePage(QWidget* editor, const QString& page) {
     MessageBoxReader boxes;
-    const ModalWindowDriver dialogs(QStringLiteral("frmSendMsg"), [&](QWidget* dialog) {
+    const ModalWindowDriver dialogs(u"frmSendMsg"_s, [&](QWidget* dialog) {
       Choose(dialog, "ComboID", 0);
       auto* number = Find<QLineEdit>(dialog, "txtPage");
       number->setFocus();
@@ -234,10 +232,9 @@ class Journey {
     });
     Click(editor, "butSend");
     Step("the send dialog says that the transmission is finished",
-         boxes.Texts() == QStringList{QStringLiteral("Transmission finished!")});
-    const QStringList rows{QStringLiteral("<SC><CB>Welcome <SG>all "),
-                           QStringLiteral("<SB><CD>Lane 2 closed "),
-                           QStringLiteral("<SA><CC><DD> "), QStringLiteral("<SA><CC><DT> <GC> ")};
+         boxes.Texts() == QStringList{u"Transmission finished!"_s});
+    const QStringList rows{u"<SC><CB>Welcome <SG>all "_s, u"<SB><CD>Lane 2 closed "_s,
+                           u"<SA><CC><DD> "_s, u"<SA><CC><DT> <GC> "_s};
     Step("the panel holds exactly the rows that were sent",
          QTest::qWaitFor([&] { return panel_.Page(1, page.toInt()) == rows; }));
   }
@@ -245,7 +242,7 @@ class Journey {
   /// Carries out the command in a row of the list and checks the message box.
   void Command(QWidget* window, int row, const QString& page, const char* text) {
     MessageBoxReader boxes;
-    const ModalWindowDriver pages(QStringLiteral("frmPage"), [&](QWidget* dialog) {
+    const ModalWindowDriver pages(u"frmPage"_s, [&](QWidget* dialog) {
       auto* number = Find<QLineEdit>(dialog, "txtPage");
       number->selectAll();
       QTest::keyClicks(number, page);
@@ -276,18 +273,18 @@ class Journey {
       const QByteArray address = panel_.TcpAddress();
       auto* tcp = Find<QRadioButton>(dialog, "optTCPIP");
       QTest::mouseClick(tcp, Qt::LeftButton, {}, QPoint(8, tcp->height() / 2));
-      TypeInto(dialog, "txtIPAddress", QStringLiteral("127.0.0.1"));
+      TypeInto(dialog, "txtIPAddress", u"127.0.0.1"_s);
       TypeInto(dialog, "txtIPPortNo", QString::fromLatin1(address.mid(address.indexOf(':') + 1)));
-      TypeInto(dialog, "txtID", QStringLiteral("1"));
-      TypeInto(dialog, "txtRow", QStringLiteral("4"));
-      TypeInto(dialog, "txtcol", QStringLiteral("96"));
+      TypeInto(dialog, "txtID", u"1"_s);
+      TypeInto(dialog, "txtRow", u"4"_s);
+      TypeInto(dialog, "txtcol", u"96"_s);
       Choose(dialog, "ComboColorType", 1);
       Click(dialog, "butAdd");
       TakePicture(dialog, "frmConfig");
       Click(dialog, "butOK");
     });
     Step("brivon.ini holds the panel and the link",
-         folder_.Read(QStringLiteral("brivon.ini")) ==
+         folder_.Read(u"brivon.ini"_s) ==
              "[Dimension Config]\r\nID001=4x96,Tri," + panel_.TcpAddress() +
                  "\r\n[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=TCPIP\r\n");
   }
@@ -296,7 +293,7 @@ class Journey {
   /// first.
   void AddToSchedule(QWidget* editor, const QString& delay, int downs) {
     const FileChooser chooser(page_file_);
-    const ModalWindowDriver properties(QStringLiteral("frmDelay"), [&](QWidget* dialog) {
+    const ModalWindowDriver properties(u"frmDelay"_s, [&](QWidget* dialog) {
       TypeInto(dialog, "txtDelay", delay);
       auto* features = Find<QListWidget>(dialog, "ListFeature");
       features->setFocus();
@@ -309,22 +306,22 @@ class Journey {
   }
 
   void BuildASchedule(QWidget* editor) {
-    const ModalWindowDriver sizes(QStringLiteral("frmDimension"),
+    const ModalWindowDriver sizes(u"frmDimension"_s,
                                   [](QWidget* dialog) { QTest::keyClick(dialog, Qt::Key_Return); });
     Click(editor, "butNew");
     Choose(editor, "comboWeek", 2);
-    TypeInto(editor, "txtHour", QStringLiteral("8"));
-    TypeInto(editor, "txtMin", QStringLiteral("30"));
-    AddToSchedule(editor, QStringLiteral("5"), 0);
-    AddToSchedule(editor, QStringLiteral("12"), 3);
-    schedule_file_ = folder_.Path(QStringLiteral("monday.sch"));
+    TypeInto(editor, "txtHour", u"8"_s);
+    TypeInto(editor, "txtMin", u"30"_s);
+    AddToSchedule(editor, u"5"_s, 0);
+    AddToSchedule(editor, u"12"_s, 3);
+    schedule_file_ = folder_.Path(u"monday.sch"_s);
     const FileChooser chooser(schedule_file_);
     Click(editor, "butSaveAs");
     TakePicture(editor, "frmSchedule");
     QByteArray path = page_file_.toLocal8Bit();
     path += QByteArray(100 - path.size(), ' ');
     Step("the saved schedule holds what was chosen",
-         folder_.Read(QStringLiteral("monday.sch")) ==
+         folder_.Read(u"monday.sch"_s) ==
              "*** Brivon Schedule File ***\r\nWeek =2\r\nHour =8\r\nMin =30\r\nRow =4\r\nCol "
              "=96\r\nNo of Sequence =2\r\n" +
                  path + "\r\n5\r\nAppear              \r\n" + path +
@@ -334,7 +331,7 @@ class Journey {
   /// Sends the editor's schedule to the first panel under `letter`; `page` is the letter's first.
   void SendTheSchedule(QWidget* editor, const char* letter, int page, const char* text) {
     MessageBoxReader boxes;
-    const ModalWindowDriver dialogs(QStringLiteral("frmSendSch"), [&](QWidget* dialog) {
+    const ModalWindowDriver dialogs(u"frmSendSch"_s, [&](QWidget* dialog) {
       Choose(dialog, "ComboSchID", 0);
       TypeInto(dialog, "txtSchNo", QString::fromLatin1(letter));
       TakePicture(dialog, "frmSendSch");
@@ -344,21 +341,14 @@ class Journey {
     Click(editor, "butSend");
     Step(text, boxes.Texts() == QStringList{QString::fromLatin1(text)});
     const QJsonArray entries{
-        QJsonObject{{QStringLiteral("page"), page},
-                    {QStringLiteral("delay"), 5},
-                    {QStringLiteral("feature"), QStringLiteral("A")}},
-        QJsonObject{{QStringLiteral("page"), page},
-                    {QStringLiteral("delay"), 12},
-                    {QStringLiteral("feature"), QStringLiteral("E")}},
+        QJsonObject{{u"page"_s, page}, {u"delay"_s, 5}, {u"feature"_s, u"A"_s}},
+        QJsonObject{{u"page"_s, page}, {u"delay"_s, 12}, {u"feature"_s, u"E"_s}},
     };
     Step("the panel holds the schedule and its page", QTest::qWaitFor([&] {
-           const QJsonObject schedule = panel_.Panel(1)[QStringLiteral("schedules")]
-                                            .toObject()[QString::fromLatin1(letter)]
-                                            .toObject();
-           return schedule[QStringLiteral("entries")].toArray() == entries &&
-                  schedule[QStringLiteral("weekday")] == QStringLiteral("1") &&
-                  schedule[QStringLiteral("hour")] == QStringLiteral("08") &&
-                  schedule[QStringLiteral("minute")] == QStringLiteral("30") &&
+           const QJsonObject schedule =
+               panel_.Panel(1)[u"schedules"_s].toObject()[QString::fromLatin1(letter)].toObject();
+           return schedule[u"entries"_s].toArray() == entries && schedule[u"weekday"_s] == u"1"_s &&
+                  schedule[u"hour"_s] == u"08"_s && schedule[u"minute"_s] == u"30"_s &&
                   panel_.Page(1, page).size() == 4;
          }));
   }
@@ -367,34 +357,33 @@ class Journey {
     auto* message = Find<QWidget>(editor, "Picture1");
     Choose(editor, "ComboColor", 2);
     message->setFocus();
-    QTest::keyClicks(message, QStringLiteral("Road works "));
+    QTest::keyClicks(message, u"Road works "_s);
     QTest::mouseClick(Find<QWidget>(editor, "chkBlink"), Qt::LeftButton);
-    QTest::keyClicks(message, QStringLiteral("ahead"));
-    const FileChooser chooser(folder_.Path(QStringLiteral("works.srl")));
+    QTest::keyClicks(message, u"ahead"_s);
+    const FileChooser chooser(folder_.Path(u"works.srl"_s));
     Click(editor, "butSaveAs");
     TakePicture(editor, "frmShiftMsg");
     Step("the saved scrolling message holds what was typed",
-         folder_.Read(QStringLiteral("works.srl")) ==
+         folder_.Read(u"works.srl"_s) ==
              "*** Brivon Shift Message File ***\r\n<SA><CC>Road works <SE>ahead\r\n");
   }
 
   /// Sends the editor's scrolling message to row 3 of the first panel.
   void SendTheScrollingMessage(QWidget* editor) {
     MessageBoxReader boxes;
-    const ModalWindowDriver dialogs(QStringLiteral("frmSendShift"), [&](QWidget* dialog) {
-      TypeInto(dialog, "txtLine", QStringLiteral("3"));
+    const ModalWindowDriver dialogs(u"frmSendShift"_s, [&](QWidget* dialog) {
+      TypeInto(dialog, "txtLine", u"3"_s);
       TakePicture(dialog, "frmSendShift");
       Click(dialog, "butSend");
       Click(dialog, "butDone");
     });
     Click(editor, "butSend");
     Step("the scrolling message is sent",
-         boxes.Texts() == QStringList{QStringLiteral("Transmission finished!")});
-    Step(
-        "the panel scrolls it over its third row", QTest::qWaitFor([this] {
-          return panel_.Panel(1)[QStringLiteral("scrolling")].toObject() ==
-                 QJsonObject{{QStringLiteral("3"), QStringLiteral("<SA><CC>Road works <SE>ahead")}};
-        }));
+         boxes.Texts() == QStringList{u"Transmission finished!"_s});
+    Step("the panel scrolls it over its third row", QTest::qWaitFor([this] {
+           return panel_.Panel(1)[u"scrolling"_s].toObject() ==
+                  QJsonObject{{u"3"_s, u"<SA><CC>Road works <SE>ahead"_s}};
+         }));
   }
 
   void OverTcp() {
@@ -406,7 +395,7 @@ class Journey {
     Visit(launcher, "butMsgEdit", "frmMsgEditor", [this](QWidget* editor) {
       ComposeAPage(editor);
       SaveThePage(editor);
-      SendThePage(editor, QStringLiteral("7"));
+      SendThePage(editor, u"7"_s);
       Click(editor, "butExit");
     });
     Visit(launcher, "butSchEdit", "frmSchedule", [this](QWidget* editor) {
@@ -417,10 +406,9 @@ class Journey {
     Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
       Command(window, 0, QString(), "Command is sent successfully!");
       Command(window, 1, QString(), "Set Clock Finished!");
-      Command(window, 4, QStringLiteral("7"), "Page 7 is running.");
-      Step("the panel runs page 7", QTest::qWaitFor([this] {
-             return panel_.Panel(1)[QStringLiteral("running_page")].toInt() == 7;
-           }));
+      Command(window, 4, u"7"_s, "Page 7 is running.");
+      Step("the panel runs page 7",
+           QTest::qWaitFor([this] { return panel_.Panel(1)[u"running_page"_s].toInt() == 7; }));
       Click(window, "butDone");
     });
   }
@@ -433,7 +421,7 @@ class Journey {
     Visit(launcher, "butMsgEdit", "frmMsgEditor", [this](QWidget* editor) {
       const FileChooser chooser(page_file_);
       Click(editor, "butOpen");
-      SendThePage(editor, QStringLiteral("12"));
+      SendThePage(editor, u"12"_s);
       QTest::keyClick(editor, Qt::Key_Escape);
     });
     Visit(launcher, "butSchEdit", "frmSchedule", [this](QWidget* editor) {
@@ -450,7 +438,7 @@ class Journey {
     Visit(launcher, "butCommand", "frmCommand", [this](QWidget* window) {
       Command(window, 0, QString(), "Command is sent successfully!");
       Command(window, 1, QString(), "Set clock is done!");
-      Command(window, 3, QStringLiteral("12"), "Page 12 is deleted.");
+      Command(window, 3, u"12"_s, "Page 12 is deleted.");
       Step("the panel has deleted page 12 and kept page 7", QTest::qWaitFor([this] {
              return panel_.Page(1, 12).isEmpty() && panel_.Page(1, 7).size() == 4;
            }));
@@ -460,9 +448,9 @@ class Journey {
 
   void InAnotherLanguage() {
     std::printf("-- in German\n");
-    QFile texts(samples_ + QStringLiteral("/languages/deutsch/langSetting.INI"));
+    QFile texts(samples_ + u"/languages/deutsch/langSetting.INI"_s);
     Step("the sample language file is there", texts.open(QIODevice::ReadOnly));
-    folder_.Write(QStringLiteral("langSetting.INI"), texts.readAll());
+    folder_.Write(u"langSetting.INI"_s, texts.readAll());
     Configure("TCPIP", 2);
     frmMain launcher;
     launcher.show();
@@ -473,8 +461,7 @@ class Journey {
       TakePicture(editor, "frmMsgEditor-deutsch");
       Step("the editor speaks German",
            editor->windowTitle() == ModuleLanguage::ReadLangString(
-                                        QStringLiteral("frmMsgEditor"),
-                                        QStringLiteral("frmMsgEditor.Caption"), QString()) &&
+                                        u"frmMsgEditor"_s, u"frmMsgEditor.Caption"_s, QString()) &&
                !editor->windowTitle().isEmpty());
       Click(editor, "butExit");
     });
@@ -499,14 +486,9 @@ class Journey {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QCommandLineParser options;
-  const QCommandLineOption panel_program(QStringLiteral("panel-program"),
-                                         QStringLiteral("The virtual panel."),
-                                         QStringLiteral("FILE"));
-  const QCommandLineOption samples(QStringLiteral("samples"), QStringLiteral("The sample files."),
-                                   QStringLiteral("FOLDER"));
-  const QCommandLineOption pictures(QStringLiteral("pictures"),
-                                    QStringLiteral("Where the pictures go."),
-                                    QStringLiteral("FOLDER"));
+  const QCommandLineOption panel_program(u"panel-program"_s, u"The virtual panel."_s, u"FILE"_s);
+  const QCommandLineOption samples(u"samples"_s, u"The sample files."_s, u"FOLDER"_s);
+  const QCommandLineOption pictures(u"pictures"_s, u"Where the pictures go."_s, u"FOLDER"_s);
   options.addOptions({panel_program, samples, pictures});
   options.addHelpOption();
   options.process(application);

@@ -16,12 +16,14 @@
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kFinished = QStringLiteral("Transmission finished!");
-const QString kFailure = QStringLiteral("Transmission failure!");
-const QString kNoLink = QStringLiteral("Cannot create TCP link!");
-const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
+const QString kFinished = u"Transmission finished!"_s;
+const QString kFailure = u"Transmission failure!"_s;
+const QString kNoLink = u"Cannot create TCP link!"_s;
+const QString kNoPort = u"Fail to initialize communication port!"_s;
 
 class Dialog : public SendDialog<frmSendMsg> {
  public:
@@ -39,7 +41,7 @@ class Dialog : public SendDialog<frmSendMsg> {
 class SendMessage : public testing::TestWithParam<LineKind> {
  protected:
   SendMessage() : bench_(GetParam(), {{26, 4, 96, true}}) {
-    path_ = bench_.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+    path_ = bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
   }
 
   void ExpectTheNextSendWorks(Dialog& dialog) {
@@ -62,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Links, SendMessage, testing::Values(LineKind::kTcp, Lin
 TEST_P(SendMessage, EveryRowArrivesAsItStandsInTheFile) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypePage(QStringLiteral("7"));
+  dialog.TypePage(u"7"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{
                                  "<ID1A><L01><P007><SA><CA>Row 01 \r\n",
@@ -70,7 +72,7 @@ TEST_P(SendMessage, EveryRowArrivesAsItStandsInTheFile) {
                                  "<ID1A><L03><P007><SA><CC>Row 03 \r\n",
                                  "<ID1A><L04><P007><SA><CD>Row 04 \r\n",
                              }));
-  dialog.TypePage(QStringLiteral("1"));
+  dialog.TypePage(u"1"_s);
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -81,7 +83,7 @@ TEST_P(SendMessage, TheBoxIsPlainAndBearsTheWindowsCaption) {
   dialog.Click("butSend");
   ASSERT_EQ(boxes.Seen().size(), 1);
   EXPECT_EQ(boxes.Seen()[0].text, kFinished);
-  EXPECT_EQ(boxes.Seen()[0].title, QStringLiteral("Send Message"));
+  EXPECT_EQ(boxes.Seen()[0].title, u"Send Message"_s);
   EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::NoIcon);
   EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Ok);
   EXPECT_EQ(boxes.Seen()[0].parent, &dialog.window);
@@ -91,19 +93,18 @@ TEST_P(SendMessage, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
   int seen = 0;
-  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
-                   [&] {
-                     ++seen;
-                     EXPECT_FALSE(dialog.Find<QPushButton>("butSend")->isEnabled());
-                     EXPECT_FALSE(dialog.Find<QPushButton>("butDone")->isEnabled());
-                     EXPECT_FALSE(dialog.Find<QComboBox>("ComboID")->isEnabled());
-                     EXPECT_EQ(dialog.window.cursor().shape(), Qt::WaitCursor);
-                     EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(),
-                               QStringLiteral(" Sending Line %1").arg(seen));
-                     dialog.window.close();
-                     QTest::keyClick(&dialog.window, Qt::Key_Escape);
-                     EXPECT_TRUE(dialog.window.isVisible());
-                   });
+  QObject::connect(
+      &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window, [&] {
+        ++seen;
+        EXPECT_FALSE(dialog.Find<QPushButton>("butSend")->isEnabled());
+        EXPECT_FALSE(dialog.Find<QPushButton>("butDone")->isEnabled());
+        EXPECT_FALSE(dialog.Find<QComboBox>("ComboID")->isEnabled());
+        EXPECT_EQ(dialog.window.cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), u" Sending Line %1"_s.arg(seen));
+        dialog.window.close();
+        QTest::keyClick(&dialog.window, Qt::Key_Escape);
+        EXPECT_TRUE(dialog.window.isVisible());
+      });
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(seen, 4);
   EXPECT_TRUE(dialog.window.isVisible());
@@ -118,13 +119,12 @@ TEST_P(SendMessage, TheResultComesFromTheLanguageFile) {
       "msgErrComm=Kein Anschluss!\r\n");
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fertig!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Fertig!"_s});
   bench_.Fail({.garbage = true});
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fehler!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Fehler!"_s});
   bench_.Unplug();
   EXPECT_EQ(dialog.Send(),
-            QStringList{GetParam() == LineKind::kTcp ? QStringLiteral("Kein Netz!")
-                                                     : QStringLiteral("Kein Anschluss!")});
+            QStringList{GetParam() == LineKind::kTcp ? u"Kein Netz!"_s : u"Kein Anschluss!"_s});
 }
 
 TEST_P(SendMessage, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
@@ -264,7 +264,7 @@ TEST_P(SendMessage, AStrayByteInFrontOfEveryAnswerFails) {
 
 TEST(SendMessageOverTcp, TheControlsAreLockedBeforeTheLinkIsOpened) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
-  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  Dialog dialog(bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96)));
   dialog.ChoosePanel(0);
   bool locked = false;
   QTimer::singleShot(0, &dialog.window, [&] {
@@ -278,7 +278,7 @@ TEST(SendMessageOverTcp, TheControlsAreLockedBeforeTheLinkIsOpened) {
 
 TEST(SendMessageOverTcp, TheProgramsEndWhileItConnectsSendsNothing) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
-  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  Dialog dialog(bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96)));
   dialog.ChoosePanel(0);
   QTimer::singleShot(0, &dialog.window, [&] {
     QTimer until_connected;
@@ -296,7 +296,7 @@ TEST(SendMessageOverTcp, TheProgramsEndWhileItConnectsSendsNothing) {
 
 TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
-  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
   const quint16 port = bench.Tcp().Port();
   bench.Unplug();
   Dialog dialog(path);
@@ -304,8 +304,7 @@ TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   const MessageBoxReader boxes;
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), QStringList{kNoLink});
-  EXPECT_EQ(boxes.Seen().value(0).informative,
-            QStringLiteral("127.0.0.1:%1: Connection refused").arg(port));
+  EXPECT_EQ(boxes.Seen().value(0).informative, u"127.0.0.1:%1: Connection refused"_s.arg(port));
   EXPECT_TRUE(dialog.IsReady());
   bench.PlugIn();
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
@@ -313,7 +312,7 @@ TEST(SendMessageOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
 
 TEST(SendMessageOverTcp, APanelThatHasNotAcceptedAfter500MsIsReportedAndTheNextSendWorks) {
   PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
-  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
   const quint16 port = bench.Tcp().Port();
   bench.Unplug();
   Dialog dialog(path);
@@ -324,7 +323,7 @@ TEST(SendMessageOverTcp, APanelThatHasNotAcceptedAfter500MsIsReportedAndTheNextS
     dialog.Click("butSend");
     EXPECT_EQ(boxes.Texts(), QStringList{kNoLink});
     EXPECT_EQ(boxes.Seen().value(0).informative,
-              QStringLiteral("127.0.0.1:%1: no answer within 500 ms").arg(port));
+              u"127.0.0.1:%1: no answer within 500 ms"_s.arg(port));
   }
   EXPECT_TRUE(dialog.IsReady());
   EXPECT_EQ(dialog.Find<QTcpSocket>("Winsock1")->state(), QAbstractSocket::UnconnectedState);
@@ -334,15 +333,15 @@ TEST(SendMessageOverTcp, APanelThatHasNotAcceptedAfter500MsIsReportedAndTheNextS
 
 TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
-  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
+  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
   bench.Unplug();
   Dialog dialog(path);
   dialog.ChoosePanel(0);
   const MessageBoxReader boxes;
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
-  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(
-      bench.Folder().Path(QStringLiteral("panel-line")) + QStringLiteral(": ")))
+  EXPECT_TRUE(
+      boxes.Seen().value(0).informative.startsWith(bench.Folder().Path(u"panel-line"_s) + u": "_s))
       << boxes.Seen().value(0).informative.toStdString();
   EXPECT_TRUE(dialog.IsReady());
   bench.PlugIn();
@@ -351,19 +350,19 @@ TEST(SendMessageOverSerial, AMissingPortIsReportedWithItsDevice) {
 
 TEST(SendMessageOverSerial, APanelWithoutAnAddressIsReachedAllTheSame) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
-  const QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  const QByteArray ini = bench.Folder().Read(u"brivon.ini"_s);
   bench.Folder().Configure(QByteArray(ini).replace(",127.0.0.1:9", ""));
-  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96)));
+  Dialog dialog(bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96)));
   EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->itemText(0),
-            QStringLiteral("ID026     4x96     Tri-Color     Tri"));
+            u"ID026     4x96     Tri-Color     Tri"_s);
   dialog.ChoosePanel(0);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
 }
 
 TEST(SendMessageOverSerial, ABaudRateOf0IsAPortThatCannotBeOpened) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
-  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
-  QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
+  QByteArray ini = bench.Folder().Read(u"brivon.ini"_s);
   bench.Folder().Configure(ini.replace("Baudrate=9600", "Baudrate=fast"));
   Dialog dialog(path);
   dialog.ChoosePanel(0);
@@ -372,8 +371,8 @@ TEST(SendMessageOverSerial, ABaudRateOf0IsAPortThatCannotBeOpened) {
 
 TEST(SendMessageOverSerial, AHandWrittenBaudRateWorks) {
   PanelBench bench(LineKind::kSerial, {{26, 4, 96, true}});
-  const QString path = bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(4, 96));
-  QByteArray ini = bench.Folder().Read(QStringLiteral("brivon.ini"));
+  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
+  QByteArray ini = bench.Folder().Read(u"brivon.ini"_s);
   bench.Folder().Configure(ini.replace("Baudrate=9600", "Baudrate=115200"));
   Dialog dialog(path);
   dialog.ChoosePanel(0);
@@ -387,7 +386,7 @@ class SendMessageChecks : public testing::Test {
     folder_.Configure(
         "[Dimension Config]\r\nID001=4x96,Tri,192.168.0.1:80\r\nID002=2x96,Mono\r\n"
         "[Communication]\r\nSendMode=TCPIP\r\n");
-    path_ = folder_.Write(QStringLiteral("page.msg"), SampleMessageFile(2, 96));
+    path_ = folder_.Write(u"page.msg"_s, SampleMessageFile(2, 96));
   }
 
   TemporaryProgramFolder folder_;
@@ -396,7 +395,7 @@ class SendMessageChecks : public testing::Test {
 
 TEST_F(SendMessageChecks, HasItsControlsAndTexts) {
   Dialog dialog(path_);
-  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Message"));
+  EXPECT_EQ(dialog.window.windowTitle(), u"Send Message"_s);
   const std::pair<const char*, const char*> boxes[] = {{"frameFile", "Message File"},
                                                        {"FrameDestination", "Destination"},
                                                        {"FrameStatus", "Send Status"}};
@@ -428,30 +427,28 @@ TEST_F(SendMessageChecks, DoneClosesTheDialog) {
 TEST_F(SendMessageChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   folder_.UseLanguage(
       "[Message]\r\nmsgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\nmsgDim=Passt nicht!\r\n");
-  const QString path = folder_.Path(QStringLiteral("late.msg"));
+  const QString path = folder_.Path(u"late.msg"_s);
   Dialog dialog(path);
   dialog.TypePage(QString());
   const MessageBoxReader boxes;
   dialog.Click("butSend");
-  folder_.Write(QStringLiteral("late.msg"), QByteArray(100, 'x'));
+  folder_.Write(u"late.msg"_s, QByteArray(100, 'x'));
   dialog.Click("butSend");
   dialog.ChoosePanel(1);
   dialog.Click("butSend");
-  dialog.TypePage(QStringLiteral("1"));
+  dialog.TypePage(u"1"_s);
   dialog.Click("butSend");
-  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(4, 96));
+  folder_.Write(u"late.msg"_s, SampleMessageFile(4, 96));
   dialog.Click("butSend");
-  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(2, 80));
+  folder_.Write(u"late.msg"_s, SampleMessageFile(2, 80));
   dialog.Click("butSend");
-  folder_.Write(QStringLiteral("late.msg"), SampleMessageFile(2, 96));
+  folder_.Write(u"late.msg"_s, SampleMessageFile(2, 96));
   dialog.Click("butSend");
-  EXPECT_EQ(boxes.Texts(),
-            (QStringList{QStringLiteral("Datei fehlt!"), QStringLiteral("Invalid ID Selection!"),
-                         QStringLiteral("Invalid Page Value!"), QStringLiteral("Unlesbar!"),
-                         QStringLiteral("Passt nicht!"), QStringLiteral("Passt nicht!"),
-                         QStringLiteral("IP address is null or invaild")}));
+  EXPECT_EQ(boxes.Texts(), (QStringList{u"Datei fehlt!"_s, u"Invalid ID Selection!"_s,
+                                        u"Invalid Page Value!"_s, u"Unlesbar!"_s, u"Passt nicht!"_s,
+                                        u"Passt nicht!"_s, u"IP address is null or invaild"_s}));
   for (const SeenMessageBox& box : boxes.Seen()) {
-    EXPECT_EQ(box.title, QStringLiteral("Send Message"));
+    EXPECT_EQ(box.title, u"Send Message"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);
     EXPECT_EQ(box.buttons, QMessageBox::Ok);
   }
@@ -462,37 +459,37 @@ TEST_F(SendMessageChecks, ThePanelListHasOneEntryForEachConfiguredPanelAndNoneIs
   Dialog dialog(path_);
   auto* list = dialog.Find<QComboBox>("ComboID");
   ASSERT_EQ(list->count(), 2);
-  EXPECT_EQ(list->itemText(0), QStringLiteral("ID001     4x96     Tri-Color     192.168.0.1:80"));
-  EXPECT_EQ(list->itemText(1), QStringLiteral("ID002     2x96     Mono-Color     Mono"));
+  EXPECT_EQ(list->itemText(0), u"ID001     4x96     Tri-Color     192.168.0.1:80"_s);
+  EXPECT_EQ(list->itemText(1), u"ID002     2x96     Mono-Color     Mono"_s);
   EXPECT_EQ(list->currentIndex(), -1);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid ID Selection!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Invalid ID Selection!"_s});
 }
 
 TEST_F(SendMessageChecks, WithNoPanelConfiguredTheListIsEmptyAndSendReportsInvalidIdSelection) {
   folder_.Configure("");
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->count(), 0);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid ID Selection!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Invalid ID Selection!"_s});
   EXPECT_TRUE(dialog.IsReady());
 }
 
 TEST_F(SendMessageChecks, A2RowFileCannotBeSentToA4RowPanel) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Dimension not matched!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Dimension not matched!"_s});
 }
 
 TEST_F(SendMessageChecks, APanelWithoutAnAddressIsRefusedInTcpMode) {
   Dialog dialog(path_);
   dialog.ChoosePanel(1);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("IP address is null or invaild")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"IP address is null or invaild"_s});
 }
 
 TEST_F(SendMessageChecks, AnEmptyPageIsRefused) {
   Dialog dialog(path_);
   dialog.ChoosePanel(1);
   dialog.TypePage(QString());
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid Page Value!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Invalid Page Value!"_s});
 }
 
 TEST_F(SendMessageChecks, NeitherSendModeSendsNothingAndSaysNothing) {
@@ -505,41 +502,41 @@ TEST_F(SendMessageChecks, NeitherSendModeSendsNothingAndSaysNothing) {
 }
 
 TEST_F(SendMessageChecks, AMissingFileIsNotFound) {
-  Dialog dialog(folder_.Path(QStringLiteral("gone.msg")));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
+  Dialog dialog(folder_.Path(u"gone.msg"_s));
+  EXPECT_EQ(dialog.Send(), QStringList{u"File not found!"_s});
 }
 
 TEST_F(SendMessageChecks, WithoutAFileThereIsNoneToFind) {
   Dialog dialog((QString()));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"File not found!"_s});
 }
 
 TEST_F(SendMessageChecks, AFileWhoseHeaderIsWrongIsRefusedAtSend) {
-  Dialog dialog(folder_.Write(QStringLiteral("bad.msg"), QByteArray(100, 'x')));
+  Dialog dialog(folder_.Write(u"bad.msg"_s, QByteArray(100, 'x')));
   dialog.ChoosePanel(0);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Error in opening file!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Error in opening file!"_s});
 }
 
 TEST_F(SendMessageChecks, AFileWhoseHeaderIsWrongIsRefusedAtBrowse) {
-  const QString bad = folder_.Write(QStringLiteral("bad.msg"), QByteArray(100, 'x'));
+  const QString bad = folder_.Write(u"bad.msg"_s, QByteArray(100, 'x'));
   Dialog dialog(path_);
   const MessageBoxReader boxes;
   const FileChooser chooser(bad);
   dialog.Click("butBrowse");
-  EXPECT_EQ(chooser.Seen().title, QStringLiteral("Browse"));
-  EXPECT_EQ(chooser.Seen().filter, QStringLiteral("Message File (*.msg)"));
-  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Error in opening file!")});
+  EXPECT_EQ(chooser.Seen().title, u"Browse"_s);
+  EXPECT_EQ(chooser.Seen().filter, u"Message File (*.msg)"_s);
+  EXPECT_EQ(boxes.Texts(), QStringList{u"Error in opening file!"_s});
   EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
 }
 
 TEST_F(SendMessageChecks, BrowseShowsTheChosenFileWithItsDimension) {
-  const QString other = folder_.Write(QStringLiteral("other.msg"), SampleMessageFile(4, 128));
+  const QString other = folder_.Write(u"other.msg"_s, SampleMessageFile(4, 128));
   Dialog dialog((QString()));
   const FileChooser chooser(other);
   dialog.Click("butBrowse");
   EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), other);
-  EXPECT_EQ(dialog.Find<QLabel>("lblRow")->text(), QStringLiteral("4"));
-  EXPECT_EQ(dialog.Find<QLabel>("lblCol")->text(), QStringLiteral("128"));
+  EXPECT_EQ(dialog.Find<QLabel>("lblRow")->text(), u"4"_s);
+  EXPECT_EQ(dialog.Find<QLabel>("lblCol")->text(), u"128"_s);
 }
 
 TEST_F(SendMessageChecks, ABrowseThatIsCancelledChangesNothing) {
@@ -553,24 +550,24 @@ TEST_F(SendMessageChecks, ABrowseThatIsCancelledChangesNothing) {
 TEST_F(SendMessageChecks, AChosenFileThatDoesNotExistIsNotFoundAndNothingElseChanges) {
   Dialog dialog(path_);
   const MessageBoxReader boxes;
-  const FileChooser chooser(folder_.Path(QStringLiteral("gone.msg")));
+  const FileChooser chooser(folder_.Path(u"gone.msg"_s));
   dialog.Click("butBrowse");
-  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_EQ(boxes.Texts(), QStringList{u"File not found!"_s});
   EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
 }
 
 TEST_F(SendMessageChecks, AFileHandedOverShowsItsDimensionAtOnce) {
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Find<QLabel>("lblFileName")->text(), path_);
-  EXPECT_EQ(dialog.Find<QLabel>("lblRow")->text(), QStringLiteral("2"));
-  EXPECT_EQ(dialog.Find<QLabel>("lblCol")->text(), QStringLiteral("96"));
-  EXPECT_EQ(dialog.Find<QLineEdit>("txtPage")->text(), QStringLiteral("001"));
+  EXPECT_EQ(dialog.Find<QLabel>("lblRow")->text(), u"2"_s);
+  EXPECT_EQ(dialog.Find<QLabel>("lblCol")->text(), u"96"_s);
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtPage")->text(), u"001"_s);
 }
 
 TEST_F(SendMessageChecks, MessagesComeFromTheLanguageFile) {
   folder_.UseLanguage("[Message]\r\nmsgNotFound=Datei fehlt\r\n");
   Dialog dialog((QString()));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Datei fehlt!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Datei fehlt!"_s});
 }
 
 struct PageText {
@@ -588,7 +585,7 @@ INSTANTIATE_TEST_SUITE_P(SendMessage, PageOnTheWire,
 
 TEST_P(PageOnTheWire, IsTheLeadingNumberInAtLeastThreeDigits) {
   PanelBench bench(LineKind::kTcp, {{1, 1, 96, true}});
-  Dialog dialog(bench.Folder().Write(QStringLiteral("page.msg"), SampleMessageFile(1, 96)));
+  Dialog dialog(bench.Folder().Write(u"page.msg"_s, SampleMessageFile(1, 96)));
   dialog.ChoosePanel(0);
   dialog.TypePage(QString::fromLatin1(GetParam().typed));
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});

@@ -14,6 +14,8 @@
 #include "page/page_of.h"
 #include "support/full_disk.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::IsMessageFile;
@@ -25,7 +27,7 @@ using Brivon1::SaveResult;
 
 class MessageFile : public testing::Test {
  protected:
-  QString Path(const QString& name = QStringLiteral("page.msg")) { return folder_.filePath(name); }
+  QString Path(const QString& name = u"page.msg"_s) { return folder_.filePath(name); }
 
   QString Write(const QByteArray& content) {
     QFile file(Path());
@@ -311,11 +313,11 @@ TEST_F(MessageFile, WhatIsNoFileIsRefused) {
   EXPECT_FALSE(LoadMessageFile(Write("")));
   EXPECT_FALSE(LoadMessageFile(QString()));
   EXPECT_FALSE(LoadMessageFile(folder_.path()));
-  EXPECT_FALSE(LoadMessageFile(Path(QStringLiteral("missing.msg"))));
-  EXPECT_FALSE(LoadMessageFile(Path() + QStringLiteral("/below a file.msg")));
-  EXPECT_FALSE(LoadMessageFile(QStringLiteral("/dev/zero")));
-  EXPECT_FALSE(LoadMessageFile(QStringLiteral("/proc/self/mem")));
-  const QString pipe = Path(QStringLiteral("pipe.msg"));
+  EXPECT_FALSE(LoadMessageFile(Path(u"missing.msg"_s)));
+  EXPECT_FALSE(LoadMessageFile(Path() + u"/below a file.msg"_s));
+  EXPECT_FALSE(LoadMessageFile(u"/dev/zero"_s));
+  EXPECT_FALSE(LoadMessageFile(u"/proc/self/mem"_s));
+  const QString pipe = Path(u"pipe.msg"_s);
   ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
   EXPECT_FALSE(LoadMessageFile(pipe));  // nobody writes: opening it would wait for ever
 }
@@ -386,7 +388,7 @@ TEST_F(MessageFile, ASaveThatFindsNoRoomLeavesTheOldFileWhole) {
   }
   EXPECT_EQ(result, SaveResult::kDriveNotAvailable);
   EXPECT_EQ(Read(), "the old file");
-  EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList(QStringLiteral("page.msg")));
+  EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files), QStringList(u"page.msg"_s));
 }
 
 TEST_F(MessageFile, ASaveToAPathThatCannotBeIsAnInvalidPath) {
@@ -394,9 +396,9 @@ TEST_F(MessageFile, ASaveToAPathThatCannotBeIsAnInvalidPath) {
   Write("a file");
   EXPECT_EQ(SaveMessageFile(QString(), page), SaveResult::kInvalidPath);
   EXPECT_EQ(SaveMessageFile(folder_.path(), page), SaveResult::kInvalidPath);
-  EXPECT_EQ(SaveMessageFile(Path() + QStringLiteral("/page.msg"), page), SaveResult::kInvalidPath);
-  EXPECT_EQ(SaveMessageFile(Path(QStringLiteral("no/page.msg")), page), SaveResult::kInvalidPath);
-  EXPECT_EQ(SaveMessageFile(QStringLiteral("/proc/page.msg"), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(Path() + u"/page.msg"_s, page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(Path(u"no/page.msg"_s), page), SaveResult::kInvalidPath);
+  EXPECT_EQ(SaveMessageFile(u"/proc/page.msg"_s, page), SaveResult::kInvalidPath);
   EXPECT_EQ(Read(), "a file");
 }
 

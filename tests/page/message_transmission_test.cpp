@@ -5,6 +5,8 @@
 #include "support/program_folder.h"
 #include "support/virtual_time.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -26,13 +28,12 @@ class MessageTransmission : public testing::Test {
   }
 
   QString File(const QList<QByteArray>& lines) {
-    return folder_.Write(QStringLiteral("page.msg"),
-                         MessageFile(static_cast<int>(lines.size()), 96, lines));
+    return folder_.Write(u"page.msg"_s, MessageFile(static_cast<int>(lines.size()), 96, lines));
   }
 
   bool Send(const QString& path, int id, Dimension panel) {
     Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
-                                time_.Note(QStringLiteral("status \"%1\"").arg(text));
+                                time_.Note(u"status \"%1\""_s.arg(text));
                               }};
     return SendMessageFile(transmission, path, id, "007", panel);
   }
@@ -57,16 +58,16 @@ TEST_F(MessageTransmission, TimelineOfASuccessAtOnce) {
   const QString path = File({"<L01><SA><CA>AB", "<L02><SC><CB>CD"});
   EXPECT_TRUE(Send(path, 26, {2, 96}));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Reading %1\"").arg(path),
-                                  QStringLiteral("@0 status \" Sending Line 1\""),
-                                  QStringLiteral("@0 send <ID1A><L01><P007><SA><CA>AB [CR][LF]"),
-                                  QStringLiteral("@30 status \" Sending Line 1 <--- Ack\""),
-                                  QStringLiteral("@30 status \" Sending Line 2\""),
-                                  QStringLiteral("@30 send <ID1A><L02><P007><SC><CB>CD [CR][LF]"),
-                                  QStringLiteral("@130 tick"),
-                                  QStringLiteral("@170 status \" Sending Line 2 <--- Ack\""),
-                                  QStringLiteral("@270 tick"),
-                                  QStringLiteral("@370 tick"),
+                                  u"@0 status \"Reading %1\""_s.arg(path),
+                                  u"@0 status \" Sending Line 1\""_s,
+                                  u"@0 send <ID1A><L01><P007><SA><CA>AB [CR][LF]"_s,
+                                  u"@30 status \" Sending Line 1 <--- Ack\""_s,
+                                  u"@30 status \" Sending Line 2\""_s,
+                                  u"@30 send <ID1A><L02><P007><SC><CB>CD [CR][LF]"_s,
+                                  u"@130 tick"_s,
+                                  u"@170 status \" Sending Line 2 <--- Ack\""_s,
+                                  u"@270 tick"_s,
+                                  u"@370 tick"_s,
                               }));
 }
 
@@ -77,28 +78,25 @@ TEST_F(MessageTransmission, TimelineOfASuccessOnTheThirdAttempt) {
   link_.AnswerAfter(10, "<ID1A>\r\n");
   const QString path = File({"<L01><SA><CA>A", "<L02>"});
   EXPECT_TRUE(Send(path, 26, {2, 96}));
-  const QString attempt = QStringLiteral(" send <ID1A><L01><P007><SA><CA>A [CR][LF]");
-  QStringList expected{QStringLiteral("@0 status \"Reading %1\"").arg(path)};
-  expected << QStringLiteral("@0 status \" Sending Line 1\"") << QStringLiteral("@0") + attempt
-           << TicksAt(100, 1100) << QStringLiteral("@1100 status \" Sending Line 1\"")
-           << QStringLiteral("@1100") + attempt << TicksAt(1200, 2200)
-           << QStringLiteral("@2200 status \" Sending Line 1\"")
-           << QStringLiteral("@2200") + attempt
-           << QStringLiteral("@2210 status \" Sending Line 1 <--- Ack\"")
-           << QStringLiteral("@2210 status \" Sending Line 2\"")
-           << QStringLiteral("@2210 send <ID1A><L02><P007> [CR][LF]")
-           << QStringLiteral("@2220 status \" Sending Line 2 <--- Ack\"") << TicksAt(2320, 2420);
+  const QString attempt = u" send <ID1A><L01><P007><SA><CA>A [CR][LF]"_s;
+  QStringList expected{u"@0 status \"Reading %1\""_s.arg(path)};
+  expected << u"@0 status \" Sending Line 1\""_s << u"@0"_s + attempt << TicksAt(100, 1100)
+           << u"@1100 status \" Sending Line 1\""_s << u"@1100"_s + attempt << TicksAt(1200, 2200)
+           << u"@2200 status \" Sending Line 1\""_s << u"@2200"_s + attempt
+           << u"@2210 status \" Sending Line 1 <--- Ack\""_s
+           << u"@2210 status \" Sending Line 2\""_s << u"@2210 send <ID1A><L02><P007> [CR][LF]"_s
+           << u"@2220 status \" Sending Line 2 <--- Ack\""_s << TicksAt(2320, 2420);
   EXPECT_EQ(time_.Timeline(), expected);
 }
 
 TEST_F(MessageTransmission, TimelineOfFiveFailures) {
   const QString path = File({"<L01><SA><CA>A", "<L02>"});
   EXPECT_FALSE(Send(path, 26, {2, 96}));
-  QStringList expected{QStringLiteral("@0 status \"Reading %1\"").arg(path)};
+  QStringList expected{u"@0 status \"Reading %1\""_s.arg(path)};
   for (int attempt = 0; attempt < 5; ++attempt) {
     const int from = 1100 * attempt;
-    expected << QStringLiteral("@%1 status \" Sending Line 1\"").arg(from)
-             << QStringLiteral("@%1 send <ID1A><L01><P007><SA><CA>A [CR][LF]").arg(from)
+    expected << u"@%1 status \" Sending Line 1\""_s.arg(from)
+             << u"@%1 send <ID1A><L01><P007><SA><CA>A [CR][LF]"_s.arg(from)
              << TicksAt(from + 100, from + 1100);
   }
   EXPECT_EQ(time_.Timeline(), expected);
@@ -113,17 +111,17 @@ TEST_F(MessageTransmission, TimelineOfAWrongAnswerOfEightBytes) {
   const QString path = File({"<L01>", "<L02>"});
   EXPECT_TRUE(Send(path, 26, {2, 96}));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Reading %1\"").arg(path),
-                                  QStringLiteral("@0 status \" Sending Line 1\""),
-                                  QStringLiteral("@0 send <ID1A><L01><P007> [CR][LF]"),
-                                  QStringLiteral("@20 status \" Sending Line 1\""),
-                                  QStringLiteral("@20 send <ID1A><L01><P007> [CR][LF]"),
-                                  QStringLiteral("@40 status \" Sending Line 1 <--- Ack\""),
-                                  QStringLiteral("@40 status \" Sending Line 2\""),
-                                  QStringLiteral("@40 send <ID1A><L02><P007> [CR][LF]"),
-                                  QStringLiteral("@60 status \" Sending Line 2 <--- Ack\""),
-                                  QStringLiteral("@160 tick"),
-                                  QStringLiteral("@260 tick"),
+                                  u"@0 status \"Reading %1\""_s.arg(path),
+                                  u"@0 status \" Sending Line 1\""_s,
+                                  u"@0 send <ID1A><L01><P007> [CR][LF]"_s,
+                                  u"@20 status \" Sending Line 1\""_s,
+                                  u"@20 send <ID1A><L01><P007> [CR][LF]"_s,
+                                  u"@40 status \" Sending Line 1 <--- Ack\""_s,
+                                  u"@40 status \" Sending Line 2\""_s,
+                                  u"@40 send <ID1A><L02><P007> [CR][LF]"_s,
+                                  u"@60 status \" Sending Line 2 <--- Ack\""_s,
+                                  u"@160 tick"_s,
+                                  u"@260 tick"_s,
                               }));
 }
 
@@ -133,15 +131,13 @@ TEST_F(MessageTransmission, TimelineOfNineBytes) {
   link_.AnswerAfter(20, "<ID1A>\r\n");
   const QString path = File({"<L01>", "<L02>"});
   EXPECT_TRUE(Send(path, 26, {2, 96}));
-  QStringList expected{QStringLiteral("@0 status \"Reading %1\"").arg(path)};
-  expected << QStringLiteral("@0 status \" Sending Line 1\"")
-           << QStringLiteral("@0 send <ID1A><L01><P007> [CR][LF]") << TicksAt(100, 1100)
-           << QStringLiteral("@1100 status \" Sending Line 1\"")
-           << QStringLiteral("@1100 send <ID1A><L01><P007> [CR][LF]")
-           << QStringLiteral("@1120 status \" Sending Line 1 <--- Ack\"")
-           << QStringLiteral("@1120 status \" Sending Line 2\"")
-           << QStringLiteral("@1120 send <ID1A><L02><P007> [CR][LF]")
-           << QStringLiteral("@1140 status \" Sending Line 2 <--- Ack\"") << TicksAt(1240, 1340);
+  QStringList expected{u"@0 status \"Reading %1\""_s.arg(path)};
+  expected << u"@0 status \" Sending Line 1\""_s << u"@0 send <ID1A><L01><P007> [CR][LF]"_s
+           << TicksAt(100, 1100) << u"@1100 status \" Sending Line 1\""_s
+           << u"@1100 send <ID1A><L01><P007> [CR][LF]"_s
+           << u"@1120 status \" Sending Line 1 <--- Ack\""_s
+           << u"@1120 status \" Sending Line 2\""_s << u"@1120 send <ID1A><L02><P007> [CR][LF]"_s
+           << u"@1140 status \" Sending Line 2 <--- Ack\""_s << TicksAt(1240, 1340);
   EXPECT_EQ(time_.Timeline(), expected);
 }
 
@@ -153,17 +149,17 @@ TEST_F(MessageTransmission, TimelineOfAnAnswerInPieces) {
   const QString path = File({"<L01>", "<L02>"});
   EXPECT_TRUE(Send(path, 26, {2, 96}));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Reading %1\"").arg(path),
-                                  QStringLiteral("@0 status \" Sending Line 1\""),
-                                  QStringLiteral("@0 send <ID1A><L01><P007> [CR][LF]"),
-                                  QStringLiteral("@100 tick"),
-                                  QStringLiteral("@200 tick"),
-                                  QStringLiteral("@220 status \" Sending Line 1 <--- Ack\""),
-                                  QStringLiteral("@220 status \" Sending Line 2\""),
-                                  QStringLiteral("@220 send <ID1A><L02><P007> [CR][LF]"),
-                                  QStringLiteral("@220 status \" Sending Line 2 <--- Ack\""),
-                                  QStringLiteral("@320 tick"),
-                                  QStringLiteral("@420 tick"),
+                                  u"@0 status \"Reading %1\""_s.arg(path),
+                                  u"@0 status \" Sending Line 1\""_s,
+                                  u"@0 send <ID1A><L01><P007> [CR][LF]"_s,
+                                  u"@100 tick"_s,
+                                  u"@200 tick"_s,
+                                  u"@220 status \" Sending Line 1 <--- Ack\""_s,
+                                  u"@220 status \" Sending Line 2\""_s,
+                                  u"@220 send <ID1A><L02><P007> [CR][LF]"_s,
+                                  u"@220 status \" Sending Line 2 <--- Ack\""_s,
+                                  u"@320 tick"_s,
+                                  u"@420 tick"_s,
                               }));
 }
 
@@ -171,15 +167,15 @@ TEST_F(MessageTransmission, TimelineForPanelId0) {
   const QString path = File({"<L01>", "<L02>"});
   EXPECT_TRUE(Send(path, 0, {2, 96}));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Reading %1\"").arg(path),
-                                  QStringLiteral("@0 status \" Sending Line 1\""),
-                                  QStringLiteral("@0 send <ID00><L01><P007> [CR][LF]"),
-                                  QStringLiteral("@0 status \" Sending Line 1 <--- Ack\""),
-                                  QStringLiteral("@0 status \" Sending Line 2\""),
-                                  QStringLiteral("@0 send <ID00><L02><P007> [CR][LF]"),
-                                  QStringLiteral("@0 status \" Sending Line 2 <--- Ack\""),
-                                  QStringLiteral("@100 tick"),
-                                  QStringLiteral("@200 tick"),
+                                  u"@0 status \"Reading %1\""_s.arg(path),
+                                  u"@0 status \" Sending Line 1\""_s,
+                                  u"@0 send <ID00><L01><P007> [CR][LF]"_s,
+                                  u"@0 status \" Sending Line 1 <--- Ack\""_s,
+                                  u"@0 status \" Sending Line 2\""_s,
+                                  u"@0 send <ID00><L02><P007> [CR][LF]"_s,
+                                  u"@0 status \" Sending Line 2 <--- Ack\""_s,
+                                  u"@100 tick"_s,
+                                  u"@200 tick"_s,
                               }));
 }
 
@@ -189,9 +185,8 @@ TEST_F(MessageTransmission, ATransmissionToId0IsFinishedWhenItsBytesHaveLeft) {
   const QString path = File({"<L01>", "<L02>" + QByteArray(80, 'x')});
   EXPECT_TRUE(Send(path, 0, {2, 96}));
   EXPECT_EQ(time_.Timeline().mid(4, 2),
-            (QStringList{QStringLiteral("@0 status \" Sending Line 2\""),
-                         QStringLiteral("@0 send <ID00><L02><P007>") + QString(80, u'x') +
-                             QStringLiteral(" [CR][LF]")}))
+            (QStringList{u"@0 status \" Sending Line 2\""_s,
+                         u"@0 send <ID00><L02><P007>"_s + QString(80, u'x') + u" [CR][LF]"_s}))
       << "no pause between the rows";
   EXPECT_EQ(time_.Now(), 1000 + 200) << "the pause begins when everything has left";
 }
@@ -201,7 +196,7 @@ TEST_F(MessageTransmission, ATransmissionToId0OverALineThatTakesNothingHasFailed
   EXPECT_FALSE(Send(File({"<L01>", "<L02>" + QByteArray(80, 'x')}), 0, {2, 96}));
   // 120 bytes at 9600, a quarter and two seconds more, and no pause.
   EXPECT_EQ(time_.Now(), 125 + 31 + 2000);
-  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@2156 close"));
+  EXPECT_EQ(time_.Timeline().last(), u"@2156 close"_s);
 }
 
 TEST_F(MessageTransmission, APageToId0OverALineThatIsLostBehindItsLastRowHasFailed) {
@@ -237,7 +232,7 @@ TEST_F(MessageTransmission, ThePacingOfAcknowledgedFramesDoesNotDependOnWhatHasL
     EXPECT_EQ(link_.Written().size() - sent, 1 + 5);
     EXPECT_EQ(time_.Now() - begin, 30 + 5 * 1100);
   }
-  EXPECT_FALSE(time_.Timeline().last().endsWith(QStringLiteral("close")));
+  EXPECT_FALSE(time_.Timeline().last().endsWith(u"close"_s));
 }
 
 TEST_F(MessageTransmission, AFailureOnLine3Of8LeavesLines1And2OnThePanelAndSendsNothingMore) {
@@ -287,49 +282,44 @@ TEST_F(MessageTransmission, WhatTheLinkHasReceivedBeforeALineIsDiscarded) {
 
 TEST_F(MessageTransmission,
        AFileWhoseRowsHeaderSays8SentToA16RowPanelIsRefusedBeforeAnythingIsSent) {
-  EXPECT_FALSE(Send(
-      folder_.Write(QStringLiteral("page.msg"), MessageFile(8, 96, QList<QByteArray>(8, "<L01>"))),
-      26, {16, 96}));
+  EXPECT_FALSE(Send(folder_.Write(u"page.msg"_s, MessageFile(8, 96, QList<QByteArray>(8, "<L01>"))),
+                    26, {16, 96}));
   EXPECT_TRUE(link_.Written().isEmpty());
   EXPECT_EQ(time_.Now(), 0);
 }
 
 TEST_F(MessageTransmission, AFileWith4DotColumnsIsRefusedEvenIfThePanelAlsoHas4) {
   EXPECT_FALSE(
-      Send(folder_.Write(QStringLiteral("page.msg"), MessageFile(2, 4, {"<L01>abc", "<L02>"})), 26,
-           {2, 4}));
+      Send(folder_.Write(u"page.msg"_s, MessageFile(2, 4, {"<L01>abc", "<L02>"})), 26, {2, 4}));
   EXPECT_TRUE(link_.Written().isEmpty());
 }
 
 TEST_F(MessageTransmission, AFileWith5DotColumnsIsSent) {
   for (int row = 0; row < 2; ++row) link_.AnswerAfter(1, "<ID1A>\r\n");
   EXPECT_TRUE(
-      Send(folder_.Write(QStringLiteral("page.msg"), MessageFile(2, 5, {"<L01>abc", "<L02>"})), 26,
-           {2, 5}));
+      Send(folder_.Write(u"page.msg"_s, MessageFile(2, 5, {"<L01>abc", "<L02>"})), 26, {2, 5}));
 }
 
 TEST_F(MessageTransmission, MoreThan12RowsAreRefusedBeforeAnythingIsSent) {
-  EXPECT_FALSE(Send(folder_.Write(QStringLiteral("page.msg"),
-                                  MessageFile(13, 96, QList<QByteArray>(13, "<L01>"))),
-                    26, {13, 96}));
+  EXPECT_FALSE(
+      Send(folder_.Write(u"page.msg"_s, MessageFile(13, 96, QList<QByteArray>(13, "<L01>"))), 26,
+           {13, 96}));
   EXPECT_TRUE(link_.Written().isEmpty());
 }
 
 TEST_F(MessageTransmission, FewerRowLinesThanRowsAreRefusedBeforeAnythingIsSent) {
-  EXPECT_FALSE(
-      Send(folder_.Write(QStringLiteral("page.msg"), MessageFile(2, 96, {"<L01>"})), 26, {2, 96}));
+  EXPECT_FALSE(Send(folder_.Write(u"page.msg"_s, MessageFile(2, 96, {"<L01>"})), 26, {2, 96}));
   EXPECT_TRUE(link_.Written().isEmpty());
 }
 
 TEST_F(MessageTransmission, ANegativeRowCountIsRefused) {
-  EXPECT_FALSE(Send(folder_.Write(QStringLiteral("page.msg"), MessageFile(-2, 96, {"<L01>"})), 26,
-                    {-2, 96}));
+  EXPECT_FALSE(Send(folder_.Write(u"page.msg"_s, MessageFile(-2, 96, {"<L01>"})), 26, {-2, 96}));
 }
 
 TEST_F(MessageTransmission, AFileOf29BytesIsRefused) {
   const QByteArray content = "*** Brivon Message File ***\r\n";
   ASSERT_EQ(content.size(), 29);
-  EXPECT_FALSE(Send(folder_.Write(QStringLiteral("page.msg"), content), 26, {0, 0}));
+  EXPECT_FALSE(Send(folder_.Write(u"page.msg"_s, content), 26, {0, 0}));
 }
 
 TEST_F(MessageTransmission, DateTimeAndGraphicsBecomeThePanelsCodes) {

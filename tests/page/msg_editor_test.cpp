@@ -33,6 +33,8 @@
 #include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* kQuestion = "File not saved. Save it now?";
@@ -58,9 +60,7 @@ class MsgEditor : public testing::Test {
 
   QPushButton* Button(const char* name) { return Find<QPushButton>(name); }
   void Press(const char* name) { QTest::mouseClick(Button(name), Qt::LeftButton); }
-  QWidget* Row(int number) {
-    return window_.findChild<QWidget*>(QStringLiteral("Picture1(%1)").arg(number));
-  }
+  QWidget* Row(int number) { return window_.findChild<QWidget*>(u"Picture1(%1)"_s.arg(number)); }
   QString FileName() { return Find<QLabel>("lblFileName")->text(); }
 
   void Keys(const char* text) { QTest::keyClicks(window_.focusWidget(), Text(text)); }
@@ -840,7 +840,7 @@ TEST_F(MsgEditor, ControlCharactersTypedInAnEditorAreIgnoredAndNoEdit) {
   for (const Qt::Key key : {Qt::Key_A, Qt::Key_J, Qt::Key_X, Qt::Key_BracketLeft}) {
     Key(key, Qt::ControlModifier);
   }
-  QKeyEvent tab(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QStringLiteral("\t"));
+  QKeyEvent tab(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, u"\t"_s);
   QApplication::sendEvent(Row(1), &tab);
   EXPECT_FALSE(Asks());
   EXPECT_EQ(RowLines(), "<L01>\r\n");

@@ -8,6 +8,8 @@
 
 #include "page/page_of.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::MoveKey;
@@ -42,7 +44,7 @@ TEST_F(RowAreaTest, ShowsAsManySurfacesAsThePageHasRowsAndHidesTheOthers) {
     EXPECT_EQ(surface.height(), 20);
     EXPECT_EQ(surface.width(), 16 * 12 + 5);
     EXPECT_EQ(surface.x(), 5);
-    EXPECT_EQ(surface.accessibleName(), QStringLiteral("Row %1").arg(row));
+    EXPECT_EQ(surface.accessibleName(), u"Row %1"_s.arg(row));
   }
   page_.Begin({12, 96});
   area_.LayOutRows();
@@ -138,7 +140,7 @@ TEST_F(RowAreaTest, TheNumbersStandBesideTheRowsAndTheCurrentOneIsMarked) {
   page_.SetCurrentRow(2);
   area_.MarkCurrentRow();
   for (int row = 1; row <= 12; ++row) {
-    const auto* number = area_.findChild<QLabel*>(QStringLiteral("lblRowNumber(%1)").arg(row));
+    const auto* number = area_.findChild<QLabel*>(u"lblRowNumber(%1)"_s.arg(row));
     ASSERT_NE(number, nullptr);
     EXPECT_EQ(number->text(), QString::number(row));
     EXPECT_EQ(number->isVisible(), row <= 3);

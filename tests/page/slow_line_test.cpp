@@ -12,15 +12,17 @@
 #include "support/raw_terminal.h"
 #include "support/send_dialog.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kFinished = QStringLiteral("Transmission finished!");
-const QString kFailure = QStringLiteral("Transmission failure!");
+const QString kFinished = u"Transmission finished!"_s;
+const QString kFailure = u"Transmission failure!"_s;
 
 class SlowLine : public testing::Test {
  protected:
   SlowLine() {
-    path_ = folder_.Write(QStringLiteral("page.msg"),
+    path_ = folder_.Write(u"page.msg"_s,
                           "*** Brivon Message File ***\r\nRow = 12\r\nCol = 999\r\n" + RowLines());
   }
 

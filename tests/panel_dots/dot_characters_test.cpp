@@ -6,6 +6,8 @@
 #include "panel_dots/dot_glyphs.h"
 #include "support/use_code_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace PanelDots {
 namespace {
 
@@ -94,7 +96,7 @@ TEST(DotCharacters, AnAccentIsKept) {
 TEST(DotCharacters, AByteIsTheLetterOfTheCodePage) {
   const auto text = [](char byte) { return TextOf({Cell::Kind::kCharacter, byte}, {}); };
   const UseCodePage russian(1251);
-  EXPECT_EQ(text('\xC6'), QStringLiteral("Ж"));
+  EXPECT_EQ(text('\xC6'), u"Ж"_s);
   EXPECT_EQ(Row("<SA><CA>\xC3", 6),  // Г
             "rrrrr.\n"
             "r.....\n"
@@ -105,9 +107,9 @@ TEST(DotCharacters, AByteIsTheLetterOfTheCodePage) {
             "r.....\n"
             "......\n");
   const UseCodePage greek(1253);
-  EXPECT_EQ(text('\xD8'), QStringLiteral("Ψ"));
-  EXPECT_EQ(text('\xD2'), QStringLiteral(" ")) << "undefined";
-  EXPECT_EQ(text('\x81'), QStringLiteral(" ")) << "undefined";
+  EXPECT_EQ(text('\xD8'), u"Ψ"_s);
+  EXPECT_EQ(text('\xD2'), u" "_s) << "undefined";
+  EXPECT_EQ(text('\x81'), u" "_s) << "undefined";
 }
 
 TEST(DotCharacters, EveryPrintableCharacterOfTheCodePageHasAGlyphOfItsOwnOrABlank) {
@@ -120,7 +122,7 @@ TEST(DotCharacters, EveryPrintableCharacterOfTheCodePageHasAGlyphOfItsOwnOrABlan
       const auto glyph = GlyphOf(text.at(0), compressed, false);
       EXPECT_EQ(glyph.columns, compressed ? 5 : 6) << byte;
       EXPECT_NE(glyph.rows, unknown.rows) << byte;
-      const bool is_blank = text == QStringLiteral(" ") || text == QString(QChar(0xA0));
+      const bool is_blank = text == u" "_s || text == QString(QChar(0xA0));
       EXPECT_EQ(glyph.rows == decltype(glyph.rows){}, is_blank) << byte;
       for (const unsigned row : glyph.rows) EXPECT_EQ(row >> glyph.columns, 0U) << byte;
     }

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray Contents(const QString& path) {
@@ -20,15 +22,14 @@ TEST(DotFont, IsWhatTheToolMakesOfTheBitmapFonts) {
   if (tool.isEmpty()) GTEST_SKIP() << "FreeType is missing (package libfreetype-dev)";
   QStringList arguments;
   for (const char* font : {"5x7", "6x10"}) {
-    arguments.append(
-        QStringLiteral("/usr/share/fonts/X11/misc/%1.pcf.gz").arg(QLatin1String(font)));
+    arguments.append(u"/usr/share/fonts/X11/misc/%1.pcf.gz"_s.arg(QLatin1String(font)));
     if (!QFileInfo::exists(arguments.last())) {
       GTEST_SKIP() << arguments.last().toStdString() << " is missing (package xfonts-base)";
     }
   }
   const QTemporaryDir folder;
   ASSERT_TRUE(folder.isValid());
-  const QString made = folder.filePath(QStringLiteral("table"));
+  const QString made = folder.filePath(u"table"_s);
   ASSERT_EQ(QProcess::execute(tool, arguments + QStringList{made}), 0);
   const QByteArray table = Contents(made);
   EXPECT_GT(table.count('\n'), 1000);

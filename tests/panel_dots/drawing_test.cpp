@@ -1,6 +1,8 @@
 #include "drawing_fixture.h"
 #include "panel_dots/panel_drawing.h"
 
+using namespace Qt::StringLiterals;
+
 namespace PanelDots {
 namespace {
 
@@ -181,9 +183,9 @@ TEST_F(DrawingTest, BlinksInStep) {
 
 TEST_F(DrawingTest, FillsInThePanelsDateAndTime) {
   const QList<Cell> row = ParseCells("<DD> at <DT> <GA>!");
-  EXPECT_EQ(RowText(row, picture_.clock), QStringLiteral("21 NOV 2026 at 09:05 [A]!"));
+  EXPECT_EQ(RowText(row, picture_.clock), u"21 NOV 2026 at 09:05 [A]!"_s);
   EXPECT_EQ(RowText(row, QDateTime(QDate(2027, 3, 1), QTime(23, 59, 59))),
-            QStringLiteral("01 MAR 2027 at 23:59 [A]!"));
+            u"01 MAR 2027 at 23:59 [A]!"_s);
 
   // A date is eleven characters wide, a time five.
   SetRow(1, "<SB><CJ><DD><CK> ");

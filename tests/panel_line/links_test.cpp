@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -50,11 +52,11 @@ class ScriptedPort : public ScriptedEnd<SerialPort> {
   using ScriptedEnd::ScriptedEnd;
 
   bool Open(const QString& device, const QByteArray& settings) override {
-    moves.append(device + QStringLiteral(" ") + QString::fromLatin1(settings));
+    moves.append(device + u" "_s + QString::fromLatin1(settings));
     return opens;
   }
-  void SetDtr(bool raised) override { moves.append(QStringLiteral("DTR %1").arg(raised)); }
-  void SetRts(bool raised) override { moves.append(QStringLiteral("RTS %1").arg(raised)); }
+  void SetDtr(bool raised) override { moves.append(u"DTR %1"_s.arg(raised)); }
+  void SetRts(bool raised) override { moves.append(u"RTS %1"_s.arg(raised)); }
 
   bool opens = true;
   QStringList moves;
@@ -65,7 +67,7 @@ class ScriptedSocket : public ScriptedEnd<TcpSocket> {
   using ScriptedEnd::ScriptedEnd;
 
   void Connect(const QString& host, int port) override {
-    requests.append(QStringLiteral("%1 %2").arg(host).arg(port));
+    requests.append(u"%1 %2"_s.arg(host).arg(port));
     requested_at_ = clock_.now;
   }
   bool IsConnected() const override {
@@ -94,7 +96,7 @@ TEST(Links, TheSerialPortIsOpenedAtTheConfiguredPortAndSpeed) {
   SteppingClock clock;
   ScriptedPort port(clock);
   EXPECT_TRUE(OpenSerialPort(port, configuration));
-  EXPECT_EQ(port.moves, QStringList{QStringLiteral("/dev/ttyS2 19200,N,8,1")});
+  EXPECT_EQ(port.moves, QStringList{u"/dev/ttyS2 19200,N,8,1"_s});
 }
 
 TEST(Links, ADeviceNamedForThePortIsOpenedInstead) {
@@ -103,7 +105,7 @@ TEST(Links, ADeviceNamedForThePortIsOpenedInstead) {
   SteppingClock clock;
   ScriptedPort port(clock);
   EXPECT_TRUE(OpenSerialPort(port, configuration));
-  EXPECT_EQ(port.moves, QStringList{QStringLiteral("/dev/ttyUSB0 9600,N,8,1")});
+  EXPECT_EQ(port.moves, QStringList{u"/dev/ttyUSB0 9600,N,8,1"_s});
 }
 
 TEST(Links, ASerialPortThatCannotBeOpenedGivesFalse) {
@@ -122,9 +124,8 @@ TEST(Links, TheControlLinesAreSetAsTheyAreConfiguredOnceThePortIsOpen) {
     return port.moves.mid(1);
   };
   EXPECT_EQ(moves(""), QStringList());
-  EXPECT_EQ(moves("Com2Rts=0\r\n"), QStringList{QStringLiteral("RTS 0")});
-  EXPECT_EQ(moves("Com2Dtr=0\r\nCom2Rts=1\r\n"),
-            (QStringList{QStringLiteral("DTR 0"), QStringLiteral("RTS 1")}));
+  EXPECT_EQ(moves("Com2Rts=0\r\n"), QStringList{u"RTS 0"_s});
+  EXPECT_EQ(moves("Com2Dtr=0\r\nCom2Rts=1\r\n"), (QStringList{u"DTR 0"_s, u"RTS 1"_s}));
   EXPECT_EQ(moves("Com1Dtr=0\r\nCom1Rts=0\r\n"), QStringList()) << "another port's";
 }
 
@@ -161,8 +162,8 @@ TEST(Links, ALinkIsClosedWhenWhatWasWrittenHasLeft) {
 TEST(Links, AConnectionIsRequestedOnceAndCheckedOnce500MillisecondsLater) {
   SteppingClock clock;
   ScriptedSocket socket(clock);
-  EXPECT_TRUE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
-  EXPECT_EQ(socket.requests, QStringList{QStringLiteral("192.168.1.50 2101")});
+  EXPECT_TRUE(OpenTcpLink(socket, clock, u"192.168.1.50"_s, 2101));
+  EXPECT_EQ(socket.requests, QStringList{u"192.168.1.50 2101"_s});
   EXPECT_EQ(socket.checks, 1);
   EXPECT_EQ(clock.now, 1500);
 }
@@ -171,7 +172,7 @@ TEST(Links, ATcpPanelThatAcceptsAfter600MillisecondsIsNotConnected) {
   SteppingClock clock;
   ScriptedSocket socket(clock);
   socket.accepts_after = 600;
-  EXPECT_FALSE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
+  EXPECT_FALSE(OpenTcpLink(socket, clock, u"192.168.1.50"_s, 2101));
   EXPECT_EQ(clock.now, 1500);
   EXPECT_EQ(socket.requests.size(), 1);
   EXPECT_EQ(socket.checks, 1);
@@ -181,16 +182,16 @@ TEST(Links, ATcpPanelThatAcceptsAfter500MillisecondsIsConnected) {
   SteppingClock clock;
   ScriptedSocket socket(clock);
   socket.accepts_after = 500;
-  EXPECT_TRUE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
+  EXPECT_TRUE(OpenTcpLink(socket, clock, u"192.168.1.50"_s, 2101));
   socket.accepts_after = 501;
-  EXPECT_FALSE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
+  EXPECT_FALSE(OpenTcpLink(socket, clock, u"192.168.1.50"_s, 2101));
 }
 
 TEST(Links, AConnectionThatTheProgramsEndCutsShortIsNotUsed) {
   SteppingClock clock;
   clock.is_program_ending = true;
   ScriptedSocket socket(clock);
-  EXPECT_FALSE(OpenTcpLink(socket, clock, QStringLiteral("192.168.1.50"), 2101));
+  EXPECT_FALSE(OpenTcpLink(socket, clock, u"192.168.1.50"_s, 2101));
   EXPECT_LT(clock.now, 1500);
 }
 

@@ -18,6 +18,8 @@
 #include "support/program_folder.h"
 #include "support/raw_terminal.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -129,7 +131,7 @@ TEST_F(SerialLinkTest, APortThatIsLostWhileAFrameWaitsIsFoundOut) {
 }
 
 TEST_F(SerialLinkTest, ThePortStandsAtItsSpeedAndFormatWhenItIsOpened) {
-  auto* port = link_.findChild<QSerialPort*>(QStringLiteral("Comm1"));
+  auto* port = link_.findChild<QSerialPort*>(u"Comm1"_s);
   QList<bool> was_open;
   QObject::connect(port, &QSerialPort::baudRateChanged, [&] { was_open.append(port->isOpen()); });
   ASSERT_TRUE(link_.Open(terminal_.Device(), "19200,N,8,1"));
@@ -146,7 +148,7 @@ TEST_F(SerialLinkTest, ThePortStandsAtItsSpeedAndFormatWhenItIsOpened) {
 TEST_F(SerialLinkTest, ASpeedOf0CannotBeOpened) {
   for (const char* settings : {"0,N,8,1", "fast,N,8,1", ""}) {
     EXPECT_FALSE(link_.Open(terminal_.Device(), settings));
-    EXPECT_EQ(link_.FailureReason(), terminal_.Device() + QStringLiteral(": 0 baud"));
+    EXPECT_EQ(link_.FailureReason(), terminal_.Device() + u": 0 baud"_s);
   }
   EXPECT_TRUE(link_.Open(terminal_.Device(), "300,N,8,1"));
 }
@@ -154,8 +156,8 @@ TEST_F(SerialLinkTest, ASpeedOf0CannotBeOpened) {
 TEST_F(SerialLinkTest, APortWithoutControlLinesGoesOnWithoutThem) {
   ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
   int refused = 0;  // a pseudo-terminal has none, so that the port refuses what it is asked for
-  QObject::connect(link_.findChild<QSerialPort*>(QStringLiteral("Comm1")),
-                   &QSerialPort::errorOccurred, [&] { ++refused; });
+  QObject::connect(link_.findChild<QSerialPort*>(u"Comm1"_s), &QSerialPort::errorOccurred,
+                   [&] { ++refused; });
   link_.SetDtr(false);
   EXPECT_GT(refused, 0);
   const int before = refused;
@@ -171,7 +173,7 @@ TEST_F(SerialLinkTest, APortWithoutControlLinesGoesOnWithoutThem) {
 TEST_F(SerialLinkTest, ALostPortIsFoundOutKeepsWhatCameBeforeAndCanBeClosed) {
   // Through a link that goes with the port: the system may give the port's own name away again.
   const TemporaryProgramFolder folder;
-  const QString port = folder.Path(QStringLiteral("port"));
+  const QString port = folder.Path(u"port"_s);
   ASSERT_TRUE(QFile::link(terminal_.Device(), port));
   ASSERT_TRUE(link_.Open(port, "9600,N,8,1"));
   terminal_.Unplug();
@@ -186,21 +188,21 @@ TEST_F(SerialLinkTest, ALostPortIsFoundOutKeepsWhatCameBeforeAndCanBeClosed) {
 
 TEST_F(SerialLinkTest, WhatIsNoSerialPortCannotBeOpened) {
   const TemporaryProgramFolder folder;
-  const QString file = folder.Write(QStringLiteral("file"), "old");
-  const QString pipe = folder.Path(QStringLiteral("pipe"));
+  const QString file = folder.Write(u"file"_s, "old");
+  const QString pipe = folder.Path(u"pipe"_s);
   ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-  for (const QString& device : {file, pipe, folder.Path(QString()), QStringLiteral("/dev/null"),
-                                QString(), QString(5000, u'x')}) {
+  for (const QString& device :
+       {file, pipe, folder.Path(QString()), u"/dev/null"_s, QString(), QString(5000, u'x')}) {
     EXPECT_FALSE(link_.Open(device, "9600,N,8,1")) << device.toStdString();
-    EXPECT_TRUE(link_.FailureReason().startsWith(device + QStringLiteral(": ")))
+    EXPECT_TRUE(link_.FailureReason().startsWith(device + u": "_s))
         << link_.FailureReason().toStdString();
   }
-  EXPECT_EQ(folder.Read(QStringLiteral("file")), "old");
+  EXPECT_EQ(folder.Read(u"file"_s), "old");
 }
 
 TEST_F(SerialLinkTest, APortWithoutPermissionNamesTheGroupThatGrantsIt) {
   const TemporaryProgramFolder folder;
-  const QString device = folder.Write(QStringLiteral("port"), "");
+  const QString device = folder.Write(u"port"_s, "");
   const QByteArray name = QFile::encodeName(device);
   // The group may use the port, its owner may not.
   ASSERT_EQ(chmod(name.constData(), 0060), 0);
@@ -219,15 +221,15 @@ TEST_F(SerialLinkTest, APortWithoutPermissionNamesTheGroupThatGrantsIt) {
     ASSERT_EQ(setresuid(0, 0, 0), 0);
   }
   EXPECT_FALSE(opened);
-  EXPECT_EQ(reason, device + QStringLiteral(": Permission denied\nThe group \"") + group +
-                        QStringLiteral("\" may use this port: add your user to it and log in "
-                                       "again."))
+  EXPECT_EQ(reason, device + u": Permission denied\nThe group \""_s + group +
+                        u"\" may use this port: add your user to it and log in "
+                        "again."_s)
       << reason.toStdString();
 }
 
 TEST_F(SerialLinkTest, AGroupThatMayNotUseThePortIsNotNamed) {
   const TemporaryProgramFolder folder;
-  const QString device = folder.Write(QStringLiteral("port"), "");
+  const QString device = folder.Write(u"port"_s, "");
   ASSERT_EQ(chmod(QFile::encodeName(device).constData(), 0), 0);
   EXPECT_FALSE(link_.Open(device, "9600,N,8,1"));
   EXPECT_FALSE(link_.FailureReason().contains(QLatin1Char('\n')))
@@ -238,7 +240,7 @@ class TcpLinkTest : public testing::Test {
  protected:
   TcpLinkTest() {
     if (!server_.listen(QHostAddress(QHostAddress::LocalHost))) qFatal("cannot listen");
-    link_.Connect(QStringLiteral("127.0.0.1"), server_.serverPort());
+    link_.Connect(u"127.0.0.1"_s, server_.serverPort());
     EXPECT_TRUE(
         QTest::qWaitFor([this] { return link_.IsConnected() && server_.hasPendingConnections(); }));
     panel_ = server_.nextPendingConnection();
@@ -297,12 +299,12 @@ TEST_F(TcpLinkTest, APanelThatTakesNothingIsGivenUpWhileTheWindowLives) {
 TEST_F(TcpLinkTest, WhatThePanelHasNotTakenFromTheSystemHasNotLeft) {
   panel_->setReadBufferSize(1);
   link_.Write(QByteArray(20'000'000, 'x'));
-  auto* socket = link_.findChild<QTcpSocket*>(QStringLiteral("Winsock1"));
+  auto* socket = link_.findChild<QTcpSocket*>(u"Winsock1"_s);
   EXPECT_TRUE(QTest::qWaitFor([&] { return link_.Unsent() > socket->bytesToWrite(); }));
 }
 
 TEST_F(TcpLinkTest, ASocketThatIsInUseIsClosedByTheNextRequest) {
-  link_.Connect(QStringLiteral("127.0.0.1"), server_.serverPort());
+  link_.Connect(u"127.0.0.1"_s, server_.serverPort());
   EXPECT_TRUE(QTest::qWaitFor([this] {
     return link_.IsConnected() && panel_->state() == QAbstractSocket::UnconnectedState;
   }));

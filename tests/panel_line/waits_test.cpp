@@ -4,6 +4,8 @@
 
 #include "support/virtual_time.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -219,7 +221,7 @@ TEST_F(Waits, ALineThatTakesNothingIsGivenUpAQuarterAndTwoSecondsAfterItsTime) {
   link_.Write(QByteArray(960, 'x'));  // a second at 9600
   EXPECT_FALSE(DrainLink(link_, clock_));
   EXPECT_EQ(time_.Now(), 1000 + 250 + 2000);
-  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@3250 close"));
+  EXPECT_EQ(time_.Timeline().last(), u"@3250 close"_s);
 }
 
 TEST_F(Waits, ALineThatIsJustInTimeIsNotGivenUp) {
@@ -244,7 +246,7 @@ TEST_F(Waits, TheEndOfTheProgramEndsTheDrainAndGivesTheRestUp) {
   clock_.EndProgram();
   EXPECT_FALSE(DrainLink(link_, clock_));
   EXPECT_EQ(time_.Now(), 0);
-  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@0 close"));
+  EXPECT_EQ(time_.Timeline().last(), u"@0 close"_s);
 }
 
 }  // namespace

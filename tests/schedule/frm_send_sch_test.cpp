@@ -20,13 +20,15 @@
 #include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kFailure = QStringLiteral("Transmission failure!");
-const QString kNoLink = QStringLiteral("Cannot create TCP link!");
-const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
-const QString kWrongDimension = QStringLiteral("Dimension not matched!");
-const QString kEnterLetter = QStringLiteral("Please enter A-J");
+const QString kFailure = u"Transmission failure!"_s;
+const QString kNoLink = u"Cannot create TCP link!"_s;
+const QString kNoPort = u"Fail to initialize communication port!"_s;
+const QString kWrongDimension = u"Dimension not matched!"_s;
+const QString kEnterLetter = u"Please enter A-J"_s;
 
 class Dialog : public SendDialog<frmSendSch> {
  public:
@@ -75,15 +77,13 @@ class OverBothLinks : public testing::TestWithParam<LineKind> {
   explicit OverBothLinks(int rows) : bench_(GetParam(), {{26, rows, 96, true}}) {}
 
   QString Finished() const {
-    return GetParam() == LineKind::kTcp
-               ? QStringLiteral("Schedules file is sent successfully through network")
-               : QStringLiteral("Transmission finished!");
+    return GetParam() == LineKind::kTcp ? u"Schedules file is sent successfully through network"_s
+                                        : u"Transmission finished!"_s;
   }
 
   /// The texts of a send that failed at `file`.
   QStringList FailedAt(const QString& file) {
-    return {QStringLiteral("Error in sending ") + bench_.Folder().Path(file) + QLatin1Char('!'),
-            kFailure};
+    return {u"Error in sending "_s + bench_.Folder().Path(file) + QLatin1Char('!'), kFailure};
   }
 
   PanelBench bench_;
@@ -92,18 +92,17 @@ class OverBothLinks : public testing::TestWithParam<LineKind> {
 class SendSchedule : public OverBothLinks {
  protected:
   SendSchedule() : OverBothLinks(2) {
-    const QString first = bench_.Folder().Write(QStringLiteral("first.msg"), kFirstFile);
-    const QString second = bench_.Folder().Write(QStringLiteral("second.msg"), kSecondFile);
-    path_ = bench_.Folder().Write(
-        QStringLiteral("week.sch"),
-        ScheduleFile(k2x96,
-                     {{first, "5", "wipe left"}, {second, "3", "Sparkle"}, {first, "4", ""}}));
+    const QString first = bench_.Folder().Write(u"first.msg"_s, kFirstFile);
+    const QString second = bench_.Folder().Write(u"second.msg"_s, kSecondFile);
+    path_ = bench_.Folder().Write(u"week.sch"_s, ScheduleFile(k2x96, {{first, "5", "wipe left"},
+                                                                      {second, "3", "Sparkle"},
+                                                                      {first, "4", ""}}));
   }
 
   /// Makes the dialog ready to send to the bench's panel under the letter "a".
   void FillIn(Dialog& dialog) {
     dialog.ChoosePanel(0);
-    dialog.TypeLetter(QStringLiteral("a"));
+    dialog.TypeLetter(u"a"_s);
   }
 
   void ExpectTheNextSendWorks(Dialog& dialog) {
@@ -128,7 +127,7 @@ TEST_P(SendSchedule, TheMessageFilesArriveAsPagesAndThenTheSchedule) {
   FillIn(dialog);
   EXPECT_EQ(dialog.Send(), QStringList{Finished()});
   EXPECT_EQ(bench_.Frames(), kShortFrames);
-  EXPECT_EQ(dialog.Shown("lblSendStatus"), QStringLiteral("<--- Ack"));
+  EXPECT_EQ(dialog.Shown("lblSendStatus"), u"<--- Ack"_s);
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -138,7 +137,7 @@ class SendLongSchedule : public OverBothLinks {
   SendLongSchedule() : OverBothLinks(4) {
     for (int file = 1; file <= 12; ++file) {
       const QByteArray number = QByteArray::number(file);
-      files_.append(bench_.Folder().Write(QStringLiteral("stop%1.msg").arg(file),
+      files_.append(bench_.Folder().Write(u"stop%1.msg"_s.arg(file),
                                           "*** Brivon Message File ***\r\nRow = 4\r\n"
                                           "Col = 96\r\n"
                                           "<L01><SA><CB>Stop " +
@@ -157,8 +156,7 @@ class SendLongSchedule : public OverBothLinks {
       const qsizetype step = steps.size();
       steps.append({files_.at(file - 1), QByteArray::number(step + 1), features[step % 8]});
     }
-    path_ = bench_.Folder().Write(QStringLiteral("long.sch"),
-                                  ScheduleFile("Row =4\r\nCol =96\r\n", steps));
+    path_ = bench_.Folder().Write(u"long.sch"_s, ScheduleFile("Row =4\r\nCol =96\r\n", steps));
   }
 
   /// The four frames of a file as the page of these three digits.
@@ -178,7 +176,7 @@ INSTANTIATE_TEST_SUITE_P(Links, SendLongSchedule,
 TEST_P(SendLongSchedule, ThirtyTwoSequencesOverTwelveFilesArriveByteForByte) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("c"));
+  dialog.TypeLetter(u"c"_s);
   EXPECT_EQ(dialog.Send(), QStringList{Finished()});
   const QByteArray pages[] = {"025", "026", "027", "028", "029", "030",
                               "031", "032", "033", "034", "035", "036"};
@@ -201,8 +199,8 @@ TEST_P(SendLongSchedule, AFailureInTheFifthFileSendsNothingOfTheSixthAndNoSchedu
                    });
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("J"));
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("stop5.msg")));
+  dialog.TypeLetter(u"J"_s);
+  EXPECT_EQ(dialog.Send(), FailedAt(u"stop5.msg"_s));
   QList<QByteArray> expected = FileFrames(1, "109") + FileFrames(2, "110") + FileFrames(3, "111") +
                                FileFrames(4, "112") + FileFrames(5, "113").first(1);
   expected += QList<QByteArray>(5, "<ID1A><L02><P113><CC>via town \r\n");
@@ -212,12 +210,12 @@ TEST_P(SendLongSchedule, AFailureInTheFifthFileSendsNothingOfTheSixthAndNoSchedu
 }
 
 TEST_P(SendLongSchedule, AFifthFileThatLacksARowIsFoundOutBeforeItsFirstFrame) {
-  bench_.Folder().Write(QStringLiteral("stop5.msg"),
+  bench_.Folder().Write(u"stop5.msg"_s,
                         "*** Brivon Message File ***\r\nRow = 4\r\nCol = 96\r\n<L01>\r\n");
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("A"));
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("stop5.msg")));
+  dialog.TypeLetter(u"A"_s);
+  EXPECT_EQ(dialog.Send(), FailedAt(u"stop5.msg"_s));
   EXPECT_EQ(bench_.Frames(), FileFrames(1, "001") + FileFrames(2, "002") + FileFrames(3, "003") +
                                  FileFrames(4, "004"));
 }
@@ -225,16 +223,13 @@ TEST_P(SendLongSchedule, AFifthFileThatLacksARowIsFoundOutBeforeItsFirstFrame) {
 TEST_P(SendLongSchedule, AFileThatTheTransmissionRefusesGivesItsMessageAndSendsNothing) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("A"));
-  bench_.Folder().Write(QStringLiteral("stop3.msg"), SampleMessageFile(4, 80));
-  EXPECT_EQ(dialog.Send(),
-            (QStringList{QStringLiteral("Dimension Not Match: ") + files_.at(2), kFailure}));
-  bench_.Folder().Write(QStringLiteral("stop3.msg"), QByteArray(100, 'x'));
-  EXPECT_EQ(dialog.Send(),
-            (QStringList{QStringLiteral("Error in opening file: ") + files_.at(2), kFailure}));
+  dialog.TypeLetter(u"A"_s);
+  bench_.Folder().Write(u"stop3.msg"_s, SampleMessageFile(4, 80));
+  EXPECT_EQ(dialog.Send(), (QStringList{u"Dimension Not Match: "_s + files_.at(2), kFailure}));
+  bench_.Folder().Write(u"stop3.msg"_s, QByteArray(100, 'x'));
+  EXPECT_EQ(dialog.Send(), (QStringList{u"Error in opening file: "_s + files_.at(2), kFailure}));
   ASSERT_TRUE(QFile::remove(files_.at(2)));
-  EXPECT_EQ(dialog.Send(),
-            (QStringList{QStringLiteral("File not found: ") + files_.at(2), kFailure}));
+  EXPECT_EQ(dialog.Send(), (QStringList{u"File not found: "_s + files_.at(2), kFailure}));
   EXPECT_TRUE(bench_.Frames().isEmpty());
   EXPECT_TRUE(dialog.IsReady());
 }
@@ -244,14 +239,14 @@ TEST_P(SendSchedule, TheBoxesArePlainAndBearTheWindowsCaption) {
   FillIn(dialog);
   const MessageBoxReader boxes;
   dialog.Click("butSend");
-  dialog.TypeLetter(QStringLiteral("K"));
+  dialog.TypeLetter(u"K"_s);
   dialog.Click("butSend");
   bench_.Unplug();
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), (QStringList{Finished(), kEnterLetter, kFailure,
                                         GetParam() == LineKind::kTcp ? kNoLink : kNoPort}));
   for (const SeenMessageBox& box : boxes.Seen()) {
-    EXPECT_EQ(box.title, QStringLiteral("Send Schedule"));
+    EXPECT_EQ(box.title, u"Send Schedule"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);
     EXPECT_EQ(box.buttons, QMessageBox::Ok);
     EXPECT_EQ(box.parent, &dialog.window);
@@ -265,17 +260,14 @@ TEST_P(SendSchedule, TheResultsComeFromTheLanguageFile) {
   Dialog dialog(path_);
   FillIn(dialog);
   EXPECT_EQ(dialog.Send(),
-            QStringList{GetParam() == LineKind::kTcp ? QStringLiteral("Zeitplan ist da!")
-                                                     : QStringLiteral("Fertig!")});
+            QStringList{GetParam() == LineKind::kTcp ? u"Zeitplan ist da!"_s : u"Fertig!"_s});
   bench_.Fail({.garbage = true});
   EXPECT_EQ(dialog.Send(),
-            (QStringList{QStringLiteral("Fehler bei ") +
-                             bench_.Folder().Path(QStringLiteral("first.msg")) + QLatin1Char('!'),
-                         QStringLiteral("Fehler!")}));
+            (QStringList{u"Fehler bei "_s + bench_.Folder().Path(u"first.msg"_s) + QLatin1Char('!'),
+                         u"Fehler!"_s}));
   bench_.Unplug();
   EXPECT_EQ(dialog.Send(),
-            QStringList{GetParam() == LineKind::kTcp ? QStringLiteral("Kein Netz!")
-                                                     : QStringLiteral("Kein Anschluss!")});
+            QStringList{GetParam() == LineKind::kTcp ? u"Kein Netz!"_s : u"Kein Anschluss!"_s});
 }
 
 TEST_P(SendSchedule, ALanguageFileWithoutTheResultLeavesTheEnglishOne) {
@@ -286,7 +278,7 @@ TEST_P(SendSchedule, ALanguageFileWithoutTheResultLeavesTheEnglishOne) {
 }
 
 TEST_P(SendSchedule, WithoutALanguageTheLanguageFileSaysNothing) {
-  bench_.Folder().Write(QStringLiteral("langSetting.INI"),
+  bench_.Folder().Write(u"langSetting.INI"_s,
                         "[Message]\r\nmsgTxOK=Fertig!\r\nmsgSendSchOK=Zeitplan ist da!\r\n");
   Dialog dialog(path_);
   FillIn(dialog);
@@ -309,10 +301,8 @@ TEST_P(SendSchedule, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
                      EXPECT_TRUE(dialog.window.isVisible());
                    });
   EXPECT_EQ(dialog.Send(), QStringList{Finished()});
-  EXPECT_EQ(statuses,
-            (QStringList{QStringLiteral(" Sending Line 1"), QStringLiteral(" Sending Line 2"),
-                         QStringLiteral(" Sending Line 1"), QStringLiteral(" Sending Line 2"),
-                         QStringLiteral("Schedule--->")}));
+  EXPECT_EQ(statuses, (QStringList{u" Sending Line 1"_s, u" Sending Line 2"_s, u" Sending Line 1"_s,
+                                   u" Sending Line 2"_s, u"Schedule--->"_s}));
   EXPECT_TRUE(dialog.window.isVisible());
   EXPECT_TRUE(dialog.IsReady());
   QTest::keyClick(&dialog.window, Qt::Key_Escape);
@@ -323,10 +313,10 @@ TEST_P(SendSchedule, ALetterTypedWhileItSendsIsForTheNextSend) {
   Dialog dialog(path_);
   FillIn(dialog);
   QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
-                   [&] { dialog.TypeLetter(QStringLiteral("b")); });
+                   [&] { dialog.TypeLetter(u"b"_s); });
   EXPECT_EQ(dialog.Send(), QStringList{Finished()});
   EXPECT_EQ(bench_.Frames(), kShortFrames);
-  EXPECT_EQ(dialog.Find<QLineEdit>("txtSchNo")->text(), QStringLiteral("b"));
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtSchNo")->text(), u"b"_s);
 }
 
 TEST_P(SendSchedule, ReturnInTheLetterSendsAndTheKeyboardStaysThere) {
@@ -366,14 +356,14 @@ TEST_P(SendSchedule, ALetterKIsRefusedByTheTransmissionStepWithPleaseEnterAToJ) 
     EXPECT_EQ(dialog.Send(), (QStringList{kEnterLetter, kFailure})) << letter;
   }
   EXPECT_TRUE(bench_.Frames().isEmpty());
-  dialog.TypeLetter(QStringLiteral("A"));
+  dialog.TypeLetter(u"A"_s);
   ExpectTheNextSendWorks(dialog);
 }
 
 TEST_P(SendSchedule, ALowerCaseLetterIsTakenAsUpperCase) {
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("j"));
+  dialog.TypeLetter(u"j"_s);
   EXPECT_EQ(dialog.Send(), QStringList{Finished()});
   EXPECT_EQ(bench_.Frames().value(0), "<ID1A><L01><P109><SA><CA>Open  \r\n");
   EXPECT_EQ(bench_.Frames().value(4), "<ID1A><TJ>608**10905E,11003A,10904A\r\n");
@@ -381,8 +371,7 @@ TEST_P(SendSchedule, ALowerCaseLetterIsTakenAsUpperCase) {
 
 TEST_P(SendSchedule, ADimensionThatDoesNotMatchIsRefusedBeforeTheLineIsOpened) {
   const QString other = bench_.Folder().Write(
-      QStringLiteral("other.sch"),
-      ScheduleFile("Row =2\r\nCol =128\r\n", {{QStringLiteral("a.msg"), "1", "Flip"}}));
+      u"other.sch"_s, ScheduleFile("Row =2\r\nCol =128\r\n", {{u"a.msg"_s, "1", "Flip"}}));
   Dialog dialog(other);
   FillIn(dialog);
   bench_.Unplug();  // opening it would give a message of its own
@@ -397,30 +386,28 @@ TEST_P(SendSchedule, ADimensionThatDoesNotMatchIsRefusedBeforeTheLineIsOpened) {
 TEST_P(SendSchedule, AScheduleSavedForAnotherPanelSinceItWasChosenIsRefused) {
   Dialog dialog(path_);
   FillIn(dialog);
-  bench_.Folder().Write(
-      QStringLiteral("week.sch"),
-      ScheduleFile("Row =1\r\nCol =96\r\n", {{QStringLiteral("a.msg"), "1", "Flip"}}));
+  bench_.Folder().Write(u"week.sch"_s,
+                        ScheduleFile("Row =1\r\nCol =96\r\n", {{u"a.msg"_s, "1", "Flip"}}));
   EXPECT_EQ(dialog.Send(), QStringList{kWrongDimension});
-  EXPECT_EQ(dialog.Shown("lblRow"), QStringLiteral("1"));
-  EXPECT_EQ(dialog.Shown("lblCol"), QStringLiteral("96"));
+  EXPECT_EQ(dialog.Shown("lblRow"), u"1"_s);
+  EXPECT_EQ(dialog.Shown("lblCol"), u"96"_s);
   EXPECT_TRUE(bench_.Frames().isEmpty());
 }
 
 TEST_P(SendSchedule, AFileThatIsNoScheduleAnyMoreFailsInTheTransmission) {
   Dialog dialog(path_);
   FillIn(dialog);
-  bench_.Folder().Write(QStringLiteral("week.sch"), QByteArray(100, 'x'));
+  bench_.Folder().Write(u"week.sch"_s, QByteArray(100, 'x'));
   EXPECT_EQ(dialog.Send(), QStringList{kFailure});
   EXPECT_TRUE(bench_.Frames().isEmpty());
   EXPECT_TRUE(dialog.IsReady());
 }
 
 TEST_P(SendSchedule, AnEmptyScheduleFailsWithItsMessage) {
-  bench_.Folder().Write(QStringLiteral("week.sch"),
-                        ScheduleFile(k2x96, {{QString(), "1", "Flip"}}));
+  bench_.Folder().Write(u"week.sch"_s, ScheduleFile(k2x96, {{QString(), "1", "Flip"}}));
   Dialog dialog(path_);
   FillIn(dialog);
-  EXPECT_EQ(dialog.Send(), (QStringList{QStringLiteral("Empty Schedule File!"), kFailure}));
+  EXPECT_EQ(dialog.Send(), (QStringList{u"Empty Schedule File!"_s, kFailure}));
   EXPECT_TRUE(bench_.Frames().isEmpty());
 }
 
@@ -428,9 +415,9 @@ TEST_P(SendSchedule, ASilentPanelFailsAfterFiveAttemptsAtTheFirstRow) {
   bench_.Fail({.silent = true});
   Dialog dialog(path_);
   FillIn(dialog);
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("first.msg")));
+  EXPECT_EQ(dialog.Send(), FailedAt(u"first.msg"_s));
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, kShortFrames.at(0)));
-  EXPECT_EQ(dialog.Shown("lblSendStatus"), QStringLiteral(" Sending Line 1"));
+  EXPECT_EQ(dialog.Shown("lblSendStatus"), u" Sending Line 1"_s);
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -443,7 +430,7 @@ TEST_P(SendSchedule, AScheduleFrameThatIsNeverAcknowledgedFailsWithOneMessage) {
   FillIn(dialog);
   EXPECT_EQ(dialog.Send(), QStringList{kFailure});
   EXPECT_EQ(bench_.Frames(), kShortFrames.first(4) + QList<QByteArray>(5, kShortFrames.at(4)));
-  EXPECT_EQ(dialog.Shown("lblSendStatus"), QStringLiteral("Schedule--->"));
+  EXPECT_EQ(dialog.Shown("lblSendStatus"), u"Schedule--->"_s);
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -451,7 +438,7 @@ TEST_P(SendSchedule, GarbledAnswersAreRefusedFiveTimesAtOnce) {
   bench_.Fail({.garbage = true});
   Dialog dialog(path_);
   FillIn(dialog);
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("first.msg")));
+  EXPECT_EQ(dialog.Send(), FailedAt(u"first.msg"_s));
   EXPECT_EQ(bench_.Frames().size(), 5);
   ExpectTheNextSendWorks(dialog);
 }
@@ -460,7 +447,7 @@ TEST_P(SendSchedule, LowerCaseAnswersAreRefused) {
   bench_.Fail({.lower_case = true});
   Dialog dialog(path_);
   FillIn(dialog);
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("first.msg")));
+  EXPECT_EQ(dialog.Send(), FailedAt(u"first.msg"_s));
 }
 
 TEST_P(SendSchedule, APanelThatAnswersOnTheThirdAttemptGetsEverything) {
@@ -483,7 +470,7 @@ TEST_P(SendSchedule, AnEndlessAnswerFailsAndTheNextSendWorks) {
   bench_.Fail({.flood = true});
   Dialog dialog(path_);
   FillIn(dialog);
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("first.msg")));
+  EXPECT_EQ(dialog.Send(), FailedAt(u"first.msg"_s));
   ExpectTheNextSendWorks(dialog);
 }
 
@@ -491,7 +478,7 @@ TEST_P(SendSchedule, ALineLostInTheSecondFileNamesThatFileAndTheNextSendWorks) {
   bench_.Fail({.close_after_frame = 3});
   Dialog dialog(path_);
   FillIn(dialog);
-  EXPECT_EQ(dialog.Send(), FailedAt(QStringLiteral("second.msg")));
+  EXPECT_EQ(dialog.Send(), FailedAt(u"second.msg"_s));
   EXPECT_EQ(bench_.Frames(), kShortFrames.first(3));
   bench_.PlugIn();
   ExpectTheNextSendWorks(dialog);
@@ -540,7 +527,7 @@ TEST_P(SendSchedule, APressOfSendClearsTheStatusOfTheLastOne) {
   FillIn(dialog);
   EXPECT_EQ(dialog.Send(), QStringList{Finished()});
   EXPECT_FALSE(dialog.Shown("lblSendStatus").isEmpty());
-  dialog.TypeLetter(QStringLiteral("k"));
+  dialog.TypeLetter(u"k"_s);
   EXPECT_EQ(dialog.Send(), (QStringList{kEnterLetter, kFailure}));
   EXPECT_EQ(dialog.Shown("lblSendStatus"), QString());
 }
@@ -548,19 +535,18 @@ TEST_P(SendSchedule, APressOfSendClearsTheStatusOfTheLastOne) {
 class SendScheduleOverTcp : public testing::Test {
  protected:
   SendScheduleOverTcp() : bench_(LineKind::kTcp, {{26, 2, 96, true}}) {
-    const QString first = bench_.Folder().Write(QStringLiteral("first.msg"), kFirstFile);
-    path_ = bench_.Folder().Write(QStringLiteral("week.sch"),
-                                  ScheduleFile(k2x96, {{first, "5", "Flip"}}));
+    const QString first = bench_.Folder().Write(u"first.msg"_s, kFirstFile);
+    path_ = bench_.Folder().Write(u"week.sch"_s, ScheduleFile(k2x96, {{first, "5", "Flip"}}));
   }
 
   void FillIn(Dialog& dialog) {
     dialog.ChoosePanel(0);
-    dialog.TypeLetter(QStringLiteral("A"));
+    dialog.TypeLetter(u"A"_s);
   }
 
   PanelBench bench_;
   QString path_;
-  const QStringList sent_{QStringLiteral("Schedules file is sent successfully through network")};
+  const QStringList sent_{u"Schedules file is sent successfully through network"_s};
 };
 
 TEST_F(SendScheduleOverTcp, TheControlsAreLockedBeforeTheLinkIsOpened) {
@@ -591,8 +577,7 @@ TEST_F(SendScheduleOverTcp, ARefusedConnectionIsReportedWithItsAddress) {
   const MessageBoxReader boxes;
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), QStringList{kNoLink});
-  EXPECT_EQ(boxes.Seen().value(0).informative,
-            QStringLiteral("127.0.0.1:%1: Connection refused").arg(port));
+  EXPECT_EQ(boxes.Seen().value(0).informative, u"127.0.0.1:%1: Connection refused"_s.arg(port));
   EXPECT_TRUE(dialog.IsReady());
   bench_.PlugIn();
   EXPECT_EQ(dialog.Send(), sent_);
@@ -625,9 +610,8 @@ TEST_F(SendScheduleOverTcp, APanelWithoutAUsableAddressGivesCannotCreateTcpLink)
 class SendScheduleOverSerial : public testing::Test {
  protected:
   SendScheduleOverSerial() : bench_(LineKind::kSerial, {{26, 2, 96, true}}) {
-    const QString first = bench_.Folder().Write(QStringLiteral("first.msg"), kFirstFile);
-    path_ = bench_.Folder().Write(QStringLiteral("week.sch"),
-                                  ScheduleFile(k2x96, {{first, "5", "Flip"}}));
+    const QString first = bench_.Folder().Write(u"first.msg"_s, kFirstFile);
+    path_ = bench_.Folder().Write(u"week.sch"_s, ScheduleFile(k2x96, {{first, "5", "Flip"}}));
   }
 
   PanelBench bench_;
@@ -638,25 +622,25 @@ TEST_F(SendScheduleOverSerial, APortThatCannotBeOpenedIsReportedWithItsDevice) {
   bench_.Unplug();
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("A"));
+  dialog.TypeLetter(u"A"_s);
   const MessageBoxReader boxes;
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
-  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(
-      bench_.Folder().Path(QStringLiteral("panel-line")) + QStringLiteral(": ")))
+  EXPECT_TRUE(
+      boxes.Seen().value(0).informative.startsWith(bench_.Folder().Path(u"panel-line"_s) + u": "_s))
       << boxes.Seen().value(0).informative.toStdString();
   EXPECT_TRUE(dialog.IsReady());
   bench_.PlugIn();
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Transmission finished!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Transmission finished!"_s});
 }
 
 TEST_F(SendScheduleOverSerial, APanelWithoutAnAddressIsReachedAllTheSame) {
-  const QByteArray ini = bench_.Folder().Read(QStringLiteral("brivon.ini"));
+  const QByteArray ini = bench_.Folder().Read(u"brivon.ini"_s);
   bench_.Folder().Configure(QByteArray(ini).replace(",127.0.0.1:9", ""));
   Dialog dialog(path_);
   dialog.ChoosePanel(0);
-  dialog.TypeLetter(QStringLiteral("A"));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Transmission finished!")});
+  dialog.TypeLetter(u"A"_s);
+  EXPECT_EQ(dialog.Send(), QStringList{u"Transmission finished!"_s});
 }
 
 /// The dialog in front of panels that are never reached: what it refuses before it opens a link.
@@ -666,11 +650,11 @@ class SendScheduleChecks : public testing::Test {
     folder_.Configure(
         "[Dimension Config]\r\nID001=16x96,Tri,192.168.0.1:80\r\nID002=16x128,Mono\r\n"
         "[Communication]\r\nSendMode=TCPIP\r\n");
-    path_ = Schedule(QStringLiteral("week.sch"), "Row =16\r\nCol =96\r\n");
+    path_ = Schedule(u"week.sch"_s, "Row =16\r\nCol =96\r\n");
   }
 
   QString Schedule(const QString& name, const QByteArray& dimension) const {
-    return folder_.Write(name, ScheduleFile(dimension, {{QStringLiteral("a.msg"), "1", "Appear"}}));
+    return folder_.Write(name, ScheduleFile(dimension, {{u"a.msg"_s, "1", "Appear"}}));
   }
 
   TemporaryProgramFolder folder_;
@@ -679,8 +663,8 @@ class SendScheduleChecks : public testing::Test {
 
 TEST_F(SendScheduleChecks, HasItsControlsAndTexts) {
   Dialog dialog(path_);
-  EXPECT_EQ(dialog.window.objectName(), QStringLiteral("frmSendSch"));
-  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Schedule"));
+  EXPECT_EQ(dialog.window.objectName(), u"frmSendSch"_s);
+  EXPECT_EQ(dialog.window.windowTitle(), u"Send Schedule"_s);
   const std::pair<const char*, const char*> boxes[] = {{"frameFile", "Schedule File"},
                                                        {"FrameSchNo", "Schedule No"},
                                                        {"FrameDestination", "Destination"},
@@ -733,40 +717,37 @@ TEST_F(SendScheduleChecks, DoneClosesTheDialog) {
 }
 
 TEST_F(SendScheduleChecks, TheKeyboardGoesFromTopToBottomAndStartsWhereTheWorkDoes) {
-  EXPECT_EQ(Dialog((QString())).window.focusWidget()->objectName(), QStringLiteral("butBrowse"));
+  EXPECT_EQ(Dialog((QString())).window.focusWidget()->objectName(), u"butBrowse"_s);
   Dialog dialog(path_);
-  EXPECT_EQ(dialog.window.focusWidget()->objectName(), QStringLiteral("txtSchNo"));
+  EXPECT_EQ(dialog.window.focusWidget()->objectName(), u"txtSchNo"_s);
   QStringList order;
   for (int step = 0; step < 5; ++step) {
     order.append(dialog.window.focusWidget()->objectName());
     QTest::keyClick(dialog.window.focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(order.join(QLatin1Char(' ')),
-            QStringLiteral("txtSchNo ComboSchID butSend butDone butBrowse"));
+  EXPECT_EQ(order.join(QLatin1Char(' ')), u"txtSchNo ComboSchID butSend butDone butBrowse"_s);
 }
 
 TEST_F(SendScheduleChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   folder_.UseLanguage("[Message]\r\nmsgNotFound=Datei fehlt\r\nmsgDim=Passt nicht!\r\n");
-  const QString path = folder_.Path(QStringLiteral("late.sch"));
+  const QString path = folder_.Path(u"late.sch"_s);
   Dialog dialog(path);
   const MessageBoxReader boxes;
   dialog.Click("butSend");
-  folder_.Write(QStringLiteral("late.sch"), QByteArray(100, 'x'));
+  folder_.Write(u"late.sch"_s, QByteArray(100, 'x'));
   dialog.Click("butSend");
   dialog.ChoosePanel(0);
   dialog.Click("butSend");
-  Schedule(QStringLiteral("late.sch"), "Row =4\r\nCol =96\r\n");
+  Schedule(u"late.sch"_s, "Row =4\r\nCol =96\r\n");
   dialog.Click("butSend");
-  Schedule(QStringLiteral("late.sch"), "Row =16\r\nCol =128\r\n");
+  Schedule(u"late.sch"_s, "Row =16\r\nCol =128\r\n");
   dialog.Click("butSend");
   dialog.ChoosePanel(1);
   dialog.Click("butSend");
-  EXPECT_EQ(boxes.Texts(),
-            (QStringList{QStringLiteral("Datei fehlt"), QStringLiteral("No ID Selected!"),
-                         QStringLiteral("Passt nicht!"), QStringLiteral("Passt nicht!"),
-                         QStringLiteral("Passt nicht!"), kNoLink}));
+  EXPECT_EQ(boxes.Texts(), (QStringList{u"Datei fehlt"_s, u"No ID Selected!"_s, u"Passt nicht!"_s,
+                                        u"Passt nicht!"_s, u"Passt nicht!"_s, kNoLink}));
   for (const SeenMessageBox& box : boxes.Seen()) {
-    EXPECT_EQ(box.title, QStringLiteral("Send Schedule"));
+    EXPECT_EQ(box.title, u"Send Schedule"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);
     EXPECT_EQ(box.buttons, QMessageBox::Ok);
   }
@@ -786,7 +767,7 @@ TEST_F(SendScheduleChecks, AnEmptyPanelListGivesNoIdSelected) {
   folder_.Configure("");
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Find<QComboBox>("ComboSchID")->count(), 0);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("No ID Selected!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"No ID Selected!"_s});
   EXPECT_TRUE(dialog.IsReady());
 }
 
@@ -794,10 +775,10 @@ TEST_F(SendScheduleChecks, ThePanelListHasOneEntryForEachConfiguredPanelAndNoneI
   Dialog dialog(path_);
   auto* list = dialog.Find<QComboBox>("ComboSchID");
   ASSERT_EQ(list->count(), 2);
-  EXPECT_EQ(list->itemText(0), QStringLiteral("ID001     16x96     Tri-Color     192.168.0.1:80"));
-  EXPECT_EQ(list->itemText(1), QStringLiteral("ID002     16x128     Mono-Color     Mono"));
+  EXPECT_EQ(list->itemText(0), u"ID001     16x96     Tri-Color     192.168.0.1:80"_s);
+  EXPECT_EQ(list->itemText(1), u"ID002     16x128     Mono-Color     Mono"_s);
   EXPECT_EQ(list->currentIndex(), -1);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("No ID Selected!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"No ID Selected!"_s});
 }
 
 TEST_F(SendScheduleChecks, NeitherSendModeSendsNothingAndSaysNothing) {
@@ -810,66 +791,64 @@ TEST_F(SendScheduleChecks, NeitherSendModeSendsNothingAndSaysNothing) {
 }
 
 TEST_F(SendScheduleChecks, AMissingFileIsNotFound) {
-  Dialog dialog(folder_.Path(QStringLiteral("gone.sch")));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found")});
+  Dialog dialog(folder_.Path(u"gone.sch"_s));
+  EXPECT_EQ(dialog.Send(), QStringList{u"File not found"_s});
 }
 
 TEST_F(SendScheduleChecks, WithoutAFileThereIsNoneToFind) {
   Dialog dialog((QString()));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"File not found"_s});
 }
 
 TEST_F(SendScheduleChecks, AFolderIsNoFile) {
   Dialog dialog(folder_.Path(QString()));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"File not found"_s});
 }
 
 TEST_F(SendScheduleChecks, AFileHandedOverShowsItsRowsAndColumnsAtOnce) {
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Shown("lblSchFileName"), path_);
-  EXPECT_EQ(dialog.Shown("lblRow"), QStringLiteral("16"));
-  EXPECT_EQ(dialog.Shown("lblCol"), QStringLiteral("96"));
+  EXPECT_EQ(dialog.Shown("lblRow"), u"16"_s);
+  EXPECT_EQ(dialog.Shown("lblCol"), u"96"_s);
 }
 
 TEST_F(SendScheduleChecks, BrowseShowsTheChosenScheduleWithItsDimension) {
-  const QString other = Schedule(QStringLiteral("other.sch"), "Row =4\r\nCol =128\r\n");
+  const QString other = Schedule(u"other.sch"_s, "Row =4\r\nCol =128\r\n");
   Dialog dialog((QString()));
-  const FileChooser chooser(other, QStringLiteral("DialogBrowse"));
+  const FileChooser chooser(other, u"DialogBrowse"_s);
   dialog.Click("butBrowse");
-  EXPECT_EQ(chooser.Seen().title, QStringLiteral("Browse"));
-  EXPECT_EQ(chooser.Seen().filters,
-            (QStringList{QStringLiteral("Schedule File (*.sch)"), QStringLiteral("All (*)")}));
-  EXPECT_EQ(chooser.Seen().filter, QStringLiteral("Schedule File (*.sch)"));
+  EXPECT_EQ(chooser.Seen().title, u"Browse"_s);
+  EXPECT_EQ(chooser.Seen().filters, (QStringList{u"Schedule File (*.sch)"_s, u"All (*)"_s}));
+  EXPECT_EQ(chooser.Seen().filter, u"Schedule File (*.sch)"_s);
   EXPECT_EQ(dialog.Shown("lblSchFileName"), other);
-  EXPECT_EQ(dialog.Shown("lblRow"), QStringLiteral("4"));
-  EXPECT_EQ(dialog.Shown("lblCol"), QStringLiteral("128"));
+  EXPECT_EQ(dialog.Shown("lblRow"), u"4"_s);
+  EXPECT_EQ(dialog.Shown("lblCol"), u"128"_s);
 }
 
 TEST_F(SendScheduleChecks, WhatBrowseRefusesChangesNothing) {
-  folder_.Write(QStringLiteral("page.msg"), SampleMessageFile(4, 128));
-  folder_.Write(QStringLiteral("short.sch"), "*** Brivon Schedule File ***\n");
+  folder_.Write(u"page.msg"_s, SampleMessageFile(4, 128));
+  folder_.Write(u"short.sch"_s, "*** Brivon Schedule File ***\n");
   const std::pair<const char*, const char*> refusals[] = {{"gone.sch", "File not found"},
                                                           {"page.msg", "Error in opening file"},
                                                           {"short.sch", "Error in opening file"}};
   Dialog dialog(path_);
   for (const auto& [name, text] : refusals) {
     const MessageBoxReader boxes;
-    const FileChooser chooser(folder_.Path(QString::fromLatin1(name)),
-                              QStringLiteral("DialogBrowse"));
+    const FileChooser chooser(folder_.Path(QString::fromLatin1(name)), u"DialogBrowse"_s);
     dialog.Click("butBrowse");
     EXPECT_EQ(boxes.Texts(), QStringList{QString::fromLatin1(text)});
-    EXPECT_EQ(boxes.Seen().value(0).title, QStringLiteral("Send Schedule"));
+    EXPECT_EQ(boxes.Seen().value(0).title, u"Send Schedule"_s);
     EXPECT_EQ(boxes.Seen().value(0).icon, QMessageBox::NoIcon);
     EXPECT_EQ(dialog.Shown("lblSchFileName"), path_);
-    EXPECT_EQ(dialog.Shown("lblRow"), QStringLiteral("16"));
-    EXPECT_EQ(dialog.Shown("lblCol"), QStringLiteral("96"));
+    EXPECT_EQ(dialog.Shown("lblRow"), u"16"_s);
+    EXPECT_EQ(dialog.Shown("lblCol"), u"96"_s);
   }
 }
 
 TEST_F(SendScheduleChecks, ABrowseThatIsCancelledChangesNothing) {
   Dialog dialog(path_);
   const MessageBoxReader boxes;
-  const FileChooser chooser(QString(), QStringLiteral("DialogBrowse"));
+  const FileChooser chooser(QString(), u"DialogBrowse"_s);
   dialog.Click("butBrowse");
   EXPECT_EQ(chooser.Count(), 1);
   EXPECT_TRUE(boxes.Seen().isEmpty());
@@ -879,16 +858,15 @@ TEST_F(SendScheduleChecks, ABrowseThatIsCancelledChangesNothing) {
 TEST_F(SendScheduleChecks, BrowseSpeaksTheLanguageInUse) {
   folder_.UseLanguage(
       "[Message]\r\nmsgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\nmsgBrowse=Durchsuchen\r\n");
-  const QString bad = folder_.Write(QStringLiteral("bad.sch"), QByteArray(100, 'x'));
+  const QString bad = folder_.Write(u"bad.sch"_s, QByteArray(100, 'x'));
   Dialog dialog(path_);
   const MessageBoxReader boxes;
-  for (const QString& path : {folder_.Path(QStringLiteral("gone.sch")), bad}) {
-    const FileChooser chooser(path, QStringLiteral("DialogBrowse"));
+  for (const QString& path : {folder_.Path(u"gone.sch"_s), bad}) {
+    const FileChooser chooser(path, u"DialogBrowse"_s);
     dialog.Click("butBrowse");
-    EXPECT_EQ(chooser.Seen().title, QStringLiteral("Durchsuchen"));
+    EXPECT_EQ(chooser.Seen().title, u"Durchsuchen"_s);
   }
-  EXPECT_EQ(boxes.Texts(),
-            (QStringList{QStringLiteral("Datei fehlt"), QStringLiteral("Unlesbar")}));
+  EXPECT_EQ(boxes.Texts(), (QStringList{u"Datei fehlt"_s, u"Unlesbar"_s}));
 }
 
 }  // namespace

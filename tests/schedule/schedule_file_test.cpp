@@ -13,6 +13,8 @@
 #include "support/full_disk.h"
 #include "support/use_code_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::Dimension;
@@ -51,9 +53,9 @@ QByteArray FileOf(int count) {
 
 class ScheduleFile : public testing::Test {
  protected:
-  QString Path(const QString& name = QStringLiteral("week.sch")) { return folder_.filePath(name); }
+  QString Path(const QString& name = u"week.sch"_s) { return folder_.filePath(name); }
 
-  QString Write(const QByteArray& content, const QString& name = QStringLiteral("week.sch")) {
+  QString Write(const QByteArray& content, const QString& name = u"week.sch"_s) {
     QFile file(Path(name));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(file.write(content), content.size());
@@ -143,7 +145,7 @@ TEST_F(ScheduleFile, AHeaderInOtherLetterCaseIsRefused) {
 }
 
 TEST_F(ScheduleFile, AMissingFileAndAFolderAreRefused) {
-  EXPECT_FALSE(LoadScheduleFile(Path(QStringLiteral("nowhere.sch"))));
+  EXPECT_FALSE(LoadScheduleFile(Path(u"nowhere.sch"_s)));
   EXPECT_FALSE(LoadScheduleFile(folder_.path()));
 }
 
@@ -317,8 +319,8 @@ TEST_P(ScheduleTime, IsCheckedBeforeAnythingIsWritten) {
   }
 }
 
-const QString kHourWrong = QStringLiteral("Hour Format Wrong!");
-const QString kMinuteWrong = QStringLiteral("Minute Format Wrong!");
+const QString kHourWrong = u"Hour Format Wrong!"_s;
+const QString kMinuteWrong = u"Minute Format Wrong!"_s;
 
 INSTANTIATE_TEST_SUITE_P(
     All, ScheduleTime,
@@ -340,15 +342,14 @@ Schedule SmallSchedule() {
 }
 
 TEST_F(ScheduleFile, ASaveIntoAFolderThatIsNotThereIsAnInvalidPath) {
-  EXPECT_EQ(SaveScheduleFile(Path(QStringLiteral("nowhere/week.sch")), SmallSchedule()),
-            QStringLiteral("Invalid path!"));
+  EXPECT_EQ(SaveScheduleFile(Path(u"nowhere/week.sch"_s), SmallSchedule()), u"Invalid path!"_s);
 }
 
 TEST_F(ScheduleFile, ASaveOntoAFullDiskLeavesTheOldFile) {
   Write("as it was");
   {
     const FullDisk full_disk(20);
-    EXPECT_EQ(SaveScheduleFile(Path(), SmallSchedule()), QStringLiteral("Drive not available!"));
+    EXPECT_EQ(SaveScheduleFile(Path(), SmallSchedule()), u"Drive not available!"_s);
   }
   EXPECT_EQ(Read(), "as it was");
 }
@@ -362,27 +363,27 @@ TEST(PathFieldTest, APathOf100CharactersIsTakenAndALongerOneRefused) {
 
 TEST(PathFieldTest, ALetterIsComposedOrTakenApartAsTheCodePageHasIt) {
   const UseCodePage western(1252);
-  EXPECT_EQ(PathField(QStringLiteral("/a/Cafe\u0301.msg")), FixedField("/a/Caf\xE9.msg", 100));
-  EXPECT_FALSE(PathField(QStringLiteral("/a/Việt.msg")));
+  EXPECT_EQ(PathField(u"/a/Cafe\u0301.msg"_s), FixedField("/a/Caf\xE9.msg", 100));
+  EXPECT_FALSE(PathField(u"/a/Việt.msg"_s));
   const UseCodePage vietnamese(1258);
-  EXPECT_EQ(PathField(QStringLiteral("/a/Việt.msg")), FixedField("/a/Vi\xEA\xF2t.msg", 100));
-  EXPECT_FALSE(PathField(QString(99, u'x') + QStringLiteral("ệ"))) << "two bytes";
+  EXPECT_EQ(PathField(u"/a/Việt.msg"_s), FixedField("/a/Vi\xEA\xF2t.msg", 100));
+  EXPECT_FALSE(PathField(QString(99, u'x') + u"ệ"_s)) << "two bytes";
 }
 
 TEST(PathFieldTest, ACharacterIsOneByteOfTheCodePage) {
   const UseCodePage western(1252);
-  EXPECT_EQ(PathField(QStringLiteral("/a/Straße.msg")),
+  EXPECT_EQ(PathField(u"/a/Straße.msg"_s),
             "/a/Stra\xDF"
             "e.msg" +
                 QByteArray(87, ' '));
-  EXPECT_FALSE(PathField(QStringLiteral("/a/道路.msg")));
+  EXPECT_FALSE(PathField(u"/a/道路.msg"_s));
 }
 
 TEST(PathFieldTest, APathThatWouldNotComeBackTheSameIsRefused) {
-  EXPECT_FALSE(PathField(QStringLiteral("/a/b.msg ")));
-  EXPECT_FALSE(PathField(QStringLiteral(" a.msg")));
-  EXPECT_FALSE(PathField(QStringLiteral("/a/b\n5.msg")));
-  EXPECT_FALSE(PathField(QStringLiteral("/a/b\r5.msg")));
+  EXPECT_FALSE(PathField(u"/a/b.msg "_s));
+  EXPECT_FALSE(PathField(u" a.msg"_s));
+  EXPECT_FALSE(PathField(u"/a/b\n5.msg"_s));
+  EXPECT_FALSE(PathField(u"/a/b\r5.msg"_s));
 }
 
 TEST(PathFieldTest, AFieldGivesThePathBack) {
@@ -390,49 +391,47 @@ TEST(PathFieldTest, AFieldGivesThePathBack) {
   EXPECT_EQ(Brivon1::FieldPath("/a/Stra\xDF"
                                "e.msg" +
                                QByteArray(87, ' ')),
-            QStringLiteral("/a/Straße.msg"));
+            u"/a/Straße.msg"_s);
   EXPECT_EQ(Brivon1::FieldPath(QByteArray(100, ' ')), QString());
 }
 
 TEST_F(ScheduleFile, AMessageFileOfTheSameSizeMayEnterTheSchedule) {
   const QString path =
-      Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n", QStringLiteral("page.msg"));
+      Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n", u"page.msg"_s);
   EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QString());
 }
 
 TEST_F(ScheduleFile, AFileWhoseNameIsDecomposedMayEnterTheScheduleAndIsFoundAgain) {
   const UseCodePage western(1252);
   const QByteArray page = "*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n";
-  const QString path = Write(page, QStringLiteral("Cafe\u0301.msg"));
+  const QString path = Write(page, u"Cafe\u0301.msg"_s);
   EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QString());
   const auto field = PathField(path);
   ASSERT_TRUE(field);
   EXPECT_EQ(Brivon1::FindFile(Brivon1::FieldPath(*field)), path);
   // Beside another one whose name the field has, it would be mistaken for that.
-  Write(page, QStringLiteral("Caf\u00E9.msg"));
-  EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QStringLiteral("Invalid path!"));
-  EXPECT_EQ(MessageFileRefusal(Path(QStringLiteral("Caf\u00E9.msg")), {2, 96}), QString());
+  Write(page, u"Caf\u00E9.msg"_s);
+  EXPECT_EQ(MessageFileRefusal(path, {2, 96}), u"Invalid path!"_s);
+  EXPECT_EQ(MessageFileRefusal(Path(u"Caf\u00E9.msg"_s), {2, 96}), QString());
 }
 
 TEST_F(ScheduleFile, AnotherFileMayNotEnterTheSchedule) {
-  EXPECT_EQ(MessageFileRefusal(Write(FileOf(1)), {16, 96}),
-            QStringLiteral("Not Message File Format!"));
-  EXPECT_EQ(MessageFileRefusal(Path(QStringLiteral("nowhere")), {16, 96}),
-            QStringLiteral("Not Message File Format!"));
+  EXPECT_EQ(MessageFileRefusal(Write(FileOf(1)), {16, 96}), u"Not Message File Format!"_s);
+  EXPECT_EQ(MessageFileRefusal(Path(u"nowhere"_s), {16, 96}), u"Not Message File Format!"_s);
 }
 
 TEST_F(ScheduleFile, AMessageFileOfAnotherDimensionIsRefusedEvenIfItIsOtherwiseValid) {
   const QString path =
-      Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n", QStringLiteral("page.msg"));
-  EXPECT_EQ(MessageFileRefusal(path, {2, 128}), QStringLiteral("Dimension not matched!"));
-  EXPECT_EQ(MessageFileRefusal(path, {4, 96}), QStringLiteral("Dimension not matched!"));
+      Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n", u"page.msg"_s);
+  EXPECT_EQ(MessageFileRefusal(path, {2, 128}), u"Dimension not matched!"_s);
+  EXPECT_EQ(MessageFileRefusal(path, {4, 96}), u"Dimension not matched!"_s);
 }
 
 TEST_F(ScheduleFile, APathLongerThanIts100CharacterFieldIsRefusedWhenItIsChosen) {
   const QString path = Write("*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n",
                              QString(100, QLatin1Char('x')));
-  EXPECT_EQ(MessageFileRefusal(path, {2, 96}), QStringLiteral("Invalid path!"));
-  EXPECT_EQ(MessageFileRefusal(path, {4, 96}), QStringLiteral("Dimension not matched!"));
+  EXPECT_EQ(MessageFileRefusal(path, {2, 96}), u"Invalid path!"_s);
+  EXPECT_EQ(MessageFileRefusal(path, {4, 96}), u"Dimension not matched!"_s);
 }
 
 // ---- anything at all ----------------------------------------------------------------------------

@@ -8,6 +8,8 @@
 #include "support/use_code_page.h"
 #include "support/virtual_time.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -49,13 +51,13 @@ class ScheduleTransmission : public testing::Test {
 
   QString Path(const QString& name) { return folder_.Path(name); }
 
-  bool Send(const QByteArray& content, int id = 10, const QString& letter = QStringLiteral("A")) {
-    return SendFile(folder_.Write(QStringLiteral("week.sch"), content), id, letter);
+  bool Send(const QByteArray& content, int id = 10, const QString& letter = u"A"_s) {
+    return SendFile(folder_.Write(u"week.sch"_s, content), id, letter);
   }
 
-  bool SendFile(const QString& path, int id = 10, const QString& letter = QStringLiteral("A")) {
+  bool SendFile(const QString& path, int id = 10, const QString& letter = u"A"_s) {
     Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
-                                time_.Note(QStringLiteral("status \"%1\"").arg(text));
+                                time_.Note(u"status \"%1\""_s.arg(text));
                               }};
     return SendScheduleFile(transmission, path, id, letter,
                             [this](const QString& text) { shown_.append(text); });
@@ -91,42 +93,39 @@ class ScheduleTransmission : public testing::Test {
 };
 
 TEST_F(ScheduleTransmission, TimelineOfASuccess) {
-  const QString a = Message(QStringLiteral("a.msg"), "<SA><CA>A");
-  const QString b = Message(QStringLiteral("b.msg"), "<SA><CB>B");
+  const QString a = Message(u"a.msg"_s, "<SA><CA>A");
+  const QString b = Message(u"b.msg"_s, "<SA><CB>B");
   link_.AnswerAfter(30, "<ID0A>\r\n");
   link_.AnswerAfter(40, "<ID0A>\r\n");
   link_.AnswerAfter(50, "<ID0A>\r\n");
   EXPECT_TRUE(Send(
       ScheduleOf({{a, "5", "Appear"}, {b, "12", "Fall"}}, "Week =2\r\nHour =8\r\nMin =30\r\n")));
-  QStringList expected{QStringLiteral("@0 status \"Reading %1\"").arg(a)};
-  expected << QStringLiteral("@0 status \" Sending Line 1\"")
-           << QStringLiteral("@0 send <ID0A><L01><P001><SA><CA>A [CR][LF]")
-           << QStringLiteral("@30 status \" Sending Line 1 <--- Ack\"") << TicksAt(130, 230)
-           << QStringLiteral("@230 status \"Reading %1\"").arg(b)
-           << QStringLiteral("@230 status \" Sending Line 1\"")
-           << QStringLiteral("@230 send <ID0A><L01><P002><SA><CB>B [CR][LF]")
-           << QStringLiteral("@270 status \" Sending Line 1 <--- Ack\"")
+  QStringList expected{u"@0 status \"Reading %1\""_s.arg(a)};
+  expected << u"@0 status \" Sending Line 1\""_s << u"@0 send <ID0A><L01><P001><SA><CA>A [CR][LF]"_s
+           << u"@30 status \" Sending Line 1 <--- Ack\""_s << TicksAt(130, 230)
+           << u"@230 status \"Reading %1\""_s.arg(b) << u"@230 status \" Sending Line 1\""_s
+           << u"@230 send <ID0A><L01><P002><SA><CB>B [CR][LF]"_s
+           << u"@270 status \" Sending Line 1 <--- Ack\""_s
            << TicksAt(370, 470)   // the pause behind the message file
            << TicksAt(570, 1070)  // three pauses ahead of the schedule
-           << QStringLiteral("@1070 status \"Schedule--->\"")
-           << QStringLiteral("@1070 send <ID0A><TA>1083000105A,00212F[CR][LF]")
-           << QStringLiteral("@1120 status \"<--- Ack\"");
+           << u"@1070 status \"Schedule--->\""_s
+           << u"@1070 send <ID0A><TA>1083000105A,00212F[CR][LF]"_s
+           << u"@1120 status \"<--- Ack\""_s;
   EXPECT_EQ(time_.Timeline(), expected);
   EXPECT_TRUE(shown_.isEmpty());
 }
 
 TEST_F(ScheduleTransmission, TheScheduleFrameIsTriedFiveTimesWithoutAPause) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(1);
   EXPECT_FALSE(Send(ScheduleOf({{a}})));
-  QStringList expected{QStringLiteral("@0 status \"Reading %1\"").arg(a)};
-  expected << QStringLiteral("@0 status \" Sending Line 1\"")
-           << QStringLiteral("@0 send <ID0A><L01><P001>A [CR][LF]")
-           << QStringLiteral("@1 status \" Sending Line 1 <--- Ack\"") << TicksAt(101, 201)
-           << TicksAt(301, 801) << QStringLiteral("@801 status \"Schedule--->\"");
+  QStringList expected{u"@0 status \"Reading %1\""_s.arg(a)};
+  expected << u"@0 status \" Sending Line 1\""_s << u"@0 send <ID0A><L01><P001>A [CR][LF]"_s
+           << u"@1 status \" Sending Line 1 <--- Ack\""_s << TicksAt(101, 201) << TicksAt(301, 801)
+           << u"@801 status \"Schedule--->\""_s;
   for (int attempt = 0; attempt < 5; ++attempt) {
     const int from = 801 + 1100 * attempt;
-    expected << QStringLiteral("@%1 send <ID0A><TA>*****00105A[CR][LF]").arg(from)
+    expected << u"@%1 send <ID0A><TA>*****00105A[CR][LF]"_s.arg(from)
              << TicksAt(from + 100, from + 1100);
   }
   EXPECT_EQ(time_.Timeline(), expected);
@@ -138,13 +137,13 @@ TEST_F(ScheduleTransmission, AnAcknowledgementOfTheThirdAttemptIsASuccess) {
   link_.StaySilent();
   link_.AnswerAfter(20, "<ID0B>\r\n");
   Answer(1);
-  EXPECT_TRUE(Send(ScheduleOf({{Message(QStringLiteral("a.msg"), "A")}})));
+  EXPECT_TRUE(Send(ScheduleOf({{Message(u"a.msg"_s, "A")}})));
   EXPECT_EQ(link_.Written().size(), 4);
   EXPECT_EQ(time_.Now(), 801 + 1100 + 20 + 1);
 }
 
 TEST_F(ScheduleTransmission, ALateAnswerToAMessageFileIsNotTakenForThatToTheSchedule) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   link_.AnswerAfter(1, "<ID0A>\r\n");
   link_.AndAfter(300, "<ID0A>\r\n");
   EXPECT_FALSE(Send(ScheduleOf({{a}})));
@@ -153,30 +152,30 @@ TEST_F(ScheduleTransmission, ALateAnswerToAMessageFileIsNotTakenForThatToTheSche
 
 TEST_F(ScheduleTransmission, AFileIsSentWhicheverWayTheSystemWritesTheLettersOfItsName) {
   const UseCodePage western(1252);
-  const QString decomposed = Message(QStringLiteral("Cafe\u0301.msg"), "A");
+  const QString decomposed = Message(u"Cafe\u0301.msg"_s, "A");
   Answer(2);
-  EXPECT_TRUE(Send(ScheduleOf({{QStringLiteral("Caf\u00E9.msg")}})));
+  EXPECT_TRUE(Send(ScheduleOf({{u"Caf\u00E9.msg"_s}})));
   EXPECT_EQ(link_.Written().first(), "<ID0A><L01><P001>A \r\n");
   EXPECT_TRUE(shown_.isEmpty());
   ASSERT_TRUE(QFile::remove(decomposed));
-  EXPECT_FALSE(Send(ScheduleOf({{QStringLiteral("Caf\u00E9.msg")}})));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("File not found: Caf\u00E9.msg")));
+  EXPECT_FALSE(Send(ScheduleOf({{u"Caf\u00E9.msg"_s}})));
+  EXPECT_EQ(shown_, QStringList(u"File not found: Caf\u00E9.msg"_s));
 }
 
 // ---- letter -------------------------------------------------------------------------------------
 
 TEST_F(ScheduleTransmission, LetterSmallCIsSentAsCapitalCWithPages025Onwards) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString b = Message(QStringLiteral("b.msg"), "B");
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString b = Message(u"b.msg"_s, "B");
   Answer(3);
-  EXPECT_TRUE(Send(ScheduleOf({{a}, {b}}), 10, QStringLiteral("c")));
+  EXPECT_TRUE(Send(ScheduleOf({{a}, {b}}), 10, u"c"_s));
   EXPECT_EQ(link_.Written(),
             (QList<QByteArray>{"<ID0A><L01><P025>A \r\n", "<ID0A><L01><P026>B \r\n",
                                "<ID0A><TC>*****02505A,02605A\r\n"}));
 }
 
 TEST_F(ScheduleTransmission, EachLetterHasItsOwnBlockOfTwelvePages) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   const QList<QByteArray> first_pages = {"001", "013", "025", "037", "049",
                                          "061", "073", "085", "097", "109"};
   for (int i = 0; i < 10; ++i) {
@@ -190,36 +189,35 @@ TEST_F(ScheduleTransmission, EachLetterHasItsOwnBlockOfTwelvePages) {
 }
 
 TEST_F(ScheduleTransmission, LetterKGivesPleaseEnterAToJAndNothingIsSent) {
-  const QByteArray content = ScheduleOf({{Message(QStringLiteral("a.msg"), "A")}});
+  const QByteArray content = ScheduleOf({{Message(u"a.msg"_s, "A")}});
   for (const char* letter : {"K", "k", "", " ", "A ", "AB", "@", "1", "\xC4"}) {
     EXPECT_FALSE(Send(content, 10, QString::fromLatin1(letter)));
-    EXPECT_EQ(shown_, QStringList(QStringLiteral("Please enter A-J"))) << letter;
+    EXPECT_EQ(shown_, QStringList(u"Please enter A-J"_s)) << letter;
     shown_.clear();
   }
   EXPECT_TRUE(link_.Written().isEmpty());
 }
 
 TEST_F(ScheduleTransmission, ACharacterOutsideTheCodePageIsNoLetter) {
-  EXPECT_FALSE(Send(ScheduleOf({{Message(QStringLiteral("a.msg"), "A")}}), 10,
+  EXPECT_FALSE(Send(ScheduleOf({{Message(u"a.msg"_s, "A")}}), 10,
                     QString(QChar(0x0141))));  // its low byte is that of "A"
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Please enter A-J")));
+  EXPECT_EQ(shown_, QStringList(u"Please enter A-J"_s));
 }
 
 TEST_F(ScheduleTransmission, TheLetterIsCheckedBeforeTheFile) {
-  EXPECT_FALSE(SendFile(Path(QStringLiteral("nowhere.sch")), 10, QStringLiteral("K")));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Please enter A-J")));
+  EXPECT_FALSE(SendFile(Path(u"nowhere.sch"_s), 10, u"K"_s));
+  EXPECT_EQ(shown_, QStringList(u"Please enter A-J"_s));
 }
 
 // ---- the schedule frame -------------------------------------------------------------------------
 
 TEST_F(ScheduleTransmission, Week0GivesAStarAndHourOfTwoStarsStaysInTheFrame) {
-  EXPECT_EQ(
-      ScheduleFrame("Week =0\r\nHour =**\r\nMin =5\r\n", {Message(QStringLiteral("a.msg"), "A")}),
-      "<ID0A><TA>***0500105A\r\n");
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour =**\r\nMin =5\r\n", {Message(u"a.msg"_s, "A")}),
+            "<ID0A><TA>***0500105A\r\n");
 }
 
 TEST_F(ScheduleTransmission, SundayIs0AndSaturdayIs6) {
-  const Step step{Message(QStringLiteral("a.msg"), "A")};
+  const Step step{Message(u"a.msg"_s, "A")};
   EXPECT_EQ(ScheduleFrame("Week =1\r\nHour =0\r\nMin =0\r\n", step), "<ID0A><TA>0000000105A\r\n");
   Answer(2);
   EXPECT_TRUE(Send(ScheduleOf({step}, "Week =7\r\nHour =23\r\nMin =59\r\n")));
@@ -227,32 +225,29 @@ TEST_F(ScheduleTransmission, SundayIs0AndSaturdayIs6) {
 }
 
 TEST_F(ScheduleTransmission, AnHourThatIsNoNumberIsKeptAsItIs) {
-  EXPECT_EQ(
-      ScheduleFrame("Week =0\r\nHour =ab\r\nMin =7pm\r\n", {Message(QStringLiteral("a.msg"), "A")}),
-      "<ID0A><TA>*ab7pm00105A\r\n");
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour =ab\r\nMin =7pm\r\n", {Message(u"a.msg"_s, "A")}),
+            "<ID0A><TA>*ab7pm00105A\r\n");
 }
 
 TEST_F(ScheduleTransmission, ANumberWithBlanksOrLeadingZerosIsWrittenWithTwoDigits) {
-  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = 8 \r\nMin =007\r\n",
-                          {Message(QStringLiteral("a.msg"), "A")}),
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = 8 \r\nMin =007\r\n", {Message(u"a.msg"_s, "A")}),
             "<ID0A><TA>*080700105A\r\n");
 }
 
 TEST_F(ScheduleTransmission, BlanksAroundAnHourThatIsNoNumberAreKeptToo) {
-  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = **\r\nMin =ab \r\n",
-                          {Message(QStringLiteral("a.msg"), "A")}),
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = **\r\nMin =ab \r\n", {Message(u"a.msg"_s, "A")}),
             "<ID0A><TA>* **ab 00105A\r\n");
 }
 
 TEST_F(ScheduleTransmission, ADelayIsWrittenWithAtLeastTwoDigits) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(2);
   EXPECT_TRUE(Send(ScheduleOf({{a, "5"}, {a, "99"}, {a, "100"}, {a, "soon"}})));
   EXPECT_EQ(link_.Written().last(), "<ID0A><TA>*****00105A,00199A,001100A,00100A\r\n");
 }
 
 TEST_F(ScheduleTransmission, AFeatureLineInAnyCaseGivesItsCode) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   QList<Step> steps;
   for (const char* feature : {"APPEAR", "Flip", "open", "Wipe Right", "wipe left", "  FALL ",
                               "Slide", "sHIFT", "Explode", "", "Wipe  Left"}) {
@@ -267,23 +262,22 @@ TEST_F(ScheduleTransmission, AFeatureLineInAnyCaseGivesItsCode) {
 
 TEST_F(ScheduleTransmission, AFeatureNameInTheUsersLanguageGivesItsCode) {
   folder_.UseLanguage("[frmDelay]\r\nListFeature.List(4)=Von links\r\n");
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(2);
   EXPECT_TRUE(Send(ScheduleOf({{a, "1", "Von links"}, {a, "1", "Flip"}, {a, "1", "von links"}})));
   EXPECT_EQ(link_.Written().last(), "<ID0A><TA>*****00101E,00101B,00101A\r\n");
 }
 
 TEST_F(ScheduleTransmission, AFrameForPanelId10BeginsWithTwoHexadecimalDigits) {
-  EXPECT_TRUE(
-      ScheduleFrame("Week =0\r\nHour =**\r\nMin =**\r\n", {Message(QStringLiteral("a.msg"), "A")})
-          .startsWith("<ID0A><T"));
+  EXPECT_TRUE(ScheduleFrame("Week =0\r\nHour =**\r\nMin =**\r\n", {Message(u"a.msg"_s, "A")})
+                  .startsWith("<ID0A><T"));
 }
 
 // ---- the message files --------------------------------------------------------------------------
 
 TEST_F(ScheduleTransmission, TheSameMessageFileInThreeSequencesIsSentOnceAndAllCarryTheSamePage) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString b = Message(QStringLiteral("b.msg"), "B");
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString b = Message(u"b.msg"_s, "B");
   Answer(3);
   EXPECT_TRUE(Send(ScheduleOf({{a, "1"}, {b, "2"}, {a, "3"}, {a, "4"}})));
   EXPECT_EQ(link_.Written(),
@@ -292,18 +286,18 @@ TEST_F(ScheduleTransmission, TheSameMessageFileInThreeSequencesIsSentOnceAndAllC
 }
 
 TEST_F(ScheduleTransmission, ANameWithoutAFoldersFullPathIsThatOfAFileInTheProgramsFolder) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(2);
-  EXPECT_TRUE(Send(ScheduleOf({{QStringLiteral("a.msg")}})));
+  EXPECT_TRUE(Send(ScheduleOf({{u"a.msg"_s}})));
   EXPECT_EQ(link_.Written().value(0), "<ID0A><L01><P001>A \r\n");
   shown_.clear();
-  EXPECT_FALSE(Send(ScheduleOf({{QStringLiteral("missing.msg")}})));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("File not found: missing.msg")));
+  EXPECT_FALSE(Send(ScheduleOf({{u"missing.msg"_s}})));
+  EXPECT_EQ(shown_, QStringList(u"File not found: missing.msg"_s));
 }
 
 TEST_F(ScheduleTransmission, PathsAreComparedWithoutRegardToCase) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString capital = folder_.Path(QStringLiteral("A.MSG"));
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString capital = folder_.Path(u"A.MSG"_s);
   Answer(2);
   EXPECT_TRUE(Send(ScheduleOf({{a}, {capital}})));
   EXPECT_EQ(link_.Written(),
@@ -312,12 +306,12 @@ TEST_F(ScheduleTransmission, PathsAreComparedWithoutRegardToCase) {
 
 TEST_F(ScheduleTransmission, ASingleColourPanelReceivesTheMessageFilesWithoutColours) {
   for (int i = 0; i < 2; ++i) link_.AnswerAfter(1, "<ID03>\r\n");
-  EXPECT_TRUE(Send(ScheduleOf({{Message(QStringLiteral("a.msg"), "<SA><CB>A")}}), 3));
+  EXPECT_TRUE(Send(ScheduleOf({{Message(u"a.msg"_s, "<SA><CB>A")}}), 3));
   EXPECT_EQ(link_.Written().value(0), "<ID03><L01><P001><SA>A \r\n");
 }
 
 TEST_F(ScheduleTransmission, AllPanelsAreSentToWithoutWaitingForAnAnswer) {
-  EXPECT_TRUE(Send(ScheduleOf({{Message(QStringLiteral("a.msg"), "A")}}), 0));
+  EXPECT_TRUE(Send(ScheduleOf({{Message(u"a.msg"_s, "A")}}), 0));
   EXPECT_EQ(link_.Written(),
             (QList<QByteArray>{"<ID00><L01><P001>A \r\n", "<ID00><TA>*****00105A\r\n"}));
   EXPECT_EQ(time_.Now(), 200 + 3 * 200);
@@ -325,58 +319,57 @@ TEST_F(ScheduleTransmission, AllPanelsAreSentToWithoutWaitingForAnAnswer) {
 
 TEST_F(ScheduleTransmission, AScheduleForAllPanelsIsFinishedWhenItsBytesHaveLeft) {
   link_.SendAt(300);
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   EXPECT_TRUE(Send(ScheduleOf({{a}}), 0));
   // A page of 21 bytes and the four pauses behind it, then a schedule of 23.
   const QStringList timeline = time_.Timeline();
-  EXPECT_TRUE(timeline.contains(QStringLiteral("@1500 send <ID00><TA>*****00105A[CR][LF]")))
+  EXPECT_TRUE(timeline.contains(u"@1500 send <ID00><TA>*****00105A[CR][LF]"_s))
       << timeline.join(QLatin1Char('\n')).toStdString();
-  EXPECT_EQ(timeline.last(), QStringLiteral("@2270 status \"<--- Ack\""));
+  EXPECT_EQ(timeline.last(), u"@2270 status \"<--- Ack\""_s);
 }
 
 TEST_F(ScheduleTransmission, AScheduleForAllPanelsOverALineThatTakesNothingHasFailed) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   link_.SendAt(0);
   EXPECT_FALSE(Send(ScheduleOf({{a}}), 0));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Error in sending %1!").arg(a)));
+  EXPECT_EQ(shown_, QStringList(u"Error in sending %1!"_s.arg(a)));
   EXPECT_EQ(link_.Written().size(), 1) << "the schedule does not follow a page that has not left";
 }
 
 TEST_F(ScheduleTransmission, AFailureInTheSecondFileNamesItAndSendsNothingMore) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString b = Message(QStringLiteral("b.msg"), "B");
-  const QString c = Message(QStringLiteral("c.msg"), "C");
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString b = Message(u"b.msg"_s, "B");
+  const QString c = Message(u"c.msg"_s, "C");
   Answer(1);
   EXPECT_FALSE(Send(ScheduleOf({{a}, {b}, {c}})));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Error in sending %1!").arg(b)));
+  EXPECT_EQ(shown_, QStringList(u"Error in sending %1!"_s.arg(b)));
   QList<QByteArray> frames{"<ID0A><L01><P001>A \r\n"};
   for (int attempt = 0; attempt < 5; ++attempt) frames.append("<ID0A><L01><P002>B \r\n");
   EXPECT_EQ(link_.Written(), frames);
 }
 
 TEST_F(ScheduleTransmission, AMessageFileThatEndsEarlyIsAnErrorInSending) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString cut = folder_.Write(QStringLiteral("cut.msg"),
-                                    "*** Brivon Message File ***\r\nRow = 1\r\nCol = 96\r\n");
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString cut =
+      folder_.Write(u"cut.msg"_s, "*** Brivon Message File ***\r\nRow = 1\r\nCol = 96\r\n");
   Answer(1);
   EXPECT_FALSE(Send(ScheduleOf({{a}, {cut}})));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Error in sending %1!").arg(cut)));
+  EXPECT_EQ(shown_, QStringList(u"Error in sending %1!"_s.arg(cut)));
   EXPECT_EQ(link_.Written(), QList<QByteArray>{"<ID0A><L01><P001>A \r\n"});
 }
 
 TEST_F(ScheduleTransmission, AMissingMessageFileIsFoundBeforeAnythingIsSent) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString missing = Path(QStringLiteral("missing.msg"));
-  ExpectRefused(ScheduleOf({{a}, {missing}}), QStringLiteral("File not found: ") + missing);
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString missing = Path(u"missing.msg"_s);
+  ExpectRefused(ScheduleOf({{a}, {missing}}), u"File not found: "_s + missing);
 }
 
 TEST_F(ScheduleTransmission, OfANameThatNoFileCanHaveTheStartIsShown) {
   // A whole line of a megabyte would keep a message box busy for many seconds.
   const QString endless(1000000, QLatin1Char('x'));
-  ExpectRefused(ScheduleOf({{endless}}),
-                QStringLiteral("File not found: ") + QString(4096, QLatin1Char('x')));
+  ExpectRefused(ScheduleOf({{endless}}), u"File not found: "_s + QString(4096, QLatin1Char('x')));
   const QString longest(4096, QLatin1Char('x'));
-  ExpectRefused(ScheduleOf({{longest}}), QStringLiteral("File not found: ") + longest);
+  ExpectRefused(ScheduleOf({{longest}}), u"File not found: "_s + longest);
 }
 
 TEST_F(ScheduleTransmission, EndlessPathsAndFeaturesInTheSlowestLetterAreRefused) {
@@ -388,13 +381,12 @@ TEST_F(ScheduleTransmission, EndlessPathsAndFeaturesInTheSlowestLetterAreRefused
   for (int i = 0; i < 32; ++i) {
     steps.append({QChar(u'a' + i % 26) + endless, "1", endless.toLatin1()});
   }
-  ExpectRefused(ScheduleOf(steps),
-                QStringLiteral("File not found: a") + QString(4095, QChar(0xDF)));
+  ExpectRefused(ScheduleOf(steps), u"File not found: a"_s + QString(4095, QChar(0xDF)));
 }
 
 TEST_F(ScheduleTransmission, AFeatureBetweenEndlessBlanksIsStillRead) {
   const QByteArray blanks(500000, ' ');
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(2);
   EXPECT_TRUE(
       Send(ScheduleOf({{a, "1", blanks + "flip" + blanks}, {a, "1", "flip" + blanks + "."}})));
@@ -403,65 +395,61 @@ TEST_F(ScheduleTransmission, AFeatureBetweenEndlessBlanksIsStillRead) {
 
 TEST_F(ScheduleTransmission, APathBetweenEndlessBlanksIsStillRead) {
   const QString blanks(500000, QLatin1Char(' '));
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(2);
   EXPECT_TRUE(Send(ScheduleOf({{blanks + a + blanks}, {a}})));
   EXPECT_EQ(link_.Written().size(), 2);
 }
 
 TEST_F(ScheduleTransmission, AFileThatIsNoMessageFileIsFoundBeforeAnythingIsSent) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString other =
-      folder_.Write(QStringLiteral("other.msg"), "*** Some other file, long enough ***\r\n");
-  ExpectRefused(ScheduleOf({{a}, {other}}), QStringLiteral("Error in opening file: ") + other);
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString other = folder_.Write(u"other.msg"_s, "*** Some other file, long enough ***\r\n");
+  ExpectRefused(ScheduleOf({{a}, {other}}), u"Error in opening file: "_s + other);
 }
 
 TEST_F(ScheduleTransmission, AMessageFileOfAnotherDimensionIsFoundBeforeAnythingIsSent) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString wide =
-      folder_.Write(QStringLiteral("wide.msg"),
-                    "*** Brivon Message File ***\r\nRow = 1\r\nCol = 128\r\n<L01>W\r\n");
-  ExpectRefused(ScheduleOf({{a}, {wide}}), QStringLiteral("Dimension Not Match: ") + wide);
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString wide = folder_.Write(
+      u"wide.msg"_s, "*** Brivon Message File ***\r\nRow = 1\r\nCol = 128\r\n<L01>W\r\n");
+  ExpectRefused(ScheduleOf({{a}, {wide}}), u"Dimension Not Match: "_s + wide);
 }
 
 TEST_F(ScheduleTransmission, TheMessagesAreLookedUpAndTheFileNameIsNot) {
   folder_.UseLanguage(
       "[Message]\r\nmsgNotFound=Datei fehlt\r\nmsgErrOpen=Nicht lesbar\r\nmsgErrSend=Fehler "
       "bei\r\n");
-  const QString missing = Path(QStringLiteral("missing.msg"));
-  ExpectRefused(ScheduleOf({{missing}}), QStringLiteral("Datei fehlt: ") + missing);
-  const QString other =
-      folder_.Write(QStringLiteral("other.msg"), "*** Some other file, long enough ***\r\n");
-  ExpectRefused(ScheduleOf({{other}}), QStringLiteral("Nicht lesbar: ") + other);
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString missing = Path(u"missing.msg"_s);
+  ExpectRefused(ScheduleOf({{missing}}), u"Datei fehlt: "_s + missing);
+  const QString other = folder_.Write(u"other.msg"_s, "*** Some other file, long enough ***\r\n");
+  ExpectRefused(ScheduleOf({{other}}), u"Nicht lesbar: "_s + other);
+  const QString a = Message(u"a.msg"_s, "A");
   EXPECT_FALSE(Send(ScheduleOf({{a}})));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Fehler bei %1!").arg(a)));
+  EXPECT_EQ(shown_, QStringList(u"Fehler bei %1!"_s.arg(a)));
 }
 
 TEST_F(ScheduleTransmission, AScheduleWhoseSequencesNameNoFileIsEmpty) {
-  ExpectRefused(ScheduleOf({{QString()}, {QStringLiteral("   ")}}),
-                QStringLiteral("Empty Schedule File!"));
+  ExpectRefused(ScheduleOf({{QString()}, {u"   "_s}}), u"Empty Schedule File!"_s);
 }
 
 TEST_F(ScheduleTransmission, OneBlankPathAmongOthersIsAFileThatWasNotFound) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  ExpectRefused(ScheduleOf({{a}, {QString()}}), QStringLiteral("File not found: "));
+  const QString a = Message(u"a.msg"_s, "A");
+  ExpectRefused(ScheduleOf({{a}, {QString()}}), u"File not found: "_s);
 }
 
 TEST_F(ScheduleTransmission, MoreThan26DistinctMessageFilesAreRefusedBeforeAnythingIsSent) {
   QList<Step> steps;
   for (int i = 0; i < 27; ++i) {
-    steps.append({Message(QStringLiteral("%1.msg").arg(i), "A")});
+    steps.append({Message(u"%1.msg"_s.arg(i), "A")});
   }
   ExpectRefused(ScheduleOf(steps), {});
   steps.removeLast();
   Answer(27);
-  EXPECT_TRUE(Send(ScheduleOf(steps), 10, QStringLiteral("J")));
+  EXPECT_TRUE(Send(ScheduleOf(steps), 10, u"J"_s));
   EXPECT_EQ(link_.Written().value(25), "<ID0A><L01><P134>A \r\n");
 }
 
 TEST_F(ScheduleTransmission, ThirtyTwoSequencesAreSentInOneFrame) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
+  const QString a = Message(u"a.msg"_s, "A");
   Answer(2);
   EXPECT_TRUE(Send(ScheduleOf(QList<Step>(32, {a, "7", "Shift"}))));
   QByteArray frame = "<ID0A><TA>*****00107H";
@@ -472,19 +460,19 @@ TEST_F(ScheduleTransmission, ThirtyTwoSequencesAreSentInOneFrame) {
 // ---- the schedule file --------------------------------------------------------------------------
 
 TEST_F(ScheduleTransmission, BlanksAroundThePathOfTheScheduleDoNotCount) {
-  folder_.Write(QStringLiteral("week.sch"), ScheduleOf({{Message(QStringLiteral("a.msg"), "A")}}));
+  folder_.Write(u"week.sch"_s, ScheduleOf({{Message(u"a.msg"_s, "A")}}));
   Answer(2);
-  EXPECT_TRUE(SendFile(QStringLiteral("  ") + Path(QStringLiteral("week.sch")) + QLatin1Char(' ')));
+  EXPECT_TRUE(SendFile(u"  "_s + Path(u"week.sch"_s) + QLatin1Char(' ')));
 }
 
 TEST_F(ScheduleTransmission, AMissingScheduleIsRefusedWithoutAText) {
-  EXPECT_FALSE(SendFile(Path(QStringLiteral("nowhere.sch"))));
+  EXPECT_FALSE(SendFile(Path(u"nowhere.sch"_s)));
   EXPECT_FALSE(SendFile({}));
   EXPECT_TRUE(shown_.isEmpty());
 }
 
 TEST_F(ScheduleTransmission, AFileThatIsNoCompleteScheduleIsRefusedWithoutAText) {
-  const QByteArray whole = ScheduleOf({{Message(QStringLiteral("a.msg"), "A")}});
+  const QByteArray whole = ScheduleOf({{Message(u"a.msg"_s, "A")}});
   ExpectRefused(QByteArray(whole).replace("Brivon", "Other"), {});
   ExpectRefused(QByteArray(whole).replace("Row =1", "Row =0"), {});
   ExpectRefused(QByteArray(whole).replace("Col =96", "Col =0"), {});
@@ -496,12 +484,12 @@ TEST_F(ScheduleTransmission, AFileThatIsNoCompleteScheduleIsRefusedWithoutAText)
 }
 
 TEST_F(ScheduleTransmission, ALostLineEndsTheTransferWithOneText) {
-  const QString a = Message(QStringLiteral("a.msg"), "A");
-  const QString b = Message(QStringLiteral("b.msg"), "B");
+  const QString a = Message(u"a.msg"_s, "A");
+  const QString b = Message(u"b.msg"_s, "B");
   Answer(1);
   link_.LoseAfter(10);
   EXPECT_FALSE(Send(ScheduleOf({{a}, {b}})));
-  EXPECT_EQ(shown_, QStringList(QStringLiteral("Error in sending %1!").arg(b)));
+  EXPECT_EQ(shown_, QStringList(u"Error in sending %1!"_s.arg(b)));
   EXPECT_EQ(link_.Written().size(), 2);
 }
 

@@ -14,11 +14,13 @@
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString kFinished = QStringLiteral("Transmission finished!");
-const QString kFailure = QStringLiteral("Transmission failure!");
-const QString kNoPort = QStringLiteral("Fail to initialize communication port!");
+const QString kFinished = u"Transmission finished!"_s;
+const QString kFailure = u"Transmission failure!"_s;
+const QString kNoPort = u"Fail to initialize communication port!"_s;
 const QByteArray kFile = "*** Brivon Shift Message File ***\r\n<SA><CA>Road <CB>works\r\n";
 
 /// The dialog as an operator has it before him.
@@ -40,7 +42,7 @@ class SendScrolling : public testing::Test {
  protected:
   SendScrolling()
       : bench_(LineKind::kSerial, {{18, 16, 96, true}, {19, 4, 96, false}, {26, 4, 96, true}}) {
-    path_ = bench_.Folder().Write(QStringLiteral("a.srl"), kFile);
+    path_ = bench_.Folder().Write(u"a.srl"_s, kFile);
   }
 
   void ExpectTheNextSendWorks(Dialog& dialog) {
@@ -61,10 +63,10 @@ class SendScrolling : public testing::Test {
 TEST_F(SendScrolling, TheMessageArrivesAsOneFrameAndTheDialogStaysOpenForTheNext) {
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
-  dialog.TypeLine(QStringLiteral("16"));
+  dialog.TypeLine(u"16"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   dialog.Find<QComboBox>("ComboID")->setCurrentIndex(1);
-  dialog.TypeLine(QStringLiteral("4"));
+  dialog.TypeLine(u"4"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{"<ID12><L1><SA><CA>Road <CB>works\r\n",
                                                 "<ID12><L16><SA><CA>Road <CB>works\r\n",
@@ -74,12 +76,12 @@ TEST_F(SendScrolling, TheMessageArrivesAsOneFrameAndTheDialogStaysOpenForTheNext
   EXPECT_TRUE(dialog.window.isVisible());
   EXPECT_TRUE(dialog.IsReady());
   EXPECT_EQ(dialog.File(), path_);
-  EXPECT_EQ(dialog.Find<QLineEdit>("txtLine")->text(), QStringLiteral("4"));
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtLine")->text(), u"4"_s);
   EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->currentIndex(), 1);
 }
 
 TEST_F(SendScrolling, TheConfigurationNamesTheTcpIpModeTheMessageIsStillSentOverTheSerialPort) {
-  const QByteArray ini = bench_.Folder().Read(QStringLiteral("brivon.ini"));
+  const QByteArray ini = bench_.Folder().Read(u"brivon.ini"_s);
   for (const char* mode : {"SendMode=TCPIP", "SendMode=", "SendMode=other"}) {
     bench_.Folder().Configure(QByteArray(ini).replace("SendMode=RS232", mode));
     Dialog dialog(path_);
@@ -91,29 +93,29 @@ TEST_F(SendScrolling, TheConfigurationNamesTheTcpIpModeTheMessageIsStillSentOver
 
 TEST_F(SendScrolling, TxtLine0OnAnyPanelIsSentWithLine0WithoutAMessage) {
   Dialog dialog(path_);
-  dialog.TypeLine(QStringLiteral("0"));
+  dialog.TypeLine(u"0"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
 }
 
 TEST_F(SendScrolling, TxtLine17OnA16RowPanelIsNotValid) {
   Dialog dialog(path_);
-  dialog.TypeLine(QStringLiteral("17"));
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Line No. Not Valid!")});
+  dialog.TypeLine(u"17"_s);
+  EXPECT_EQ(dialog.Send(), QStringList{u"Line No. Not Valid!"_s});
   EXPECT_TRUE(bench_.Frames().isEmpty());
   EXPECT_TRUE(dialog.IsReady());
 }
 
 TEST_F(SendScrolling, TxtLineAbcIsReadAs0AndSent) {
   Dialog dialog(path_);
-  dialog.TypeLine(QStringLiteral("abc"));
+  dialog.TypeLine(u"abc"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
 }
 
 TEST_F(SendScrolling, ALineBelow0PassesTheCheckAndIsSentAsItIs) {
   Dialog dialog(path_);
-  dialog.TypeLine(QStringLiteral(" -70000x"));
+  dialog.TypeLine(u" -70000x"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L-70000><SA><CA>Road <CB>works\r\n");
 }
@@ -122,7 +124,7 @@ TEST_F(SendScrolling, AHugeLineNumberIsNotValid) {
   Dialog dialog(path_);
   for (const char* line : {"65537", "4294967297", "99999999999999999999999999"}) {
     dialog.TypeLine(QString::fromLatin1(line));
-    EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Line No. Not Valid!")}) << line;
+    EXPECT_EQ(dialog.Send(), QStringList{u"Line No. Not Valid!"_s}) << line;
   }
   EXPECT_TRUE(bench_.Frames().isEmpty());
 }
@@ -137,7 +139,7 @@ TEST_F(SendScrolling, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
           EXPECT_FALSE(dialog.Find<QWidget>(name)->isEnabled()) << name;
         }
         EXPECT_EQ(dialog.window.cursor().shape(), Qt::WaitCursor);
-        EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), QStringLiteral("Sending --->"));
+        EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), u"Sending --->"_s);
         EXPECT_TRUE(dialog.Find<QTimer>("Timer1")->isActive());
         dialog.Click("butSend");
         dialog.window.close();
@@ -149,7 +151,7 @@ TEST_F(SendScrolling, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
   const ModalWindowDriver box(
       QString(), [&](QWidget*) { status = dialog.Find<QLabel>("lblSendStatus")->text(); });
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
-  EXPECT_EQ(status, QStringLiteral("<--- Ack"));
+  EXPECT_EQ(status, u"<--- Ack"_s);
   EXPECT_EQ(seen, 1);
   EXPECT_TRUE(dialog.window.isVisible());
   EXPECT_TRUE(dialog.IsReady());
@@ -164,7 +166,7 @@ TEST_F(SendScrolling, TheBoxIsPlainAndBearsTheWindowsCaption) {
   dialog.Click("butSend");
   ASSERT_EQ(boxes.Seen().size(), 1);
   EXPECT_EQ(boxes.Seen()[0].text, kFinished);
-  EXPECT_EQ(boxes.Seen()[0].title, QStringLiteral("Send Scrolling Message"));
+  EXPECT_EQ(boxes.Seen()[0].title, u"Send Scrolling Message"_s);
   EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::NoIcon);
   EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Ok);
   EXPECT_EQ(boxes.Seen()[0].parent, &dialog.window);
@@ -201,7 +203,7 @@ TEST_F(SendScrolling, TheControlsAreLockedUntilTheLinkIsClosed) {
 
 TEST_F(SendScrolling, ALineOfBlanksIsNotEmptyIsReadAs0AndSent) {
   Dialog dialog(path_);
-  dialog.TypeLine(QStringLiteral("  "));
+  dialog.TypeLine(u"  "_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
 }
@@ -302,8 +304,8 @@ TEST_F(SendScrolling, AMissingPortIsReportedWithItsDevice) {
   const MessageBoxReader boxes;
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
-  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(
-      bench_.Folder().Path(QStringLiteral("panel-line")) + QStringLiteral(": ")));
+  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(bench_.Folder().Path(u"panel-line"_s) +
+                                                           u": "_s));
   EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
   bench_.PlugIn();
   ExpectTheNextSendWorks(dialog);
@@ -313,7 +315,7 @@ TEST_F(SendScrolling, AFileThatIsRefusedAtSendingIsATransmissionFailureAndNothin
   Dialog dialog(path_);
   for (const char* content : {"too short", "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n",
                               "*** Brivon Shift Message File ***\r\n"}) {
-    bench_.Folder().Write(QStringLiteral("a.srl"), content);
+    bench_.Folder().Write(u"a.srl"_s, content);
     EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << content;
     EXPECT_TRUE(dialog.IsReady());
     EXPECT_TRUE(bench_.IsReleased());
@@ -327,8 +329,7 @@ TEST_F(SendScrolling, TheLongestMessageArrivesWhole) {
     body += QByteArray("<S") + static_cast<char>('A' + at % 8) + "><C" +
             static_cast<char>('A' + at % 16) + '>' + static_cast<char>('a' + at % 26);
   }
-  bench_.Folder().Write(QStringLiteral("a.srl"),
-                        "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
+  bench_.Folder().Write(u"a.srl"_s, "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<ID12><L1>" + body + "\r\n"});
@@ -350,14 +351,14 @@ TEST_F(SendScrolling, ItsTextsComeFromTheLanguageFileItsCaptionsDoNot) {
       "msgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\n"
       "[frmSendShift]\r\nfrmSendShift.Caption=Senden\r\nfrmSendShift.butSend=Los\r\n");
   Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fertig!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Fertig!"_s});
   bench_.Fail({.garbage = true});
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Fehler!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Fehler!"_s});
   bench_.Unplug();
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Kein Anschluss!")});
-  EXPECT_EQ(Dialog(QString()).Send(), QStringList{QStringLiteral("Datei fehlt!")});
-  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Scrolling Message"));
-  EXPECT_EQ(dialog.Find<QPushButton>("butSend")->text(), QStringLiteral("Send"));
+  EXPECT_EQ(dialog.Send(), QStringList{u"Kein Anschluss!"_s});
+  EXPECT_EQ(Dialog(QString()).Send(), QStringList{u"Datei fehlt!"_s});
+  EXPECT_EQ(dialog.window.windowTitle(), u"Send Scrolling Message"_s);
+  EXPECT_EQ(dialog.Find<QPushButton>("butSend")->text(), u"Send"_s);
 }
 
 /// The dialog in front of panels that are never reached: what it refuses before it opens a port.
@@ -368,7 +369,7 @@ class SendScrollingChecks : public testing::Test {
         "[Dimension Config]\r\nID007=16x96,Tri,192.168.0.1:80\r\nID012=2x128,Mono\r\n"
         "ID200=0x96,Tri\r\n[Communication]\r\nSendMode=TCPIP\r\n"
         "[Serial Ports]\r\nCom2=/nowhere/at/all\r\n");
-    path_ = folder_.Write(QStringLiteral("a.srl"), kFile);
+    path_ = folder_.Write(u"a.srl"_s, kFile);
   }
 
   TemporaryProgramFolder folder_;
@@ -377,12 +378,12 @@ class SendScrollingChecks : public testing::Test {
 
 TEST_F(SendScrollingChecks, HasItsControlsAndTexts) {
   Dialog dialog(path_);
-  EXPECT_EQ(dialog.window.objectName(), QStringLiteral("frmSendShift"));
-  EXPECT_EQ(dialog.window.windowTitle(), QStringLiteral("Send Scrolling Message"));
-  EXPECT_EQ(dialog.Find<QLabel>("LabelDisplayID")->text(), QStringLiteral("ID Number"));
-  EXPECT_EQ(dialog.Find<QLabel>("labelLine")->text(), QStringLiteral("Line :"));
+  EXPECT_EQ(dialog.window.objectName(), u"frmSendShift"_s);
+  EXPECT_EQ(dialog.window.windowTitle(), u"Send Scrolling Message"_s);
+  EXPECT_EQ(dialog.Find<QLabel>("LabelDisplayID")->text(), u"ID Number"_s);
+  EXPECT_EQ(dialog.Find<QLabel>("labelLine")->text(), u"Line :"_s);
   EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), QString());
-  EXPECT_EQ(dialog.Find<QLineEdit>("txtLine")->text(), QStringLiteral("1"));
+  EXPECT_EQ(dialog.Find<QLineEdit>("txtLine")->text(), u"1"_s);
   const std::pair<const char*, const char*> buttons[] = {
       {"butBrowse", "Browse"}, {"butSend", "Send"}, {"butDone", "Done"}};
   for (const auto& [name, text] : buttons) {
@@ -397,8 +398,8 @@ TEST_F(SendScrollingChecks, ThePanelListHasNoAddressesAndItsFirstEntryIsSelected
   Dialog dialog(path_);
   auto* list = dialog.Find<QComboBox>("ComboID");
   ASSERT_EQ(list->count(), 2);
-  EXPECT_EQ(list->itemText(0), QStringLiteral("ID007     16x96     Tri-Color"));
-  EXPECT_EQ(list->itemText(1), QStringLiteral("ID012     2x128     Mono-Color"));
+  EXPECT_EQ(list->itemText(0), u"ID007     16x96     Tri-Color"_s);
+  EXPECT_EQ(list->itemText(1), u"ID012     2x128     Mono-Color"_s);
   EXPECT_EQ(list->currentIndex(), 0);
 }
 
@@ -406,32 +407,31 @@ TEST_F(SendScrollingChecks, AnEmptyPanelListGivesInvalidIdSelection) {
   folder_.Configure("");
   Dialog dialog(path_);
   EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->count(), 0);
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("Invalid ID Selection!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"Invalid ID Selection!"_s});
   EXPECT_TRUE(dialog.IsReady());
 }
 
 TEST_F(SendScrollingChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
-  const QString path = folder_.Path(QStringLiteral("late.srl"));
+  const QString path = folder_.Path(u"late.srl"_s);
   Dialog dialog(path);
   dialog.TypeLine(QString());
   auto* list = dialog.Find<QComboBox>("ComboID");
   list->setCurrentIndex(-1);
   const MessageBoxReader boxes;
   dialog.Click("butSend");
-  folder_.Write(QStringLiteral("late.srl"), kFile);
+  folder_.Write(u"late.srl"_s, kFile);
   dialog.Click("butSend");
   list->setCurrentIndex(1);
   dialog.Click("butSend");
-  dialog.TypeLine(QStringLiteral("3"));
+  dialog.TypeLine(u"3"_s);
   dialog.Click("butSend");
-  dialog.TypeLine(QStringLiteral("2"));
+  dialog.TypeLine(u"2"_s);
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(),
-            (QStringList{QStringLiteral("File not found!"), QStringLiteral("Invalid ID Selection!"),
-                         QStringLiteral("Invalid Line No.!"), QStringLiteral("Line No. Not Valid!"),
-                         kNoPort}));
+            (QStringList{u"File not found!"_s, u"Invalid ID Selection!"_s, u"Invalid Line No.!"_s,
+                         u"Line No. Not Valid!"_s, kNoPort}));
   for (const SeenMessageBox& box : boxes.Seen()) {
-    EXPECT_EQ(box.title, QStringLiteral("Send Scrolling Message"));
+    EXPECT_EQ(box.title, u"Send Scrolling Message"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);
     EXPECT_EQ(box.buttons, QMessageBox::Ok);
   }
@@ -441,10 +441,10 @@ TEST_F(SendScrollingChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
 }
 
 TEST_F(SendScrollingChecks, AMessageAboutWhatWasChosenLocksNothing) {
-  Dialog dialog(folder_.Path(QStringLiteral("gone.srl")));
+  Dialog dialog(folder_.Path(u"gone.srl"_s));
   bool ready = false;
   const ModalWindowDriver box(QString(), [&](QWidget*) { ready = dialog.IsReady(); });
-  EXPECT_EQ(dialog.Send(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_EQ(dialog.Send(), QStringList{u"File not found!"_s});
   EXPECT_TRUE(ready);
 }
 
@@ -460,24 +460,24 @@ TEST_F(SendScrollingChecks, TheControlsAreLockedUntilTheMessageAboutThePortIsRea
 
 TEST_F(SendScrollingChecks, WithoutAFileTheKeyboardIsAtBrowse) {
   Dialog dialog{QString()};
-  EXPECT_EQ(dialog.window.focusWidget()->objectName(), QStringLiteral("butBrowse"));
+  EXPECT_EQ(dialog.window.focusWidget()->objectName(), u"butBrowse"_s);
 }
 
 TEST_F(SendScrollingChecks, WithoutAFileOrWithAFolderThereIsNoneToFind) {
-  EXPECT_EQ(Dialog(QString()).Send(), QStringList{QStringLiteral("File not found!")});
-  EXPECT_EQ(Dialog(folder_.Path(QString())).Send(), QStringList{QStringLiteral("File not found!")});
+  EXPECT_EQ(Dialog(QString()).Send(), QStringList{u"File not found!"_s});
+  EXPECT_EQ(Dialog(folder_.Path(QString())).Send(), QStringList{u"File not found!"_s});
 }
 
 TEST_F(SendScrollingChecks, BrowseShowsTheChosenFile) {
-  const QString other = folder_.Write(QStringLiteral("other.srl"), kFile);
+  const QString other = folder_.Write(u"other.srl"_s, kFile);
   Dialog dialog(path_);
   const MessageBoxReader boxes;
   const FileChooser chooser(other);
   dialog.Click("butBrowse");
-  EXPECT_EQ(chooser.Seen().title, QStringLiteral("Browse"));
-  EXPECT_EQ(chooser.Seen().filters, (QStringList{QStringLiteral("Scrolling Message File (*.srl)"),
-                                                 QStringLiteral("All (*)")}));
-  EXPECT_EQ(chooser.Seen().filter, QStringLiteral("Scrolling Message File (*.srl)"));
+  EXPECT_EQ(chooser.Seen().title, u"Browse"_s);
+  EXPECT_EQ(chooser.Seen().filters,
+            (QStringList{u"Scrolling Message File (*.srl)"_s, u"All (*)"_s}));
+  EXPECT_EQ(chooser.Seen().filter, u"Scrolling Message File (*.srl)"_s);
   EXPECT_EQ(dialog.File(), other);
   EXPECT_TRUE(boxes.Seen().isEmpty());
 }
@@ -486,18 +486,18 @@ TEST_F(SendScrollingChecks, AFileWhoseHeaderIsWrongIsRefusedAtBrowseInWordsWitho
   folder_.UseLanguage("[Message]\r\nmsgErrOpen=Unlesbar\r\n");
   Dialog dialog(path_);
   const MessageBoxReader boxes;
-  const FileChooser chooser(folder_.Write(QStringLiteral("bad.srl"), QByteArray(100, 'x')));
+  const FileChooser chooser(folder_.Write(u"bad.srl"_s, QByteArray(100, 'x')));
   dialog.Click("butBrowse");
-  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("Unlesbar")});
+  EXPECT_EQ(boxes.Texts(), QStringList{u"Unlesbar"_s});
   EXPECT_EQ(dialog.File(), path_);
 }
 
 TEST_F(SendScrollingChecks, AChosenFileThatDoesNotExistIsNotFoundInWordsWithoutAMark) {
   Dialog dialog(path_);
   const MessageBoxReader boxes;
-  const FileChooser chooser(folder_.Path(QStringLiteral("gone.srl")));
+  const FileChooser chooser(folder_.Path(u"gone.srl"_s));
   dialog.Click("butBrowse");
-  EXPECT_EQ(boxes.Texts(), QStringList{QStringLiteral("File not found")});
+  EXPECT_EQ(boxes.Texts(), QStringList{u"File not found"_s});
   EXPECT_EQ(dialog.File(), path_);
 }
 
@@ -524,7 +524,7 @@ TEST_F(SendScrollingChecks, TabVisitsTheControlsInTheOrderInWhichTheyAreRead) {
   Dialog dialog(path_);
   dialog.window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog.window));
-  EXPECT_EQ(dialog.window.focusWidget()->objectName(), QStringLiteral("ComboID"));
+  EXPECT_EQ(dialog.window.focusWidget()->objectName(), u"ComboID"_s);
   dialog.Find<QWidget>("butBrowse")->setFocus();
   for (const char* name : {"ComboID", "txtLine", "butSend", "butDone", "butBrowse"}) {
     QTest::keyClick(dialog.window.focusWidget(), Qt::Key_Tab);

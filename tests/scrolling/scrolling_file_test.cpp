@@ -11,6 +11,8 @@
 #include "support/full_disk.h"
 #include "support/program_folder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -27,13 +29,13 @@ class ScrollingFile : public testing::Test {
   QByteArray ReadBody(const QByteArray& body) { return ReadFile(kHeader + "\r\n" + body + "\r\n"); }
 
   QByteArray ReadFile(const QByteArray& content) {
-    const auto row = ReadScrollingMessage(folder_.Write(QStringLiteral("a.srl"), content));
+    const auto row = ReadScrollingMessage(folder_.Write(u"a.srl"_s, content));
     return row ? Shown(*row) : "refused";
   }
 
   /// The bytes that are written of a message.
   QByteArray Written(const PageRow& row) {
-    const QString name = QStringLiteral("w.srl");
+    const QString name = u"w.srl"_s;
     EXPECT_EQ(WriteScrollingMessage(folder_.Path(name), row), SaveResult::kSaved);
     return folder_.Read(name);
   }
@@ -47,7 +49,7 @@ TEST_F(ScrollingFile, TheHeaderLineHas33Characters) {
 }
 
 TEST_F(ScrollingFile, AFileWithTheCorrectHeaderButOnly29BytesInTotalIsRefused) {
-  const QString path = folder_.Write(QStringLiteral("a.srl"), kHeader.first(29));
+  const QString path = folder_.Write(u"a.srl"_s, kHeader.first(29));
   EXPECT_FALSE(IsScrollingFile(path));
   EXPECT_FALSE(ReadScrollingMessage(path).has_value());
 }
@@ -121,7 +123,7 @@ TEST_F(ScrollingFile, AnEmptyMessageGivesAnEmptySecondLine) {
 TEST_F(ScrollingFile, AScrollingFileWithoutASecondLineIsAFailedRead) {
   EXPECT_EQ(ReadFile(kHeader), "refused");
   EXPECT_EQ(ReadFile(kHeader + "\r\n"), "refused");
-  EXPECT_TRUE(IsScrollingFile(folder_.Path(QStringLiteral("a.srl"))));
+  EXPECT_TRUE(IsScrollingFile(folder_.Path(u"a.srl"_s)));
 }
 
 TEST_F(ScrollingFile, LinesMayEndWithLineFeedAloneOrWithTheFile) {
@@ -134,7 +136,7 @@ TEST_F(ScrollingFile, WhatFollowsTheSecondLineDoesNotCount) {
 }
 
 TEST_F(ScrollingFile, WhatIsNoFileIsRefused) {
-  EXPECT_FALSE(ReadScrollingMessage(folder_.Path(QStringLiteral("gone.srl"))).has_value());
+  EXPECT_FALSE(ReadScrollingMessage(folder_.Path(u"gone.srl"_s)).has_value());
   EXPECT_FALSE(ReadScrollingMessage(folder_.Path(QString())).has_value());
   EXPECT_FALSE(ReadScrollingMessage(QString()).has_value());
 }
@@ -176,8 +178,7 @@ TEST_F(ScrollingFile, AnyBytesAtAllGiveAMessageOrARefusal) {
       body.append(random() % 4 == 0 ? static_cast<char>(random() % 256)
                                     : kLetters[random() % (sizeof kLetters - 1)]);
     }
-    const auto row =
-        ReadScrollingMessage(folder_.Write(QStringLiteral("a.srl"), kHeader + "\r\n" + body));
+    const auto row = ReadScrollingMessage(folder_.Write(u"a.srl"_s, kHeader + "\r\n" + body));
     if (body.isEmpty()) {
       EXPECT_FALSE(row.has_value());
       continue;
@@ -198,35 +199,35 @@ TEST_F(ScrollingFile, ABodyOf600000CharactersIsReadWholeInBoundedTime) {
   QElapsedTimer timer;
   timer.start();
   const auto row = ReadScrollingMessage(
-      folder_.Write(QStringLiteral("a.srl"), kHeader + "\r\n" + QByteArray(600000, 'x') + "\r\n"));
+      folder_.Write(u"a.srl"_s, kHeader + "\r\n" + QByteArray(600000, 'x') + "\r\n"));
   ASSERT_TRUE(row.has_value());
   EXPECT_EQ(row->Length(), 600000);
   EXPECT_LT(timer.elapsed(), 5000);
 }
 
 TEST_F(ScrollingFile, ALineThatIsLongerThanAnyMessageIsAFailedRead) {
-  QFile huge(folder_.Write(QStringLiteral("a.srl"), kHeader + "\r\n"));
+  QFile huge(folder_.Write(u"a.srl"_s, kHeader + "\r\n"));
   ASSERT_TRUE(huge.resize(200 * 1024 * 1024));
   EXPECT_FALSE(ReadScrollingMessage(huge.fileName()).has_value());
 }
 
 TEST_F(ScrollingFile, WritingReplacesAnExistingFile) {
-  folder_.Write(QStringLiteral("w.srl"), QByteArray(5000, 'o'));
+  folder_.Write(u"w.srl"_s, QByteArray(5000, 'o'));
   PageRow row;
   row.Append('n', {});
   EXPECT_EQ(Written(row), kHeader + "\r\n<SA><CA>n\r\n");
 }
 
 TEST_F(ScrollingFile, ASaveThatFailsLeavesTheOldFile) {
-  const QString path = folder_.Write(QStringLiteral("w.srl"), "the old file");
+  const QString path = folder_.Write(u"w.srl"_s, "the old file");
   PageRow row;
   for (int at = 0; at < 100; ++at) row.Append('n', {});
   {
     const FullDisk full_disk(20);
     EXPECT_EQ(WriteScrollingMessage(path, row), SaveResult::kDriveNotAvailable);
   }
-  EXPECT_EQ(folder_.Read(QStringLiteral("w.srl")), "the old file");
-  EXPECT_EQ(WriteScrollingMessage(folder_.Path(QStringLiteral("no/such/folder.srl")), row),
+  EXPECT_EQ(folder_.Read(u"w.srl"_s), "the old file");
+  EXPECT_EQ(WriteScrollingMessage(folder_.Path(u"no/such/folder.srl"_s), row),
             SaveResult::kInvalidPath);
 }
 

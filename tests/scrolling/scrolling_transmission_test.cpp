@@ -5,6 +5,8 @@
 #include "support/program_folder.h"
 #include "support/virtual_time.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -20,13 +22,12 @@ class ScrollingTransmission : public testing::Test {
   }
 
   QString File(const QByteArray& body) {
-    return folder_.Write(QStringLiteral("a.srl"),
-                         "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
+    return folder_.Write(u"a.srl"_s, "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
   }
 
   bool Send(const QString& path, int id, int line) {
     Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
-                                time_.Note(QStringLiteral("status \"%1\"").arg(text));
+                                time_.Note(u"status \"%1\""_s.arg(text));
                               }};
     return SendScrollingFile(transmission, path, id, line);
   }
@@ -39,7 +40,7 @@ class ScrollingTransmission : public testing::Test {
   }
 
   void ExpectRefused(const QByteArray& content) {
-    EXPECT_FALSE(Send(folder_.Write(QStringLiteral("a.srl"), content), 18, 2));
+    EXPECT_FALSE(Send(folder_.Write(u"a.srl"_s, content), 18, 2));
     EXPECT_TRUE(link_.Written().isEmpty());
     EXPECT_TRUE(time_.Timeline().isEmpty()) << "no status, no wait";
   }
@@ -55,14 +56,14 @@ TEST_F(ScrollingTransmission, TimelineOfASuccessAtOnce) {
   link_.AnswerAfter(340, "<ID12>\r\n");
   EXPECT_TRUE(Send(File("<SA><CA>Road works"), 18, 2));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Sending --->\""),
-                                  QStringLiteral("@0 send <ID12><L2><SA><CA>Road works[CR][LF]"),
-                                  QStringLiteral("@100 tick"),
-                                  QStringLiteral("@200 tick"),
-                                  QStringLiteral("@300 tick"),
-                                  QStringLiteral("@340 status \"<--- Ack\""),
-                                  QStringLiteral("@440 tick"),
-                                  QStringLiteral("@540 tick"),
+                                  u"@0 status \"Sending --->\""_s,
+                                  u"@0 send <ID12><L2><SA><CA>Road works[CR][LF]"_s,
+                                  u"@100 tick"_s,
+                                  u"@200 tick"_s,
+                                  u"@300 tick"_s,
+                                  u"@340 status \"<--- Ack\""_s,
+                                  u"@440 tick"_s,
+                                  u"@540 tick"_s,
                               }));
   EXPECT_EQ(timer_.last_ack_status, 1);
 }
@@ -71,14 +72,14 @@ TEST_F(ScrollingTransmission, AnAnswerThatComesDuringThe300MsIsSeenAtTheirEnd) {
   link_.AnswerAfter(20, "<ID12>\r\n");
   EXPECT_TRUE(Send(File("x"), 18, 2));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Sending --->\""),
-                                  QStringLiteral("@0 send <ID12><L2>x[CR][LF]"),
-                                  QStringLiteral("@100 tick"),
-                                  QStringLiteral("@200 tick"),
-                                  QStringLiteral("@300 tick"),
-                                  QStringLiteral("@300 status \"<--- Ack\""),
-                                  QStringLiteral("@400 tick"),
-                                  QStringLiteral("@500 tick"),
+                                  u"@0 status \"Sending --->\""_s,
+                                  u"@0 send <ID12><L2>x[CR][LF]"_s,
+                                  u"@100 tick"_s,
+                                  u"@200 tick"_s,
+                                  u"@300 tick"_s,
+                                  u"@300 status \"<--- Ack\""_s,
+                                  u"@400 tick"_s,
+                                  u"@500 tick"_s,
                               }));
 }
 
@@ -87,24 +88,22 @@ TEST_F(ScrollingTransmission, TimelineOfASuccessOnTheThirdAttempt) {
   link_.AnswerAfter(310, "<ID13>\r\n");
   link_.AnswerAfter(310, "<ID12>\r\n");
   EXPECT_TRUE(Send(File("x"), 18, 2));
-  const QString attempt = QStringLiteral(" send <ID12><L2>x[CR][LF]");
-  QStringList expected{QStringLiteral("@0 status \"Sending --->\"")};
+  const QString attempt = u" send <ID12><L2>x[CR][LF]"_s;
+  QStringList expected{u"@0 status \"Sending --->\""_s};
   // Silence: 300 ms and 1100 ms. Another panel's answer ends the wait with its eighth byte.
-  expected << QStringLiteral("@0") + attempt << TicksAt(100, 1400)
-           << QStringLiteral("@1400") + attempt << TicksAt(1500, 1700)
-           << QStringLiteral("@1710") + attempt << TicksAt(1810, 2010)
-           << QStringLiteral("@2020 status \"<--- Ack\"") << TicksAt(2120, 2220);
+  expected << u"@0"_s + attempt << TicksAt(100, 1400) << u"@1400"_s + attempt << TicksAt(1500, 1700)
+           << u"@1710"_s + attempt << TicksAt(1810, 2010) << u"@2020 status \"<--- Ack\""_s
+           << TicksAt(2120, 2220);
   EXPECT_EQ(time_.Timeline(), expected);
 }
 
 TEST_F(ScrollingTransmission,
        FiveFailedAttemptsTakeFiveTimes300MsPlusFiveTimeOutsOf1100MsAndNoPauseFollows) {
   EXPECT_FALSE(Send(File("x"), 18, 2));
-  QStringList expected{QStringLiteral("@0 status \"Sending --->\"")};
+  QStringList expected{u"@0 status \"Sending --->\""_s};
   for (int attempt = 0; attempt < 5; ++attempt) {
     const int from = 1400 * attempt;
-    expected << QStringLiteral("@%1 send <ID12><L2>x[CR][LF]").arg(from)
-             << TicksAt(from + 100, from + 1400);
+    expected << u"@%1 send <ID12><L2>x[CR][LF]"_s.arg(from) << TicksAt(from + 100, from + 1400);
   }
   EXPECT_EQ(time_.Timeline(), expected);
   EXPECT_EQ(time_.Now(), 5 * 300 + 5 * 1100);
@@ -131,31 +130,29 @@ TEST_F(ScrollingTransmission, BytesLeftOverFromAnEarlierExchangeAreCountedIntoTh
 TEST_F(ScrollingTransmission, TimelineForPanelId0) {
   EXPECT_TRUE(Send(File("x"), 0, 2));
   EXPECT_EQ(time_.Timeline(), (QStringList{
-                                  QStringLiteral("@0 status \"Sending --->\""),
-                                  QStringLiteral("@0 send <ID00><L2>x[CR][LF]"),
-                                  QStringLiteral("@100 tick"),
-                                  QStringLiteral("@200 tick"),
-                                  QStringLiteral("@300 tick"),
-                                  QStringLiteral("@300 status \"<--- Ack\""),
-                                  QStringLiteral("@400 tick"),
-                                  QStringLiteral("@500 tick"),
+                                  u"@0 status \"Sending --->\""_s,
+                                  u"@0 send <ID00><L2>x[CR][LF]"_s,
+                                  u"@100 tick"_s,
+                                  u"@200 tick"_s,
+                                  u"@300 tick"_s,
+                                  u"@300 status \"<--- Ack\""_s,
+                                  u"@400 tick"_s,
+                                  u"@500 tick"_s,
                               }));
 }
 
 TEST_F(ScrollingTransmission, ALongMessageToId0IsFinishedWhenItsBytesHaveLeft) {
   link_.SendAt(9600);
   EXPECT_TRUE(Send(File(QByteArray(9588, 'x')), 0, 2));  // 9600 bytes with the rest of the frame
-  EXPECT_EQ(time_.Timeline().last(2),
-            (QStringList{QStringLiteral("@10100 tick"), QStringLiteral("@10200 tick")}));
-  EXPECT_EQ(time_.Timeline().at(time_.Timeline().size() - 3),
-            QStringLiteral("@10000 status \"<--- Ack\""));
+  EXPECT_EQ(time_.Timeline().last(2), (QStringList{u"@10100 tick"_s, u"@10200 tick"_s}));
+  EXPECT_EQ(time_.Timeline().at(time_.Timeline().size() - 3), u"@10000 status \"<--- Ack\""_s);
 }
 
 TEST_F(ScrollingTransmission, AMessageToId0OverALineThatTakesNothingHasFailed) {
   link_.SendAt(0);
   EXPECT_FALSE(Send(File(QByteArray(84, 'x')), 0, 2));  // 96 bytes, a tenth of a second
   EXPECT_EQ(time_.Now(), 300 + 100 + 25 + 2000);
-  EXPECT_EQ(time_.Timeline().last(), QStringLiteral("@2425 close"));
+  EXPECT_EQ(time_.Timeline().last(), u"@2425 close"_s);
 }
 
 TEST_F(ScrollingTransmission, Panel18Line2OnAThreeColourPanelReceivesTheTextAsItIs) {
@@ -203,8 +200,7 @@ TEST_F(ScrollingTransmission, AnEmptyMessageIsSent) {
 TEST_F(ScrollingTransmission, TheShortestFileWithTheRightHeaderIsAccepted) {
   // The header line alone is longer than the 30 bytes that a file must have.
   link_.AnswerAfter(1, "<ID12>\r\n");
-  EXPECT_TRUE(
-      Send(folder_.Write(QStringLiteral("a.srl"), "*** Brivon Shift Message File ***\n\n"), 18, 1));
+  EXPECT_TRUE(Send(folder_.Write(u"a.srl"_s, "*** Brivon Shift Message File ***\n\n"), 18, 1));
   EXPECT_EQ(link_.Written(), (QList<QByteArray>{"<ID12><L1>\r\n"}));
 }
 
@@ -223,7 +219,7 @@ TEST_F(ScrollingTransmission, AFileWithoutASecondLineIsRefusedBeforeAnythingIsSe
 }
 
 TEST_F(ScrollingTransmission, AMissingFileIsRefusedBeforeAnythingIsSent) {
-  EXPECT_FALSE(Send(folder_.Path(QStringLiteral("gone.srl")), 18, 2));
+  EXPECT_FALSE(Send(folder_.Path(u"gone.srl"_s), 18, 2));
   EXPECT_TRUE(time_.Timeline().isEmpty());
 }
 

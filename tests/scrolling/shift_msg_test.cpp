@@ -32,6 +32,8 @@
 #include "support/wheel.h"
 #include "support/window_keys.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* kQuestion = "File not saved. Save it now?";
@@ -911,7 +913,7 @@ TEST_F(ShiftMsg, ControlCharactersTypedInAnEditorAreIgnoredAndNoEdit) {
   for (const Qt::Key key : {Qt::Key_A, Qt::Key_J, Qt::Key_X, Qt::Key_BracketLeft}) {
     Key(key, Qt::ControlModifier);
   }
-  QKeyEvent tab(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QStringLiteral("\t"));
+  QKeyEvent tab(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, u"\t"_s);
   QApplication::sendEvent(Picture(), &tab);
   EXPECT_FALSE(Asks());
   EXPECT_EQ(Body(), "\r\n");

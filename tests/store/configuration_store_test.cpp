@@ -9,6 +9,8 @@
 #include "store/panel_list.h"
 #include "support/program_folder.h"
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -186,11 +188,11 @@ TEST(ConfigurationStore, APortNumberIsHeldIn16Bits) {
 TEST(ConfigurationStore, SerialPortNIsTheSystemsNthPort) {
   const Configuration configuration = Read("");
 #ifdef Q_OS_WIN
-  EXPECT_EQ(SerialDevice(configuration, 2), QStringLiteral("COM2"));
+  EXPECT_EQ(SerialDevice(configuration, 2), u"COM2"_s);
 #else
-  EXPECT_EQ(SerialDevice(configuration, 1), QStringLiteral("/dev/ttyS0"));
-  EXPECT_EQ(SerialDevice(configuration, 2), QStringLiteral("/dev/ttyS1"));
-  EXPECT_EQ(SerialDevice(configuration, 10), QStringLiteral("/dev/ttyS9"));
+  EXPECT_EQ(SerialDevice(configuration, 1), u"/dev/ttyS0"_s);
+  EXPECT_EQ(SerialDevice(configuration, 2), u"/dev/ttyS1"_s);
+  EXPECT_EQ(SerialDevice(configuration, 10), u"/dev/ttyS9"_s);
 #endif
 }
 
@@ -198,12 +200,12 @@ TEST(ConfigurationStore, TheSerialPortsSectionNamesAnotherDevice) {
   const Configuration configuration = Read(
       "[Communication]\r\nComPort=40\r\n[Serial Ports]\r\nCom1=/dev/ttyUSB0\r\n"
       "com3 = \"/dev/serial/by-id/panel line\"\r\nCom4=\r\nCom16=/dev/x\r\nCom40=/dev/y\r\n");
-  EXPECT_EQ(SerialDevice(configuration, 1), QStringLiteral("/dev/ttyUSB0"));
-  EXPECT_EQ(SerialDevice(configuration, 2), QStringLiteral("/dev/ttyS1"));
-  EXPECT_EQ(SerialDevice(configuration, 3), QStringLiteral("/dev/serial/by-id/panel line"));
-  EXPECT_EQ(SerialDevice(configuration, 4), QStringLiteral("/dev/ttyS3"));
-  EXPECT_EQ(SerialDevice(configuration, 16), QStringLiteral("/dev/x"));
-  EXPECT_EQ(SerialDevice(configuration, 40), QStringLiteral("/dev/y"));
+  EXPECT_EQ(SerialDevice(configuration, 1), u"/dev/ttyUSB0"_s);
+  EXPECT_EQ(SerialDevice(configuration, 2), u"/dev/ttyS1"_s);
+  EXPECT_EQ(SerialDevice(configuration, 3), u"/dev/serial/by-id/panel line"_s);
+  EXPECT_EQ(SerialDevice(configuration, 4), u"/dev/ttyS3"_s);
+  EXPECT_EQ(SerialDevice(configuration, 16), u"/dev/x"_s);
+  EXPECT_EQ(SerialDevice(configuration, 40), u"/dev/y"_s);
 }
 
 TEST(ConfigurationStore, TheControlLinesAreThoseOfTheConfiguredPort) {
@@ -236,7 +238,7 @@ TEST(ConfigurationStore, TheFilesSectionNamesTheCodePage) {
 
 TEST(ConfigurationStore, TheStoreIsLoadedFromTheProgramsFolder) {
   const TemporaryProgramFolder folder;
-  folder.Write(QStringLiteral("brivon.ini"), "[Dimension Config]\r\nID003=4x96,Tri,1.2.3.4:80\r\n");
+  folder.Write(u"brivon.ini"_s, "[Dimension Config]\r\nID003=4x96,Tri,1.2.3.4:80\r\n");
   LoadConfiguration();
   ExpectPanel(Store().panels[3], 4, 96, kTri, "1.2.3.4:80");
   EXPECT_EQ(Store().baud_rate, 9600);
@@ -254,7 +256,7 @@ TEST(ConfigurationStore, EachLoadOverwritesEverythingAndMergesNothing) {
   EXPECT_EQ(Store().baud_rate, 9600);
   EXPECT_EQ(Store().com_port, 2);
   EXPECT_EQ(Store().delay_period, 300);
-  EXPECT_EQ(SerialDevice(Store(), 1), QStringLiteral("/dev/ttyS0"));
+  EXPECT_EQ(SerialDevice(Store(), 1), u"/dev/ttyS0"_s);
 }
 
 TEST(ConfigurationStore, AMissingFileYieldsTheDefaults) {
@@ -268,18 +270,18 @@ TEST(ConfigurationStore, AMissingFileYieldsTheDefaults) {
 
 TEST(ConfigurationStore, AFolderInPlaceOfTheFileYieldsTheDefaults) {
   const TemporaryProgramFolder folder;
-  ASSERT_TRUE(QDir(ProgramFolder()).mkdir(QStringLiteral("brivon.ini")));
+  ASSERT_TRUE(QDir(ProgramFolder()).mkdir(u"brivon.ini"_s));
   LoadConfiguration();
   EXPECT_EQ(Store().com_port, 2);
   // The folder makes way for the file that the end of the test writes.
-  ASSERT_TRUE(QDir(ProgramFolder()).rmdir(QStringLiteral("brivon.ini")));
+  ASSERT_TRUE(QDir(ProgramFolder()).rmdir(u"brivon.ini"_s));
 }
 
 TEST(ConfigurationStore, TheFileStandsBesideTheProgram) {
   EXPECT_EQ(ProgramFolder(), QCoreApplication::applicationDirPath());
   const TemporaryProgramFolder folder;
-  EXPECT_EQ(ConfigurationPath(), folder.Path(QStringLiteral("brivon.ini")));
-  EXPECT_EQ(InProgramFolder(QStringLiteral("NEW.SRL")), folder.Path(QStringLiteral("NEW.SRL")));
+  EXPECT_EQ(ConfigurationPath(), folder.Path(u"brivon.ini"_s));
+  EXPECT_EQ(InProgramFolder(u"NEW.SRL"_s), folder.Path(u"NEW.SRL"_s));
 }
 
 TEST(ConfigurationStore, TheStoreIsEmptyBeforeItsFirstLoad) {

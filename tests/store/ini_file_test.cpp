@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace Brivon1 {
 namespace {
 
@@ -378,10 +380,10 @@ TEST_F(IniFileOnDisk, AFileIsLoadedWhole) {
 }
 
 TEST_F(IniFileOnDisk, WhatIsMissingOrNoOrdinaryFileIsAnEmptyOne) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
   ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
   for (const QString& path :
-       {Path("missing"), Path("folder"), Path("pipe"), QString(), QStringLiteral("/dev/zero")}) {
+       {Path("missing"), Path("folder"), Path("pipe"), QString(), u"/dev/zero"_s}) {
     EXPECT_EQ(IniFile::Load(path).Content(), "") << path.toStdString();
   }
 }
@@ -412,7 +414,7 @@ TEST_F(IniFileOnDisk, AFileMayConsistOfTheShortestLinesOnly) {
 TEST_F(IniFileOnDisk, AFileToBeChangedIsReadWholeOrNotAtAll) {
   EXPECT_EQ(IniFile::Read(Write("[A]\r\n"))->Content(), "[A]\r\n");
   EXPECT_EQ(IniFile::Read(Path("missing"))->Content(), "");
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("folder")));
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
   EXPECT_FALSE(IniFile::Read(Path("folder")));
   EXPECT_FALSE(IniFile::Read(Write(QByteArray((4 << 20) + 1, '.'))));
 }

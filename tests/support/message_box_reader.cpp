@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 MessageBoxReader::MessageBoxReader() { qApp->installEventFilter(this); }
 
 MessageBoxReader::~MessageBoxReader() { qApp->removeEventFilter(this); }
@@ -57,7 +59,7 @@ bool ModalWindowDriver::eventFilter(QObject* object, QEvent* event) {
 FileChooser::FileChooser(const QString& path, const QString& object_name)
     : ModalWindowDriver(object_name, [this, path](QWidget* window) {
         auto* dialog = qobject_cast<QFileDialog*>(window);
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* name = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
         seen_ = {dialog->windowTitle(), dialog->nameFilters(), dialog->selectedNameFilter(),
                  dialog->directory().absolutePath(), name->text()};
         if (path.isEmpty()) {

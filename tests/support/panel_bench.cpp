@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 std::string LineName(const testing::TestParamInfo<LineKind>& line) {
   return line.param == LineKind::kTcp ? "Tcp" : "Serial";
 }
@@ -20,7 +22,7 @@ void PanelBench::Unplug() {
 
 void PanelBench::PlugIn() {
   if (kind_ == LineKind::kSerial) {
-    if (!pty_.IsPlugged() && !pty_.Open(folder_.Path(QStringLiteral("panel-line")))) {
+    if (!pty_.IsPlugged() && !pty_.Open(folder_.Path(u"panel-line"_s))) {
       qFatal("cannot open a pseudo-terminal");
     }
   } else if (tcp_.Port() == 0 && !tcp_.Listen(QHostAddress(QHostAddress::LocalHost), tcp_port_)) {
@@ -31,19 +33,17 @@ void PanelBench::PlugIn() {
 void PanelBench::Configure(int delay_period) {
   QByteArray ini = "[Dimension Config]\r\n";
   for (const VirtualPanel::PanelDescription& panel : panels_) {
-    ini += QStringLiteral("ID%1=%2x%3,%4,127.0.0.1:%5\r\n")
-               .arg(panel.id, 3, 10, QLatin1Char('0'))
+    ini += u"ID%1=%2x%3,%4,127.0.0.1:%5\r\n"_s.arg(panel.id, 3, 10, QLatin1Char('0'))
                .arg(panel.rows)
                .arg(panel.columns)
-               .arg(panel.tri_colour ? QStringLiteral("Tri") : QStringLiteral("Mono"))
+               .arg(panel.tri_colour ? u"Tri"_s : u"Mono"_s)
                .arg(tcp_.Port() == 0 ? 9 : tcp_.Port())
                .toLatin1();
   }
   ini += "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=";
   ini += kind_ == LineKind::kTcp ? "TCPIP" : "RS232";
   ini += "\r\nDelay Period=" + QByteArray::number(delay_period) + "\r\n";
-  ini +=
-      "[Serial Ports]\r\nCom2=" + folder_.Path(QStringLiteral("panel-line")).toLocal8Bit() + "\r\n";
+  ini += "[Serial Ports]\r\nCom2=" + folder_.Path(u"panel-line"_s).toLocal8Bit() + "\r\n";
   folder_.Configure(ini);
 }
 

@@ -5,6 +5,8 @@
 #include "language/module_language.h"
 #include "store/configuration_store.h"
 
+using namespace Qt::StringLiterals;
+
 TemporaryProgramFolder::TemporaryProgramFolder() { Brivon1::SetProgramFolder(folder_.path()); }
 
 TemporaryProgramFolder::~TemporaryProgramFolder() {
@@ -29,11 +31,11 @@ QByteArray TemporaryProgramFolder::Read(const QString& name) const {
 }
 
 void TemporaryProgramFolder::Configure(const QByteArray& ini) const {
-  Write(QStringLiteral("brivon.ini"), ini);
+  Write(u"brivon.ini"_s, ini);
   Brivon1::LoadConfiguration();
 }
 
 void TemporaryProgramFolder::UseLanguage(const QByteArray& ini) const {
-  Write(QStringLiteral("langSetting.INI"), ini);
+  Write(u"langSetting.INI"_s, ini);
   ModuleLanguage::SetLanguageActive(true);
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qint64 kBitMillisecondsOfAByte = 10 * 1000;
@@ -25,9 +27,7 @@ void VirtualTime::Advance(qint64 limit) {
   next.mapped()();
 }
 
-void VirtualTime::Note(const QString& what) {
-  timeline_.append(QStringLiteral("@%1 %2").arg(now_).arg(what));
-}
+void VirtualTime::Note(const QString& what) { timeline_.append(u"@%1 %2"_s.arg(now_).arg(what)); }
 
 void VirtualTickTimer::Enable() {
   if (std::exchange(enabled_, true)) return;
@@ -40,7 +40,7 @@ void VirtualTickTimer::Disable() { enabled_ = false; }
 void VirtualTickTimer::ScheduleTick() {
   time_.Schedule(kInterval, [this, run = run_] {
     if (!enabled_ || run != run_) return;
-    time_.Note(QStringLiteral("tick"));
+    time_.Note(u"tick"_s);
     Tick();
     ScheduleTick();
   });
@@ -79,8 +79,7 @@ void ScriptedLink::AndLoseAfter(qint64 after) {
 
 void ScriptedLink::Write(const QByteArray& bytes) {
   QByteArray shown = bytes;
-  time_.Note(QStringLiteral("send ") +
-             QString::fromLatin1(shown.replace("\r", "[CR]").replace("\n", "[LF]")));
+  time_.Note(u"send "_s + QString::fromLatin1(shown.replace("\r", "[CR]").replace("\n", "[LF]")));
   written_.append(bytes);
   if (speed_ > 0) {
     busy_to_ = std::max(busy_to_, time_.Now() * speed_) + bytes.size() * kBitMillisecondsOfAByte;
@@ -117,7 +116,7 @@ qint64 ScriptedLink::Unsent() const {
 
 void ScriptedLink::Close() {
   closed_ = true;
-  time_.Note(QStringLiteral("close"));
+  time_.Note(u"close"_s);
 }
 
 QByteArray ScriptedLink::ReadAvailable() {
@@ -127,6 +126,6 @@ QByteArray ScriptedLink::ReadAvailable() {
 
 QStringList TicksAt(int first, int last) {
   QStringList ticks;
-  for (int at = first; at <= last; at += 100) ticks.append(QStringLiteral("@%1 tick").arg(at));
+  for (int at = first; at <= last; at += 100) ticks.append(u"@%1 tick"_s.arg(at));
   return ticks;
 }

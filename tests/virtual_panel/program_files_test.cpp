@@ -9,6 +9,8 @@
 #include "program_fixture.h"
 #include "support/led_of.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -16,7 +18,7 @@ TEST_F(ProgramTest, SpeaksLogsAndKeepsItsState) {
   const QString log = PathOf("log");
   const QString state = PathOf("state");
   Start(Words("--headless --panel 26:2x48:mono --panel 7:4x96:tri --tcp 127.0.0.1:0") +
-        QStringList{QStringLiteral("--log"), log, QStringLiteral("--state"), state});
+        QStringList{u"--log"_s, log, u"--state"_s, state});
   ASSERT_NE(Port(), 0);
   QTcpSocket socket;
   Connect(&socket);
@@ -28,24 +30,22 @@ TEST_F(ProgramTest, SpeaksLogsAndKeepsItsState) {
   ASSERT_EQ(lines.size(), 3);
   EXPECT_TRUE(lines[2].isEmpty());
   const QJsonObject entry = QJsonDocument::fromJson(lines[0]).object();
-  EXPECT_EQ(entry[QStringLiteral("frame")].toString(),
-            QStringLiteral("<ID1A><L01><P007><SA>x\u00E9 \r\n"));
-  EXPECT_EQ(entry[QStringLiteral("line")].toString(), QStringLiteral("tcp"));
-  EXPECT_EQ(entry[QStringLiteral("panel")].toInt(), 26);
-  EXPECT_EQ(entry[QStringLiteral("meaning")].toString(), QStringLiteral("page 7, row 1"));
-  EXPECT_TRUE(entry[QStringLiteral("answered")].toBool());
+  EXPECT_EQ(entry[u"frame"_s].toString(), u"<ID1A><L01><P007><SA>x\u00E9 \r\n"_s);
+  EXPECT_EQ(entry[u"line"_s].toString(), u"tcp"_s);
+  EXPECT_EQ(entry[u"panel"_s].toInt(), 26);
+  EXPECT_EQ(entry[u"meaning"_s].toString(), u"page 7, row 1"_s);
+  EXPECT_TRUE(entry[u"answered"_s].toBool());
   const QRegularExpression time(
-      QStringLiteral("^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}(Z|[+-]\\d\\d:\\d\\d)$"));
-  EXPECT_TRUE(time.match(entry[QStringLiteral("time")].toString()).hasMatch());
+      u"^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d\\.\\d{3}(Z|[+-]\\d\\d:\\d\\d)$"_s);
+  EXPECT_TRUE(time.match(entry[u"time"_s].toString()).hasMatch());
 
   const QJsonArray panels =
-      QJsonDocument::fromJson(Contents(state)).object()[QStringLiteral("panels")].toArray();
+      QJsonDocument::fromJson(Contents(state)).object()[u"panels"_s].toArray();
   ASSERT_EQ(panels.size(), 2);
   const QJsonObject panel = panels[1].toObject();
-  EXPECT_EQ(panel[QStringLiteral("id")].toInt(), 26);
-  EXPECT_EQ(panel[QStringLiteral("running_page")].toInt(), 7);
-  EXPECT_EQ(panel[QStringLiteral("pages")][QStringLiteral("7")][QStringLiteral("1")].toString(),
-            QStringLiteral("<SA>x\u00E9 "));
+  EXPECT_EQ(panel[u"id"_s].toInt(), 26);
+  EXPECT_EQ(panel[u"running_page"_s].toInt(), 7);
+  EXPECT_EQ(panel[u"pages"_s][u"7"_s][u"1"_s].toString(), u"<SA>x\u00E9 "_s);
   EXPECT_EQ(Terminate(), 0);
 }
 
@@ -58,28 +58,25 @@ TEST_F(ProgramTest, PlaysAScheduleOnDemandAndKeepsItsStateUpToDate) {
   Connect(&socket);
   const auto panel = [&](int index) -> QJsonObject {
     return QJsonDocument::fromJson(Contents(state))
-        .object()[QStringLiteral("panels")]
+        .object()[u"panels"_s]
         .toArray()[index]
         .toObject();
   };
-  const auto playing = [&](int index) -> QJsonValue {
-    return panel(index)[QStringLiteral("playing")];
-  };
+  const auto playing = [&](int index) -> QJsonValue { return panel(index)[u"playing"_s]; };
   // Due on another day only, also if midnight comes now.
   const int today = QDate::currentDate().dayOfWeek() % 7;
   const QByteArray other_day = QByteArray::number((today + 3) % 7);
   EXPECT_EQ(Exchange(&socket, "<ID1A><TB>" + other_day + "120000101A\r\n"), "<ID1A>\r\n");
   EXPECT_TRUE(playing(1).isNull());
   EXPECT_EQ(Exchange(&socket, "<ID1A><TC>" + other_day + "120002501B,02601D\r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(playing(1)[QStringLiteral("letter")].toString(), QStringLiteral("C"));
-  EXPECT_EQ(playing(1)[QStringLiteral("entry")].toInt(), 1);
+  EXPECT_EQ(playing(1)[u"letter"_s].toString(), u"C"_s);
+  EXPECT_EQ(playing(1)[u"entry"_s].toInt(), 1);
   EXPECT_TRUE(playing(0).isNull());
   // It goes on without a frame.
-  EXPECT_TRUE(WaitUntil([&] { return playing(1)[QStringLiteral("entry")].toInt() == 2; }));
-  EXPECT_EQ(playing(1)[QStringLiteral("effect")].toString(), QStringLiteral("Wipe Right"));
+  EXPECT_TRUE(WaitUntil([&] { return playing(1)[u"entry"_s].toInt() == 2; }));
+  EXPECT_EQ(playing(1)[u"effect"_s].toString(), u"Wipe Right"_s);
   EXPECT_EQ(Exchange(&socket, "<ID1A><L2>text\r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(panel(1)[QStringLiteral("scrolling")][QStringLiteral("2")].toString(),
-            QStringLiteral("text"));
+  EXPECT_EQ(panel(1)[u"scrolling"_s][u"2"_s].toString(), u"text"_s);
   EXPECT_EQ(Terminate(), 0);
 }
 
@@ -159,7 +156,7 @@ TEST_F(ProgramTest, SaysOnceThatItsLogCannotBeWrittenAndGoesOn) {
 TEST_F(ProgramTest, SaysThatTheFolderOfItsStateIsGoneAndWhenItIsBack) {
   const QString folder = PathOf("folder");
   ASSERT_TRUE(QDir().mkdir(folder));
-  const QString state = folder + QStringLiteral("/state");
+  const QString state = folder + u"/state"_s;
   Start(Words("--headless --tcp 0 --state") + QStringList{state});
   QTcpSocket socket;
   Connect(&socket);
@@ -168,11 +165,10 @@ TEST_F(ProgramTest, SaysThatTheFolderOfItsStateIsGoneAndWhenItIsBack) {
     EXPECT_EQ(Exchange(&socket, QByteArray("<ID01><RP") + page + ">\r\n"), "<ID01>\r\n");
   }
   const QString gone =
-      QStringLiteral("virtual_panel: the state %1 cannot be written: No such file or directory\n")
-          .arg(state);
+      u"virtual_panel: the state %1 cannot be written: No such file or directory\n"_s.arg(state);
   EXPECT_TRUE(WaitUntil([&] { return Errors() == gone; })) << errors_.toStdString();
   ASSERT_TRUE(QDir().mkdir(folder));
-  const QString back = QStringLiteral("virtual_panel: the state %1 is written again\n").arg(state);
+  const QString back = u"virtual_panel: the state %1 is written again\n"_s.arg(state);
   EXPECT_TRUE(WaitUntil([&] { return Errors() == gone + back; })) << errors_.toStdString();
   // It is up to date without another frame.
   EXPECT_TRUE(Contents(state).contains("\"running_page\": 3"));
@@ -183,9 +179,7 @@ TEST_F(ProgramTest, RefusesFilesThatCannotBeWrittenFromTheStart) {
   ShowNoWindow();
   for (const char* what : {"log", "state", "picture"}) {
     errors_.clear();
-    StartProcess({QStringLiteral("--tcp"), QStringLiteral("0"),
-                  QStringLiteral("--") + QLatin1String(what),
-                  QStringLiteral("/no/such/folder/file")});
+    StartProcess({u"--tcp"_s, u"0"_s, u"--"_s + QLatin1String(what), u"/no/such/folder/file"_s});
     EXPECT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
     EXPECT_EQ(process_.exitCode(), 2);
     EXPECT_EQ(Errors().toStdString(),

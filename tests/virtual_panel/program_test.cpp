@@ -5,13 +5,15 @@
 
 #include "program_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
 TEST_F(ProgramTest, AnswersOnAPseudoTerminalAndRemovesItsLink) {
   const QString link = PathOf("panel");
-  Start({QStringLiteral("--headless"), QStringLiteral("--pty"), link});
-  EXPECT_EQ(output_, QStringLiteral("pty %1 -> %2\nready\n").arg(link, QFile::symLinkTarget(link)));
+  Start({u"--headless"_s, u"--pty"_s, link});
+  EXPECT_EQ(output_, u"pty %1 -> %2\nready\n"_s.arg(link, QFile::symLinkTarget(link)));
   QSerialPort port;
   port.setPortName(link);
   ASSERT_TRUE(port.open(QIODevice::ReadWrite));
@@ -23,8 +25,7 @@ TEST_F(ProgramTest, AnswersOnAPseudoTerminalAndRemovesItsLink) {
 
 TEST_F(ProgramTest, ServesAPseudoTerminalAndTcpAtOnce) {
   const QString link = PathOf("port");
-  Start({QStringLiteral("--headless"), QStringLiteral("--pty"), link, QStringLiteral("--tcp"),
-         QStringLiteral("0")});
+  Start({u"--headless"_s, u"--pty"_s, link, u"--tcp"_s, u"0"_s});
   QTcpSocket socket;
   Connect(&socket);
   EXPECT_EQ(Exchange(&socket, "<ID01><L01><P001>x \r\n"), "<ID01>\r\n");
@@ -37,8 +38,7 @@ TEST_F(ProgramTest, ServesAPseudoTerminalAndTcpAtOnce) {
 
 TEST_F(ProgramTest, ComesBackAfterAFaultHasPulledItsPseudoTerminal) {
   const QString link = PathOf("panel");
-  Start({QStringLiteral("--headless"), QStringLiteral("--pty"), link, QStringLiteral("--fault"),
-         QStringLiteral("close-after:1")});
+  Start({u"--headless"_s, u"--pty"_s, link, u"--fault"_s, u"close-after:1"_s});
   {
     QSerialPort port;
     port.setPortName(link);
@@ -71,17 +71,14 @@ TEST_F(ProgramTest, LetsTheChosenPanelAnswerTheClock) {
 
 TEST_F(ProgramTest, RefusesALetterOrASpeedThatCannotBe) {
   for (const char* letter : {"K", "AB", "@", "1", ""}) {
-    EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--play"),
-                       QString::fromLatin1(letter)}),
-              QStringLiteral("virtual_panel: schedule \"%1\": expected a letter from A to J\n")
-                  .arg(QLatin1String(letter)));
+    EXPECT_EQ(Refusal({u"--headless"_s, u"--play"_s, QString::fromLatin1(letter)}),
+              u"virtual_panel: schedule \"%1\": expected a letter from A to J\n"_s.arg(
+                  QLatin1String(letter)));
   }
   for (const char* speed : {"0", "-1", "1001", "fast", "1.5", ""}) {
-    EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--scroll-speed"),
-                       QString::fromLatin1(speed)}),
-              QStringLiteral("virtual_panel: scroll speed \"%1\": expected dots per second, 1 to "
-                             "1000\n")
-                  .arg(QLatin1String(speed)));
+    EXPECT_EQ(Refusal({u"--headless"_s, u"--scroll-speed"_s, QString::fromLatin1(speed)}),
+              u"virtual_panel: scroll speed \"%1\": expected dots per second, 1 to "
+              "1000\n"_s.arg(QLatin1String(speed)));
   }
 }
 
@@ -92,36 +89,29 @@ TEST_F(ProgramTest, TakesAScrollSpeed) {
 
 TEST_F(ProgramTest, RefusesACodePageThatThereIsNot) {
   for (const char* page : {"437", "1249", "1259", "utf-8", "-874", ""}) {
-    EXPECT_EQ(Refusal({QStringLiteral("--headless"), QStringLiteral("--code-page"),
-                       QString::fromLatin1(page)}),
-              QStringLiteral("virtual_panel: code page \"%1\": expected 874 or 1250 to 1258\n")
-                  .arg(QLatin1String(page)));
+    EXPECT_EQ(Refusal({u"--headless"_s, u"--code-page"_s, QString::fromLatin1(page)}),
+              u"virtual_panel: code page \"%1\": expected 874 or 1250 to 1258\n"_s.arg(
+                  QLatin1String(page)));
   }
 }
 
 TEST_F(ProgramTest, RefusesBadUseInWords) {
   EXPECT_EQ(Refusal(Words("--headless --panel 0:4x96:tri")),
-            QStringLiteral(
-                "virtual_panel: panel \"0:4x96:tri\": ID 0 addresses all panels and cannot be a "
-                "panel of its own\n"));
+            u"virtual_panel: panel \"0:4x96:tri\": ID 0 addresses all panels and cannot be a "
+            "panel of its own\n"_s);
   EXPECT_EQ(Refusal(Words("--headless --panel 1:4x96:tri --panel 1:2x48:tri")),
-            QStringLiteral("virtual_panel: panel \"1:2x48:tri\": there is a panel 1 already\n"));
-  EXPECT_TRUE(Refusal(Words("--headless --tcp nowhere:x")).contains(QStringLiteral("nowhere:x")));
-  EXPECT_TRUE(Refusal(Words("--headless --serial /dev/no-such-port"))
-                  .contains(QStringLiteral("no-such-port")));
-  EXPECT_TRUE(Refusal(Words("--headless --fault loud")).contains(QStringLiteral("\"loud\"")));
-  EXPECT_TRUE(
-      Refusal(Words("--headless --clock-answer 9")).contains(QStringLiteral("no such panel")));
-  EXPECT_TRUE(
-      Refusal(Words("--headless --log /no/such/folder/log")).contains(QStringLiteral("/no/such")));
-  EXPECT_TRUE(Refusal(Words("--headless --state /no/such/folder/state"))
-                  .contains(QStringLiteral("/no/such")));
-  EXPECT_TRUE(Refusal(Words("--headless --picture p.png")).contains(QStringLiteral("window")));
-  EXPECT_TRUE(Refusal(Words("--pty --headless")).contains(QStringLiteral("no value")));
-  EXPECT_TRUE(Refusal(Words("--headless --loud")).contains(QStringLiteral("loud")));
-  EXPECT_TRUE(Refusal(Words("--headless stray")).contains(QStringLiteral("\"stray\"")));
-  EXPECT_TRUE(
-      Refusal(Words("--headless --tcp 0 --baud fast")).contains(QStringLiteral("\"fast\"")));
+            u"virtual_panel: panel \"1:2x48:tri\": there is a panel 1 already\n"_s);
+  EXPECT_TRUE(Refusal(Words("--headless --tcp nowhere:x")).contains(u"nowhere:x"_s));
+  EXPECT_TRUE(Refusal(Words("--headless --serial /dev/no-such-port")).contains(u"no-such-port"_s));
+  EXPECT_TRUE(Refusal(Words("--headless --fault loud")).contains(u"\"loud\""_s));
+  EXPECT_TRUE(Refusal(Words("--headless --clock-answer 9")).contains(u"no such panel"_s));
+  EXPECT_TRUE(Refusal(Words("--headless --log /no/such/folder/log")).contains(u"/no/such"_s));
+  EXPECT_TRUE(Refusal(Words("--headless --state /no/such/folder/state")).contains(u"/no/such"_s));
+  EXPECT_TRUE(Refusal(Words("--headless --picture p.png")).contains(u"window"_s));
+  EXPECT_TRUE(Refusal(Words("--pty --headless")).contains(u"no value"_s));
+  EXPECT_TRUE(Refusal(Words("--headless --loud")).contains(u"loud"_s));
+  EXPECT_TRUE(Refusal(Words("--headless stray")).contains(u"\"stray\""_s));
+  EXPECT_TRUE(Refusal(Words("--headless --tcp 0 --baud fast")).contains(u"\"fast\""_s));
 }
 
 TEST_F(ProgramTest, NeverReplacesAFileByItsLink) {
@@ -130,13 +120,12 @@ TEST_F(ProgramTest, NeverReplacesAFileByItsLink) {
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("text");
   file.close();
-  EXPECT_TRUE(
-      Refusal({QStringLiteral("--headless"), QStringLiteral("--pty"), path}).contains(path));
+  EXPECT_TRUE(Refusal({u"--headless"_s, u"--pty"_s, path}).contains(path));
   EXPECT_EQ(Contents(path), "text");
 }
 
 TEST_F(ProgramTest, SaysWhatItCanDo) {
-  StartProcess({QStringLiteral("--help")});
+  StartProcess({u"--help"_s});
   ASSERT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
   EXPECT_EQ(process_.exitCode(), 0);
   const QByteArray help = process_.readAllStandardOutput();

@@ -12,6 +12,8 @@
 
 #include "support/wheel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A list in a page that is too tall for its window, and the box that has the keyboard.
@@ -22,7 +24,7 @@ class IgnoreWheelTest : public testing::Test {
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(box_ = new QLineEdit);
     layout->addWidget(list_ = new QComboBox);
-    list_->addItems({QStringLiteral("Red"), QStringLiteral("Green")});
+    list_->addItems({u"Red"_s, u"Green"_s});
     IgnoreWheel(list_);
     page->setFixedSize(200, 2000);
     area_.setWidget(page);

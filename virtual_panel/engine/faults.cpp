@@ -1,5 +1,7 @@
 #include "engine/faults.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -8,11 +10,8 @@ constexpr int kMostNumber = 1'000'000;
 }  // namespace
 
 QStringList FaultNames() {
-  return {QStringLiteral("silent"),        QStringLiteral("silent:N"),
-          QStringLiteral("garbage"),       QStringLiteral("lower-case"),
-          QStringLiteral("pieces"),        QStringLiteral("pieces:N"),
-          QStringLiteral("late:MS"),       QStringLiteral("stray-byte"),
-          QStringLiteral("close-after:N"), QStringLiteral("flood")};
+  return {u"silent"_s,   u"silent:N"_s, u"garbage"_s,    u"lower-case"_s,    u"pieces"_s,
+          u"pieces:N"_s, u"late:MS"_s,  u"stray-byte"_s, u"close-after:N"_s, u"flood"_s};
 }
 
 bool ParseFault(const QString& text, Faults* faults, QString* error) {
@@ -49,8 +48,7 @@ bool ParseFault(const QString& text, Faults* faults, QString* error) {
     faults->flood = true;
   } else {
     if (error != nullptr) {
-      *error = QStringLiteral("fault \"%1\": expected one of %2")
-                   .arg(text, FaultNames().join(QStringLiteral(", ")));
+      *error = u"fault \"%1\": expected one of %2"_s.arg(text, FaultNames().join(u", "_s));
     }
     return false;
   }
@@ -87,7 +85,7 @@ QStringList NamesOf(const Faults& faults) {
     if (is_there) names.append(QLatin1String(name));
   };
   const auto add_number = [&](int number, int usual, const char* name) {
-    if (number != usual) names.append(QStringLiteral("%1:%2").arg(QLatin1String(name)).arg(number));
+    if (number != usual) names.append(u"%1:%2"_s.arg(QLatin1String(name)).arg(number));
   };
   add(faults.silent, "silent");
   add_number(faults.silent_answers, none.silent_answers, "silent");

@@ -4,6 +4,8 @@
 
 #include <QTimeZone>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -181,34 +183,32 @@ Frame ParseFrame(QByteArrayView bytes) {
 QString Describe(const Frame& frame) {
   switch (frame.meaning) {
     case Meaning::kPoll:
-      return QStringLiteral("poll");
+      return u"poll"_s;
     case Meaning::kDeleteAll:
-      return QStringLiteral("delete all pages");
+      return u"delete all pages"_s;
     case Meaning::kDeletePage:
-      return QStringLiteral("delete page %1").arg(frame.page);
+      return u"delete page %1"_s.arg(frame.page);
     case Meaning::kRunPage:
-      return QStringLiteral("run page %1").arg(frame.page);
+      return u"run page %1"_s.arg(frame.page);
     case Meaning::kMessageLine:
-      return QStringLiteral("page %1, row %2").arg(frame.page).arg(frame.row);
+      return u"page %1, row %2"_s.arg(frame.page).arg(frame.row);
     case Meaning::kSetClock:
-      return QStringLiteral("set clock to ") +
-             frame.clock.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+      return u"set clock to "_s + frame.clock.toString(u"yyyy-MM-dd HH:mm:ss"_s);
     case Meaning::kSchedule: {
       const qsizetype count = frame.schedule.entries.size();
-      return QStringLiteral("schedule %1, %2, %3 %4")
-          .arg(QLatin1Char(frame.letter))
+      return u"schedule %1, %2, %3 %4"_s.arg(QLatin1Char(frame.letter))
           .arg(ScheduleTime(frame.schedule))
           .arg(count)
-          .arg(count == 1 ? QLatin1String("entry") : QLatin1String("entries"));
+          .arg(count == 1 ? "entry"_L1 : "entries"_L1);
     }
     case Meaning::kScrollingLine:
-      return QStringLiteral("scrolling text, row %1").arg(frame.row);
+      return u"scrolling text, row %1"_s.arg(frame.row);
     case Meaning::kTooLong:
-      return QStringLiteral("too long");
+      return u"too long"_s;
     case Meaning::kNotUnderstood:
       break;
   }
-  return QStringLiteral("not understood");
+  return u"not understood"_s;
 }
 
 QByteArray AddressPrefix(int id) {

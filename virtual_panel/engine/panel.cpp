@@ -2,6 +2,8 @@
 
 #include <QTimeZone>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -43,7 +45,7 @@ bool Panel::Obey(const Frame& frame, const QDateTime& now, std::optional<char> p
       return true;
     case Meaning::kRunPage:
       RunPage(frame.page, now_ms);
-      if (!memory_.Pages().contains(frame.page)) *note = QStringLiteral("an empty page");
+      if (!memory_.Pages().contains(frame.page)) *note = u"an empty page"_s;
       return true;
     case Meaning::kMessageLine:
       return StoreRow(frame, note);
@@ -203,7 +205,7 @@ void Panel::DeleteAll() {
 }
 
 void Panel::DeletePage(int page, QString* note) {
-  if (!memory_.DeletePage(page)) *note = QStringLiteral("was not stored");
+  if (!memory_.DeletePage(page)) *note = u"was not stored"_s;
   if (running_page_ == page) {
     // The display goes blank; it does not fall back to another page.
     running_page_.reset();
@@ -215,16 +217,14 @@ void Panel::DeletePage(int page, QString* note) {
 
 bool Panel::HasRow(int row, QString* note) const {
   if (row >= 1 && row <= description_.rows) return true;
-  *note = QStringLiteral("ignored, panel %1 has rows 1 to %2")
-              .arg(description_.id)
-              .arg(description_.rows);
+  *note = u"ignored, panel %1 has rows 1 to %2"_s.arg(description_.id).arg(description_.rows);
   return false;
 }
 
 bool Panel::StoreRow(const Frame& frame, QString* note) {
   if (!HasRow(frame.row, note)) return false;
   if (!memory_.StoreRow(frame.page, frame.row, frame.text)) {
-    *note = QStringLiteral("ignored, the memory of panel %1 is full").arg(description_.id);
+    *note = u"ignored, the memory of panel %1 is full"_s.arg(description_.id);
     return false;
   }
   last_received_page_ = frame.page;
@@ -236,8 +236,7 @@ bool Panel::StoreSchedule(const Frame& frame, qint64 now_ms, std::optional<char>
   const char letter = frame.letter;
   const auto before = OwnerAt(now_ms);
   if (!memory_.StoreSchedule(letter, frame.schedule)) {
-    *note = QStringLiteral("ignored, a schedule has at most %1 entries")
-                .arg(PanelMemory::kMostScheduleEntries);
+    *note = u"ignored, a schedule has at most %1 entries"_s.arg(PanelMemory::kMostScheduleEntries);
     return false;
   }
   plan_.reset();
@@ -253,15 +252,14 @@ bool Panel::StoreSchedule(const Frame& frame, qint64 now_ms, std::optional<char>
   }
   if (begins) {
     Begin(*begins, now_ms);
-    *note = begins == letter ? QStringLiteral("begins")
-                             : QStringLiteral("schedule %1 begins").arg(QLatin1Char(*begins));
+    *note = begins == letter ? u"begins"_s : u"schedule %1 begins"_s.arg(QLatin1Char(*begins));
   }
   return true;
 }
 
 bool Panel::StoreScrollingLine(const Frame& frame, qint64 now_ms, QString* note) {
   if (!HasRow(frame.row, note)) return false;
-  if (frame.text.isEmpty()) *note = QStringLiteral("ends");
+  if (frame.text.isEmpty()) *note = u"ends"_s;
   memory_.StoreScrollingLine(frame.row, frame.text, now_ms);
   return true;
 }

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -20,28 +22,28 @@ std::optional<int> NumberBetween(const QString& text, int least, int most) {
 
 std::optional<PanelDescription> ParsePanelDescription(const QString& text, QString* error) {
   const auto refuse = [&](const QString& reason) {
-    if (error != nullptr) *error = QStringLiteral("panel \"%1\": %2").arg(text, reason);
+    if (error != nullptr) *error = u"panel \"%1\": %2"_s.arg(text, reason);
     return std::nullopt;
   };
   const QStringList parts = text.split(QLatin1Char(':'));
   if (parts.size() != 3) {
-    return refuse(QStringLiteral("expected ID:ROWSxCOLUMNS:mono or ID:ROWSxCOLUMNS:tri"));
+    return refuse(u"expected ID:ROWSxCOLUMNS:mono or ID:ROWSxCOLUMNS:tri"_s);
   }
   const QStringList size = parts[1].split(QLatin1Char('x'));
-  if (size.size() != 2) return refuse(QStringLiteral("the size is ROWSxCOLUMNS, such as 4x96"));
+  if (size.size() != 2) return refuse(u"the size is ROWSxCOLUMNS, such as 4x96"_s);
 
   const auto id = NumberBetween(parts[0], 0, 255);
-  if (!id) return refuse(QStringLiteral("the ID is a number from 1 to 255"));
+  if (!id) return refuse(u"the ID is a number from 1 to 255"_s);
   if (*id == 0) {
-    return refuse(QStringLiteral("ID 0 addresses all panels and cannot be a panel of its own"));
+    return refuse(u"ID 0 addresses all panels and cannot be a panel of its own"_s);
   }
   const auto rows = NumberBetween(size[0], 1, 12);
-  if (!rows) return refuse(QStringLiteral("a panel has 1 to 12 rows"));
+  if (!rows) return refuse(u"a panel has 1 to 12 rows"_s);
   const auto columns = NumberBetween(size[1], 1, 3000);
-  if (!columns) return refuse(QStringLiteral("a panel has 1 to 3000 dot columns"));
-  const bool tri_colour = parts[2] == QLatin1String("tri");
-  if (!tri_colour && parts[2] != QLatin1String("mono")) {
-    return refuse(QStringLiteral("the colour type is mono or tri"));
+  if (!columns) return refuse(u"a panel has 1 to 3000 dot columns"_s);
+  const bool tri_colour = parts[2] == "tri"_L1;
+  if (!tri_colour && parts[2] != "mono"_L1) {
+    return refuse(u"the colour type is mono or tri"_s);
   }
   return PanelDescription{*id, *rows, *columns, tri_colour};
 }

@@ -3,6 +3,8 @@
 #include <type_traits>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -76,7 +78,7 @@ QList<Answer> PanelEngine::Handle(const ReceivedFrame& received, const QString& 
   record.obeyed = outcome.obeyed;
   record.description = Describe(frame);
   if (!outcome.notes.isEmpty()) {
-    record.description += QStringLiteral(": ") + outcome.notes.join(QStringLiteral("; "));
+    record.description += u": "_s + outcome.notes.join(u"; "_s);
   }
   for (const Answer& answer : std::as_const(answers)) {
     if (record.answer.isEmpty()) record.answer_after_ms = answer.after_ms;
@@ -102,7 +104,7 @@ PanelEngine::Outcome PanelEngine::Obey(const Frame& frame) {
     }
   }
   if (frame.addressee > 0 && FindPanel(frame.addressee) == nullptr) {
-    outcome.notes.append(QStringLiteral("no panel %1 on this line").arg(frame.addressee));
+    outcome.notes.append(u"no panel %1 on this line"_s.arg(frame.addressee));
   }
   return outcome;
 }

@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -68,7 +70,7 @@ std::optional<ScheduleEntry> ParseEntry(QByteArrayView text) {
 }
 
 QString TwoDigits(std::optional<int> number) {
-  return number ? QStringLiteral("%1").arg(*number, 2, 10, QLatin1Char('0')) : QStringLiteral("**");
+  return number ? u"%1"_s.arg(*number, 2, 10, QLatin1Char('0')) : u"**"_s;
 }
 
 qint64 EntryMs(const ScheduleEntry& entry) { return qMax(entry.delay, 1) * kSecondMs; }
@@ -126,7 +128,7 @@ QString EffectName(char feature) {
 }
 
 QString WeekdayCode(const Schedule& schedule) {
-  return schedule.weekday ? QString::number(*schedule.weekday) : QStringLiteral("*");
+  return schedule.weekday ? QString::number(*schedule.weekday) : u"*"_s;
 }
 
 QString HourCode(const Schedule& schedule) { return TwoDigits(schedule.hour); }
@@ -136,8 +138,8 @@ QString MinuteCode(const Schedule& schedule) { return TwoDigits(schedule.minute)
 QString ScheduleTime(const Schedule& schedule) {
   const QString day = schedule.weekday
                           ? QLatin1String(kWeekdays[static_cast<size_t>(*schedule.weekday)])
-                          : QLatin1String("daily");
-  return QStringLiteral("%1 %2:%3").arg(day, HourCode(schedule), MinuteCode(schedule));
+                          : "daily"_L1;
+  return u"%1 %2:%3"_s.arg(day, HourCode(schedule), MinuteCode(schedule));
 }
 
 EntryAtTime EntryAt(const Schedule& schedule, qint64 elapsed_ms) {

@@ -6,6 +6,8 @@
 #include "lines/serial_line.h"
 #include "lines/tcp_line.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -15,11 +17,11 @@ constexpr int kReplugMs = 1000;
 // "ADDRESS:PORT", "[ADDRESS]:PORT" or "PORT".
 bool ParseAddress(const QString& text, QHostAddress* address, quint16* port) {
   const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
-  QString host = colon < 0 ? QStringLiteral("127.0.0.1") : text.left(colon);
+  QString host = colon < 0 ? u"127.0.0.1"_s : text.left(colon);
   if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
     host = host.mid(1, host.size() - 2);
   }
-  if (host == QLatin1String("localhost")) host = QStringLiteral("127.0.0.1");
+  if (host == "localhost"_L1) host = u"127.0.0.1"_s;
   bool is_number = false;
   *port = text.mid(colon + 1).toUShort(&is_number);
   return is_number && address->setAddress(host);
@@ -41,14 +43,14 @@ bool PanelLines::OpenTcp(const QString& address, QString* error) {
   QHostAddress host;
   quint16 port = 0;
   if (!ParseAddress(address, &host, &port)) {
-    *error = QStringLiteral("TCP address \"%1\": expected ADDRESS:PORT or PORT").arg(address);
+    *error = u"TCP address \"%1\": expected ADDRESS:PORT or PORT"_s.arg(address);
     return false;
   }
   auto line = std::make_unique<Line>();
   auto tcp = std::make_unique<TcpLine>(engine_);
   line->open = [tcp = tcp.get(), address, host, port](QString* reason) mutable {
     if (!tcp->Listen(host, port)) {
-      *reason = QStringLiteral("TCP address \"%1\": %2").arg(address, tcp->ErrorString());
+      *reason = u"TCP address \"%1\": %2"_s.arg(address, tcp->ErrorString());
       return false;
     }
     port = tcp->Port();  // whichever was free remains the same
@@ -56,7 +58,7 @@ bool PanelLines::OpenTcp(const QString& address, QString* error) {
   };
   line->cut = [tcp = tcp.get()] { tcp->Close(); };
   line->description = [tcp = tcp.get(), host] {
-    return QStringLiteral("listening on tcp %1:%2").arg(HostText(host)).arg(tcp->Port());
+    return u"listening on tcp %1:%2"_s.arg(HostText(host)).arg(tcp->Port());
   };
   line->line = std::move(tcp);
   return Add(std::move(line), error);
@@ -67,12 +69,12 @@ bool PanelLines::OpenPty(const QString& link, QString* error) {
   auto pty = std::make_unique<PtyLine>(engine_);
   line->open = [pty = pty.get(), link](QString* reason) {
     if (pty->Open(link)) return true;
-    *reason = QStringLiteral("pseudo-terminal ") + pty->ErrorString();
+    *reason = u"pseudo-terminal "_s + pty->ErrorString();
     return false;
   };
   line->cut = [pty = pty.get()] { pty->Unplug(); };
   line->description = [pty = pty.get(), link] {
-    return QStringLiteral("pty %1 -> %2").arg(link, pty->DeviceName());
+    return u"pty %1 -> %2"_s.arg(link, pty->DeviceName());
   };
   connect(pty.get(), &PtyLine::Unplugged, &line->again, [this, line = line.get()] {
     if (is_plugged_) line->again.start();
@@ -86,17 +88,17 @@ bool PanelLines::OpenSerial(const QString& device, qint32 baud_rate, QString* er
   auto serial = std::make_unique<SerialLine>(engine_);
   line->open = [serial = serial.get(), device, baud_rate](QString* reason) {
     if (serial->Open(device, baud_rate)) return true;
-    *reason = QStringLiteral("serial port %1: %2").arg(device, serial->ErrorString());
+    *reason = u"serial port %1: %2"_s.arg(device, serial->ErrorString());
     return false;
   };
   line->cut = [serial = serial.get()] { serial->Unplug(); };
   line->description = [device, baud_rate] {
-    return QStringLiteral("serial %1 at %2 baud").arg(device).arg(baud_rate);
+    return u"serial %1 at %2 baud"_s.arg(device).arg(baud_rate);
   };
   connect(serial.get(), &SerialLine::Unplugged, &line->again,
           [this, line = line.get(), device](const QString& reason) {
             if (!is_plugged_) return;
-            Q_EMIT Failed(QStringLiteral("serial port %1: %2").arg(device, reason));
+            Q_EMIT Failed(u"serial port %1: %2"_s.arg(device, reason));
             line->again.start();
           });
   line->line = std::move(serial);

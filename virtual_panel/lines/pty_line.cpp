@@ -15,6 +15,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -26,7 +28,7 @@ void CloseDescriptor(int* descriptor) {
 }  // namespace
 
 PtyLine::PtyLine(PanelEngine* engine, QObject* parent)
-    : QObject(parent), conversation_(engine, QStringLiteral("pty"), this) {}
+    : QObject(parent), conversation_(engine, u"pty"_s, this) {}
 
 PtyLine::~PtyLine() {
   disconnect();
@@ -37,11 +39,11 @@ bool PtyLine::Open(const QString& link) {
   Unplug();
   error_.clear();
   master_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-  if (master_ < 0) return Fail(QStringLiteral("no pseudo-terminal"));
+  if (master_ < 0) return Fail(u"no pseudo-terminal"_s);
   std::array<char, 128> name{};
   if (::grantpt(master_) != 0 || ::unlockpt(master_) != 0 ||
       ::ptsname_r(master_, name.data(), name.size()) != 0) {
-    return Fail(QStringLiteral("no pseudo-terminal"));
+    return Fail(u"no pseudo-terminal"_s);
   }
   slave_ = ::open(name.data(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
   termios settings{};
@@ -76,7 +78,7 @@ bool PtyLine::Open(const QString& link) {
 bool PtyLine::Fail(const QString& what) {
   const QString reason = QString::fromLocal8Bit(std::strerror(errno));
   Unplug();
-  error_ = what + QStringLiteral(": ") + reason;
+  error_ = what + u": "_s + reason;
   return false;
 }
 

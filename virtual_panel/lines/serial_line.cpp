@@ -4,10 +4,12 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 
 SerialLine::SerialLine(PanelEngine* engine, QObject* parent)
-    : QObject(parent), conversation_(engine, QStringLiteral("serial"), this) {
+    : QObject(parent), conversation_(engine, u"serial"_s, this) {
   connect(&port_, &QSerialPort::readyRead, this,
           [this] { conversation_.Receive(port_.readAll()); });
   connect(&port_, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
@@ -64,7 +66,7 @@ void SerialLine::Close() {
   conversation_.Reset();
 }
 
-void SerialLine::Unplug() { Lose(QStringLiteral("unplugged")); }
+void SerialLine::Unplug() { Lose(u"unplugged"_s); }
 
 void SerialLine::Send(const QByteArray& bytes) {
   if (output_ != nullptr) output_->Send(bytes);

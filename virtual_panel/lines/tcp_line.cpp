@@ -4,6 +4,8 @@
 
 #include "lines/conversation.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -29,7 +31,7 @@ class Connection : public QObject {
       : QObject(parent),
         socket_(socket),
         outlet_(socket),
-        conversation_(engine, QStringLiteral("tcp"), &outlet_) {
+        conversation_(engine, u"tcp"_s, &outlet_) {
     socket_->setParent(this);
     socket_->setReadBufferSize(kReadAhead);
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);

@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -13,7 +15,7 @@ QJsonValue NumberOrNull(std::optional<int> number) {
 
 QJsonValue Addressee(int addressee) {
   if (addressee == kNobody) return QJsonValue(QJsonValue::Null);
-  if (addressee == kEveryPanel) return QJsonValue(QStringLiteral("all"));
+  if (addressee == kEveryPanel) return QJsonValue(u"all"_s);
   return QJsonValue(addressee);
 }
 
@@ -34,25 +36,25 @@ QJsonObject SchedulesObject(const Schedules& schedules) {
   for (auto schedule = schedules.cbegin(); schedule != schedules.cend(); ++schedule) {
     QJsonArray entries;
     for (const ScheduleEntry& entry : schedule->entries) {
-      entries.append(QJsonObject{{QStringLiteral("page"), entry.page},
-                                 {QStringLiteral("delay"), entry.delay},
-                                 {QStringLiteral("feature"), QString(QLatin1Char(entry.feature))}});
+      entries.append(QJsonObject{{u"page"_s, entry.page},
+                                 {u"delay"_s, entry.delay},
+                                 {u"feature"_s, QString(QLatin1Char(entry.feature))}});
     }
     object.insert(QString(QLatin1Char(schedule.key())),
-                  QJsonObject{{QStringLiteral("weekday"), WeekdayCode(*schedule)},
-                              {QStringLiteral("hour"), HourCode(*schedule)},
-                              {QStringLiteral("minute"), MinuteCode(*schedule)},
-                              {QStringLiteral("entries"), entries}});
+                  QJsonObject{{u"weekday"_s, WeekdayCode(*schedule)},
+                              {u"hour"_s, HourCode(*schedule)},
+                              {u"minute"_s, MinuteCode(*schedule)},
+                              {u"entries"_s, entries}});
   }
   return object;
 }
 
 QJsonValue PlayingObject(const std::optional<Playing>& playing) {
   if (!playing) return QJsonValue(QJsonValue::Null);
-  return QJsonObject{{QStringLiteral("letter"), QString(QLatin1Char(playing->letter))},
-                     {QStringLiteral("entry"), playing->entry},
-                     {QStringLiteral("page"), playing->page},
-                     {QStringLiteral("effect"), EffectName(playing->feature)}};
+  return QJsonObject{{u"letter"_s, QString(QLatin1Char(playing->letter))},
+                     {u"entry"_s, playing->entry},
+                     {u"page"_s, playing->page},
+                     {u"effect"_s, EffectName(playing->feature)}};
 }
 
 QJsonObject ScrollingObject(const ScrollingLines& lines) {
@@ -68,13 +70,13 @@ QJsonObject ScrollingObject(const ScrollingLines& lines) {
 QByteArray LogLine(const FrameRecord& record) {
   const QDateTime time = record.time.toOffsetFromUtc(record.time.offsetFromUtc());
   const QJsonObject object{
-      {QStringLiteral("time"), time.toString(Qt::ISODateWithMs)},
-      {QStringLiteral("line"), record.line},
-      {QStringLiteral("panel"), Addressee(record.addressee)},
-      {QStringLiteral("frame"), QString::fromLatin1(record.bytes)},
-      {QStringLiteral("meaning"), record.description},
-      {QStringLiteral("answered"), !record.answer.isEmpty()},
-      {QStringLiteral("answer"), QString::fromLatin1(record.answer)},
+      {u"time"_s, time.toString(Qt::ISODateWithMs)},
+      {u"line"_s, record.line},
+      {u"panel"_s, Addressee(record.addressee)},
+      {u"frame"_s, QString::fromLatin1(record.bytes)},
+      {u"meaning"_s, record.description},
+      {u"answered"_s, !record.answer.isEmpty()},
+      {u"answer"_s, QString::fromLatin1(record.answer)},
   };
   return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
@@ -86,22 +88,20 @@ QByteArray StateDocument(const PanelEngine& engine) {
     const Panel& panel = *engine.FindPanel(id);
     const PanelDescription& description = panel.Description();
     panels.append(QJsonObject{
-        {QStringLiteral("id"), id},
-        {QStringLiteral("rows"), description.rows},
-        {QStringLiteral("columns"), description.columns},
-        {QStringLiteral("colour"),
-         description.tri_colour ? QStringLiteral("tri") : QStringLiteral("mono")},
-        {QStringLiteral("running_page"), NumberOrNull(panel.RunningPage(now))},
-        {QStringLiteral("shown_page"), NumberOrNull(panel.ShownPage(now))},
-        {QStringLiteral("clock_offset_seconds"),
-         qRound64(static_cast<double>(panel.ClockOffset(now)) / 1000.0)},
-        {QStringLiteral("pages"), PagesObject(panel.Memory().Pages())},
-        {QStringLiteral("schedules"), SchedulesObject(panel.Memory().StoredSchedules())},
-        {QStringLiteral("playing"), PlayingObject(panel.PlayingAt(now))},
-        {QStringLiteral("scrolling"), ScrollingObject(panel.Memory().Scrolling())},
+        {u"id"_s, id},
+        {u"rows"_s, description.rows},
+        {u"columns"_s, description.columns},
+        {u"colour"_s, description.tri_colour ? u"tri"_s : u"mono"_s},
+        {u"running_page"_s, NumberOrNull(panel.RunningPage(now))},
+        {u"shown_page"_s, NumberOrNull(panel.ShownPage(now))},
+        {u"clock_offset_seconds"_s, qRound64(static_cast<double>(panel.ClockOffset(now)) / 1000.0)},
+        {u"pages"_s, PagesObject(panel.Memory().Pages())},
+        {u"schedules"_s, SchedulesObject(panel.Memory().StoredSchedules())},
+        {u"playing"_s, PlayingObject(panel.PlayingAt(now))},
+        {u"scrolling"_s, ScrollingObject(panel.Memory().Scrolling())},
     });
   }
-  return QJsonDocument(QJsonObject{{QStringLiteral("panels"), panels}}).toJson();
+  return QJsonDocument(QJsonObject{{u"panels"_s, panels}}).toJson();
 }
 
 }  // namespace VirtualPanel

@@ -5,6 +5,8 @@
 #include "engine/timer_wait.h"
 #include "records/engine_json.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 
 EngineRecords::EngineRecords(PanelEngine* engine, QObject* parent)
@@ -14,7 +16,7 @@ EngineRecords::EngineRecords(PanelEngine* engine, QObject* parent)
 }
 
 bool EngineRecords::KeepLog(const QString& path, QString* error) {
-  auto log = std::make_unique<LogFile>(QStringLiteral("log"), path);
+  auto log = std::make_unique<LogFile>(u"log"_s, path);
   connect(engine_, &PanelEngine::FrameReceived, log.get(),
           [log = log.get()](const FrameRecord& record) { log->Append(LogLine(record)); });
   const bool is_open = log->Open();
@@ -22,8 +24,8 @@ bool EngineRecords::KeepLog(const QString& path, QString* error) {
 }
 
 bool EngineRecords::KeepState(const QString& path, QString* error) {
-  auto state = std::make_unique<WholeFile>(QStringLiteral("state"), path,
-                                           [this] { return StateDocument(*engine_); });
+  auto state =
+      std::make_unique<WholeFile>(u"state"_s, path, [this] { return StateDocument(*engine_); });
   // The wait is set first: a change that comes while the file is written ends it at once.
   const auto follow = [this, state = state.get()] {
     WaitForNextChange();
@@ -38,7 +40,7 @@ bool EngineRecords::KeepState(const QString& path, QString* error) {
 
 bool EngineRecords::KeepPicture(const QString& path, std::function<QByteArray()> picture,
                                 QString* error) {
-  auto file = std::make_unique<WholeFile>(QStringLiteral("picture"), path, std::move(picture));
+  auto file = std::make_unique<WholeFile>(u"picture"_s, path, std::move(picture));
   pictures_.push_back(file.get());
   const bool is_written = file->Write();
   return Keep(std::move(file), is_written, error);

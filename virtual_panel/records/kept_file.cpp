@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -17,8 +19,7 @@ constexpr int kAgainMs = 1000;
 
 QString LostLines(qint64 count) {
   if (count == 0) return {};
-  return count == 1 ? QStringLiteral("; 1 line is lost")
-                    : QStringLiteral("; %1 lines are lost").arg(count);
+  return count == 1 ? u"; 1 line is lost"_s : u"; %1 lines are lost"_s.arg(count);
 }
 
 // Writes what it can to a file that is not buffered, and leaves the rest in *bytes. False: there is
@@ -42,7 +43,7 @@ KeptFile::KeptFile(QString name, QString path, QObject* parent)
 
 QString KeptFile::TroubleText() const {
   if (trouble_.isEmpty()) return {};
-  return QStringLiteral("the %1 %2 cannot be written: %3").arg(name_, path_, trouble_);
+  return u"the %1 %2 cannot be written: %3"_s.arg(name_, path_, trouble_);
 }
 
 void KeptFile::SetTrouble(const QString& reason, const QString& note) {
@@ -52,7 +53,7 @@ void KeptFile::SetTrouble(const QString& reason, const QString& note) {
   if (!was_in_trouble) {
     Q_EMIT Said(TroubleText());
   } else if (trouble_.isEmpty()) {
-    Q_EMIT Said(QStringLiteral("the %1 %2 is written again").arg(name_, path_) + note);
+    Q_EMIT Said(u"the %1 %2 is written again"_s.arg(name_, path_) + note);
   }
   Q_EMIT TroubleChanged();
 }
@@ -127,7 +128,7 @@ bool WholeFile::Write() {
 QString WholeFile::Replace() const {
   // A device or a pipe would be replaced by a file.
   const QFileInfo present(Path());
-  if (present.exists() && !present.isFile()) return QStringLiteral("It is no ordinary file");
+  if (present.exists() && !present.isFile()) return u"It is no ordinary file"_s;
   QByteArray bytes = contents_();
   QSaveFile file(Path());
   QString reason;

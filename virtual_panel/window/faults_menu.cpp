@@ -3,6 +3,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -27,29 +29,27 @@ constexpr OfferedFault kOfferedFaults[] = {
 }  // namespace
 
 FaultsMenu::FaultsMenu(PanelEngine* engine, QWidget* parent)
-    : QMenu(QStringLiteral("&Faults"), parent), engine_(engine) {
-  setObjectName(QStringLiteral("faults"));
-  none_ = addAction(QStringLiteral("&None"), this, [this] {
+    : QMenu(u"&Faults"_s, parent), engine_(engine) {
+  setObjectName(u"faults"_s);
+  none_ = addAction(u"&None"_s, this, [this] {
     SetPlugged(true);
     engine_->SetFaults(Faults());
   });
-  none_->setObjectName(QStringLiteral("fault_none"));
+  none_->setObjectName(u"fault_none"_s);
   none_->setCheckable(true);
   addSeparator();
   for (const OfferedFault& fault : kOfferedFaults) {
     const QString name = QLatin1String(fault.name);
     QAction* action = addAction(QLatin1String(fault.caption), this,
                                 [this, name](bool is_wanted) { Toggle(name, is_wanted); });
-    action->setObjectName(QStringLiteral("fault_") + name);
+    action->setObjectName(u"fault_"_s + name);
     action->setCheckable(true);
     faults_.insert(name, action);
   }
-  addAction(QStringLiteral("&Other\u2026"), this, &FaultsMenu::AskForFault)
-      ->setObjectName(QStringLiteral("fault_other"));
+  addAction(u"&Other\u2026"_s, this, &FaultsMenu::AskForFault)->setObjectName(u"fault_other"_s);
   addSeparator();
-  unplugged_ = addAction(QStringLiteral("&Unplugged"), this,
-                         [this](bool is_wanted) { SetPlugged(!is_wanted); });
-  unplugged_->setObjectName(QStringLiteral("fault_unplugged"));
+  unplugged_ = addAction(u"&Unplugged"_s, this, [this](bool is_wanted) { SetPlugged(!is_wanted); });
+  unplugged_->setObjectName(u"fault_unplugged"_s);
   unplugged_->setCheckable(true);
   connect(engine_, &PanelEngine::FaultsChanged, this, &FaultsMenu::Refresh);
   Refresh();
@@ -57,7 +57,7 @@ FaultsMenu::FaultsMenu(PanelEngine* engine, QWidget* parent)
 
 QStringList FaultsMenu::Names() const {
   QStringList names = NamesOf(engine_->CurrentFaults());
-  if (!is_plugged_) names.append(QStringLiteral("unplugged"));
+  if (!is_plugged_) names.append(u"unplugged"_s);
   return names;
 }
 
@@ -73,18 +73,16 @@ void FaultsMenu::Toggle(const QString& name, bool is_wanted) {
 
 void FaultsMenu::AskForFault() {
   bool is_entered = false;
-  const QString name = QInputDialog::getText(
-      parentWidget(), QStringLiteral("Fault"),
-      QStringLiteral("One of %1:").arg(FaultNames().join(QStringLiteral(", "))), QLineEdit::Normal,
-      QString(), &is_entered);
+  const QString name = QInputDialog::getText(parentWidget(), u"Fault"_s,
+                                             u"One of %1:"_s.arg(FaultNames().join(u", "_s)),
+                                             QLineEdit::Normal, QString(), &is_entered);
   if (!is_entered) return;
   Faults faults = engine_->CurrentFaults();
   QString error;
   if (ParseFault(name.trimmed(), &faults, &error)) {
     engine_->SetFaults(faults);
   } else {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Fault"), error, QMessageBox::Ok,
-                    parentWidget());
+    QMessageBox box(QMessageBox::Warning, u"Fault"_s, error, QMessageBox::Ok, parentWidget());
     box.setTextFormat(Qt::PlainText);
     box.exec();
   }

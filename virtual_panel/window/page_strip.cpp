@@ -7,6 +7,8 @@
 #include <QPalette>
 #include <QStyle>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -33,8 +35,7 @@ class PageStrip::Model : public QAbstractListModel {
       case Qt::ToolTipRole:
         return text_(page);
       case Qt::AccessibleTextRole:
-        return is_shown ? QStringLiteral("Page %1, shown").arg(page)
-                        : QStringLiteral("Page %1").arg(page);
+        return is_shown ? u"Page %1, shown"_s.arg(page) : u"Page %1"_s.arg(page);
       case Qt::TextAlignmentRole:
         return Qt::AlignCenter;
       case Qt::SizeHintRole:
@@ -50,8 +51,7 @@ class PageStrip::Model : public QAbstractListModel {
 
   QSize CellSize() const {
     const QFontMetrics metrics = strip_->fontMetrics();
-    return {metrics.horizontalAdvance(QStringLiteral("0000")) + 2 * kPadding,
-            metrics.height() + 2 * kPadding};
+    return {metrics.horizontalAdvance(u"0000"_s) + 2 * kPadding, metrics.height() + 2 * kPadding};
   }
 
   void Set(const QList<int>& pages, std::optional<int> shown) {

@@ -5,6 +5,8 @@
 
 #include "panel_dots/panel_picture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -13,36 +15,36 @@ constexpr qsizetype kMostToolTipCharacters = 600;
 
 QString ShownPageText(const Panel& panel, const QDateTime& now) {
   const auto shown = panel.ShownPage(now);
-  if (panel.PlayingAt(now)) return QStringLiteral("showing page %1").arg(*shown);
-  if (panel.RunningPage(now)) return QStringLiteral("running page %1").arg(*shown);
-  if (shown) return QStringLiteral("showing page %1, last received").arg(*shown);
-  return QStringLiteral("no page shown");
+  if (panel.PlayingAt(now)) return u"showing page %1"_s.arg(*shown);
+  if (panel.RunningPage(now)) return u"running page %1"_s.arg(*shown);
+  if (shown) return u"showing page %1, last received"_s.arg(*shown);
+  return u"no page shown"_s;
 }
 
 }  // namespace
 
-QString Separator() { return QStringLiteral("   \u00B7   "); }
+QString Separator() { return u"   \u00B7   "_s; }
 
 QString Facts(const Panel& panel, const QDateTime& now) {
   const PanelDescription& description = panel.Description();
   const qsizetype count = panel.Memory().Pages().size();
   const QStringList facts = {
-      QStringLiteral("ID %1").arg(description.id, 3, 10, QLatin1Char('0')),
-      QStringLiteral("%1x%2").arg(description.rows).arg(description.columns),
-      description.tri_colour ? QStringLiteral("Tri") : QStringLiteral("Mono"),
-      QLocale::c().toString(panel.Clock(now), QStringLiteral("ddd dd MMM yyyy HH:mm")),
+      u"ID %1"_s.arg(description.id, 3, 10, QLatin1Char('0')),
+      u"%1x%2"_s.arg(description.rows).arg(description.columns),
+      description.tri_colour ? u"Tri"_s : u"Mono"_s,
+      QLocale::c().toString(panel.Clock(now), u"ddd dd MMM yyyy HH:mm"_s),
       ShownPageText(panel, now),
-      count == 1 ? QStringLiteral("1 page stored") : QStringLiteral("%1 pages stored").arg(count),
+      count == 1 ? u"1 page stored"_s : u"%1 pages stored"_s.arg(count),
   };
   return facts.join(Separator());
 }
 
 QString PlayingText(const std::optional<Playing>& playing) {
-  if (!playing) return QStringLiteral("no schedule is playing");
+  if (!playing) return u"no schedule is playing"_s;
   const QStringList parts = {
-      QStringLiteral("playing schedule %1").arg(QLatin1Char(playing->letter)),
-      QStringLiteral("entry %1 of %2").arg(playing->entry).arg(playing->entries),
-      QStringLiteral("page %1").arg(playing->page),
+      u"playing schedule %1"_s.arg(QLatin1Char(playing->letter)),
+      u"entry %1 of %2"_s.arg(playing->entry).arg(playing->entries),
+      u"page %1"_s.arg(playing->page),
       EffectName(playing->feature),
   };
   return parts.join(Separator());
@@ -50,10 +52,9 @@ QString PlayingText(const std::optional<Playing>& playing) {
 
 QString ScheduleCaption(char letter, const Schedule& schedule) {
   const qsizetype count = schedule.entries.size();
-  const QStringList parts = {
-      QString(QLatin1Char(letter)), ScheduleTime(schedule),
-      count == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(count)};
-  return parts.join(QStringLiteral("  \u00B7  "));
+  const QStringList parts = {QString(QLatin1Char(letter)), ScheduleTime(schedule),
+                             count == 1 ? u"1 entry"_s : u"%1 entries"_s.arg(count)};
+  return parts.join(u"  \u00B7  "_s);
 }
 
 QString ScheduleToolTip(const Schedule& schedule) {
@@ -63,8 +64,7 @@ QString ScheduleToolTip(const Schedule& schedule) {
       lines.append(QString(QChar(0x2026)));
       break;
     }
-    lines.append(QStringLiteral("%1. page %2, %3 s, %4")
-                     .arg(lines.size() + 1)
+    lines.append(u"%1. page %2, %3 s, %4"_s.arg(lines.size() + 1)
                      .arg(entry.page)
                      .arg(entry.delay)
                      .arg(EffectName(entry.feature)));
@@ -80,7 +80,7 @@ QString PageText(const StoredPage& page, const QDateTime& clock) {
       text.truncate(kMostToolTipCharacters);
       text += QChar(0x2026);
     }
-    lines.append(QStringLiteral("%1.  ").arg(row.key()) + text);
+    lines.append(u"%1.  "_s.arg(row.key()) + text);
   }
   return lines.join(QLatin1Char('\n'));
 }

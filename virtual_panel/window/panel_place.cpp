@@ -9,6 +9,8 @@
 #include "window/panel_facts.h"
 #include "window/plain_tool_tip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 
 PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
@@ -23,16 +25,16 @@ PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setWidgetResizable(true);
   scroll_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll_->setObjectName(QStringLiteral("scroll_%1").arg(id));
-  scroll_->setAccessibleName(QStringLiteral("Panel %1").arg(id));
+  scroll_->setObjectName(u"scroll_%1"_s.arg(id));
+  scroll_->setAccessibleName(u"Panel %1"_s.arg(id));
   scroll_->setWidget(view_);
   MakeLabels();
   MakePages();
   connect(schedules_, &ScheduleButtons::Chosen, this,
           [this](char letter) { engine_->Play(id_, letter); });
 
-  clock_timer_.setObjectName(QStringLiteral("clock_timer_%1").arg(id));
-  play_timer_.setObjectName(QStringLiteral("play_timer_%1").arg(id));
+  clock_timer_.setObjectName(u"clock_timer_%1"_s.arg(id));
+  play_timer_.setObjectName(u"play_timer_%1"_s.arg(id));
   play_timer_.setTimerType(Qt::PreciseTimer);
   for (QTimer* timer : {&clock_timer_, &play_timer_}) {
     timer->setParent(this);
@@ -43,10 +45,10 @@ PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
 
 void PanelPlace::MakeLabels() {
   facts_ = new QLabel;
-  facts_->setObjectName(QStringLiteral("facts_%1").arg(id_));
+  facts_->setObjectName(u"facts_%1"_s.arg(id_));
   facts_->setWordWrap(true);
   playing_ = new QLabel;
-  playing_->setObjectName(QStringLiteral("playing_%1").arg(id_));
+  playing_->setObjectName(u"playing_%1"_s.arg(id_));
   playing_->hide();
   for (QLabel* label : {facts_, playing_}) {
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -58,15 +60,15 @@ void PanelPlace::MakePages() {
   pages_ = new PageStrip([this](int page) {
     return PlainToolTip(PageText(ShownPanel().Memory().Pages().value(page), engine_->Clock(id_)));
   });
-  pages_->setObjectName(QStringLiteral("pages_%1").arg(id_));
-  pages_->setAccessibleName(QStringLiteral("Stored pages of panel %1").arg(id_));
+  pages_->setObjectName(u"pages_%1"_s.arg(id_));
+  pages_->setAccessibleName(u"Stored pages of panel %1"_s.arg(id_));
   connect(pages_, &PageStrip::Chosen, this, [this](int page) { engine_->Run(id_, page); });
   stored_ = new QWidget;
   stored_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   auto* layout = new QHBoxLayout(stored_);
   layout->setContentsMargins(0, 0, 0, 0);
-  pages_caption_ = new QLabel(QStringLiteral("Pages"));
-  pages_caption_->setObjectName(QStringLiteral("pages_caption_%1").arg(id_));
+  pages_caption_ = new QLabel(u"Pages"_s);
+  pages_caption_->setObjectName(u"pages_caption_%1"_s.arg(id_));
   pages_caption_->setBuddy(pages_);
   layout->addStretch();
   layout->addWidget(pages_caption_);

@@ -4,6 +4,8 @@
 
 #include <QPaintEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -39,8 +41,8 @@ ScrollingTexts TextsOf(const ScrollingLines& lines) {
 
 PanelView::PanelView(const PanelEngine* engine, int id, QWidget* parent)
     : QWidget(parent), engine_(engine), id_(id) {
-  setObjectName(QStringLiteral("panel_%1").arg(id));
-  setAccessibleName(QStringLiteral("Panel %1").arg(id));
+  setObjectName(u"panel_%1"_s.arg(id));
+  setAccessibleName(u"Panel %1"_s.arg(id));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   const auto prepare = [&](QTimer* timer, const char* name) {
     timer->setObjectName(QLatin1String(name) + QString::number(id));

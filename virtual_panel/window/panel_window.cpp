@@ -15,6 +15,8 @@
 #include "window/panel_sizes.h"
 #include "window/plain_tool_tip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -27,7 +29,7 @@ QLabel* MakeWarningLamp(const char* name) {
   lamp->setObjectName(QLatin1String(name));
   lamp->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lamp->setStyleSheet(
-      QStringLiteral("background: #ffb000; color: black; padding: 1px 8px; border-radius: 3px;"));
+      u"background: #ffb000; color: black; padding: 1px 8px; border-radius: 3px;"_s);
   lamp->hide();
   return lamp;
 }
@@ -36,7 +38,7 @@ QLabel* MakeWarningLamp(const char* name) {
 
 PanelWindow::PanelWindow(PanelEngine* engine, QWidget* parent)
     : QMainWindow(parent), engine_(engine), traffic_(new TrafficTable) {
-  setWindowTitle(QStringLiteral("Virtual panel"));
+  setWindowTitle(u"Virtual panel"_s);
   auto* splitter = new QSplitter(Qt::Vertical);
   splitter->addWidget(MakePanels());
   splitter->addWidget(traffic_);
@@ -77,7 +79,7 @@ QWidget* PanelWindow::MakePanels() {
 
 void PanelWindow::MakeStatusLine() {
   lines_ = new QLabel;
-  lines_->setObjectName(QStringLiteral("lines"));
+  lines_->setObjectName(u"lines"_s);
   lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lines_->setTextFormat(Qt::PlainText);  // it names a file
   statusBar()->addWidget(lines_, 1);
@@ -89,9 +91,8 @@ void PanelWindow::MakeStatusLine() {
 }
 
 void PanelWindow::MakeMenus() {
-  auto* program = menuBar()->addMenu(QStringLiteral("&Program"));
-  program->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this,
-                     &PanelWindow::close);
+  auto* program = menuBar()->addMenu(u"&Program"_s);
+  program->addAction(u"&Quit"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &PanelWindow::close);
   auto* faults = new FaultsMenu(engine_, this);
   menuBar()->addMenu(faults);
   connect(faults, &FaultsMenu::Plugged, this, &PanelWindow::Plugged);
@@ -115,13 +116,13 @@ void PanelWindow::FollowTheEngine() {
 void PanelWindow::SetLines(const QString& text) { lines_->setText(text); }
 
 void PanelWindow::SetUnwrittenFiles(const QStringList& names, const QStringList& reasons) {
-  unwritten_files_->setText(QStringLiteral("Not written: ") + names.join(QStringLiteral(", ")));
+  unwritten_files_->setText(u"Not written: "_s + names.join(u", "_s));
   unwritten_files_->setToolTip(PlainToolTip(reasons.join(QLatin1Char('\n'))));
   unwritten_files_->setHidden(names.isEmpty());
 }
 
 void PanelWindow::ShowFaults(const QStringList& names) {
-  fault_names_->setText(QStringLiteral("Fault: ") + names.join(QStringLiteral(", ")));
+  fault_names_->setText(u"Fault: "_s + names.join(u", "_s));
   fault_names_->setHidden(names.isEmpty());
 }
 

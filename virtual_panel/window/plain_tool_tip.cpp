@@ -2,6 +2,8 @@
 
 #include <QTextDocument>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 
 QString PlainToolTip(QString text) {
@@ -15,7 +17,7 @@ QString PlainToolTip(QString text) {
     length = 0;
   }
   if (!Qt::mightBeRichText(text)) return text;
-  return QStringLiteral("<p style=\"white-space:pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
+  return u"<p style=\"white-space:pre-wrap\">%1</p>"_s.arg(text.toHtmlEscaped());
 }
 
 }  // namespace VirtualPanel

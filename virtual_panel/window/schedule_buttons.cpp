@@ -6,6 +6,8 @@
 
 #include "window/panel_facts.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 
 ScheduleButtons::ScheduleButtons(int id, QWidget* parent) : QWidget(parent) {
@@ -17,9 +19,8 @@ ScheduleButtons::ScheduleButtons(int id, QWidget* parent) : QWidget(parent) {
   for (char letter = kFirstScheduleLetter; letter <= kLastScheduleLetter; ++letter) {
     const QLatin1Char name(letter);
     auto* button = new QPushButton(this);
-    button->setObjectName(QStringLiteral("schedule_%1_%2").arg(id).arg(name));
-    button->setAccessibleDescription(
-        QStringLiteral("Plays schedule %1 of panel %2").arg(name).arg(id));
+    button->setObjectName(u"schedule_%1_%2"_s.arg(id).arg(name));
+    button->setAccessibleDescription(u"Plays schedule %1 of panel %2"_s.arg(name).arg(id));
     button->setCheckable(true);    // pressed down while it plays
     button->setAutoDefault(true);  // the enter key presses it, as the space bar does
     button->hide();

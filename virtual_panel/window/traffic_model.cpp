@@ -5,6 +5,8 @@
 #include "base/code_page.h"
 #include "window/plain_tool_tip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -12,10 +14,10 @@ constexpr qsizetype kMostVisibleBytes = 2000;
 
 // What is answered, and how long after the frame, unless it is at once.
 QString AnswerText(const FrameRecord& record) {
-  if (record.answer.isEmpty()) return QStringLiteral("-");
+  if (record.answer.isEmpty()) return u"-"_s;
   const QString answer = VisibleText(record.answer);
   if (record.answer_after_ms == 0) return answer;
-  return answer + QStringLiteral(" after %1 ms").arg(record.answer_after_ms);
+  return answer + u" after %1 ms"_s.arg(record.answer_after_ms);
 }
 
 }  // namespace
@@ -25,12 +27,12 @@ QString VisibleText(const QByteArray& bytes) {
   QString text;
   for (const char byte : bytes.first(qMin(bytes.size(), kMostVisibleBytes))) {
     if (byte == '\r') {
-      text += QLatin1String("<CR>");
+      text += "<CR>"_L1;
     } else if (byte == '\n') {
-      text += QLatin1String("<LF>");
+      text += "<LF>"_L1;
     } else if (!code_page.IsPrintable(byte)) {
       const auto value = static_cast<unsigned char>(byte);
-      text += QStringLiteral("<%1>").arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
+      text += u"<%1>"_s.arg(QString::number(value, 16).toUpper(), 2, QLatin1Char('0'));
     } else {
       text += code_page.ToCharacter(byte);
     }
@@ -47,7 +49,7 @@ void TrafficModel::Add(const FrameRecord& record) {
   }
   beginInsertRows({}, rowCount(), rowCount());
   lines_.append({
-      record.time.toString(QStringLiteral("HH:mm:ss.zzz")),
+      record.time.toString(u"HH:mm:ss.zzz"_s),
       VisibleText(record.bytes),
       AnswerText(record),
       record.description,

@@ -7,6 +7,8 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -16,8 +18,8 @@ constexpr int kLeastLines = 5;
 
 TrafficTable::TrafficTable(QWidget* parent) : QTableView(parent), model_(new TrafficModel(this)) {
   setModel(model_);
-  setObjectName(QStringLiteral("traffic"));
-  setAccessibleName(QStringLiteral("Traffic"));
+  setObjectName(u"traffic"_s);
+  setAccessibleName(u"Traffic"_s);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -39,7 +41,7 @@ TrafficTable::TrafficTable(QWidget* parent) : QTableView(parent), model_(new Tra
   header->resizeSection(TrafficModel::kFrameColumn, 48 * character);
   header->resizeSection(TrafficModel::kAnswerColumn, 17 * character);
 
-  auto* copy = new QAction(QStringLiteral("Copy"), this);
+  auto* copy = new QAction(u"Copy"_s, this);
   copy->setShortcut(QKeySequence::Copy);
   copy->setShortcutContext(Qt::WidgetShortcut);
   connect(copy, &QAction::triggered, this, &TrafficTable::CopySelection);

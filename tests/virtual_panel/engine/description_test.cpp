@@ -2,27 +2,25 @@
 
 #include "engine/panel_description.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
 TEST(PanelDescription, IsReadFromItsText) {
   QString error;
-  EXPECT_EQ(ParsePanelDescription(QStringLiteral("7:4x96:tri"), &error),
-            (PanelDescription{7, 4, 96, true}));
-  EXPECT_EQ(ParsePanelDescription(QStringLiteral("255:12x3000:mono"), &error),
+  EXPECT_EQ(ParsePanelDescription(u"7:4x96:tri"_s, &error), (PanelDescription{7, 4, 96, true}));
+  EXPECT_EQ(ParsePanelDescription(u"255:12x3000:mono"_s, &error),
             (PanelDescription{255, 12, 3000, false}));
-  EXPECT_EQ(ParsePanelDescription(QStringLiteral("1:1x1:tri"), &error),
-            (PanelDescription{1, 1, 1, true}));
+  EXPECT_EQ(ParsePanelDescription(u"1:1x1:tri"_s, &error), (PanelDescription{1, 1, 1, true}));
   EXPECT_TRUE(error.isEmpty());
 }
 
 TEST(PanelDescription, RefusesTheBroadcastAddressInWords) {
   QString error;
-  EXPECT_FALSE(ParsePanelDescription(QStringLiteral("0:4x96:tri"), &error));
-  EXPECT_EQ(
-      error,
-      QStringLiteral(
-          "panel \"0:4x96:tri\": ID 0 addresses all panels and cannot be a panel of its own"));
+  EXPECT_FALSE(ParsePanelDescription(u"0:4x96:tri"_s, &error));
+  EXPECT_EQ(error,
+            u"panel \"0:4x96:tri\": ID 0 addresses all panels and cannot be a panel of its own"_s);
 }
 
 TEST(PanelDescription, RefusesWhatIsOutOfRangeOrMalformed) {

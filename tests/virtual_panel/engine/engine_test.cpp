@@ -11,6 +11,8 @@
 #include "print_answer.h"
 #include "records/engine_json.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -48,13 +50,13 @@ TEST_F(EngineTest, AnswersEveryFrameOfOnePiece) {
 TEST_F(EngineTest, IgnoresWhatIsForAnotherPanel) {
   EXPECT_EQ(Exchange("<ID04><L01><P001>x \r\n"), "");
   EXPECT_TRUE(engine_.Page(26, 1).isEmpty());
-  EXPECT_EQ(LastDescription(), QStringLiteral("page 1, row 1: no panel 4 on this line"));
+  EXPECT_EQ(LastDescription(), u"page 1, row 1: no panel 4 on this line"_s);
   EXPECT_FALSE(engine_.Frames().last().obeyed);
 }
 
 TEST_F(EngineTest, AcknowledgesWhatItDoesNotUnderstand) {
   EXPECT_EQ(Exchange("<ID1A><XYZ>\r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(LastDescription(), QStringLiteral("not understood"));
+  EXPECT_EQ(LastDescription(), u"not understood"_s);
   EXPECT_FALSE(engine_.Frames().last().obeyed);
 }
 
@@ -92,7 +94,7 @@ TEST_F(EngineTest, StartsEveryRowFromPlainAttributes) {
 
 TEST_F(EngineTest, AcknowledgesAndIgnoresARowItDoesNotHave) {
   EXPECT_EQ(Exchange("<ID1A><L05><P001>x \r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(LastDescription(), QStringLiteral("page 1, row 5: ignored, panel 26 has rows 1 to 4"));
+  EXPECT_EQ(LastDescription(), u"page 1, row 5: ignored, panel 26 has rows 1 to 4"_s);
   EXPECT_EQ(Exchange("<ID1A><L00><P001>x \r\n"), "<ID1A>\r\n");
   EXPECT_TRUE(engine_.FindPanel(26)->Memory().Pages().isEmpty());
 }
@@ -122,7 +124,7 @@ TEST_F(EngineTest, RunsAPageItDoesNotHoldAsAnEmptyOne) {
   EXPECT_EQ(Exchange("<ID1A><RP008>\r\n"), "<ID1A>\r\n");
   EXPECT_EQ(engine_.RunningPage(26), 8);
   EXPECT_TRUE(engine_.ShownRows(26).isEmpty());
-  EXPECT_EQ(LastDescription(), QStringLiteral("run page 8: an empty page"));
+  EXPECT_EQ(LastDescription(), u"run page 8: an empty page"_s);
 }
 
 TEST_F(EngineTest, GoesBlankWhenItsRunningPageIsDeleted) {
@@ -141,7 +143,7 @@ TEST_F(EngineTest, KeepsShowingItsPageWhenAnotherIsDeleted) {
   Exchange("<ID1A><L01><P007>x \r\n<ID1A><RP007>\r\n<ID1A><L01><P008>y \r\n<ID1A><D008>\r\n");
   EXPECT_EQ(engine_.ShownPage(26), 7);
   EXPECT_EQ(Exchange("<ID1A><D099>\r\n"), "<ID1A>\r\n");
-  EXPECT_EQ(LastDescription(), QStringLiteral("delete page 99: was not stored"));
+  EXPECT_EQ(LastDescription(), u"delete page 99: was not stored"_s);
   EXPECT_EQ(engine_.ShownPage(26), 7);
 }
 
@@ -243,8 +245,7 @@ TEST_F(EngineTest, BoundsAPanelsMemory) {
     engine_.Receive("<ID1A><L01><P" + QByteArray::number(page) + ">x \r\n");
   }
   EXPECT_EQ(engine_.FindPanel(26)->Memory().Pages().size(), 1000);
-  EXPECT_EQ(LastDescription(),
-            QStringLiteral("page 1099, row 1: ignored, the memory of panel 26 is full"));
+  EXPECT_EQ(LastDescription(), u"page 1099, row 1: ignored, the memory of panel 26 is full"_s);
   // What is stored already can be replaced, and deleting makes room.
   Exchange("<ID1A><L01><P000>new \r\n");
   EXPECT_EQ(engine_.Page(26, 0).value(1), "new ");
@@ -261,11 +262,10 @@ TEST_F(EngineTest, BoundsTheBytesInAPanelsMemory) {
   };
   for (int page = 1; page <= 258; ++page) ASSERT_TRUE(store(page)) << page;
   EXPECT_FALSE(store(259));
-  EXPECT_EQ(LastDescription(),
-            QStringLiteral("page 259, row 1: ignored, the memory of panel 26 is full"));
+  EXPECT_EQ(LastDescription(), u"page 259, row 1: ignored, the memory of panel 26 is full"_s);
   // What replaces a row takes its place; what is deleted leaves room for as much.
   EXPECT_TRUE(store(258));
-  EXPECT_FALSE(LastDescription().contains(QStringLiteral("full")));
+  EXPECT_FALSE(LastDescription().contains(u"full"_s));
   Exchange("<ID1A><D100>\r\n");
   EXPECT_TRUE(store(259));
   EXPECT_FALSE(store(260));
@@ -312,19 +312,19 @@ TEST_F(EngineTest, ReadsAFrameThatArrivesByteByByte) {
 TEST_F(EngineTest, KeepsTheHalfFramesOfTwoConnectionsApart) {
   FrameSplitter first;
   FrameSplitter second;
-  EXPECT_TRUE(engine_.Receive(&first, "<ID1A>", QStringLiteral("a")).isEmpty());
-  EXPECT_TRUE(engine_.Receive(&second, "<ID03><D*", QStringLiteral("b")).isEmpty());
-  EXPECT_EQ(engine_.Receive(&first, "<?>\r\n", QStringLiteral("a")),
+  EXPECT_TRUE(engine_.Receive(&first, "<ID1A>", u"a"_s).isEmpty());
+  EXPECT_TRUE(engine_.Receive(&second, "<ID03><D*", u"b"_s).isEmpty());
+  EXPECT_EQ(engine_.Receive(&first, "<?>\r\n", u"a"_s),
             (QList<Answer>{{Answer::Step::kSend, "<ID1A>\r\n", 0}}));
-  EXPECT_EQ(engine_.Frames().last().line, QStringLiteral("a"));
-  EXPECT_EQ(engine_.Receive(&second, ">\r\n", QStringLiteral("b")),
+  EXPECT_EQ(engine_.Frames().last().line, u"a"_s);
+  EXPECT_EQ(engine_.Receive(&second, ">\r\n", u"b"_s),
             (QList<Answer>{{Answer::Step::kSend, "<ID03>\r\n", 0}}));
 }
 
 TEST_F(EngineTest, WritesALogLine) {
   now_ = QDateTime(QDate(2026, 11, 21), QTime(10, 30, 0, 5), QTimeZone::utc());
   FrameSplitter splitter;
-  engine_.Receive(&splitter, "<ID1A><L01><P001>\xE9\r\n", QStringLiteral("tcp"));
+  engine_.Receive(&splitter, "<ID1A><L01><P001>\xE9\r\n", u"tcp"_s);
   const QByteArray line = LogLine(engine_.Frames().last());
   EXPECT_EQ(line,
             "{\"answer\":\"<ID1A>\\r\\n\",\"answered\":true,\"frame\":\"<ID1A><L01><P001>"

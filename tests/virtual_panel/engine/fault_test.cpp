@@ -4,6 +4,8 @@
 #include "engine/panel_engine.h"
 #include "print_answer.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -116,17 +118,16 @@ TEST(ParseFault, RefusesWhatItDoesNotKnow) {
     Faults faults;
     QString error;
     EXPECT_FALSE(ParseFault(QString::fromLatin1(text), &faults, &error)) << text;
-    EXPECT_TRUE(error.contains(QStringLiteral("close-after:N"))) << text;
+    EXPECT_TRUE(error.contains(u"close-after:N"_s)) << text;
     EXPECT_EQ(faults, Faults{}) << text;
   }
 }
 
 TEST(FaultNames, NameTheFaultsAsTheyAreParsed) {
   EXPECT_TRUE(NamesOf(Faults{}).isEmpty());
-  const QStringList names = {
-      QStringLiteral("silent"),     QStringLiteral("silent:3"),      QStringLiteral("garbage"),
-      QStringLiteral("lower-case"), QStringLiteral("pieces:8"),      QStringLiteral("late:500"),
-      QStringLiteral("stray-byte"), QStringLiteral("close-after:1"), QStringLiteral("flood")};
+  const QStringList names = {u"silent"_s,     u"silent:3"_s,      u"garbage"_s,
+                             u"lower-case"_s, u"pieces:8"_s,      u"late:500"_s,
+                             u"stray-byte"_s, u"close-after:1"_s, u"flood"_s};
   Faults all;
   for (const QString& name : names) {
     Faults single;
@@ -138,8 +139,8 @@ TEST(FaultNames, NameTheFaultsAsTheyAreParsed) {
     ASSERT_TRUE(ParseFault(name, &all, nullptr));
   }
   EXPECT_EQ(NamesOf(all), names);
-  EXPECT_FALSE(HasFault(QStringLiteral("late:501"), all));
-  EXPECT_FALSE(HasFault(QStringLiteral("nonsense"), all));
+  EXPECT_FALSE(HasFault(u"late:501"_s, all));
+  EXPECT_FALSE(HasFault(u"nonsense"_s, all));
 }
 
 TEST(FaultNames, EachFaultIsTakenAwayAlone) {
@@ -147,12 +148,11 @@ TEST(FaultNames, EachFaultIsTakenAwayAlone) {
   for (const char* name : {"silent", "silent:3", "late:500", "pieces"}) {
     ASSERT_TRUE(ParseFault(QString::fromLatin1(name), &faults, nullptr));
   }
-  RemoveFault(QStringLiteral("silent"), &faults);
-  EXPECT_EQ(NamesOf(faults), (QStringList{QStringLiteral("silent:3"), QStringLiteral("pieces:3"),
-                                          QStringLiteral("late:500")}));
-  RemoveFault(QStringLiteral("late:2000"), &faults);  // whatever its number
-  RemoveFault(QStringLiteral("nonsense"), &faults);
-  EXPECT_EQ(NamesOf(faults), (QStringList{QStringLiteral("silent:3"), QStringLiteral("pieces:3")}));
+  RemoveFault(u"silent"_s, &faults);
+  EXPECT_EQ(NamesOf(faults), (QStringList{u"silent:3"_s, u"pieces:3"_s, u"late:500"_s}));
+  RemoveFault(u"late:2000"_s, &faults);  // whatever its number
+  RemoveFault(u"nonsense"_s, &faults);
+  EXPECT_EQ(NamesOf(faults), (QStringList{u"silent:3"_s, u"pieces:3"_s}));
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "records/engine_json.h"
 #include "schedule_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -124,8 +126,9 @@ TEST_F(ScheduleTest, DropsAScheduleOfTooManyEntries) {
   const QByteArray most = with_entries(64);
   const QByteArray too_many = with_entries(65);
   Send({too_many.constData()});
-  EXPECT_EQ(LastDescription(), QStringLiteral("schedule A, daily **:**, 65 entries: ignored, a "
-                                              "schedule has at most 64 entries"));
+  EXPECT_EQ(LastDescription(),
+            u"schedule A, daily **:**, 65 entries: ignored, a "
+            "schedule has at most 64 entries"_s);
   EXPECT_FALSE(engine_.Frames().last().obeyed);
   EXPECT_TRUE(engine_.FindPanel(26)->Memory().StoredSchedules().isEmpty());
   Send({most.constData()});
@@ -134,8 +137,7 @@ TEST_F(ScheduleTest, DropsAScheduleOfTooManyEntries) {
 
 TEST_F(ScheduleTest, KeepsScrollingTextsByRow) {
   Send({"<L1><SC><CB>One", "<L4>Four ", "<L0>zero", "<L5>five", "<L-1>minus", "<L10>ten"});
-  EXPECT_EQ(LastDescription(),
-            QStringLiteral("scrolling text, row 10: ignored, panel 26 has rows 1 to 4"));
+  EXPECT_EQ(LastDescription(), u"scrolling text, row 10: ignored, panel 26 has rows 1 to 4"_s);
   EXPECT_FALSE(engine_.Frames().last().obeyed);
   const ScrollingLines& lines = engine_.FindPanel(26)->Memory().Scrolling();
   EXPECT_EQ(lines.keys(), (QList<int>{1, 4}));
@@ -156,7 +158,7 @@ TEST_F(ScheduleTest, AScrollingTextEndsByAnotherAnEmptyOneOrARunPage) {
   EXPECT_EQ(lines.value(1).row.text, "new");
   EXPECT_EQ(lines.value(1).began_ms, now_.toMSecsSinceEpoch());
   Send({"<L1>"});
-  EXPECT_EQ(LastDescription(), QStringLiteral("scrolling text, row 1: ends"));
+  EXPECT_EQ(LastDescription(), u"scrolling text, row 1: ends"_s);
   EXPECT_EQ(lines.keys(), QList<int>{2});
   // A page that arrives, one that is deleted and a schedule go on under it.
   Send({"<L02><P001>x ", "<D001>", "<TA>*****00101A,00201A"});

@@ -2,6 +2,8 @@
 
 #include "schedule_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -14,9 +16,9 @@ TEST_F(ScheduleTest, KeepsTenSchedulesByLetter) {
   EXPECT_EQ(schedules.keys(), (QList<char>{'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H', 'I', 'J'}));
   Send({"<TB>**1**00203D,00304E"});
   EXPECT_EQ(schedules.size(), 10);
-  EXPECT_EQ(LastDescription(), QStringLiteral("not understood"));
+  EXPECT_EQ(LastDescription(), u"not understood"_s);
   Send({"<TB>*17**00203D,00304E"});
-  EXPECT_EQ(LastDescription(), QStringLiteral("schedule B, daily 17:**, 2 entries"));
+  EXPECT_EQ(LastDescription(), u"schedule B, daily 17:**, 2 entries"_s);
   EXPECT_EQ(schedules.size(), 10);
   EXPECT_EQ(schedules.value('B'), (Schedule{{}, 17, {}, {{2, 3, 'D'}, {3, 4, 'E'}}}));
   EXPECT_EQ(schedules.value('A'), (Schedule{6, 12, 30, {{1, 5, 'A'}}}));
@@ -71,7 +73,7 @@ TEST_F(ScheduleTest, BeginsAnewWhenItsTimeComesAgain) {
 
 TEST_F(ScheduleTest, WithEveryMinuteDoesNotBeginAnewEveryMinute) {
   Send({"<TA>*08**00150A,00250B"});
-  EXPECT_EQ(LastDescription(), QStringLiteral("schedule A, daily 08:**, 2 entries: begins"));
+  EXPECT_EQ(LastDescription(), u"schedule A, daily 08:**, 2 entries: begins"_s);
   EXPECT_EQ(Now(), (Playing{'A', 1, 2, 1, 'A'}));
   GoTo({8, 1, 5});
   EXPECT_EQ(Now(), (Playing{'A', 2, 2, 2, 'B'}));
@@ -173,8 +175,7 @@ TEST_F(ScheduleTest, ReplacedByOneForAnotherTimeLeavesItsMinuteToTheNext) {
   EXPECT_EQ(Letter(), "A");
   Send({"<TA>*20**00105A"});
   EXPECT_EQ(Letter(), "B");
-  EXPECT_EQ(LastDescription(),
-            QStringLiteral("schedule A, daily 20:**, 1 entry: schedule B begins"));
+  EXPECT_EQ(LastDescription(), u"schedule A, daily 20:**, 1 entry: schedule B begins"_s);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -20,21 +22,19 @@ qint64 Minute(int weekday, int hour, int minute) { return (weekday * 24 + hour) 
 TEST(EffectName, NamesTheEightEffects) {
   QStringList names;
   for (char feature = 'A'; feature <= 'H'; ++feature) names.append(EffectName(feature));
-  EXPECT_EQ(names, (QStringList{QStringLiteral("Appear"), QStringLiteral("Flip"),
-                                QStringLiteral("Open"), QStringLiteral("Wipe Right"),
-                                QStringLiteral("Wipe Left"), QStringLiteral("Fall"),
-                                QStringLiteral("Slide"), QStringLiteral("Shift")}));
+  EXPECT_EQ(names, (QStringList{u"Appear"_s, u"Flip"_s, u"Open"_s, u"Wipe Right"_s, u"Wipe Left"_s,
+                                u"Fall"_s, u"Slide"_s, u"Shift"_s}));
   for (const char other : {'@', 'I', 'a', '\0', '\xFF'}) EXPECT_TRUE(EffectName(other).isEmpty());
 }
 
 TEST(ScheduleTime, IsWrittenForAReader) {
-  EXPECT_EQ(ScheduleTime(Due(1, 8, 30)), QStringLiteral("Mon 08:30"));
-  EXPECT_EQ(ScheduleTime(Due(0, 23, {})), QStringLiteral("Sun 23:**"));
-  EXPECT_EQ(ScheduleTime(Due({}, {}, 5)), QStringLiteral("daily **:05"));
-  EXPECT_EQ(WeekdayCode(Due(6, 8, {})), QStringLiteral("6"));
-  EXPECT_EQ(WeekdayCode(Due({}, 8, {})), QStringLiteral("*"));
-  EXPECT_EQ(HourCode(Due({}, 8, {})), QStringLiteral("08"));
-  EXPECT_EQ(MinuteCode(Due({}, 8, {})), QStringLiteral("**"));
+  EXPECT_EQ(ScheduleTime(Due(1, 8, 30)), u"Mon 08:30"_s);
+  EXPECT_EQ(ScheduleTime(Due(0, 23, {})), u"Sun 23:**"_s);
+  EXPECT_EQ(ScheduleTime(Due({}, {}, 5)), u"daily **:05"_s);
+  EXPECT_EQ(WeekdayCode(Due(6, 8, {})), u"6"_s);
+  EXPECT_EQ(WeekdayCode(Due({}, 8, {})), u"*"_s);
+  EXPECT_EQ(HourCode(Due({}, 8, {})), u"08"_s);
+  EXPECT_EQ(MinuteCode(Due({}, 8, {})), u"**"_s);
 }
 
 TEST(OwnerOf, MatchesWeekdayHourAndMinute) {

@@ -4,6 +4,8 @@
 
 #include "support/wait_until.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -22,7 +24,7 @@ class ConversationTest : public testing::Test {
  protected:
   PanelEngine engine_{{{26, 4, 96, true}}};
   HeldOutlet outlet_;
-  Conversation conversation_{&engine_, QStringLiteral("test"), &outlet_};
+  Conversation conversation_{&engine_, u"test"_s, &outlet_};
 };
 
 TEST_F(ConversationTest, LosesAnswersThatNobodyReads) {

@@ -10,6 +10,8 @@
 
 #include "support/wait_until.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -18,7 +20,7 @@ class PanelLinesTest : public testing::Test {
   // The answer of panel 26 to a poll over TCP.
   QByteArray Poll(quint16 port) {
     QTcpSocket socket;
-    socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+    socket.connectToHost(u"127.0.0.1"_s, port);
     socket.write("<ID1A><?>\r\n");
     QByteArray answer;
     EXPECT_TRUE(WaitUntil([&] {
@@ -39,10 +41,9 @@ class PanelLinesTest : public testing::Test {
 
 TEST_F(PanelLinesTest, SaysWhereThePanelsAreReached) {
   const QSignalSpy opened(&lines_, &PanelLines::Opened);
-  ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("127.0.0.1:0"), &error_)) << error_.toStdString();
+  ASSERT_TRUE(lines_.OpenTcp(u"127.0.0.1:0"_s, &error_)) << error_.toStdString();
   EXPECT_GT(Port(), 0);
-  EXPECT_EQ(lines_.Descriptions(),
-            QStringList{QStringLiteral("listening on tcp 127.0.0.1:%1").arg(Port())});
+  EXPECT_EQ(lines_.Descriptions(), QStringList{u"listening on tcp 127.0.0.1:%1"_s.arg(Port())});
   EXPECT_EQ(opened.count(), 1);
   EXPECT_EQ(opened[0][0].toString(), lines_.Descriptions().first());
   EXPECT_EQ(Poll(Port()), "<ID1A>\r\n");
@@ -51,19 +52,19 @@ TEST_F(PanelLinesTest, SaysWhereThePanelsAreReached) {
 TEST_F(PanelLinesTest, RefusesAnAddressThatIsNone) {
   for (const char* address : {"", "x", "127.0.0.1:", "127.0.0.1:x", "300.1.1.1:1", ":70000"}) {
     EXPECT_FALSE(lines_.OpenTcp(QString::fromLatin1(address), &error_)) << address;
-    EXPECT_TRUE(error_.endsWith(QStringLiteral("expected ADDRESS:PORT or PORT"))) << address;
+    EXPECT_TRUE(error_.endsWith(u"expected ADDRESS:PORT or PORT"_s)) << address;
   }
   EXPECT_TRUE(lines_.Descriptions().isEmpty());
 }
 
 TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
   QTemporaryDir folder;
-  const QString link = folder.filePath(QStringLiteral("panels"));
-  ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("0"), &error_)) << error_.toStdString();
+  const QString link = folder.filePath(u"panels"_s);
+  ASSERT_TRUE(lines_.OpenTcp(u"0"_s, &error_)) << error_.toStdString();
   ASSERT_TRUE(lines_.OpenPty(link, &error_)) << error_.toStdString();
   const quint16 port = Port();
   QTcpSocket socket;
-  socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+  socket.connectToHost(u"127.0.0.1"_s, port);
   ASSERT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::ConnectedState; }));
 
   const QSignalSpy opened(&lines_, &PanelLines::Opened);
@@ -71,7 +72,7 @@ TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
   lines_.SetPlugged(false);
   EXPECT_FALSE(lines_.IsPlugged());
   EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
-  socket.connectToHost(QStringLiteral("127.0.0.1"), port);
+  socket.connectToHost(u"127.0.0.1"_s, port);
   EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
   EXPECT_FALSE(QFile::exists(link));
 
@@ -87,7 +88,7 @@ TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
 }
 
 TEST_F(PanelLinesTest, APortThatIsTakenMeanwhileIsOpenedAsSoonAsItIsFree) {
-  ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("0"), &error_)) << error_.toStdString();
+  ASSERT_TRUE(lines_.OpenTcp(u"0"_s, &error_)) << error_.toStdString();
   const quint16 port = Port();
   lines_.SetPlugged(false);
   const QSignalSpy failed(&lines_, &PanelLines::Failed);
@@ -103,7 +104,7 @@ TEST_F(PanelLinesTest, APortThatIsTakenMeanwhileIsOpenedAsSoonAsItIsFree) {
 
 TEST_F(PanelLinesTest, ATerminalThatAFaultHasPulledIsPluggedInAgain) {
   QTemporaryDir folder;
-  const QString link = folder.filePath(QStringLiteral("panels"));
+  const QString link = folder.filePath(u"panels"_s);
   ASSERT_TRUE(lines_.OpenPty(link, &error_)) << error_.toStdString();
   Faults faults;
   faults.close_after_frame = 1;
@@ -117,10 +118,10 @@ TEST_F(PanelLinesTest, ATerminalThatAFaultHasPulledIsPluggedInAgain) {
 }
 
 TEST_F(PanelLinesTest, RefusesADeviceThatIsNotThere) {
-  EXPECT_FALSE(lines_.OpenSerial(QStringLiteral("/dev/nonexistent"), 9600, &error_));
-  EXPECT_TRUE(error_.startsWith(QStringLiteral("serial port /dev/nonexistent: ")));
-  EXPECT_FALSE(lines_.OpenPty(QStringLiteral("/nonexistent/folder/panels"), &error_));
-  EXPECT_TRUE(error_.startsWith(QStringLiteral("pseudo-terminal ")));
+  EXPECT_FALSE(lines_.OpenSerial(u"/dev/nonexistent"_s, 9600, &error_));
+  EXPECT_TRUE(error_.startsWith(u"serial port /dev/nonexistent: "_s));
+  EXPECT_FALSE(lines_.OpenPty(u"/nonexistent/folder/panels"_s, &error_));
+  EXPECT_TRUE(error_.startsWith(u"pseudo-terminal "_s));
 }
 
 }  // namespace

@@ -13,6 +13,8 @@
 #include "lines/pty_line.h"
 #include "support/wait_until.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -20,7 +22,7 @@ class PtyLineTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(folder_.isValid());
-    link_ = folder_.filePath(QStringLiteral("panel"));
+    link_ = folder_.filePath(u"panel"_s);
     ASSERT_TRUE(line_.Open(link_)) << line_.ErrorString().toStdString();
   }
 
@@ -53,7 +55,7 @@ TEST_F(PtyLineTest, AnswersASerialPortThroughItsLink) {
   OpenPort(&port, link_);
   EXPECT_EQ(Exchange(&port, "<ID1A><L01><P001>x \r\n"), "<ID1A>\r\n");
   EXPECT_EQ(engine_.Page(26, 1).value(1), "x ");
-  EXPECT_EQ(engine_.Frames().last().line, QStringLiteral("pty"));
+  EXPECT_EQ(engine_.Frames().last().line, u"pty"_s);
 }
 
 TEST_F(PtyLineTest, PassesEveryByteValue) {
@@ -164,7 +166,7 @@ TEST_F(PtyLineTest, SurvivesAFloodThatNobodyReads) {
 }
 
 TEST_F(PtyLineTest, RemovesItsLinkAtTheEnd) {
-  const QString link = folder_.filePath(QStringLiteral("other"));
+  const QString link = folder_.filePath(u"other"_s);
   {
     PtyLine other(&engine_);
     ASSERT_TRUE(other.Open(link));
@@ -174,23 +176,22 @@ TEST_F(PtyLineTest, RemovesItsLinkAtTheEnd) {
 }
 
 TEST_F(PtyLineTest, ReplacesAStaleLinkOfItsKind) {
-  const QString link = folder_.filePath(QStringLiteral("stale"));
-  ASSERT_TRUE(QFile::link(QStringLiteral("/dev/pts/99999"), link));
+  const QString link = folder_.filePath(u"stale"_s);
+  ASSERT_TRUE(QFile::link(u"/dev/pts/99999"_s, link));
   PtyLine other(&engine_);
   ASSERT_TRUE(other.Open(link)) << other.ErrorString().toStdString();
   EXPECT_EQ(QFile::symLinkTarget(link), other.DeviceName());
 }
 
 TEST_F(PtyLineTest, NeverReplacesAnythingElse) {
-  const QString path = folder_.filePath(QStringLiteral("precious"));
+  const QString path = folder_.filePath(u"precious"_s);
   QFile file(path);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("text");
   file.close();
-  const QString foreign = folder_.filePath(QStringLiteral("foreign"));
+  const QString foreign = folder_.filePath(u"foreign"_s);
   ASSERT_TRUE(QFile::link(path, foreign));
-  for (const QString& link :
-       {path, foreign, folder_.path(), folder_.filePath(QStringLiteral("no/such"))}) {
+  for (const QString& link : {path, foreign, folder_.path(), folder_.filePath(u"no/such"_s)}) {
     PtyLine other(&engine_);
     EXPECT_FALSE(other.Open(link)) << link.toStdString();
     EXPECT_TRUE(other.ErrorString().startsWith(link)) << other.ErrorString().toStdString();
@@ -241,11 +242,11 @@ TEST_F(SerialLineTest, AnswersOnItsDevice) {
   ASSERT_TRUE(line_.Open(device_, 19200)) << line_.ErrorString().toStdString();
   EXPECT_EQ(Exchange("<ID1A><L01><P001>x \r\n"), "<ID1A>\r\n");
   EXPECT_EQ(engine_.Page(26, 1).value(1), "x ");
-  EXPECT_EQ(engine_.Frames().last().line, QStringLiteral("serial"));
+  EXPECT_EQ(engine_.Frames().last().line, u"serial"_s);
 }
 
 TEST_F(SerialLineTest, ReportsADeviceThatIsNotThere) {
-  EXPECT_FALSE(line_.Open(QStringLiteral("/dev/no-such-port")));
+  EXPECT_FALSE(line_.Open(u"/dev/no-such-port"_s));
   EXPECT_FALSE(line_.ErrorString().isEmpty());
   EXPECT_FALSE(line_.IsOpen());
 }

@@ -10,6 +10,8 @@
 
 #include "support/wait_until.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -49,7 +51,7 @@ TEST_F(TcpLineTest, AnswersOverASocket) {
   Connect(&socket);
   EXPECT_EQ(Exchange(&socket, "<ID1A><L01><P001>x \r\n"), "<ID1A>\r\n");
   EXPECT_EQ(engine_.Page(26, 1).value(1), "x ");
-  EXPECT_EQ(engine_.Frames().last().line, QStringLiteral("tcp"));
+  EXPECT_EQ(engine_.Frames().last().line, u"tcp"_s);
 }
 
 TEST_F(TcpLineTest, ServesConnectionsAtOnceAndOneAfterAnother) {

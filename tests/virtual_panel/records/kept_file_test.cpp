@@ -12,6 +12,8 @@
 #include "support/full_disk.h"
 #include "support/wait_until.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -40,8 +42,8 @@ class KeptFileTest : public testing::Test {
   }
 
   QTemporaryDir root_;
-  QString folder_ = root_.filePath(QStringLiteral("folder"));
-  QString path_ = folder_ + QStringLiteral("/file");
+  QString folder_ = root_.filePath(u"folder"_s);
+  QString path_ = folder_ + u"/file"_s;
   QStringList said_;
 };
 
@@ -55,7 +57,7 @@ class LogFileTest : public KeptFileTest {
     ASSERT_TRUE(log_.Open());
   }
 
-  LogFile log_{QStringLiteral("log"), path_};
+  LogFile log_{u"log"_s, path_};
 };
 
 TEST_F(LogFileTest, GrowsLineByLine) {
@@ -67,14 +69,13 @@ TEST_F(LogFileTest, GrowsLineByLine) {
 }
 
 TEST_F(LogFileTest, SaysOnceThatTheDiskIsFull) {
-  LogFile log(QStringLiteral("log"), QStringLiteral("/dev/full"));
+  LogFile log(u"log"_s, u"/dev/full"_s);
   Listen(log);
   ASSERT_TRUE(log.Open());
   for (int i = 0; i < 3; ++i) log.Append("line\n");
-  EXPECT_EQ(
-      TakeSaid(),
-      QStringList{QStringLiteral("the log /dev/full cannot be written: No space left on device")});
-  EXPECT_EQ(log.Trouble(), QStringLiteral("No space left on device"));
+  EXPECT_EQ(TakeSaid(),
+            QStringList{u"the log /dev/full cannot be written: No space left on device"_s});
+  EXPECT_EQ(log.Trouble(), u"No space left on device"_s);
 }
 
 TEST_F(LogFileTest, FinishesTheLineInWhichTheDiskWasFull) {
@@ -89,9 +90,7 @@ TEST_F(LogFileTest, FinishesTheLineInWhichTheDiskWasFull) {
   }
   log_.Append("last\n");
   EXPECT_EQ(Contents(), "first\nsecond\nlast\n");
-  EXPECT_EQ(
-      TakeSaid(),
-      QStringList{QStringLiteral("the log %1 is written again; 2 lines are lost").arg(path_)});
+  EXPECT_EQ(TakeSaid(), QStringList{u"the log %1 is written again; 2 lines are lost"_s.arg(path_)});
   EXPECT_EQ(log_.Trouble(), QString());
   log_.Append("more\n");
   EXPECT_EQ(TakeSaid(), QStringList());
@@ -102,16 +101,12 @@ TEST_F(LogFileTest, SaysThatItsFolderIsGoneAndWhenItIsBack) {
   RemoveFolder();
   log_.Append("lost\n");
   log_.Append("lost\n");
-  EXPECT_EQ(
-      TakeSaid(),
-      QStringList{
-          QStringLiteral("the log %1 cannot be written: No such file or directory").arg(path_)});
+  EXPECT_EQ(TakeSaid(),
+            QStringList{u"the log %1 cannot be written: No such file or directory"_s.arg(path_)});
   MakeFolder();
   log_.Append("new\n");
   EXPECT_EQ(Contents(), "new\n");
-  EXPECT_EQ(
-      TakeSaid(),
-      QStringList{QStringLiteral("the log %1 is written again; 2 lines are lost").arg(path_)});
+  EXPECT_EQ(TakeSaid(), QStringList{u"the log %1 is written again; 2 lines are lost"_s.arg(path_)});
 }
 
 TEST_F(LogFileTest, TheRestOfALineDoesNotGoIntoAnotherFile) {
@@ -119,28 +114,26 @@ TEST_F(LogFileTest, TheRestOfALineDoesNotGoIntoAnotherFile) {
     const FullDisk full_disk(3);
     log_.Append("halved\n");
   }
-  ASSERT_TRUE(QFile::rename(path_, path_ + QStringLiteral(".1")));
+  ASSERT_TRUE(QFile::rename(path_, path_ + u".1"_s));
   TakeSaid();
   log_.Append("new\n");
   EXPECT_EQ(Contents(), "new\n");
-  EXPECT_EQ(TakeSaid(),
-            QStringList{QStringLiteral("the log %1 is written again; 1 line is lost").arg(path_)});
+  EXPECT_EQ(TakeSaid(), QStringList{u"the log %1 is written again; 1 line is lost"_s.arg(path_)});
 }
 
 TEST_F(LogFileTest, GoesOnUnderItsNameWhenItIsMovedAway) {
   log_.Append("old\n");
-  ASSERT_TRUE(QFile::rename(path_, path_ + QStringLiteral(".1")));
+  ASSERT_TRUE(QFile::rename(path_, path_ + u".1"_s));
   log_.Append("new\n");
   EXPECT_EQ(Contents(), "new\n");
   EXPECT_EQ(TakeSaid(), QStringList());
 }
 
 TEST_F(LogFileTest, SaysThatItCannotBeOpened) {
-  LogFile log(QStringLiteral("log"), folder_);
+  LogFile log(u"log"_s, folder_);
   Listen(log);
   EXPECT_FALSE(log.Open());
-  EXPECT_EQ(log.TroubleText(),
-            QStringLiteral("the log %1 cannot be written: %2").arg(folder_, log.Trouble()));
+  EXPECT_EQ(log.TroubleText(), u"the log %1 cannot be written: %2"_s.arg(folder_, log.Trouble()));
   EXPECT_FALSE(log.Trouble().isEmpty());
 }
 
@@ -159,7 +152,7 @@ class WholeFileTest : public KeptFileTest {
   }
 
   QByteArray contents_{"first"};
-  WholeFile file_{QStringLiteral("state"), path_, [this] { return contents_; }};
+  WholeFile file_{u"state"_s, path_, [this] { return contents_; }};
 };
 
 TEST_F(WholeFileTest, HoldsWhatItWasLastGiven) {
@@ -175,37 +168,34 @@ TEST_F(WholeFileTest, SaysOnceThatTheDiskIsFullAndIsWrittenAsSoonAsThereIsRoom) 
     const FullDisk full_disk(3);
     contents_ = "second";
     for (int i = 0; i < 3; ++i) EXPECT_FALSE(file_.Write());
-    EXPECT_EQ(
-        TakeSaid(),
-        QStringList{QStringLiteral("the state %1 cannot be written: File too large").arg(path_)});
+    EXPECT_EQ(TakeSaid(),
+              QStringList{u"the state %1 cannot be written: File too large"_s.arg(path_)});
     EXPECT_EQ(Contents(), "first");
   }
   EXPECT_TRUE(WaitForRecovery());
   EXPECT_EQ(Contents(), "second");
-  EXPECT_EQ(TakeSaid(), QStringList{QStringLiteral("the state %1 is written again").arg(path_)});
+  EXPECT_EQ(TakeSaid(), QStringList{u"the state %1 is written again"_s.arg(path_)});
 }
 
 TEST_F(WholeFileTest, SaysThatItsFolderIsGoneAndWhenItIsBack) {
   RemoveFolder();
   EXPECT_FALSE(file_.Write());
   EXPECT_FALSE(file_.Write());
-  EXPECT_EQ(
-      TakeSaid(),
-      QStringList{
-          QStringLiteral("the state %1 cannot be written: No such file or directory").arg(path_)});
+  EXPECT_EQ(TakeSaid(),
+            QStringList{u"the state %1 cannot be written: No such file or directory"_s.arg(path_)});
   MakeFolder();
   EXPECT_TRUE(WaitForRecovery());
   EXPECT_EQ(Contents(), "first");
-  EXPECT_EQ(TakeSaid(), QStringList{QStringLiteral("the state %1 is written again").arg(path_)});
+  EXPECT_EQ(TakeSaid(), QStringList{u"the state %1 is written again"_s.arg(path_)});
 }
 
 TEST_F(WholeFileTest, NeverReplacesWhatIsNoOrdinaryFile) {
-  const QString pipe = folder_ + QStringLiteral("/pipe");
+  const QString pipe = folder_ + u"/pipe"_s;
   ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-  WholeFile file(QStringLiteral("state"), pipe, [] { return QByteArray("text"); });
+  WholeFile file(u"state"_s, pipe, [] { return QByteArray("text"); });
   EXPECT_FALSE(file.Write());
   EXPECT_EQ(file.TroubleText(),
-            QStringLiteral("the state %1 cannot be written: It is no ordinary file").arg(pipe));
+            u"the state %1 cannot be written: It is no ordinary file"_s.arg(pipe));
   struct stat found = {};
   ASSERT_EQ(::stat(QFile::encodeName(pipe).constData(), &found), 0);
   EXPECT_TRUE(S_ISFIFO(found.st_mode));

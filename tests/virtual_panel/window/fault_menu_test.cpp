@@ -11,6 +11,8 @@
 #include "lines/panel_lines.h"
 #include "window_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -19,14 +21,14 @@ class FaultMenuTest : public WindowTest {
   void SetUp() override {
     WindowTest::SetUp();
     QString error;
-    ASSERT_TRUE(lines_.OpenTcp(QStringLiteral("0"), &error)) << error.toStdString();
+    ASSERT_TRUE(lines_.OpenTcp(u"0"_s, &error)) << error.toStdString();
     QObject::connect(&window_, &PanelWindow::Plugged, &lines_, &PanelLines::SetPlugged);
     port_ = lines_.Descriptions().first().section(QLatin1Char(':'), -1).toUShort();
     Connect();
   }
 
   void Connect() {
-    socket_.connectToHost(QStringLiteral("127.0.0.1"), port_);
+    socket_.connectToHost(u"127.0.0.1"_s, port_);
     ASSERT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::ConnectedState; }));
   }
 
@@ -74,21 +76,21 @@ class FaultMenuTest : public WindowTest {
 };
 
 TEST_F(FaultMenuTest, AFaultIsChosenByTheMouseAndSeenAtTheOtherEnd) {
-  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+  EXPECT_EQ(Checked(), QStringList{u"none"_s});
   EXPECT_EQ(StatusLine(), QString());
   EXPECT_EQ(Poll(8), "<ID1A>\r\n");
   Click("lower-case");
   EXPECT_EQ(Poll(8), "<ID1a>\r\n");
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: lower-case"));
+  EXPECT_EQ(StatusLine(), u"Fault: lower-case"_s);
   Click("stray-byte");
   EXPECT_EQ(Poll(9), "\xFF<ID1a>\r\n");
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: lower-case, stray-byte"));
-  EXPECT_EQ(Checked(), (QStringList{QStringLiteral("lower-case"), QStringLiteral("stray-byte")}));
+  EXPECT_EQ(StatusLine(), u"Fault: lower-case, stray-byte"_s);
+  EXPECT_EQ(Checked(), (QStringList{u"lower-case"_s, u"stray-byte"_s}));
   Click("lower-case");
   EXPECT_EQ(Poll(9), "\xFF<ID1A>\r\n");
   Click("none");
   EXPECT_EQ(Poll(8), "<ID1A>\r\n");
-  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+  EXPECT_EQ(Checked(), QStringList{u"none"_s});
   EXPECT_EQ(StatusLine(), QString());
 }
 
@@ -106,7 +108,7 @@ TEST_F(FaultMenuTest, AFaultIsChosenByTheKeyboard) {
   const QByteArray answer = Poll(8);
   EXPECT_EQ(answer.size(), 8);
   EXPECT_NE(answer, "<ID1A>\r\n");
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: garbage"));
+  EXPECT_EQ(StatusLine(), u"Fault: garbage"_s);
   choose(Qt::Key_N);
   EXPECT_EQ(Poll(8), "<ID1A>\r\n");
 }
@@ -130,10 +132,10 @@ TEST_F(FaultMenuTest, TheLineIsCutAfterTheNextFrame) {
 
 TEST_F(FaultMenuTest, UnpluggedNobodyReachesThePanelsUntilTheyArePluggedInAgain) {
   Click("unplugged");
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: unplugged"));
-  EXPECT_EQ(Checked(), QStringList{QStringLiteral("unplugged")});
+  EXPECT_EQ(StatusLine(), u"Fault: unplugged"_s);
+  EXPECT_EQ(Checked(), QStringList{u"unplugged"_s});
   EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
-  socket_.connectToHost(QStringLiteral("127.0.0.1"), port_);
+  socket_.connectToHost(u"127.0.0.1"_s, port_);
   EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
   Click("unplugged");
   EXPECT_EQ(StatusLine(), QString());
@@ -142,7 +144,7 @@ TEST_F(FaultMenuTest, UnpluggedNobodyReachesThePanelsUntilTheyArePluggedInAgain)
   // "None" plugs in, too.
   Click("unplugged");
   Click("silent");
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: silent, unplugged"));
+  EXPECT_EQ(StatusLine(), u"Fault: silent, unplugged"_s);
   Click("none");
   EXPECT_TRUE(WaitUntil([&] { return socket_.state() == QAbstractSocket::UnconnectedState; }));
   Connect();
@@ -153,8 +155,7 @@ TEST_F(FaultMenuTest, OffersTheFaultsOfTheCommandLine) {
   Faults all;
   for (const QAction* action : Find<QMenu>("faults")->actions()) {
     const QString name = action->objectName().mid(6);
-    if (name.isEmpty() || name == QLatin1String("none") || name == QLatin1String("other") ||
-        name == QLatin1String("unplugged")) {
+    if (name.isEmpty() || name == "none"_L1 || name == "other"_L1 || name == "unplugged"_L1) {
       continue;
     }
     EXPECT_TRUE(ParseFault(name, &all, nullptr)) << name.toStdString();
@@ -165,10 +166,10 @@ TEST_F(FaultMenuTest, OffersTheFaultsOfTheCommandLine) {
 TEST_F(FaultMenuTest, AnAnswerIsLateByOneTimeOnly) {
   Click("late:500");
   Click("late:2000");
-  EXPECT_EQ(Checked(), QStringList{QStringLiteral("late:2000")});
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:2000"));
+  EXPECT_EQ(Checked(), QStringList{u"late:2000"_s});
+  EXPECT_EQ(StatusLine(), u"Fault: late:2000"_s);
   Click("late:2000");
-  EXPECT_EQ(Checked(), QStringList{QStringLiteral("none")});
+  EXPECT_EQ(Checked(), QStringList{u"none"_s});
 }
 
 TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
@@ -181,9 +182,9 @@ TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
     });
     Fault("other")->trigger();
   };
-  enter(QStringLiteral("late:7"));
+  enter(u"late:7"_s);
   EXPECT_EQ(engine_.CurrentFaults().late_ms, 7);
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:7"));
+  EXPECT_EQ(StatusLine(), u"Fault: late:7"_s);
   EXPECT_TRUE(Checked().isEmpty());
   QString warning;
   QTimer closer;
@@ -195,10 +196,10 @@ TEST_F(FaultMenuTest, AnyOtherOneCanBeEntered) {
     box->accept();
   });
   closer.start(1);
-  enter(QStringLiteral("nonsense"));
-  EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"nonsense\": expected one of silent")));
-  enter(QStringLiteral("<b>nonsense</b>"));
-  EXPECT_TRUE(warning.startsWith(QStringLiteral("fault \"<b>nonsense</b>\": expected one of")))
+  enter(u"nonsense"_s);
+  EXPECT_TRUE(warning.startsWith(u"fault \"nonsense\": expected one of silent"_s));
+  enter(u"<b>nonsense</b>"_s);
+  EXPECT_TRUE(warning.startsWith(u"fault \"<b>nonsense</b>\": expected one of"_s))
       << warning.toStdString();
   EXPECT_EQ(engine_.CurrentFaults().late_ms, 7);
 }
@@ -208,8 +209,8 @@ TEST_F(FaultMenuTest, ShowsFaultsThatWereSetElsewhere) {
   faults.flood = true;
   faults.late_ms = 500;
   engine_.SetFaults(faults);
-  EXPECT_EQ(Checked(), (QStringList{QStringLiteral("late:500"), QStringLiteral("flood")}));
-  EXPECT_EQ(StatusLine(), QStringLiteral("Fault: late:500, flood"));
+  EXPECT_EQ(Checked(), (QStringList{u"late:500"_s, u"flood"_s}));
+  EXPECT_EQ(StatusLine(), u"Fault: late:500, flood"_s);
 }
 
 }  // namespace

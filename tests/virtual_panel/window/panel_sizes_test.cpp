@@ -5,6 +5,8 @@
 
 #include "window_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -25,7 +27,7 @@ TEST(WidePanel, IsScrolledInsteadOfWideningTheWindow) {
   };
   EXPECT_EQ(focus_policy("scroll_1"), Qt::StrongFocus);
   EXPECT_EQ(focus_policy("scroll_2"), Qt::NoFocus);
-  auto* wide = window.findChild<QScrollArea*>(QStringLiteral("scroll_1"));
+  auto* wide = window.findChild<QScrollArea*>(u"scroll_1"_s);
   QTest::keyClick(wide, Qt::Key_Right);
   EXPECT_GT(wide->horizontalScrollBar()->value(), 0);
 }
@@ -35,12 +37,10 @@ TEST(SeveralPanels, ShrinkAndGrowWithTheWindow) {
   PanelWindow window(&engine);
   window.show();
   const auto is_shown_whole = [&] {
-    const auto* last = window.findChild<QLabel*>(QStringLiteral("facts_3"));
+    const auto* last = window.findChild<QLabel*>(u"facts_3"_s);
     return last->visibleRegion().boundingRect().height() == last->height();
   };
-  const auto height = [&] {
-    return window.findChild<PanelView*>(QStringLiteral("panel_3"))->height();
-  };
+  const auto height = [&] { return window.findChild<PanelView*>(u"panel_3"_s)->height(); };
   window.resize(700, 700);
   EXPECT_TRUE(WaitUntil(is_shown_whole));
   const int small = height();
@@ -54,7 +54,7 @@ TEST(SeveralPanels, HaveLargerDotsWhereTheyMustBeScrolledAnyway) {
   window.resize(800, 600);
   window.show();
   const auto distance = [&](int id) {
-    const auto* view = window.findChild<PanelView*>(QStringLiteral("panel_%1").arg(id));
+    const auto* view = window.findChild<PanelView*>(u"panel_%1"_s.arg(id));
     return PanelDots::DotDistance(view->size(), view->Picture().shape);
   };
   EXPECT_TRUE(WaitUntil([&] { return distance(1) == 3 && distance(2) == 3 && distance(3) == 2; }))

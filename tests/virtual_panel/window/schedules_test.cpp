@@ -6,6 +6,8 @@
 
 #include "window_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -55,15 +57,12 @@ TEST_F(SchedulesTest, ListsThePanelsSchedules) {
   EXPECT_TRUE(Schedules(26).isEmpty());
   EXPECT_FALSE(Find<QLabel>("playing_26")->isVisible());
   Receive("<ID1A><TJ>1083000105A,01207D\r\n<ID1A><TB>*22**00105A\r\n<ID03><TA>6**1500205B\r\n");
-  EXPECT_EQ(Schedules(26),
-            (QStringList{QStringLiteral("B  \u00B7  daily 22:**  \u00B7  1 entry"),
-                         QStringLiteral("J  \u00B7  Mon 08:30  \u00B7  2 entries")}));
-  EXPECT_EQ(Schedules(3), QStringList{QStringLiteral("A  \u00B7  Sat **:15  \u00B7  1 entry")});
-  EXPECT_EQ(Button(26, 'J')->toolTip(),
-            QStringLiteral("1. page 1, 5 s, Appear\n2. page 12, 7 s, Wipe Right"));
-  EXPECT_EQ(Button(26, 'J')->accessibleDescription(),
-            QStringLiteral("Plays schedule J of panel 26"));
-  EXPECT_EQ(PlayingLine(26), QStringLiteral("no schedule is playing"));
+  EXPECT_EQ(Schedules(26), (QStringList{u"B  \u00B7  daily 22:**  \u00B7  1 entry"_s,
+                                        u"J  \u00B7  Mon 08:30  \u00B7  2 entries"_s}));
+  EXPECT_EQ(Schedules(3), QStringList{u"A  \u00B7  Sat **:15  \u00B7  1 entry"_s});
+  EXPECT_EQ(Button(26, 'J')->toolTip(), u"1. page 1, 5 s, Appear\n2. page 12, 7 s, Wipe Right"_s);
+  EXPECT_EQ(Button(26, 'J')->accessibleDescription(), u"Plays schedule J of panel 26"_s);
+  EXPECT_EQ(PlayingLine(26), u"no schedule is playing"_s);
   Receive("<ID1A><D*>\r\n");
   EXPECT_TRUE(Schedules(26).isEmpty());
   EXPECT_FALSE(Find<QLabel>("playing_26")->isVisible());
@@ -72,17 +71,19 @@ TEST_F(SchedulesTest, ListsThePanelsSchedules) {
 
 TEST_F(SchedulesTest, SaysWhatIsPlaying) {
   Receive("<ID1A><TB>*10**01305A,01407D,01503H\r\n");
-  EXPECT_EQ(PlayingLine(26), QStringLiteral("playing schedule B   \u00B7   entry 1 of 3   \u00B7   "
-                                            "page 13   \u00B7   Appear"));
-  EXPECT_TRUE(Facts("facts_26").contains(QStringLiteral("showing page 13   \u00B7   0 pages")));
+  EXPECT_EQ(PlayingLine(26),
+            u"playing schedule B   \u00B7   entry 1 of 3   \u00B7   "
+            "page 13   \u00B7   Appear"_s);
+  EXPECT_TRUE(Facts("facts_26").contains(u"showing page 13   \u00B7   0 pages"_s));
   EXPECT_EQ(PressedDown(26), "B");
   now_ = now_.addSecs(6);
   Receive("<ID1A><L01><P014><CK>HH \r\n");
-  EXPECT_EQ(PlayingLine(26), QStringLiteral("playing schedule B   \u00B7   entry 2 of 3   \u00B7   "
-                                            "page 14   \u00B7   Wipe Right"));
-  EXPECT_EQ(Find<PanelView>("panel_26")->accessibleDescription(), QStringLiteral("HH"));
+  EXPECT_EQ(PlayingLine(26),
+            u"playing schedule B   \u00B7   entry 2 of 3   \u00B7   "
+            "page 14   \u00B7   Wipe Right"_s);
+  EXPECT_EQ(Find<PanelView>("panel_26")->accessibleDescription(), u"HH"_s);
   Receive("<ID1A><RP014>\r\n");
-  EXPECT_EQ(PlayingLine(26), QStringLiteral("no schedule is playing"));
+  EXPECT_EQ(PlayingLine(26), u"no schedule is playing"_s);
   EXPECT_EQ(PressedDown(26), "");
 }
 
@@ -93,7 +94,7 @@ TEST_F(SchedulesTest, PlaysAScheduleByAClick) {
   QTest::mouseClick(Button(26, 'C'), Qt::LeftButton);
   WaitForRefresh();
   EXPECT_EQ(engine_.PlayingAt(26, now_), (Playing{'C', 1, 1, 14, 'E'}));
-  EXPECT_TRUE(PlayingLine(26).startsWith(QStringLiteral("playing schedule C")));
+  EXPECT_TRUE(PlayingLine(26).startsWith(u"playing schedule C"_s));
   EXPECT_EQ(PressedDown(26), "C");
   EXPECT_EQ(engine_.PlayingAt(3, now_), std::nullopt);
   // Once more is from its first page again, and it stays pressed down.
@@ -160,10 +161,10 @@ TEST_F(SchedulesTest, WakesOnlyWhenSomethingChanges) {
 
 TEST_F(SchedulesTest, FollowsAScheduleWithoutAnyFrame) {
   Receive("<ID1A><TA>*****00101A,00201B\r\n");
-  EXPECT_TRUE(PlayingLine(26).contains(QStringLiteral("page 1 ")));
+  EXPECT_TRUE(PlayingLine(26).contains(u"page 1 "_s));
   now_ = now_.addSecs(1);
   // The timer runs in real time: within a second it asks for the page of now.
-  EXPECT_TRUE(WaitUntil([&] { return PlayingLine(26).contains(QStringLiteral("page 2 ")); }));
+  EXPECT_TRUE(WaitUntil([&] { return PlayingLine(26).contains(u"page 2 "_s); }));
 }
 
 TEST_F(SchedulesTest, TakesAnySchedulesInANarrowWindow) {

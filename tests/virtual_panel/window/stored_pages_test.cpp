@@ -5,6 +5,8 @@
 
 #include "window_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -37,19 +39,19 @@ TEST_F(StoredPagesTest, ListsThePagesAndWhatIsOnThem) {
   Receive("<ID1A><L02><P012><CA>two \r\n<ID1A><L01><P012><CB>one <GA> \r\n<ID1A><L01><P007>x \r\n");
   EXPECT_TRUE(Pages()->isVisible());
   EXPECT_FALSE(Find<PageStrip>("pages_3")->isVisible());
-  EXPECT_EQ(Captions(), (QStringList{QStringLiteral("7"), QStringLiteral("12")}));
+  EXPECT_EQ(Captions(), (QStringList{u"7"_s, u"12"_s}));
   const QModelIndex twelve = Pages()->model()->index(1, 0);
-  EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString(), QStringLiteral("1.  one [A]\n2.  two"));
+  EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString(), u"1.  one [A]\n2.  two"_s);
   // The last one that was received is shown.
   EXPECT_EQ(Pages()->model()->index(0, 0).data(Qt::AccessibleTextRole).toString(),
-            QStringLiteral("Page 7, shown"));
-  EXPECT_EQ(twelve.data(Qt::AccessibleTextRole).toString(), QStringLiteral("Page 12"));
+            u"Page 7, shown"_s);
+  EXPECT_EQ(twelve.data(Qt::AccessibleTextRole).toString(), u"Page 12"_s);
   // Of an endless row as much as can be read.
   Receive("<ID1A><L03><P012>" + QByteArray("some ").repeated(12'000) + "\r\n");
   EXPECT_EQ(twelve.data(Qt::ToolTipRole).toString().section(QLatin1Char('\n'), 2),
-            QStringLiteral("3.  ") + QStringLiteral("some ").repeated(120) + QChar(0x2026));
+            u"3.  "_s + u"some "_s.repeated(120) + QChar(0x2026));
   Receive("<ID1A><D012>\r\n");
-  EXPECT_EQ(Captions(), QStringList{QStringLiteral("7")});
+  EXPECT_EQ(Captions(), QStringList{u"7"_s});
   Receive("<ID1A><D*>\r\n");
   EXPECT_FALSE(Pages()->isVisible());
 }
@@ -61,8 +63,8 @@ TEST_F(StoredPagesTest, AClickShowsAPage) {
   EXPECT_EQ(engine_.RunningPage(26), 12);
   EXPECT_EQ(engine_.PlayingAt(26, now_), std::nullopt);
   WaitForRefresh();
-  EXPECT_TRUE(Facts("facts_26").contains(QStringLiteral("running page 12")));
-  EXPECT_EQ(Find<PanelView>("panel_26")->accessibleDescription(), QStringLiteral("twelve"));
+  EXPECT_TRUE(Facts("facts_26").contains(u"running page 12"_s));
+  EXPECT_EQ(Find<PanelView>("panel_26")->accessibleDescription(), u"twelve"_s);
   EXPECT_EQ(engine_.RunningPage(3), std::nullopt);
 }
 
@@ -126,7 +128,7 @@ TEST_F(StoredPagesTest, WhoeverLooksForAPageWithTheKeyboardIsNotLedAway) {
   EXPECT_EQ(Pages()->currentIndex().row(), 1);
   // Also when the pages become others.
   Receive("<ID1A><L01><P001>x \r\n");
-  EXPECT_EQ(Pages()->currentIndex().data().toString(), QStringLiteral("101"));
+  EXPECT_EQ(Pages()->currentIndex().data().toString(), u"101"_s);
 }
 
 TEST_F(StoredPagesTest, AThousandPagesTakeOneLine) {
@@ -149,7 +151,7 @@ TEST_F(StoredPagesTest, AThousandPagesTakeOneLine) {
   // And it can be seen there.
   EXPECT_TRUE(
       Pages()->viewport()->rect().contains(Pages()->visualRect(Pages()->currentIndex()).center()));
-  QTest::keyClicks(Pages(), QStringLiteral("512"));
+  QTest::keyClicks(Pages(), u"512"_s);
   QTest::keyClick(Pages(), Qt::Key_Return);
   EXPECT_EQ(engine_.RunningPage(26), 512);
 }

@@ -9,6 +9,8 @@
 #include "support/use_code_page.h"
 #include "window_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
@@ -17,12 +19,12 @@ TEST_F(WindowTest, ListsTheTrafficReadably) {
   now_ = now_.addMSecs(45);
   Receive("<ID1A><?>\r\n<ID00><D*>\n");
   ASSERT_EQ(traffic->model()->rowCount(), 2);
-  EXPECT_EQ(Text(0, 0), QStringLiteral("10:30:00.045"));
-  EXPECT_EQ(Text(0, 1), QStringLiteral("<ID1A><?><CR><LF>"));
-  EXPECT_EQ(Text(0, 2), QStringLiteral("<ID1A><CR><LF>"));
-  EXPECT_EQ(Text(0, 3), QStringLiteral("poll"));
-  EXPECT_EQ(Text(1, 1), QStringLiteral("<ID00><D*><LF>"));
-  EXPECT_EQ(Text(1, 2), QStringLiteral("-"));
+  EXPECT_EQ(Text(0, 0), u"10:30:00.045"_s);
+  EXPECT_EQ(Text(0, 1), u"<ID1A><?><CR><LF>"_s);
+  EXPECT_EQ(Text(0, 2), u"<ID1A><CR><LF>"_s);
+  EXPECT_EQ(Text(0, 3), u"poll"_s);
+  EXPECT_EQ(Text(1, 1), u"<ID00><D*><LF>"_s);
+  EXPECT_EQ(Text(1, 2), u"-"_s);
 }
 
 TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
@@ -31,24 +33,22 @@ TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
   faults.pieces = 3;
   engine_.SetFaults(faults);
   Receive("<ID1A><?>\r\n<ID00><?>\r\n");
-  EXPECT_EQ(Text(0, 2), QStringLiteral("<ID1A><CR><LF> after 2000 ms"));
-  EXPECT_EQ(Text(1, 2), QStringLiteral("-"));
+  EXPECT_EQ(Text(0, 2), u"<ID1A><CR><LF> after 2000 ms"_s);
+  EXPECT_EQ(Text(1, 2), u"-"_s);
 }
 
 TEST_F(WindowTest, ShowsTextThatLooksLikeHtmlAsItIs) {
   Receive("<b>a</b> &lt; <br>  b\r\n<ID1A><L01><P001><b>a</b> &lt; <br>  b \r\n");
-  EXPECT_EQ(ShownText(Text(0, 1, Qt::ToolTipRole)),
-            QStringLiteral("<b>a</b> &lt; <br>  b<CR><LF>"));
+  EXPECT_EQ(ShownText(Text(0, 1, Qt::ToolTipRole)), u"<b>a</b> &lt; <br>  b<CR><LF>"_s);
   const QModelIndex page = Find<PageStrip>("pages_26")->model()->index(0, 0);
-  EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()),
-            QStringLiteral("1.  <b>a</b> &lt; <br>  b"));
+  EXPECT_EQ(ShownText(page.data(Qt::ToolTipRole).toString()), u"1.  <b>a</b> &lt; <br>  b"_s);
 }
 
 TEST_F(WindowTest, ALongTextWithoutBlanksCanBeBrokenInAToolTip) {
   Receive(QByteArray(80, 'x') + ' ' + QByteArray(200, 'y') + "\r\n");
   const QString tool_tip = Text(0, 1, Qt::ToolTipRole);
   EXPECT_EQ(tool_tip.count(QChar(0x200B)), 2);
-  for (const QString& word : tool_tip.split(QRegularExpression(QStringLiteral("[ \u200B]")))) {
+  for (const QString& word : tool_tip.split(QRegularExpression(u"[ \u200B]"_s))) {
     EXPECT_LE(word.size(), 80);
   }
   // What is copied has no breaks of its own.
@@ -79,7 +79,7 @@ TEST_F(WindowTest, CopiesTheSelectedTraffic) {
   ASSERT_TRUE(WaitUntil([&] { return traffic->hasFocus(); }));
   QTest::keyClick(traffic, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(),
-            QStringLiteral("10:30:00.000\t<ID03><?><CR><LF>\t<ID03><CR><LF>\tpoll"));
+            u"10:30:00.000\t<ID03><?><CR><LF>\t<ID03><CR><LF>\tpoll"_s);
 }
 
 TEST_F(WindowTest, KeepsTheLastTrafficOnly) {
@@ -87,22 +87,21 @@ TEST_F(WindowTest, KeepsTheLastTrafficOnly) {
   for (int i = 0; i < 600; ++i) engine_.Receive("<ID1A><?>\r\n");
   Receive("<ID1A><RP042>\r\n");
   EXPECT_EQ(traffic->model()->rowCount(), 500);
-  EXPECT_EQ(Text(499, 3), QStringLiteral("run page 42: an empty page"));
+  EXPECT_EQ(Text(499, 3), u"run page 42: an empty page"_s);
 }
 
 TEST(VisibleText, WritesControlCharactersOut) {
-  EXPECT_EQ(VisibleText(QByteArray("a\r\n\0\x07\x7F\xE9", 7)),
-            QStringLiteral("a<CR><LF><00><07><7F>\u00E9"));
+  EXPECT_EQ(VisibleText(QByteArray("a\r\n\0\x07\x7F\xE9", 7)), u"a<CR><LF><00><07><7F>\u00E9"_s);
   EXPECT_EQ(VisibleText(QByteArray(5000, 'x')), QString(2000, QLatin1Char('x')) + QChar(0x2026));
 }
 
 TEST(VisibleText, IsReadInTheCodePage) {
   const UseCodePage western(1252);
-  EXPECT_EQ(VisibleText("\xCF\x80\x81"), QStringLiteral("Ï€<81>"));
+  EXPECT_EQ(VisibleText("\xCF\x80\x81"), u"Ï€<81>"_s);
   const UseCodePage russian(1251);
-  EXPECT_EQ(VisibleText("\xCF\x80\x98"), QStringLiteral("ПЂ<98>"));
+  EXPECT_EQ(VisibleText("\xCF\x80\x98"), u"ПЂ<98>"_s);
   const UseCodePage greek(1253);
-  EXPECT_EQ(VisibleText("\xCF\xD2"), QStringLiteral("Ο<D2>"));
+  EXPECT_EQ(VisibleText("\xCF\xD2"), u"Ο<D2>"_s);
 }
 
 }  // namespace

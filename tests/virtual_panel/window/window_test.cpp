@@ -4,25 +4,24 @@
 #include "window/panel_window.h"
 #include "window_fixture.h"
 
+using namespace Qt::StringLiterals;
+
 namespace VirtualPanel {
 namespace {
 
 TEST_F(WindowTest, NamesEveryPanelAndWhatItHolds) {
-  EXPECT_EQ(window_.windowTitle(), QStringLiteral("Virtual panel"));
+  EXPECT_EQ(window_.windowTitle(), u"Virtual panel"_s);
   EXPECT_EQ(Facts("facts_26"),
-            QStringLiteral(
-                "ID 026   \u00B7   4x96   \u00B7   Tri   \u00B7   Sat 21 Nov 2026 10:30   \u00B7   "
-                "no page shown   \u00B7   0 pages stored"));
-  EXPECT_TRUE(Facts("facts_3").contains(QStringLiteral("Mono")));
+            u"ID 026   \u00B7   4x96   \u00B7   Tri   \u00B7   Sat 21 Nov 2026 10:30   \u00B7   "
+            "no page shown   \u00B7   0 pages stored"_s);
+  EXPECT_TRUE(Facts("facts_3").contains(u"Mono"_s));
   Receive("<ID1A><L01><P007>x \r\n");
   EXPECT_TRUE(
-      Facts("facts_26")
-          .endsWith(QStringLiteral("showing page 7, last received   \u00B7   1 page stored")));
+      Facts("facts_26").endsWith(u"showing page 7, last received   \u00B7   1 page stored"_s));
   Receive("<ID1A><RP007>\r\n<ID1A><L01><P008>x \r\n");
-  EXPECT_TRUE(
-      Facts("facts_26").endsWith(QStringLiteral("running page 7   \u00B7   2 pages stored")));
+  EXPECT_TRUE(Facts("facts_26").endsWith(u"running page 7   \u00B7   2 pages stored"_s));
   Receive("<T2503053140709>\r\n");
-  EXPECT_TRUE(Facts("facts_3").contains(QStringLiteral("Wed 05 Mar 2025 14:07")));
+  EXPECT_TRUE(Facts("facts_3").contains(u"Wed 05 Mar 2025 14:07"_s));
 }
 
 TEST_F(WindowTest, ShowsThePageInItsRowAndColour) {
@@ -32,7 +31,7 @@ TEST_F(WindowTest, ShowsThePageInItsRowAndColour) {
   EXPECT_EQ(Count(view, 2, Led::kGreen), 4 * 17);
   EXPECT_EQ(Count(view, 2, Led::kRed), 4 * (6 * 8 - 17));
   for (const int row : {1, 3, 4}) EXPECT_EQ(Count(view, row, Led::kDark), 96 * 8) << row;
-  EXPECT_EQ(view->accessibleDescription(), QStringLiteral("HHHH"));
+  EXPECT_EQ(view->accessibleDescription(), u"HHHH"_s);
 }
 
 TEST_F(WindowTest, RunsTheBlinkTimerOnlyWhileSomethingBlinks) {
@@ -49,24 +48,22 @@ TEST_F(WindowTest, RunsTheBlinkTimerOnlyWhileSomethingBlinks) {
 }
 
 TEST_F(WindowTest, NamesItsLines) {
-  window_.SetLines(QStringLiteral("listening on tcp 127.0.0.1:2101"));
-  EXPECT_EQ(Find<QLabel>("lines")->text(), QStringLiteral("listening on tcp 127.0.0.1:2101"));
+  window_.SetLines(u"listening on tcp 127.0.0.1:2101"_s);
+  EXPECT_EQ(Find<QLabel>("lines")->text(), u"listening on tcp 127.0.0.1:2101"_s);
 }
 
 TEST_F(WindowTest, NothingInTheNameOfALineIsTakenForMarkup) {
-  window_.SetLines(QStringLiteral("pseudo-terminal /home/<b>x</b>/panel-line"));
-  EXPECT_EQ(Shown(Find<QLabel>("lines")),
-            QStringLiteral("pseudo-terminal /home/<b>x</b>/panel-line"));
+  window_.SetLines(u"pseudo-terminal /home/<b>x</b>/panel-line"_s);
+  EXPECT_EQ(Shown(Find<QLabel>("lines")), u"pseudo-terminal /home/<b>x</b>/panel-line"_s);
 }
 
 TEST_F(WindowTest, NamesTheFilesThatCannotBeWritten) {
   auto* label = Find<QLabel>("unwritten_files");
   EXPECT_FALSE(label->isVisible());
-  window_.SetUnwrittenFiles({QStringLiteral("log"), QStringLiteral("state")},
-                            {QStringLiteral("the log <b>x</b>: why"), QStringLiteral("the state")});
+  window_.SetUnwrittenFiles({u"log"_s, u"state"_s}, {u"the log <b>x</b>: why"_s, u"the state"_s});
   EXPECT_TRUE(label->isVisible());
-  EXPECT_EQ(label->text(), QStringLiteral("Not written: log, state"));
-  EXPECT_EQ(ShownText(label->toolTip()), QStringLiteral("the log <b>x</b>: why\nthe state"));
+  EXPECT_EQ(label->text(), u"Not written: log, state"_s);
+  EXPECT_EQ(ShownText(label->toolTip()), u"the log <b>x</b>: why\nthe state"_s);
   window_.SetUnwrittenFiles({}, {});
   EXPECT_FALSE(label->isVisible());
 }
@@ -118,7 +115,7 @@ TEST_F(WindowTest, ShowsAScrollingText) {
   Receive("<ID1A><L01><P001>one \r\n<ID1A><L02><P001>two \r\n<ID1A><L2><CK>HHHH\r\n");
   EXPECT_TRUE(timer->isActive());
   EXPECT_GE(timer->interval(), 20);
-  EXPECT_EQ(view->accessibleDescription(), QStringLiteral("one\nHHHH"));
+  EXPECT_EQ(view->accessibleDescription(), u"one\nHHHH"_s);
   const auto green = [&] { return Count(view, 2, Led::kGreen); };
   EXPECT_EQ(green(), 0);
   now_ = now_.addSecs(2);  // 60 dots of the 96 + 24
