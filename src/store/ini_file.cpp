@@ -12,8 +12,6 @@
 namespace Brivon1 {
 namespace {
 
-constexpr qint64 kLargestFile = 4 << 20;
-
 bool IsSpace(char c) { return IsBlank(c) || c == '\r' || c == '\n'; }
 
 QByteArrayView Trimmed(QByteArrayView text) {
@@ -82,8 +80,8 @@ std::optional<IniFile> IniFile::Read(const QString& path) {
   if (!FileExists(path)) return QFileInfo::exists(path) ? std::nullopt : std::optional(IniFile());
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray content = file.read(kLargestFile + 1);
-  if (content.size() > kLargestFile || file.error() != QFileDevice::NoError) return std::nullopt;
+  const QByteArray content = file.read(kLargestIniFile + 1);
+  if (content.size() > kLargestIniFile || file.error() != QFileDevice::NoError) return std::nullopt;
   return IniFile(content);
 }
 
