@@ -4,13 +4,13 @@
 #include <QSignalBlocker>
 
 #include "base/code_page.h"
+#include "base/tool_tip_text.h"
 #include "language/module_language.h"
 #include "store/panel_list.h"
 #include "ui_frmConfig.h"
 #include "widgets/caption_loader.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
-#include "widgets/plain_tool_tip.h"
 
 using namespace Qt::StringLiterals;
 
@@ -73,7 +73,7 @@ void frmConfig::SetUpPorts() {
   for (qint16 port = 1; port <= kPorts; ++port) {
     auto* item = new QListWidgetItem(u"Com %1"_s.arg(port), ui_->ListComPort);
     const QString device = Brivon1::SerialDevice(draft_.Values(), port);
-    item->setToolTip(PlainToolTip(device));
+    item->setToolTip(Brivon1::ToolTipText(device, Brivon1::LongLines::kWhole));
     item->setData(Qt::AccessibleDescriptionRole, device);
   }
   ShowPort();
