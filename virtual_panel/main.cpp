@@ -14,8 +14,8 @@
 #include <QApplication>
 #include <QSocketNotifier>
 
-#include "options.h"
-#include "program.h"
+#include "virtual_panel/options.h"
+#include "virtual_panel/program.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "options.h"
+#include "virtual_panel/options.h"
 
 #include <algorithm>
 

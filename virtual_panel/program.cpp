@@ -1,4 +1,4 @@
-#include "program.h"
+#include "virtual_panel/program.h"
 
 #include <cstdio>
 

@@ -9,8 +9,8 @@
 
 #include "engine/panel_engine.h"
 #include "lines/panel_lines.h"
-#include "options.h"
 #include "records/engine_records.h"
+#include "virtual_panel/options.h"
 #include "window/panel_window.h"
 
 namespace VirtualPanel {

@@ -1,8 +1,6 @@
 #include "app/frmMain.h"
 
 #include <QCoreApplication>
-#include <QEvent>
-#include <QEventLoop>
 
 #include "app/launcher_layout.h"
 #include "app/session_end.h"
@@ -17,20 +15,6 @@ namespace {
 
 constexpr int kEnglish = 1;
 constexpr int kLanguageFile = 2;
-
-// Ends an event loop when a window is closed; a minimised one is still open.
-class CloseWatcher : public QObject {
- public:
-  explicit CloseWatcher(QEventLoop* loop) : loop_(loop) {}
-
-  bool eventFilter(QObject* window, QEvent* event) override {
-    if (event->type() == QEvent::Hide && !event->spontaneous()) loop_->quit();
-    return QObject::eventFilter(window, event);
-  }
-
- private:
-  QEventLoop* loop_;
-};
 
 }  // namespace
 
@@ -91,13 +75,7 @@ void frmMain::LayOut() {
 
 void frmMain::Open(const TaskWindow& task) {
   if (open_window_ != nullptr) return;  // one window at a time, however the click came
-  const std::unique_ptr<QWidget> window = task.create();
+  const std::unique_ptr<QDialog> window = task.create();
   open_window_ = window.get();
-  QEventLoop loop;
-  CloseWatcher watcher(&loop);
-  window->installEventFilter(&watcher);
-  window->setAttribute(Qt::WA_DeleteOnClose, false);  // it is deleted here
-  window->setWindowModality(Qt::ApplicationModal);
-  window->show();
-  if (window->isVisible()) loop.exec();
+  window->exec();
 }

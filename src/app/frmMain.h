@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include <QDialog>
 #include <QPointer>
 #include <QWidget>
 
@@ -35,5 +36,5 @@ class frmMain : public QWidget {
 
   const std::unique_ptr<Ui::frmMain> ui_;
   const std::vector<TaskWindow> windows_;
-  QPointer<QWidget> open_window_;
+  QPointer<QDialog> open_window_;
 };

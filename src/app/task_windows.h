@@ -5,11 +5,11 @@
 #include <memory>
 #include <vector>
 
-#include <QWidget>
+#include <QDialog>
 
 struct TaskWindow {
   const char* button;                                ///< The button's name.
-  std::function<std::unique_ptr<QWidget>()> create;  ///< Makes the window, without an owner.
+  std::function<std::unique_ptr<QDialog>()> create;  ///< Makes the window, without an owner.
 };
 
 /// The task windows of the program. A button without one is disabled.

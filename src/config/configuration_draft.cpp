@@ -143,7 +143,9 @@ SaveResult ConfigurationDraft::Save() const {
   std::optional<IniFile> file = IniFile::Read(path);
   if (!file) return SaveResult::kInvalidPath;
   Apply(*file);
-  const SaveResult result = SaveWholeFile(path, file->Content());
+  const QByteArray content = file->Content();
+  if (content.size() > kLargestIniFile) return SaveResult::kInvalidPath;
+  const SaveResult result = SaveWholeFile(path, content);
   if (result == SaveResult::kSaved) LoadConfiguration();
   return result;
 }

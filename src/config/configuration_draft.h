@@ -75,7 +75,8 @@ class ConfigurationDraft {
   void Apply(IniFile& file) const;
 
   /// Applies the working copy to "brivon.ini" as it is at this moment, and reloads the store. A
-  /// file that cannot be read is not replaced: that is kInvalidPath.
+  /// file that cannot be read is not replaced, nor is one replaced by what would be too large to be
+  /// read: that is kInvalidPath.
   SaveResult Save() const;
 
  private:

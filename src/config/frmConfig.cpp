@@ -1,21 +1,16 @@
 #include "config/frmConfig.h"
 
-#include <QAbstractButton>
-#include <QFocusEvent>
 #include <QKeyEvent>
-#include <QRegularExpressionValidator>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include "base/code_page.h"
-#include "base/number_field.h"
+#include "base/tool_tip_text.h"
 #include "language/module_language.h"
 #include "store/panel_list.h"
 #include "ui_frmConfig.h"
 #include "widgets/caption_loader.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
-#include "widgets/plain_tool_tip.h"
 
 using namespace Qt::StringLiterals;
 
@@ -78,7 +73,7 @@ void frmConfig::SetUpPorts() {
   for (qint16 port = 1; port <= kPorts; ++port) {
     auto* item = new QListWidgetItem(u"Com %1"_s.arg(port), ui_->ListComPort);
     const QString device = Brivon1::SerialDevice(draft_.Values(), port);
-    item->setToolTip(PlainToolTip(device));
+    item->setToolTip(Brivon1::ToolTipText(device, Brivon1::LongLines::kWhole));
     item->setData(Qt::AccessibleDescriptionRole, device);
   }
   ShowPort();
@@ -98,12 +93,12 @@ void frmConfig::ShowPort() {
 }
 
 void frmConfig::SetUpPanels() {
-  SetUpNumber(ui_->txtID, 0, Brivon1::kHighestPanelId);
-  SetUpNumber(ui_->txtRow, 1, Brivon1::kMaxRows);
-  SetUpNumber(ui_->txtcol, 1, Brivon1::kMostColumns);
+  ui_->txtID->SetBounds(0, Brivon1::kHighestPanelId);
+  ui_->txtRow->SetBounds(1, Brivon1::kMaxRows);
+  ui_->txtcol->SetBounds(1, Brivon1::kMostColumns);
   ui_->ComboColorType->addItems({u"Mono"_s, u"Tri"_s});
   IgnoreWheel(ui_->ComboColorType);
-  ui_->txtIPAddress->setText(Brivon1::kNoAddress);
+  ui_->txtIPAddress->GiveUpAt(ui_->butCancel);
   QSizePolicy note_place = ui_->lblColumnsNote->sizePolicy();
   note_place.setRetainSizeWhenHidden(true);
   ui_->lblColumnsNote->setSizePolicy(note_place);
@@ -111,27 +106,12 @@ void frmConfig::SetUpPanels() {
   connect(ui_->txtcol, &QLineEdit::textChanged, this, [this](const QString& text) {
     ui_->lblColumnsNote->setVisible(Brivon1::IsReadBackShort(text));
   });
-  for (QWidget* box :
-       std::initializer_list<QWidget*>{ui_->txtIPAddress, ui_->txtIPPortNo, ui_->txtID, ui_->txtRow,
-                                       ui_->txtcol, ui_->ComboColorType, ui_->List1}) {
-    box->installEventFilter(this);
-  }
+  ui_->List1->installEventFilter(this);
   FillList(std::nullopt);
   connect(ui_->butAdd, &QPushButton::clicked, this, &frmConfig::Add);
   connect(ui_->butRemove, &QPushButton::clicked, this, &frmConfig::Remove);
   connect(ui_->List1, &QListWidget::itemSelectionChanged, this, &frmConfig::ShowSelected);
   connect(ui_->List1, &QListWidget::itemClicked, this, &frmConfig::ShowSelected);
-}
-
-void frmConfig::SetUpNumber(QLineEdit* box, int lowest, int highest) {
-  static const QRegularExpression digits(u"[0-9]*"_s);
-  box->setValidator(new QRegularExpressionValidator(digits, box));
-  const auto changed =
-      [box, field = Brivon1::NumberField(lowest, highest)](const QString& text) mutable {
-        const QString valid = field.Changed(text);
-        if (valid != text) box->setText(valid);  // the caret goes to its end
-      };
-  connect(box, &QLineEdit::textChanged, this, changed);
 }
 
 void frmConfig::FillList(std::optional<int> id) {
@@ -159,9 +139,8 @@ void frmConfig::ShowSelected() {
   ui_->txtRow->setText(boxes.rows);
   ui_->txtcol->setText(boxes.columns);
   ui_->ComboColorType->setCurrentIndex(boxes.colour_type);
-  ui_->txtIPAddress->setText(boxes.address);
+  ui_->txtIPAddress->ShowStored(boxes.address);
   ui_->txtIPPortNo->setText(boxes.port);
-  chosen_address_ = boxes.address;
 }
 
 bool frmConfig::Add() {
@@ -174,11 +153,11 @@ bool frmConfig::Add() {
   boxes.port = ui_->txtIPPortNo->text();
   switch (draft_.Add(boxes)) {
     case AddResult::kAdded:
-      CheckAddress();  // the box shows the address as it was added
+      ui_->txtIPAddress->Check();  // the box shows the address as it was added
       FillList(boxes.id.toInt());
       return true;
     case AddResult::kInvalidAddress:
-      RefuseAddress();
+      ui_->txtIPAddress->Refuse();
       break;
     case AddResult::kInvalidInput:
       ShowMessage(this, TranslateMessage(u"Input is not Valid!"_s));
@@ -194,64 +173,29 @@ void frmConfig::Remove() {
   ShowSelected();
 }
 
-bool frmConfig::CheckAddress() {
-  const QString text = ui_->txtIPAddress->text();
-  if (const auto address = Brivon1::IpAddress(text)) {
-    if (*address != text) ui_->txtIPAddress->setText(*address);
-    return true;
+void frmConfig::keyPressEvent(QKeyEvent* event) {
+  const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool in_panel_box =
+      qobject_cast<QLineEdit*>(focusWidget()) != nullptr || focusWidget() == ui_->ComboColorType;
+  if (!is_enter || !in_panel_box) {
+    QDialog::keyPressEvent(event);
+  } else if (Add()) {  // the next panel can be typed at once
+    ui_->txtID->setFocus();
+    ui_->txtID->selectAll();
   }
-  if (text == chosen_address_) return true;
-  RefuseAddress();
-  return false;
 }
 
-void frmConfig::OnAddressLeft() {
-  // Who goes to Cancel, or closes the window, gives the address up.
-  if (!isVisible() || focusWidget() == ui_->butCancel) return;
-  CheckAddress();
-}
-
-void frmConfig::RefuseAddress() {
-  if (refusing_address_) return;  // one message for one mistake
-  const QScopedValueRollback refusing(refusing_address_, true);
-  // A button that is being pressed never sees its release, or sees it when all is over.
-  for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->setDown(false);
-  ShowMessage(this, TranslateMessage(u"Invalid IP Address!"_s));
-  ui_->txtIPAddress->setText(Brivon1::kNoAddress);
-}
-
-bool frmConfig::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto* press = static_cast<QKeyEvent*>(event);
-    const int key = press->key();
-    const bool is_list = object == ui_->List1;
-    if (is_list && key == Qt::Key_Delete) {
-      // A key that is held too long takes one panel out, not all.
-      if (!press->isAutoRepeat()) Remove();
-      return true;
-    }
-    if (!is_list && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-      if (Add()) {  // the next panel can be typed at once
-        ui_->txtID->setFocus();
-        ui_->txtID->selectAll();
-      }
-      return true;
-    }
-  } else if (event->type() == QEvent::FocusOut && object == ui_->txtIPAddress) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason == Qt::MouseFocusReason) {
-      // The press that leaves the box reaches its target first: a message box in between would
-      // take the release away and leave a button pressed.
-      QMetaObject::invokeMethod(this, &frmConfig::OnAddressLeft, Qt::QueuedConnection);
-    } else if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-      OnAddressLeft();
-    }
-  }
-  return QDialog::eventFilter(object, event);
+bool frmConfig::eventFilter(QObject* list, QEvent* event) {
+  const auto* press =
+      event->type() == QEvent::KeyPress ? static_cast<const QKeyEvent*>(event) : nullptr;
+  if (press == nullptr || press->key() != Qt::Key_Delete) return QDialog::eventFilter(list, event);
+  // A key that is held too long takes one panel out, not all.
+  if (!press->isAutoRepeat()) Remove();
+  return true;
 }
 
 void frmConfig::accept() {
-  if (!CheckAddress()) return;
+  if (!ui_->txtIPAddress->Check()) return;
   const Brivon1::SaveResult result = draft_.Save();
   if (result == Brivon1::SaveResult::kSaved) {
     QDialog::accept();

@@ -8,8 +8,6 @@
 
 #include "config/configuration_draft.h"
 
-class QLineEdit;
-
 namespace Ui {
 class frmConfig;
 }
@@ -25,13 +23,15 @@ class frmConfig : public QDialog {
   ~frmConfig() override;
 
   void accept() override;
-  bool eventFilter(QObject* object, QEvent* event) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* list, QEvent* event) override;
 
  private:
   void SetUpCommunication();
   void SetUpPorts();
   void SetUpPanels();
-  void SetUpNumber(QLineEdit* box, int lowest, int highest);
   void ShowPort();
 
   /// Lists the configured panels anew and selects the line of panel `id`.
@@ -47,14 +47,6 @@ class frmConfig : public QDialog {
   bool Add();
   void Remove();
 
-  /// Whether the address box holds an address, or what a chosen line put there. Says so where it
-  /// does not, and clears it.
-  bool CheckAddress();
-  void OnAddressLeft();
-  void RefuseAddress();
-
   const std::unique_ptr<Ui::frmConfig> ui_;
   Brivon1::ConfigurationDraft draft_;
-  QString chosen_address_ = Brivon1::kNoAddress;  // as a line holds it, not typed by anybody
-  bool refusing_address_ = false;                 // its message is on screen
 };

@@ -12,8 +12,6 @@
 namespace Brivon1 {
 namespace {
 
-constexpr qint64 kLargestFile = 4 << 20;
-
 bool IsSpace(char c) { return IsBlank(c) || c == '\r' || c == '\n'; }
 
 QByteArrayView Trimmed(QByteArrayView text) {
@@ -27,10 +25,11 @@ QByteArray Uncopied(QByteArrayView bytes) {
   return QByteArray::fromRawData(bytes.data(), bytes.size());
 }
 
-QByteArray LowerCase(QByteArrayView name) { return Trimmed(name).toByteArray().toLower(); }
+/// A name as it is compared. It is copied only where that changes it, and lives no longer than
+/// `name` otherwise.
+QByteArray Folded(QByteArrayView name) { return Uncopied(Trimmed(name)).toLower(); }
 
-/// The same of a name that outlives its use; it is copied only where it changes.
-QByteArray LowerCaseOf(QByteArrayView name) { return Uncopied(Trimmed(name)).toLower(); }
+QByteArray FoldedCopy(QByteArrayView name) { return Trimmed(name).toByteArray().toLower(); }
 
 QByteArrayView WithoutQuotes(QByteArrayView value) {
   const bool quoted = value.size() >= 2 && value.front() == value.back() &&
@@ -69,7 +68,7 @@ IniFile::IniFile(const QByteArray& content) : content_(content) {
     if (!IsHeading(line)) continue;
     const qsizetype close = line.indexOf(']');
     const auto name = line.sliced(1, (close < 0 ? line.size() : close) - 1);
-    qsizetype& number = numbers_[LowerCaseOf(name)];
+    qsizetype& number = numbers_[Folded(name)];
     if (number != 0) continue;  // the keys of a namesake do not count
     number = sections_.size();
     sections_.append(begin);
@@ -82,8 +81,8 @@ std::optional<IniFile> IniFile::Read(const QString& path) {
   if (!FileExists(path)) return QFileInfo::exists(path) ? std::nullopt : std::optional(IniFile());
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray content = file.read(kLargestFile + 1);
-  if (content.size() > kLargestFile || file.error() != QFileDevice::NoError) return std::nullopt;
+  const QByteArray content = file.read(kLargestIniFile + 1);
+  if (content.size() > kLargestIniFile || file.error() != QFileDevice::NoError) return std::nullopt;
   return IniFile(content);
 }
 
@@ -114,7 +113,7 @@ IniFile::Section& IniFile::TakenApart(qsizetype number) const {
     below = rest;
     const qsizetype equals = line.indexOf('=');
     if (line.front() == ';' || equals < 0) continue;
-    const QByteArray key = LowerCaseOf(line.first(equals));
+    const QByteArray key = Folded(line.first(equals));
     qsizetype& first = section.keys[key];
     if (first == 0) {
       first = last;
@@ -128,7 +127,7 @@ IniFile::Section& IniFile::TakenApart(qsizetype number) const {
 }
 
 qsizetype IniFile::NumberOf(QByteArrayView section) const {
-  return numbers_.value(LowerCase(section));
+  return numbers_.value(Folded(section));
 }
 
 QByteArray IniFile::Content() const {
@@ -152,7 +151,7 @@ std::optional<QByteArray> IniFile::Value(QByteArrayView section, QByteArrayView 
   const qsizetype number = NumberOf(section);
   if (number == 0) return std::nullopt;
   const Section& found = TakenApart(number);
-  const qsizetype line_number = found.keys.value(LowerCase(key));
+  const qsizetype line_number = found.keys.value(Folded(key));
   if (line_number == 0) return std::nullopt;
   const QByteArrayView line = found.lines[line_number];
   const QByteArrayView value = WithoutQuotes(Trimmed(line.sliced(line.indexOf('=') + 1)));
@@ -169,7 +168,7 @@ int IniFile::Integer(QByteArrayView section, QByteArrayView key, int missing) co
 void IniFile::SetValue(QByteArrayView section, QByteArrayView key, QByteArrayView value) {
   const qsizetype number = NumberOf(section);
   Section& found = TakenApart(number == 0 ? AddSection(section) : number);
-  const QByteArray name = LowerCase(key);
+  const QByteArray name = FoldedCopy(key);
   if (const qsizetype line_number = found.keys.value(name); line_number != 0) {
     QByteArray& line = found.lines[line_number];
     line = line.first(line.indexOf('=') + 1) + value.toByteArray() + LineEnd(line).toByteArray();
@@ -186,7 +185,7 @@ qsizetype IniFile::AddSection(QByteArrayView name) {
   EndLastLine();
   const qsizetype number = sections_.size();
   sections_.append(content_.size());
-  numbers_.insert(LowerCase(name), number);
+  numbers_.insert(FoldedCopy(name), number);
   taken_apart_[number].lines.append('[' + name.toByteArray() + ']' + line_end_);
   return number;
 }
@@ -209,7 +208,7 @@ void IniFile::RemoveKey(QByteArrayView section, QByteArrayView key) {
   const qsizetype number = NumberOf(section);
   if (number == 0) return;
   Section& found = TakenApart(number);
-  const QByteArray name = LowerCase(key);
+  const QByteArray name = Folded(key);
   const qsizetype line = found.keys.take(name);
   if (line == 0) return;
   found.lines[line].clear();

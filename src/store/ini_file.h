@@ -13,6 +13,9 @@
 
 namespace Brivon1 {
 
+/// The size of the largest file that is read, in bytes.
+inline constexpr qint64 kLargestIniFile = 4 << 20;
+
 /// The rules are those documented for GetPrivateProfileString, GetPrivateProfileInt and
 /// WritePrivateProfileString: sections in square brackets, names without regard to case, the first
 /// match wins, blanks around names and values do not count, one pair of enclosing quotes is
@@ -26,7 +29,7 @@ class IniFile {
   explicit IniFile(const QByteArray& content);
 
   /// The file at `path`; an empty one where the file is missing, cannot be read, or is larger than
-  /// 4 MiB.
+  /// kLargestIniFile.
   static IniFile Load(const QString& path);
 
   /// The same for a file that is to be changed and saved: an empty one where the file is missing,

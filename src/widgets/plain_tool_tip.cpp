@@ -1,13 +1,11 @@
 #include "widgets/plain_tool_tip.h"
 
 #include <QHelpEvent>
-#include <QTextDocument>
 #include <QToolTip>
 
-QString PlainToolTip(const QString& text) {
-  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
-}
+#include "base/tool_tip_text.h"
 
 void ShowPlainToolTip(const QHelpEvent& event, const QString& text, QWidget* widget) {
-  QToolTip::showText(event.globalPos(), PlainToolTip(text), widget);
+  const QString tip = Brivon1::ToolTipText(text, Brivon1::LongLines::kWhole);
+  QToolTip::showText(event.globalPos(), tip, widget);
 }

@@ -6,9 +6,6 @@
 class QHelpEvent;
 class QWidget;
 
-/// `text` as a tool tip that shows it letter by letter.
-QString PlainToolTip(const QString& text);
-
 /// Shows `text` as the tool tip of `widget` where the help was asked for, letter by letter: nothing
 /// in it is taken for markup.
 void ShowPlainToolTip(const QHelpEvent& event, const QString& text, QWidget* widget);

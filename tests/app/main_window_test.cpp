@@ -1,71 +1,17 @@
-// The launcher: start-up, layout, its buttons and its end.
-#include <QCloseEvent>
-#include <QDialog>
+// The launcher: start-up, its texts and its layout.
 #include <QFile>
-#include <QLabel>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
-#include <gtest/gtest.h>
-
-#include "app/frmMain.h"
+#include "app/launcher.h"
 #include "base/system_code_page.h"
 #include "language/module_language.h"
 #include "store/configuration_store.h"
 #include "support/message_box_reader.h"
-#include "support/program_folder.h"
 #include "support/use_code_page.h"
-#include "widgets/caption_button.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Text(const char* text) { return QString::fromUtf8(text); }
-
 constexpr const char* kRow[] = {"butMsgEdit", "butSchEdit", "butConfigEdit", "butCommand",
                                 "butEnd"};
-
-// A task window of the test's own, which counts how often it is made and destroyed.
-class Task : public QDialog {
- public:
-  Task() {
-    setObjectName(u"task"_s);
-    ++made_;
-  }
-  ~Task() override { ++destroyed_; }
-
-  static inline int made_ = 0;
-  static inline int destroyed_ = 0;
-};
-
-class MainWindowTest : public testing::Test {
- protected:
-  MainWindowTest() { Task::made_ = Task::destroyed_ = 0; }
-
-  void Language(const QByteArray& value) {
-    folder_.Write(Text("brivon.ini"), "[Language]\r\nLanguage=" + value + "\r\n");
-  }
-
-  static std::vector<TaskWindow> Tasks() {
-    std::vector<TaskWindow> tasks;
-    for (const char* button : {"butMsgEdit", "butCommand"}) {
-      tasks.push_back({button, [] { return std::make_unique<Task>(); }});
-    }
-    return tasks;
-  }
-
-  static CaptionButton* Button(const QWidget& window, const char* name) {
-    return window.findChild<CaptionButton*>(Text(name));
-  }
-
-  static QString Label(const QWidget& window, const char* name) {
-    return window.findChild<QLabel*>(Text(name))->text();
-  }
-
-  TemporaryProgramFolder folder_;
-};
 
 TEST_F(MainWindowTest, Language2TheFiveRowButtonsAreRelaidToEqualWidthsOf1780Twips) {
   const frmMain english;
@@ -102,28 +48,6 @@ TEST_F(MainWindowTest, AMissingConfigurationIsNoErrorAndEnglish) {
   MessageBoxReader reader;
   const frmMain window;
   EXPECT_FALSE(ModuleLanguage::IsLanguageActive());
-  EXPECT_TRUE(reader.Seen().isEmpty());
-}
-
-TEST_F(MainWindowTest, PressingButEndWhileNothingIsSavedEndsTheProgramWithoutAsking) {
-  // A window that would refuse to be closed, as one with unsaved work does.
-  class Stubborn : public QWidget {
-   public:
-    void closeEvent(QCloseEvent* event) override {
-      ++asked_;
-      event->ignore();
-    }
-    int asked_ = 0;
-  };
-  Stubborn unsaved;
-  unsaved.show();
-  frmMain window;
-  window.show();
-  MessageBoxReader reader;
-  QTimer::singleShot(0, &window,
-                     [&] { QTest::mouseClick(Button(window, "butEnd"), Qt::LeftButton); });
-  EXPECT_EQ(QApplication::exec(), 0);
-  EXPECT_EQ(unsaved.asked_, 0);
   EXPECT_TRUE(reader.Seen().isEmpty());
 }
 
@@ -232,138 +156,6 @@ TEST_F(MainWindowTest, EveryResizeLaysTheRowOutAndNothingOverlaps) {
         EXPECT_FALSE(parts[i]->geometry().intersects(parts[j]->geometry()));
       }
     }
-  }
-}
-
-TEST_F(MainWindowTest, AButtonWithoutAWindowIsDisabled) {
-  const frmMain window(Tasks());
-  EXPECT_TRUE(Button(window, "butMsgEdit")->isEnabled());
-  EXPECT_TRUE(Button(window, "butCommand")->isEnabled());
-  EXPECT_TRUE(Button(window, "butEnd")->isEnabled());
-  EXPECT_FALSE(Button(window, "butShiftMsg")->isEnabled());
-  EXPECT_FALSE(Button(window, "butSchEdit")->isEnabled());
-  EXPECT_FALSE(Button(window, "butConfigEdit")->isEnabled());
-}
-
-TEST_F(MainWindowTest, TheProgramsOwnTaskWindowsHaveAButton) {
-  const frmMain window;
-  for (const TaskWindow& task : TaskWindows()) {
-    ASSERT_NE(Button(window, task.button), nullptr) << task.button;
-    EXPECT_TRUE(Button(window, task.button)->isEnabled());
-  }
-}
-
-TEST_F(MainWindowTest, TheScrollingMessageButtonOpensItsEditorModalAndWithoutAnOwner) {
-  frmMain window;
-  window.show();
-  QString title;
-  const ModalWindowDriver driver(Text("frmShiftMsg"), [&](QWidget* task) {
-    if (task->windowModality() == Qt::ApplicationModal && task->parentWidget() == nullptr) {
-      title = task->windowTitle();
-    }
-    task->close();
-  });
-  QTest::mouseClick(Button(window, "butShiftMsg"), Qt::LeftButton);
-  EXPECT_EQ(driver.Count(), 1);
-  EXPECT_EQ(title, Text("Scrolling Message"));
-}
-
-TEST_F(MainWindowTest, TheScheduleButtonOpensTheScheduleEditor) {
-  frmMain window;
-  window.show();
-  const ModalWindowDriver driver(Text("frmSchedule"), [](QWidget* task) { task->close(); });
-  QTest::mouseClick(Button(window, "butSchEdit"), Qt::LeftButton);
-  EXPECT_EQ(driver.Count(), 1);
-}
-
-TEST_F(MainWindowTest, ATaskWindowIsModalToTheApplicationWithoutAnOwner) {
-  frmMain window(Tasks());
-  window.show();
-  bool modal = false;
-  bool owned = true;
-  const ModalWindowDriver driver(Text("task"), [&](QWidget* task) {
-    modal =
-        QApplication::activeModalWidget() == task && task->windowModality() == Qt::ApplicationModal;
-    owned = task->parentWidget() != nullptr;
-    task->close();
-  });
-  QTest::mouseClick(Button(window, "butMsgEdit"), Qt::LeftButton);
-  EXPECT_EQ(driver.Count(), 1);
-  EXPECT_TRUE(modal);
-  EXPECT_FALSE(owned);
-}
-
-TEST_F(MainWindowTest, TheClickReturnsWhenTheWindowIsClosedAndAClosedWindowIsCreatedAfresh) {
-  frmMain window(Tasks());
-  window.show();
-  const ModalWindowDriver driver(Text("task"), [](QWidget* task) {
-    EXPECT_EQ(Task::made_, Task::destroyed_ + 1);
-    qobject_cast<QDialog*>(task)->accept();
-  });
-  Button(window, "butMsgEdit")->click();
-  EXPECT_EQ(Task::made_, 1);
-  EXPECT_EQ(Task::destroyed_, 1);
-  Button(window, "butCommand")->click();
-  Button(window, "butMsgEdit")->click();
-  EXPECT_EQ(Task::made_, 3);
-  EXPECT_EQ(Task::destroyed_, 3);
-}
-
-TEST_F(MainWindowTest, NoTwoTaskWindowsAreEverOpenAtOnce) {
-  frmMain window(Tasks());
-  window.show();
-  const ModalWindowDriver driver(Text("task"), [&](QWidget* task) {
-    Button(window, "butCommand")->click();
-    QTest::mouseClick(Button(window, "butMsgEdit"), Qt::LeftButton);
-    EXPECT_EQ(Task::made_, 1);
-    task->close();
-  });
-  Button(window, "butMsgEdit")->click();
-  EXPECT_EQ(driver.Count(), 1);
-}
-
-TEST_F(MainWindowTest, TheProgramCanBeEndedWhileATaskWindowIsOpen) {
-  frmMain window(Tasks());
-  window.show();
-  const ModalWindowDriver driver(Text("task"), [](QWidget*) { QCoreApplication::exit(); });
-  QTimer::singleShot(0, &window, [&] { Button(window, "butMsgEdit")->click(); });
-  EXPECT_EQ(QApplication::exec(), 0);
-  EXPECT_EQ(Task::destroyed_, 1);
-}
-
-TEST_F(MainWindowTest, EnterPressesTheFocusedButton) {
-  frmMain window(Tasks());
-  window.show();
-  const ModalWindowDriver driver(Text("task"), [](QWidget* task) { task->close(); });
-  QTest::keyClick(Button(window, "butCommand"), Qt::Key_Return);
-  QTest::keyClick(Button(window, "butCommand"), Qt::Key_Enter);
-  EXPECT_EQ(driver.Count(), 2);
-}
-
-TEST_F(MainWindowTest, EscapeDoesNothing) {
-  frmMain window(Tasks());
-  window.show();
-  QTest::keyClick(Button(window, "butCommand"), Qt::Key_Escape);
-  QTest::keyClick(&window, Qt::Key_Escape);
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_EQ(Task::made_, 0);
-}
-
-TEST_F(MainWindowTest, TabAndArrowKeysGoThroughTheButtonsInTheirOrder) {
-  std::vector<TaskWindow> all;
-  const char* order[] = {"butMsgEdit", "butShiftMsg", "butSchEdit", "butConfigEdit", "butCommand"};
-  for (const char* button : order) all.push_back({button, [] { return std::make_unique<Task>(); }});
-  frmMain window(all);
-  window.show();
-  window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  for (const int key : {Qt::Key_Tab, Qt::Key_Right, Qt::Key_Down}) {
-    Button(window, "butMsgEdit")->setFocus();
-    for (const char* name : order) {
-      ASSERT_EQ(window.focusWidget()->objectName(), Text(name));
-      QTest::keyClick(window.focusWidget(), static_cast<Qt::Key>(key));
-    }
-    EXPECT_EQ(window.focusWidget()->objectName(), Text("butEnd"));
   }
 }
 

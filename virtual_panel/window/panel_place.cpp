@@ -5,9 +5,9 @@
 #include <QHBoxLayout>
 #include <QtMath>
 
+#include "base/tool_tip_text.h"
 #include "engine/timer_wait.h"
 #include "window/panel_facts.h"
-#include "window/plain_tool_tip.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,7 +58,8 @@ void PanelPlace::MakeLabels() {
 
 void PanelPlace::MakePages() {
   pages_ = new PageStrip([this](int page) {
-    return PlainToolTip(PageText(ShownPanel().Memory().Pages().value(page), engine_->Clock(id_)));
+    const StoredPage stored = ShownPanel().Memory().Pages().value(page);
+    return Brivon1::ToolTipText(PageText(stored, engine_->Clock(id_)), Brivon1::LongLines::kBroken);
   });
   pages_->setObjectName(u"pages_%1"_s.arg(id_));
   pages_->setAccessibleName(u"Stored pages of panel %1"_s.arg(id_));

@@ -11,9 +11,9 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include "base/tool_tip_text.h"
 #include "window/faults_menu.h"
 #include "window/panel_sizes.h"
-#include "window/plain_tool_tip.h"
 
 using namespace Qt::StringLiterals;
 
@@ -117,7 +117,8 @@ void PanelWindow::SetLines(const QString& text) { lines_->setText(text); }
 
 void PanelWindow::SetUnwrittenFiles(const QStringList& names, const QStringList& reasons) {
   unwritten_files_->setText(u"Not written: "_s + names.join(u", "_s));
-  unwritten_files_->setToolTip(PlainToolTip(reasons.join(QLatin1Char('\n'))));
+  unwritten_files_->setToolTip(
+      Brivon1::ToolTipText(reasons.join(QLatin1Char('\n')), Brivon1::LongLines::kBroken));
   unwritten_files_->setHidden(names.isEmpty());
 }
 

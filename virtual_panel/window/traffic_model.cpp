@@ -3,7 +3,7 @@
 #include <array>
 
 #include "base/code_page.h"
-#include "window/plain_tool_tip.h"
+#include "base/tool_tip_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -69,7 +69,7 @@ QVariant TrafficModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const QString& text = lines_[index.row()][index.column()];
   if (role == Qt::DisplayRole) return text;
-  if (role == Qt::ToolTipRole) return PlainToolTip(text);
+  if (role == Qt::ToolTipRole) return Brivon1::ToolTipText(text, Brivon1::LongLines::kBroken);
   return {};
 }
 

@@ -1,12 +1,13 @@
-#include "window/plain_tool_tip.h"
+#include "base/tool_tip_text.h"
 
 #include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
-namespace VirtualPanel {
+namespace Brivon1 {
+namespace {
 
-QString PlainToolTip(QString text) {
+void BreakLongWords(QString& text) {
   constexpr int kLongestWord = 80;
   constexpr char16_t kBreak = 0x200B;  // has no width
   int length = 0;
@@ -16,8 +17,15 @@ QString PlainToolTip(QString text) {
     text.insert(at, QChar(kBreak));
     length = 0;
   }
+}
+
+}  // namespace
+
+QString ToolTipText(QString text, LongLines lines) {
+  if (lines == LongLines::kBroken) BreakLongWords(text);
   if (!Qt::mightBeRichText(text)) return text;
+  if (lines == LongLines::kWhole) return Qt::convertFromPlainText(text);
   return u"<p style=\"white-space:pre-wrap\">%1</p>"_s.arg(text.toHtmlEscaped());
 }
 
-}  // namespace VirtualPanel
+}  // namespace Brivon1
