@@ -27,6 +27,7 @@ namespace {
 
 using Brivon1::CodePage;
 using Brivon1::Schedule;
+using Brivon1::ScheduleSaveResult;
 using Brivon1::Sequence;
 using ModuleLanguage::TranslateMessage;
 
@@ -195,23 +196,19 @@ void frmSchedule::SaveAs() {
   if (!path.isEmpty() && SaveTo(path)) ui_->lblfilename->setText(path);
 }
 
-bool frmSchedule::SaveTo(const QString& path) { return ReportSave(Write(path)); }
-
-QString frmSchedule::Write(const QString& path) {
+bool frmSchedule::SaveTo(const QString& path, FailureWords words) {
   schedule_.weekday = ui_->comboWeek->currentIndex();
   schedule_.hour = LineBytes(ui_->txtHour->text());
   schedule_.minute = LineBytes(ui_->txtMin->text());
-  const QString failure = Brivon1::SaveScheduleFile(path, schedule_);
-  if (failure.isEmpty()) modified_ = false;
-  return failure;
-}
-
-bool frmSchedule::ReportSave(const QString& failure) {
-  if (failure.isEmpty()) return true;
-  Say(failure);
+  const ScheduleSaveResult result = Brivon1::SaveScheduleFile(path, schedule_);
+  if (result == ScheduleSaveResult::kSaved) {
+    modified_ = false;
+    return true;
+  }
+  Say(words(result));
   // Where to type what was wrong.
-  if (failure.startsWith("Hour"_L1)) ui_->txtHour->setFocus(Qt::TabFocusReason);
-  if (failure.startsWith("Minute"_L1)) ui_->txtMin->setFocus(Qt::TabFocusReason);
+  if (result == ScheduleSaveResult::kHourWrong) ui_->txtHour->setFocus(Qt::TabFocusReason);
+  if (result == ScheduleSaveResult::kMinuteWrong) ui_->txtMin->setFocus(Qt::TabFocusReason);
   return false;
 }
 
@@ -232,7 +229,7 @@ void frmSchedule::Send() {
 
 bool frmSchedule::SaveToSend() {
   return HasSequences("Cannot Save: Empty Schedule!") &&
-         ReportSave(Brivon1::FailureWhenSending(Write(ui_->lblfilename->text())));
+         SaveTo(ui_->lblfilename->text(), &Brivon1::SaveFailureTextWhenSending);
 }
 
 void frmSchedule::OpenSendDialog(const QString& path) { frmSendSch(this, path).exec(); }

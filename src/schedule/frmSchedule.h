@@ -10,6 +10,7 @@
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
 #include "schedule/weekdays.h"
+#include "schedule/schedule_file.h"
 #include "widgets/unsaved_work.h"
 
 namespace Ui {
@@ -46,13 +47,11 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void SaveAs();
   void Send();
 
-  bool SaveTo(const QString& path);
+  using FailureWords = QString (*)(Brivon1::ScheduleSaveResult);
 
-  /// Shows why a save failed; an empty text is none. True: it did not fail.
-  bool ReportSave(const QString& failure);
-
-  /// Writes the schedule with what the controls show of it; the English message where it fails.
-  QString Write(const QString& path);
+  /// Writes the schedule with what the controls show of it. False where that failed, which is said
+  /// in the English message that `words` has for it.
+  bool SaveTo(const QString& path, FailureWords words = &Brivon1::SaveFailureText);
 
   /// Whether there is something to save. Shows the English message `refusal` where there is not.
   bool HasSequences(const char* refusal);
