@@ -8,7 +8,6 @@
 #include <QTimer>
 
 #include "language/module_language.h"
-#include "page/dialog_results.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
 #include "page/message_file.h"
@@ -149,9 +148,9 @@ bool frmMsgEditor::MayLeave() {
 
 void frmMsgEditor::New() {
   if (!MayLeave()) return;
-  frmDimension(this).exec();
-  if (!Brivon1::DialogAccepted) return;
-  page_.Begin({Brivon1::SelectedRows, Brivon1::SelectedCols});
+  const auto dimension = frmDimension::Ask(this);
+  if (!dimension) return;
+  page_.Begin(*dimension);
   SetFileName(Brivon1::InProgramFolder(u"NEW.MSG"_s));
   LayOutPage();
 }

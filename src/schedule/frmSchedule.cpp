@@ -8,7 +8,6 @@
 #include "base/code_page.h"
 #include "language/display_feature.h"
 #include "language/module_language.h"
-#include "page/dialog_results.h"
 #include "page/frmDimension.h"
 #include "schedule/frmDelay.h"
 #include "schedule/frmSendSch.h"
@@ -26,6 +25,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Brivon1::CodePage;
+using Brivon1::FeatureNames;
 using Brivon1::Schedule;
 using Brivon1::ScheduleSaveResult;
 using Brivon1::Sequence;
@@ -148,10 +148,10 @@ bool frmSchedule::HasSequences(const char* refusal) {
 
 void frmSchedule::New() {
   if (!MayLeave()) return;
-  frmDimension(this).exec();
-  if (!Brivon1::DialogAccepted) return;
+  const auto dimension = frmDimension::Ask(this);
+  if (!dimension) return;
   schedule_ = {};
-  schedule_.dimension = {Brivon1::SelectedRows, Brivon1::SelectedCols};
+  schedule_.dimension = *dimension;
   FillWeekdays(Brivon1::kWeekdaysOfNewSchedule);
   ShowSchedule(Brivon1::InProgramFolder(u"NEW.SCH"_s));
   ui_->butAdd->setFocus();
@@ -253,7 +253,8 @@ void frmSchedule::AddAt(int position, const char* exceeded) {
   Sequence sequence;
   sequence.path = *path;
   sequence.delay = delay_;
-  if (!AskProperties(sequence, Brivon1::FirstFeature())) return;
+  const FeatureNames features;
+  if (!AskProperties(sequence, features, features.First())) return;
   delay_ = sequence.delay;
   const int added = schedule_.Holds(position) ? position : schedule_.Count() + 1;
   schedule_.Insert(position, sequence);
@@ -274,15 +275,13 @@ std::optional<QByteArray> frmSchedule::ChooseFile(const QString& title, const QS
   return std::nullopt;
 }
 
-bool frmSchedule::AskProperties(Sequence& sequence, const QString& feature) {
-  const CodePage& code_page = CodePage::System();
-  Brivon1::DialogDelay = sequence.delay;
-  Brivon1::DialogText = feature;
-  frmDelay(this).exec();
-  if (!Brivon1::DialogAccepted) return false;
-  const QString before = code_page.ToText(sequence.feature).trimmed();
-  const QString stored = Brivon1::FeatureToStore(Brivon1::DialogText, before);
-  sequence.delay = Brivon1::DialogDelay;
+bool frmSchedule::AskProperties(Sequence& sequence, const FeatureNames& features,
+                                const QString& preselected) {
+  const auto answer = frmDelay::Ask(this, {sequence.delay, preselected}, features);
+  if (!answer) return false;
+  const QString before = CodePage::System().ToText(sequence.feature).trimmed();
+  const QString stored = features.ToStore(answer->feature, before);
+  sequence.delay = answer->delay;
   if (stored != before) {
     sequence.feature = Brivon1::FixedField(LineBytes(stored), Brivon1::kFeatureField);
   }
@@ -304,8 +303,9 @@ void frmSchedule::ChangeFile(int position) {
 void frmSchedule::ChangeProperties(int position) {
   if (!schedule_.Holds(position)) return;
   Sequence sequence = schedule_.Sequences()[position - 1];
-  const QString feature = CodePage::System().ToText(sequence.feature);
-  if (!AskProperties(sequence, Brivon1::FeatureToPreselect(feature))) return;
+  const FeatureNames features;
+  const QString stored = CodePage::System().ToText(sequence.feature);
+  if (!AskProperties(sequence, features, features.ToPreselect(stored))) return;
   ReplaceSequence(position, sequence);
 }
 

@@ -7,10 +7,11 @@
 
 #include <QDialog>
 
+#include "language/display_feature.h"
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
-#include "schedule/weekdays.h"
 #include "schedule/schedule_file.h"
+#include "schedule/weekdays.h"
 #include "widgets/unsaved_work.h"
 
 namespace Ui {
@@ -77,9 +78,10 @@ class frmSchedule : public QDialog, public UnsavedWork {
   std::optional<QByteArray> ChooseFile(const QString& title, const QString& filter,
                                        Brivon1::Schedule& schedule, const char* exceeded);
 
-  /// Asks for delay and feature, starting with those of `sequence` and the entry `feature`, and
-  /// puts the answer there. False where the dialog was cancelled.
-  bool AskProperties(Brivon1::Sequence& sequence, const QString& feature);
+  /// Asks for delay and feature, starting with the delay of `sequence` and the entry `preselected`,
+  /// and puts the answer there. False where the dialog was cancelled.
+  bool AskProperties(Brivon1::Sequence& sequence, const Brivon1::FeatureNames& features,
+                     const QString& preselected);
 
   /// Shows schedule_ and the name of its file as the work to go on with; nothing is modified.
   void ShowSchedule(const QString& path);

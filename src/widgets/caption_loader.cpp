@@ -10,7 +10,6 @@
 #include <QWidget>
 
 #include "language/caption_tables.h"
-#include "language/display_feature.h"
 #include "language/module_language.h"
 
 namespace {
@@ -39,8 +38,7 @@ class Loader {
         LoadEntries(row);
         break;
       case CaptionKind::kFeatureList:
-        FillFeatures(row);
-        break;
+        break;  // its window lists them
       case CaptionKind::kDialogTitle:
         *row.title = Text(row, 0, QString::fromLatin1(row.built_in));
         break;
@@ -80,15 +78,6 @@ class Loader {
       for (int n = 0; n < row.count && n < list->count(); ++n) {
         list->item(n)->setText(Text(row, n, list->item(n)->text()));
       }
-    }
-  }
-
-  void FillFeatures(const CaptionRow& row) {
-    auto* list = Find<QListWidget>(row);
-    if (list == nullptr) return;
-    list->clear();
-    for (int n = 0; n < row.count; ++n) {
-      if (const auto entry = Brivon1::FeatureEntry(file_, n)) list->addItem(*entry);
     }
   }
 
