@@ -12,6 +12,7 @@
 #include "schedule/schedule.h"
 #include "schedule/schedule_file.h"
 #include "schedule/weekdays.h"
+#include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
 namespace Ui {
@@ -30,8 +31,8 @@ class frmSchedule : public QDialog, public UnsavedWork {
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
 
-  bool IsModified() const override { return modified_; }
-  bool MayLeave() override;
+  bool IsModified() const override { return file_->IsModified(); }
+  bool MayLeave() override { return file_->MayLeave(); }
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -42,28 +43,24 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void ConnectTable();
   void FillWeekdays(const Brivon1::WeekdayNames& names);
 
-  void New();
-  void Open();
-  void Save();
-  void SaveAs();
-  void Send();
+  void NewSchedule();
+  void OpenFile();
+  void OpenSendDialog();
 
   using FailureWords = QString (*)(Brivon1::ScheduleSaveResult);
 
   /// Writes the schedule with what the controls show of it. False where that failed, which is said
   /// in the English message that `words` has for it.
-  bool SaveTo(const QString& path, FailureWords words = &Brivon1::SaveFailureText);
+  bool WriteFile(const QString& path, FailureWords words = &Brivon1::SaveFailureText);
+  QString AskForName();
 
   /// Whether there is something to save. Shows the English message `refusal` where there is not.
   bool HasSequences(const char* refusal);
 
-  bool SaveToSend();
-  void OpenSendDialog(const QString& path);
-
-  void Add();
-  void Insert();
-  void Delete();
-  void Clear();
+  void AddSequence();
+  void InsertSequence();
+  void DeleteSequence();
+  void ClearSequences();
 
   /// Adds a chosen message file at `position`, as Schedule::Insert() does; `exceeded` is the
   /// English message for one different message file too many.
@@ -94,6 +91,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void Say(const QString& english);
 
   std::unique_ptr<Ui::frmSchedule> ui_;
+  EditedFile* file_;
   Brivon1::Schedule schedule_;
   bool modified_ = false;
   qint16 delay_ = 1;  // seconds, at which a new sequence's dialog starts: those given last
