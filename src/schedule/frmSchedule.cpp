@@ -297,7 +297,7 @@ void frmSchedule::DeleteSequence() {
   schedule_.Remove(position);
   // The sequence that moved up, or the one that is the last now.
   ShowEdit(std::clamp(position, 1, std::max(schedule_.Count(), 1)));
-  if (ui_->GridSeqTable->rowCount() + 1 < kRowsToScroll) ui_->GridSeqTable->scrollToTop();
+  if (ui_->GridSeqTable->model()->rowCount() + 1 < kRowsToScroll) ui_->GridSeqTable->scrollToTop();
 }
 
 void frmSchedule::ClearSequences() {

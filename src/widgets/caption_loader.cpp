@@ -1,12 +1,13 @@
 #include "widgets/caption_loader.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemModel>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QWidget>
 
 #include "language/caption_tables.h"
@@ -82,17 +83,12 @@ class Loader {
   }
 
   void LoadHeadings(const CaptionRow& row) {
-    auto* table = Find<QTableWidget>(row);
+    const auto* table = Find<QTableView>(row);
     if (table == nullptr) return;
     for (int n = 0; n < row.count; ++n) {
-      const int column = n + 1;  // column 0 holds the numbers and has no heading
       const QString heading = Text(row, n, QString());
-      if (heading.isEmpty() || column >= table->columnCount()) continue;
-      if (QTableWidgetItem* item = table->horizontalHeaderItem(column)) {
-        item->setText(heading);
-      } else {
-        table->setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
-      }
+      if (heading.isEmpty()) continue;
+      table->model()->setHeaderData(n + 1, Qt::Horizontal, heading);  // column 0 has no heading
     }
   }
 
