@@ -5,6 +5,7 @@
 #include "app/launcher_layout.h"
 #include "app/session_end.h"
 #include "base/code_page.h"
+#include "base/twips.h"
 #include "language/module_language.h"
 #include "store/configuration_store.h"
 #include "store/ini_file.h"

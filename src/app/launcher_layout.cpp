@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/twips.h"
+
 namespace Brivon1 {
 namespace {
 

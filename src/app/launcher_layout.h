@@ -1,9 +1,8 @@
-// Where the launcher's row of buttons stands. The rule is in twips, 15 of which are one pixel.
+// Where the launcher's row of buttons stands. The rule is in twips.
 #pragma once
 
 namespace Brivon1 {
 
-inline constexpr int kTwipsPerPixel = 15;
 inline constexpr int kLauncherButtons = 5;
 
 /// The width of the launcher with translated captions, which are longer.

@@ -4,7 +4,6 @@
 #include <QPushButton>
 
 #include "language/module_language.h"
-#include "page/dialog_results.h"
 #include "page/frmPage.h"
 #include "panel_line/waits.h"
 #include "ui_frmCommand.h"
@@ -64,9 +63,9 @@ void frmCommand::CarryOut(Brivon1::Transmission& transmission, int id) {
   const auto command = static_cast<PanelCommand>(row);
   QString page;
   if (Brivon1::NeedsPage(command)) {
-    frmPage(this).exec();
-    if (!Brivon1::DialogAccepted) return;
-    page = Brivon1::DialogText;
+    const auto text = frmPage::Ask(this);
+    if (!text) return;
+    page = *text;
     if (!Brivon1::IsPageNumber(page)) {
       ShowMessage(this, TranslateMessage(u"Invalid Page Value!"_s),
                   CommandStyle(QMessageBox::Warning));

@@ -15,7 +15,7 @@ enum class CaptionKind {
   kWindow,        ///< The window's own caption.
   kControl,       ///< The caption of one control.
   kList,          ///< The entries of a list, replaced in place.
-  kFeatureList,   ///< The display features: the list is filled, one entry for each code.
+  kFeatureList,   ///< The display features, one for each code: the window lists its FeatureNames.
   kDialogTitle,   ///< The title of a file dialog, kept in a variable.
   kTableHeading,  ///< The headings of a table's columns from column 1 on.
 };

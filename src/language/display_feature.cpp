@@ -1,91 +1,103 @@
 #include "language/display_feature.h"
 
 #include "base/code_page.h"
-#include "language/module_language.h"
 
 using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
 
-using ModuleLanguage::LanguageFile;
-
 constexpr QChar kFirstCode = u'A';
 constexpr int kPlaces = 10;       // of codes, "A" to "J"
 constexpr int kFirstFeature = 2;  // the place that a language's list starts at
 
-/// The code of a name that is known here.
-std::optional<QChar> KnownCode(const QString& name) {
+QString EnglishName(const DisplayFeature& feature) { return QString::fromLatin1(feature.name); }
+
+int PlaceOfCode(QChar code) { return code.unicode() - kFirstCode.unicode(); }
+
+}  // namespace
+
+QString FeatureNameAtCode(int place) {
+  for (const DisplayFeature& feature : kDisplayFeatures) {
+    if (PlaceOfCode(QLatin1Char(feature.code)) == place) return EnglishName(feature);
+  }
+  return {};
+}
+
+FeatureNames::FeatureNames() {
+  if (ModuleLanguage::IsLanguageActive()) file_.emplace();
+}
+
+QStringList FeatureNames::Entries() const {
+  QStringList entries;
+  if (!file_) {
+    for (const DisplayFeature& feature : kDisplayFeatures) entries.append(EnglishName(feature));
+    return entries;
+  }
+  for (int place = 0; place < kPlaces; ++place) {
+    if (const auto entry = Entry(place)) entries.append(*entry);
+  }
+  return entries;
+}
+
+int FeatureNames::Preselected(const QString& text) const {
+  const QStringList entries = Entries();
+  if (file_) return static_cast<int>(entries.indexOf(text));
+  for (int i = 0; i < entries.size(); ++i) {
+    if (entries[i].toUpper() == text) return i;
+  }
+  return 0;
+}
+
+std::optional<QString> FeatureNames::Entry(int place) const {
+  if (file_) {
+    const auto entry = file_->Find(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(place));
+    if (entry) return entry;
+  }
+  const QString english = FeatureNameAtCode(place);
+  return english.isEmpty() ? std::nullopt : std::optional(english);
+}
+
+QChar FeatureNames::Code(const QString& name) const { return KnownCode(name).value_or(kFirstCode); }
+
+std::optional<QChar> FeatureNames::KnownCode(const QString& name) const {
   const QString wanted = name.trimmed();
   // No name is longer. A schedule may hold a megabyte, whose upper case would take minutes where a
   // letter such as "ß" becomes two: all that stands behind it is moved, each time.
   if (wanted.size() > ModuleLanguage::kLongestValue) return std::nullopt;
   const QString upper_case = wanted.toUpper();
   for (const DisplayFeature& feature : kDisplayFeatures) {
-    if (QString::fromLatin1(feature.name).toUpper() == upper_case) {
-      return QLatin1Char(feature.code);
-    }
+    if (EnglishName(feature).toUpper() == upper_case) return QLatin1Char(feature.code);
   }
-  const QChar code =
-      ModuleLanguage::IsLanguageActive() ? ModuleLanguage::FeatureCodeFromName(wanted) : QChar();
+  const QChar code = file_ ? ModuleLanguage::FeatureCodeFromName(*file_, wanted) : QChar();
   return code.isNull() ? std::nullopt : std::optional(code);
 }
 
-/// The code of an entry of the property dialog's list, by its place there.
-QChar CodeOfEntry(const QString& chosen) {
-  if (!ModuleLanguage::IsLanguageActive()) return FeatureCode(chosen);
-  const LanguageFile file;
+QChar FeatureNames::CodeOfEntry(const QString& chosen) const {
+  if (!file_) return Code(chosen);
   for (int place = 0; place < kPlaces; ++place) {
-    if (FeatureEntry(file, place) == chosen) return QChar(kFirstCode.unicode() + place);
+    if (Entry(place) == chosen) return QChar(kFirstCode.unicode() + place);
   }
   return kFirstCode;
 }
 
-}  // namespace
-
-int PreselectedFeature(const QString& text) {
-  for (std::size_t i = 0; i < kDisplayFeatures.size(); ++i) {
-    if (QString::fromLatin1(kDisplayFeatures[i].name).toUpper() == text) return static_cast<int>(i);
-  }
-  return 0;
+QString FeatureNames::First() const {
+  return file_ ? Entry(kFirstFeature).value_or(QString()) : u"APPEAR"_s;
 }
 
-QString FeatureNameAtCode(int place) {
-  for (const DisplayFeature& feature : kDisplayFeatures) {
-    if (feature.code - 'A' == place) return QString::fromLatin1(feature.name);
-  }
-  return {};
-}
-
-QChar FeatureCode(const QString& name) { return KnownCode(name).value_or(kFirstCode); }
-
-std::optional<QString> FeatureEntry(const LanguageFile& file, int place) {
-  const auto entry = file.Find(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(place));
-  if (entry) return entry;
-  const QString english = FeatureNameAtCode(place);
-  return english.isEmpty() ? std::nullopt : std::optional(english);
-}
-
-QString FirstFeature() {
-  if (!ModuleLanguage::IsLanguageActive()) return u"APPEAR"_s;
-  return FeatureEntry(LanguageFile(), kFirstFeature).value_or(QString());
-}
-
-QString FeatureToPreselect(const QString& stored) {
+QString FeatureNames::ToPreselect(const QString& stored) const {
   const QString name = stored.trimmed();
-  if (!ModuleLanguage::IsLanguageActive()) return name.toUpper();
-  const int place = FeatureCode(name).unicode() - kFirstCode.unicode();
-  return FeatureEntry(LanguageFile(), place).value_or(name);
+  return file_ ? Entry(PlaceOfCode(Code(name))).value_or(name) : name.toUpper();
 }
 
-QString FeatureToStore(const QString& chosen, const QString& before) {
+QString FeatureNames::ToStore(const QString& chosen, const QString& before) const {
   const QChar code = CodeOfEntry(chosen);
   if (!before.trimmed().isEmpty() && !KnownCode(before) && code == kFirstCode) return before;
   const CodePage& code_page = CodePage::System();
   const auto bytes = code_page.ToBytes(chosen);
   const bool fits = bytes && bytes->size() <= kFeatureField && !chosen.trimmed().isEmpty();
   if (fits && KnownCode(code_page.ToText(*bytes)) == code) return chosen;
-  const QString english = FeatureNameAtCode(code.unicode() - kFirstCode.unicode());
+  const QString english = FeatureNameAtCode(PlaceOfCode(code));
   return english.isEmpty() ? FeatureNameAtCode(0) : english;
 }
 

@@ -64,8 +64,9 @@ QString TranslateMessage(const QString& text, const QString& missing) {
   return missing;
 }
 
-QChar FeatureCodeFromName(const QString& name) {
-  const LanguageFile file;
+QChar FeatureCodeFromName(const QString& name) { return FeatureCodeFromName(LanguageFile(), name); }
+
+QChar FeatureCodeFromName(const LanguageFile& file, const QString& name) {
   for (int n = 0; n < kFeatureEntries; ++n) {
     const QString key = u"ListFeature.List(%1)"_s.arg(n);
     const auto entry = file.Find(u"frmDelay"_s, key);

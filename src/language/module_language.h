@@ -1,6 +1,7 @@
 // The language module: replaces the built-in English texts by those of "langSetting.INI" beside the
 // program, while the language flag is set. Nothing is cached: every lookup reads the file anew, so
-// that an edited file takes effect at once.
+// that an edited file takes effect at once. Who looks up many texts for one moment holds a
+// LanguageFile.
 #pragma once
 
 #include <optional>
@@ -51,6 +52,9 @@ QString TranslateMessage(const QString& text, const QString& missing);
 /// first entry "ListFeature.List(0)" to "(9)" that equals `name`, as the language file has it or as
 /// a schedule file holds it. An empty QChar when none does.
 QChar FeatureCodeFromName(const QString& name);
+
+/// The same in a language file that has been read.
+QChar FeatureCodeFromName(const LanguageFile& file, const QString& name);
 
 /// The titles of the editors' file dialogs, which the caption loaders replace.
 inline QString DialogTitleOpenMsg = QStringLiteral("Open Message");

@@ -1,5 +1,5 @@
-// The process-wide values through which the small modal dialogs hand their answer to the window
-// that opened them.
+// The process-wide values in which the small modal dialogs leave their answer. The windows ask by
+// the dialogs' Ask(), which hands the answer over.
 #pragma once
 
 #include <QByteArray>

@@ -37,6 +37,12 @@ frmDimension::frmDimension(QWidget* parent)
 
 frmDimension::~frmDimension() = default;
 
+std::optional<Brivon1::Dimension> frmDimension::Ask(QWidget* parent) {
+  frmDimension(parent).exec();
+  if (!Brivon1::DialogAccepted) return std::nullopt;
+  return Brivon1::Dimension{Brivon1::SelectedRows, Brivon1::SelectedCols};
+}
+
 void frmDimension::accept() {
   const int chosen = ui_->List1->currentRow();
   if (chosen < 0) return;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QDialog>
 #include <QList>
@@ -22,6 +23,10 @@ class frmDimension : public QDialog {
   /// message box over `parent`, and the dialog can only be cancelled.
   explicit frmDimension(QWidget* parent);
   ~frmDimension() override;
+
+  /// Shows the dialog over `parent` until it is left. The chosen size; nothing where it was
+  /// cancelled.
+  static std::optional<Brivon1::Dimension> Ask(QWidget* parent);
 
   void accept() override;
   void reject() override;

@@ -8,7 +8,6 @@
 #include <QTimer>
 
 #include "language/module_language.h"
-#include "page/dialog_results.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
 #include "page/message_file.h"
@@ -41,6 +40,9 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   cursor_timer_->setObjectName(u"Timer1"_s);
   blink_timer_->setObjectName(u"Timer2"_s);
+  file_ = new EditedFile(this, ui_->lblFileName, page_.ModifiedFlag(),
+                         {[this](const QString& path) { return WriteFile(path); },
+                          [this] { return AskForName(); }, EditedFile::AfterYes::kStillModified});
   ui_->rowArea->Build(page_, *ui_->scrollRows);
   FillLists();
   ConnectButtons();
@@ -77,11 +79,11 @@ void frmMsgEditor::FillLists() {
 }
 
 void frmMsgEditor::ConnectButtons() {
-  connect(ui_->butNew, &QPushButton::clicked, this, &frmMsgEditor::New);
-  connect(ui_->butOpen, &QPushButton::clicked, this, &frmMsgEditor::Open);
-  connect(ui_->butSave, &QPushButton::clicked, this, &frmMsgEditor::Save);
-  connect(ui_->butSaveAs, &QPushButton::clicked, this, &frmMsgEditor::SaveAs);
-  connect(ui_->butSend, &QPushButton::clicked, this, &frmMsgEditor::Send);
+  connect(ui_->butNew, &QPushButton::clicked, this, &frmMsgEditor::NewPage);
+  connect(ui_->butOpen, &QPushButton::clicked, this, &frmMsgEditor::OpenFile);
+  connect(ui_->butSave, &QPushButton::clicked, file_, &EditedFile::Save);
+  connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmMsgEditor::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmMsgEditor::reject);
   connect(ui_->chkBlink, &QCheckBox::clicked, this, &frmMsgEditor::ReturnKeyboardToRow);
   connect(ui_->cmdAddDate, &QPushButton::clicked, this, [this] {
@@ -134,37 +136,22 @@ void frmMsgEditor::ConnectTimers() {
   blink_timer_->start();
 }
 
-bool frmMsgEditor::MayLeave() {
-  if (!page_.IsModified()) return true;
-  switch (AskToSave(this)) {
-    case SaveAnswer::kYes:
-      return SaveToCurrentName();  // the page stays marked modified
-    case SaveAnswer::kNo:
-      return true;
-    case SaveAnswer::kCancel:
-      return false;
-  }
-  return false;
-}
-
-void frmMsgEditor::New() {
+void frmMsgEditor::NewPage() {
   if (!MayLeave()) return;
-  frmDimension(this).exec();
-  if (!Brivon1::DialogAccepted) return;
-  page_.Begin({Brivon1::SelectedRows, Brivon1::SelectedCols});
-  SetFileName(Brivon1::InProgramFolder(u"NEW.MSG"_s));
+  const auto dimension = frmDimension::Ask(this);
+  if (!dimension) return;
+  page_.Begin(*dimension);
+  file_->SetPath(Brivon1::InProgramFolder(u"NEW.MSG"_s));
   LayOutPage();
 }
 
-void frmMsgEditor::Open() {
+void frmMsgEditor::OpenFile() {
   if (!MayLeave()) return;
   const QString filter = u"All|*.*|%1(*.msg)|*.msg|%2(*.sch)|*.sch"_s.arg(
       TranslateMessage(u"Message File"_s), TranslateMessage(u"Schedule File"_s));
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpenMsg, filter, 2);
   if (path.isEmpty()) return;
-  SetFileName(path);
-  // Until the file is read, its name stands beside a page that is not its own.
-  name_was_refused_ = true;
+  file_->SetRefusedPath(path);  // until it is read
   if (!Brivon1::IsMessageFile(path)) {
     ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
     return;
@@ -174,50 +161,27 @@ void frmMsgEditor::Open() {
     ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
     return;
   }
-  name_was_refused_ = false;
+  file_->SetPath(path);
   page_.TakeOver(loaded->dimension, std::move(loaded->rows));
   LayOutPage();
 }
 
-void frmMsgEditor::Save() {
-  if (SaveToCurrentName()) page_.SetModified(false);
-}
-
-void frmMsgEditor::SaveAs() {
-  if (SaveToChosenName()) page_.SetModified(false);
-}
-
-void frmMsgEditor::Send() {
+void frmMsgEditor::OpenSendDialog() {
   if (!MayLeave()) return;
-  frmSendMsg(this, ui_->lblFileName->text()).exec();
+  frmSendMsg(this, file_->Path()).exec();
 }
 
 void frmMsgEditor::reject() {
   if (MayLeave()) QDialog::reject();
 }
 
-bool frmMsgEditor::SaveToCurrentName() {
-  return name_was_refused_ ? SaveToChosenName() : SaveTo(ui_->lblFileName->text());
+bool frmMsgEditor::WriteFile(const QString& path) {
+  return ReportSave(this, Brivon1::SaveFailureText(Brivon1::SaveMessageFile(path, page_)));
 }
 
-bool frmMsgEditor::SaveToChosenName() {
-  const QString path = ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs,
-                                      u"All|*.*|Message File(*.msg)|*.msg"_s, 2);
-  if (path.isEmpty() || !SaveTo(path)) return false;
-  SetFileName(path);
-  return true;
-}
-
-bool frmMsgEditor::SaveTo(const QString& path) {
-  const Brivon1::SaveResult result = Brivon1::SaveMessageFile(path, page_);
-  if (result == Brivon1::SaveResult::kSaved) return true;
-  ShowMessage(this, TranslateMessage(Brivon1::SaveFailureText(result)));
-  return false;
-}
-
-void frmMsgEditor::SetFileName(const QString& path) {
-  ui_->lblFileName->setText(path);
-  name_was_refused_ = false;
+QString frmMsgEditor::AskForName() {
+  return ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs,
+                        u"All|*.*|Message File(*.msg)|*.msg"_s, 2);
 }
 
 void frmMsgEditor::LayOutPage() {

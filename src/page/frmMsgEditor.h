@@ -7,6 +7,7 @@
 #include <QDialog>
 
 #include "page/page_message.h"
+#include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
 class QTimer;
@@ -25,8 +26,8 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
 
-  bool IsModified() const override { return page_.IsModified(); }
-  bool MayLeave() override;
+  bool IsModified() const override { return file_->IsModified(); }
+  bool MayLeave() override { return file_->MayLeave(); }
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
@@ -37,19 +38,13 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void ConnectRows();
   void ConnectTimers();
 
-  void New();
-  void Open();
-  void Save();
-  void SaveAs();
-  void Send();
+  void NewPage();
+  void OpenFile();
+  void OpenSendDialog();
 
-  /// Saves to the current file name, or asks for one where it is only the name of a file that was
-  /// refused. False where nothing was saved.
-  bool SaveToCurrentName();
-  bool SaveToChosenName();
-  bool SaveTo(const QString& path);
+  bool WriteFile(const QString& path);
+  QString AskForName();
 
-  void SetFileName(const QString& path);
   void LayOutPage();
 
   void TypeText(int row, const QString& text);
@@ -64,10 +59,10 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void ReturnKeyboardToRow();
 
   std::unique_ptr<Ui::frmMsgEditor> ui_;
+  EditedFile* file_;
   QTimer* cursor_timer_;
   QTimer* blink_timer_;
   Brivon1::PageMessage page_;
   bool cursor_shown_ = false;
   bool blinking_hidden_ = false;
-  bool name_was_refused_ = false;
 };

@@ -17,6 +17,12 @@ frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::fr
 
 frmPage::~frmPage() = default;
 
+std::optional<QString> frmPage::Ask(QWidget* parent) {
+  frmPage(parent).exec();
+  if (!Brivon1::DialogAccepted) return std::nullopt;
+  return Brivon1::DialogText;
+}
+
 void frmPage::accept() {
   Brivon1::DialogText = ui_->txtPage->text().trimmed();
   Brivon1::DialogAccepted = true;

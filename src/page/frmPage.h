@@ -2,8 +2,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QDialog>
+#include <QString>
 
 namespace Ui {
 class frmPage;
@@ -17,6 +19,9 @@ class frmPage : public QDialog {
  public:
   explicit frmPage(QWidget* parent);
   ~frmPage() override;
+
+  /// Shows the dialog over `parent` until it is left. The text; nothing where it was cancelled.
+  static std::optional<QString> Ask(QWidget* parent);
 
   void accept() override;
   void reject() override;

@@ -87,6 +87,9 @@ class EditedMessage {
   bool IsModified() const { return modified_; }
   void SetModified(bool modified) { modified_ = modified; }
 
+  /// The flag itself, for whoever saves the message.
+  bool& ModifiedFlag() { return modified_; }
+
  private:
   Attributes attributes_;
   bool modified_ = false;

@@ -3,8 +3,6 @@
 #include <QFocusEvent>
 #include <QRegularExpressionValidator>
 
-#include "language/display_feature.h"
-#include "language/module_language.h"
 #include "page/dialog_results.h"
 #include "ui_frmDelay.h"
 #include "widgets/caption_loader.h"
@@ -18,12 +16,14 @@ constexpr int kFallbackFeature = 2;
 
 }  // namespace
 
-frmDelay::frmDelay(QWidget* parent)
+frmDelay::frmDelay(QWidget* parent, const Brivon1::FeatureNames& features)
     : QDialog(parent), ui_(std::make_unique<Ui::frmDelay>()), delay_(Brivon1::DialogDelay) {
   ui_->setupUi(this);
   Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
   SetUpDelay();
-  SetUpFeatures();
+  ui_->ListFeature->addItems(features.Entries());
+  ui_->ListFeature->setCurrentRow(features.Preselected(Brivon1::DialogText));
+  LoadCaptions(this);
   ui_->txtDelay->setAccessibleName(ui_->FrameDelay->title());
   ui_->ListFeature->setAccessibleName(ui_->FrameFeature->title());
   connect(ui_->butOK, &QPushButton::clicked, this, &frmDelay::accept);
@@ -32,27 +32,21 @@ frmDelay::frmDelay(QWidget* parent)
 
 frmDelay::~frmDelay() = default;
 
+std::optional<frmDelay::Properties> frmDelay::Ask(QWidget* parent, const Properties& start,
+                                                  const Brivon1::FeatureNames& features) {
+  Brivon1::DialogDelay = start.delay;
+  Brivon1::DialogText = start.feature;
+  frmDelay(parent, features).exec();
+  if (!Brivon1::DialogAccepted) return std::nullopt;
+  return Properties{Brivon1::DialogDelay, Brivon1::DialogText};
+}
+
 void frmDelay::SetUpDelay() {
   static const QRegularExpression digits(u"[0-9]*"_s);
   ui_->txtDelay->setText(delay_.LastValidText());
   ui_->txtDelay->setValidator(new QRegularExpressionValidator(digits, ui_->txtDelay));
   ui_->txtDelay->installEventFilter(this);
   connect(ui_->txtDelay, &QLineEdit::textChanged, this, &frmDelay::OnDelayChanged);
-}
-
-void frmDelay::SetUpFeatures() {
-  QListWidget* list = ui_->ListFeature;
-  if (ModuleLanguage::IsLanguageActive()) {
-    LoadCaptions(this);
-    const auto found =
-        list->findItems(Brivon1::DialogText, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (!found.isEmpty()) list->setCurrentItem(found.first());
-    return;
-  }
-  for (const Brivon1::DisplayFeature& feature : Brivon1::kDisplayFeatures) {
-    list->addItem(QString::fromLatin1(feature.name));
-  }
-  list->setCurrentRow(Brivon1::PreselectedFeature(Brivon1::DialogText));
 }
 
 void frmDelay::OnDelayChanged(const QString& text) {

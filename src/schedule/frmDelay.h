@@ -2,9 +2,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QDialog>
+#include <QString>
 
+#include "language/display_feature.h"
 #include "schedule/delay_field.h"
 
 namespace Ui {
@@ -18,15 +21,25 @@ class frmDelay : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmDelay(QWidget* parent);
+  struct Properties {
+    qint16 delay;  ///< Seconds.
+    QString feature;
+  };
+
+  explicit frmDelay(QWidget* parent,
+                    const Brivon1::FeatureNames& features = Brivon1::FeatureNames());
   ~frmDelay() override;
+
+  /// Shows the dialog over `parent`, starting with `start`, until it is left. The answer; nothing
+  /// where it was cancelled.
+  static std::optional<Properties> Ask(QWidget* parent, const Properties& start,
+                                       const Brivon1::FeatureNames& features);
 
   void accept() override;
   void reject() override;
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  void SetUpFeatures();
   void SetUpDelay();
   void OnDelayChanged(const QString& text);
 

@@ -8,7 +8,6 @@
 #include "base/code_page.h"
 #include "language/display_feature.h"
 #include "language/module_language.h"
-#include "page/dialog_results.h"
 #include "page/frmDimension.h"
 #include "schedule/frmDelay.h"
 #include "schedule/frmSendSch.h"
@@ -26,7 +25,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Brivon1::CodePage;
+using Brivon1::FeatureNames;
 using Brivon1::Schedule;
+using Brivon1::ScheduleSaveResult;
 using Brivon1::Sequence;
 using ModuleLanguage::TranslateMessage;
 
@@ -62,6 +63,10 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
     : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
+  file_ = new EditedFile(
+      this, ui_->lblfilename, modified_,
+      {[this](const QString& path) { return HasSequences(kEmpty) && WriteFile(path); },
+       [this] { return HasSequences(kEmpty) ? AskForName() : QString(); }});
   FillWeekdays(Brivon1::kWeekdays);
   ConnectButtons();
   ConnectSlot();
@@ -84,16 +89,16 @@ void frmSchedule::FillWeekdays(const Brivon1::WeekdayNames& names) {
 }
 
 void frmSchedule::ConnectButtons() {
-  connect(ui_->butNew, &QPushButton::clicked, this, &frmSchedule::New);
-  connect(ui_->butOpen, &QPushButton::clicked, this, &frmSchedule::Open);
-  connect(ui_->butSave, &QPushButton::clicked, this, &frmSchedule::Save);
-  connect(ui_->butSaveAs, &QPushButton::clicked, this, &frmSchedule::SaveAs);
-  connect(ui_->butSend, &QPushButton::clicked, this, &frmSchedule::Send);
+  connect(ui_->butNew, &QPushButton::clicked, this, &frmSchedule::NewSchedule);
+  connect(ui_->butOpen, &QPushButton::clicked, this, &frmSchedule::OpenFile);
+  connect(ui_->butSave, &QPushButton::clicked, file_, &EditedFile::Save);
+  connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmSchedule::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmSchedule::reject);
-  connect(ui_->butAdd, &QPushButton::clicked, this, &frmSchedule::Add);
-  connect(ui_->butInsert, &QPushButton::clicked, this, &frmSchedule::Insert);
-  connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::Delete);
-  connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::Clear);
+  connect(ui_->butAdd, &QPushButton::clicked, this, &frmSchedule::AddSequence);
+  connect(ui_->butInsert, &QPushButton::clicked, this, &frmSchedule::InsertSequence);
+  connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::DeleteSequence);
+  connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::ClearSequences);
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
 }
 
@@ -126,37 +131,24 @@ void frmSchedule::changeEvent(QEvent* event) {
 
 void frmSchedule::Say(const QString& english) { ShowMessage(this, TranslateMessage(english)); }
 
-bool frmSchedule::MayLeave() {
-  if (!modified_) return true;
-  switch (AskToSave(this)) {
-    case SaveAnswer::kYes:
-      return HasSequences(kEmpty) && SaveTo(ui_->lblfilename->text());
-    case SaveAnswer::kNo:
-      return true;
-    case SaveAnswer::kCancel:
-      return false;
-  }
-  return false;
-}
-
 bool frmSchedule::HasSequences(const char* refusal) {
   if (schedule_.Count() > 0) return true;
   Say(QLatin1String(refusal));
   return false;
 }
 
-void frmSchedule::New() {
+void frmSchedule::NewSchedule() {
   if (!MayLeave()) return;
-  frmDimension(this).exec();
-  if (!Brivon1::DialogAccepted) return;
+  const auto dimension = frmDimension::Ask(this);
+  if (!dimension) return;
   schedule_ = {};
-  schedule_.dimension = {Brivon1::SelectedRows, Brivon1::SelectedCols};
+  schedule_.dimension = *dimension;
   FillWeekdays(Brivon1::kWeekdaysOfNewSchedule);
   ShowSchedule(Brivon1::InProgramFolder(u"NEW.SCH"_s));
   ui_->butAdd->setFocus();
 }
 
-void frmSchedule::Open() {
+void frmSchedule::OpenFile() {
   if (!MayLeave()) return;
   const QString filter = TranslateMessage(u"Schedule File"_s) + u"(*.sch)|*.sch|All|*.*"_s;
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
@@ -173,7 +165,7 @@ void frmSchedule::Open() {
 
 void frmSchedule::ShowSchedule(const QString& path) {
   const CodePage& code_page = CodePage::System();
-  ui_->lblfilename->setText(path);
+  file_->SetPath(path);
   ui_->lblRow->setText(QString::number(schedule_.dimension.rows));
   ui_->lblCol->setText(QString::number(schedule_.dimension.columns));
   ui_->comboWeek->setCurrentIndex(schedule_.weekday);
@@ -184,66 +176,47 @@ void frmSchedule::ShowSchedule(const QString& path) {
   modified_ = false;
 }
 
-void frmSchedule::Save() {
-  if (HasSequences(kEmpty)) SaveTo(ui_->lblfilename->text());
+QString frmSchedule::AskForName() {
+  return ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs, u"All|*.*|Sch File(*.Sch)|*.Sch"_s,
+                        2);
 }
 
-void frmSchedule::SaveAs() {
-  if (!HasSequences(kEmpty)) return;
-  const QString path = ShowSaveDialog(this, ModuleLanguage::DialogTitleSaveAs,
-                                      u"All|*.*|Sch File(*.Sch)|*.Sch"_s, 2);
-  if (!path.isEmpty() && SaveTo(path)) ui_->lblfilename->setText(path);
-}
-
-bool frmSchedule::SaveTo(const QString& path) { return ReportSave(Write(path)); }
-
-QString frmSchedule::Write(const QString& path) {
+bool frmSchedule::WriteFile(const QString& path, FailureWords words) {
   schedule_.weekday = ui_->comboWeek->currentIndex();
   schedule_.hour = LineBytes(ui_->txtHour->text());
   schedule_.minute = LineBytes(ui_->txtMin->text());
-  const QString failure = Brivon1::SaveScheduleFile(path, schedule_);
-  if (failure.isEmpty()) modified_ = false;
-  return failure;
-}
-
-bool frmSchedule::ReportSave(const QString& failure) {
-  if (failure.isEmpty()) return true;
-  Say(failure);
+  const ScheduleSaveResult result = Brivon1::SaveScheduleFile(path, schedule_);
+  if (result == ScheduleSaveResult::kSaved) return true;
+  Say(words(result));
   // Where to type what was wrong.
-  if (failure.startsWith("Hour"_L1)) ui_->txtHour->setFocus(Qt::TabFocusReason);
-  if (failure.startsWith("Minute"_L1)) ui_->txtMin->setFocus(Qt::TabFocusReason);
+  if (result == ScheduleSaveResult::kHourWrong) ui_->txtHour->setFocus(Qt::TabFocusReason);
+  if (result == ScheduleSaveResult::kMinuteWrong) ui_->txtMin->setFocus(Qt::TabFocusReason);
   return false;
 }
 
-void frmSchedule::Send() {
-  if (modified_) {
-    const SaveAnswer answer = AskToSave(this);
-    if (answer == SaveAnswer::kCancel) return;
-    if (answer == SaveAnswer::kYes && !SaveToSend()) return;
-  }
-  const QString path = ui_->lblfilename->text();
-  const QString refusal = Brivon1::SendingRefusal(path);
+void frmSchedule::OpenSendDialog() {
+  const bool may_send = file_->MayLeave([this](const QString& path) {
+    return HasSequences("Cannot Save: Empty Schedule!") &&
+           WriteFile(path, &Brivon1::SaveFailureTextWhenSending);
+  });
+  if (!may_send) return;
+  const QString refusal = Brivon1::SendingRefusal(file_->Path());
   if (!refusal.isEmpty()) {
     Say(refusal);
     return;
   }
-  OpenSendDialog(path);
+  frmSendSch(this, file_->Path()).exec();
 }
-
-bool frmSchedule::SaveToSend() {
-  return HasSequences("Cannot Save: Empty Schedule!") &&
-         ReportSave(Brivon1::FailureWhenSending(Write(ui_->lblfilename->text())));
-}
-
-void frmSchedule::OpenSendDialog(const QString& path) { frmSendSch(this, path).exec(); }
 
 void frmSchedule::reject() {
   if (MayLeave()) QDialog::reject();
 }
 
-void frmSchedule::Add() { AddAt(schedule_.Count() + 1, kExceeded); }
+void frmSchedule::AddSequence() { AddAt(schedule_.Count() + 1, kExceeded); }
 
-void frmSchedule::Insert() { AddAt(ui_->GridSeqTable->SelectedPosition(), kExceededAtInsert); }
+void frmSchedule::InsertSequence() {
+  AddAt(ui_->GridSeqTable->SelectedPosition(), kExceededAtInsert);
+}
 
 void frmSchedule::AddAt(int position, const char* exceeded) {
   if (schedule_.IsFull()) {
@@ -256,7 +229,8 @@ void frmSchedule::AddAt(int position, const char* exceeded) {
   Sequence sequence;
   sequence.path = *path;
   sequence.delay = delay_;
-  if (!AskProperties(sequence, Brivon1::FirstFeature())) return;
+  const FeatureNames features;
+  if (!AskProperties(sequence, features, features.First())) return;
   delay_ = sequence.delay;
   const int added = schedule_.Holds(position) ? position : schedule_.Count() + 1;
   schedule_.Insert(position, sequence);
@@ -277,15 +251,13 @@ std::optional<QByteArray> frmSchedule::ChooseFile(const QString& title, const QS
   return std::nullopt;
 }
 
-bool frmSchedule::AskProperties(Sequence& sequence, const QString& feature) {
-  const CodePage& code_page = CodePage::System();
-  Brivon1::DialogDelay = sequence.delay;
-  Brivon1::DialogText = feature;
-  frmDelay(this).exec();
-  if (!Brivon1::DialogAccepted) return false;
-  const QString before = code_page.ToText(sequence.feature).trimmed();
-  const QString stored = Brivon1::FeatureToStore(Brivon1::DialogText, before);
-  sequence.delay = Brivon1::DialogDelay;
+bool frmSchedule::AskProperties(Sequence& sequence, const FeatureNames& features,
+                                const QString& preselected) {
+  const auto answer = frmDelay::Ask(this, {sequence.delay, preselected}, features);
+  if (!answer) return false;
+  const QString before = CodePage::System().ToText(sequence.feature).trimmed();
+  const QString stored = features.ToStore(answer->feature, before);
+  sequence.delay = answer->delay;
   if (stored != before) {
     sequence.feature = Brivon1::FixedField(LineBytes(stored), Brivon1::kFeatureField);
   }
@@ -307,8 +279,9 @@ void frmSchedule::ChangeFile(int position) {
 void frmSchedule::ChangeProperties(int position) {
   if (!schedule_.Holds(position)) return;
   Sequence sequence = schedule_.Sequences()[position - 1];
-  const QString feature = CodePage::System().ToText(sequence.feature);
-  if (!AskProperties(sequence, Brivon1::FeatureToPreselect(feature))) return;
+  const FeatureNames features;
+  const QString stored = CodePage::System().ToText(sequence.feature);
+  if (!AskProperties(sequence, features, features.ToPreselect(stored))) return;
   ReplaceSequence(position, sequence);
 }
 
@@ -318,16 +291,16 @@ void frmSchedule::ReplaceSequence(int position, const Sequence& sequence) {
   ShowEdit(position);
 }
 
-void frmSchedule::Delete() {
+void frmSchedule::DeleteSequence() {
   const int position = ui_->GridSeqTable->SelectedPosition();
   if (!schedule_.Holds(position)) return;
   schedule_.Remove(position);
   // The sequence that moved up, or the one that is the last now.
   ShowEdit(std::clamp(position, 1, std::max(schedule_.Count(), 1)));
-  if (ui_->GridSeqTable->rowCount() + 1 < kRowsToScroll) ui_->GridSeqTable->scrollToTop();
+  if (ui_->GridSeqTable->model()->rowCount() + 1 < kRowsToScroll) ui_->GridSeqTable->scrollToTop();
 }
 
-void frmSchedule::Clear() {
+void frmSchedule::ClearSequences() {
   schedule_.Clear();
   ShowEdit(1);
 }

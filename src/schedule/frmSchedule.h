@@ -7,9 +7,12 @@
 
 #include <QDialog>
 
+#include "language/display_feature.h"
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
+#include "schedule/schedule_file.h"
 #include "schedule/weekdays.h"
+#include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
 namespace Ui {
@@ -28,8 +31,8 @@ class frmSchedule : public QDialog, public UnsavedWork {
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
 
-  bool IsModified() const override { return modified_; }
-  bool MayLeave() override;
+  bool IsModified() const override { return file_->IsModified(); }
+  bool MayLeave() override { return file_->MayLeave(); }
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -40,30 +43,24 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void ConnectTable();
   void FillWeekdays(const Brivon1::WeekdayNames& names);
 
-  void New();
-  void Open();
-  void Save();
-  void SaveAs();
-  void Send();
+  void NewSchedule();
+  void OpenFile();
+  void OpenSendDialog();
 
-  bool SaveTo(const QString& path);
+  using FailureWords = QString (*)(Brivon1::ScheduleSaveResult);
 
-  /// Shows why a save failed; an empty text is none. True: it did not fail.
-  bool ReportSave(const QString& failure);
-
-  /// Writes the schedule with what the controls show of it; the English message where it fails.
-  QString Write(const QString& path);
+  /// Writes the schedule with what the controls show of it. False where that failed, which is said
+  /// in the English message that `words` has for it.
+  bool WriteFile(const QString& path, FailureWords words = &Brivon1::SaveFailureText);
+  QString AskForName();
 
   /// Whether there is something to save. Shows the English message `refusal` where there is not.
   bool HasSequences(const char* refusal);
 
-  bool SaveToSend();
-  void OpenSendDialog(const QString& path);
-
-  void Add();
-  void Insert();
-  void Delete();
-  void Clear();
+  void AddSequence();
+  void InsertSequence();
+  void DeleteSequence();
+  void ClearSequences();
 
   /// Adds a chosen message file at `position`, as Schedule::Insert() does; `exceeded` is the
   /// English message for one different message file too many.
@@ -78,9 +75,10 @@ class frmSchedule : public QDialog, public UnsavedWork {
   std::optional<QByteArray> ChooseFile(const QString& title, const QString& filter,
                                        Brivon1::Schedule& schedule, const char* exceeded);
 
-  /// Asks for delay and feature, starting with those of `sequence` and the entry `feature`, and
-  /// puts the answer there. False where the dialog was cancelled.
-  bool AskProperties(Brivon1::Sequence& sequence, const QString& feature);
+  /// Asks for delay and feature, starting with the delay of `sequence` and the entry `preselected`,
+  /// and puts the answer there. False where the dialog was cancelled.
+  bool AskProperties(Brivon1::Sequence& sequence, const Brivon1::FeatureNames& features,
+                     const QString& preselected);
 
   /// Shows schedule_ and the name of its file as the work to go on with; nothing is modified.
   void ShowSchedule(const QString& path);
@@ -93,6 +91,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void Say(const QString& english);
 
   std::unique_ptr<Ui::frmSchedule> ui_;
+  EditedFile* file_;
   Brivon1::Schedule schedule_;
   bool modified_ = false;
   qint16 delay_ = 1;  // seconds, at which a new sequence's dialog starts: those given last

@@ -28,6 +28,18 @@ QByteArray NumberLine(const char* key, int number) {
   return key + QByteArray::number(number) + "\r\n";
 }
 
+ScheduleSaveResult ResultOf(SaveResult result) {
+  switch (result) {
+    case SaveResult::kSaved:
+      return ScheduleSaveResult::kSaved;
+    case SaveResult::kInvalidPath:
+      return ScheduleSaveResult::kInvalidPath;
+    case SaveResult::kDriveNotAvailable:
+      break;
+  }
+  return ScheduleSaveResult::kDriveNotAvailable;
+}
+
 /// Whether the file at `path` is found again by what a schedule holds of its name.
 bool LeadsTo(const QByteArray& field, const QString& path) {
   const QString name = FieldPath(field);
@@ -65,9 +77,9 @@ std::optional<Schedule> LoadScheduleFile(const QString& path) {
   return schedule;
 }
 
-QString SaveScheduleFile(const QString& path, const Schedule& schedule) {
-  if (!IsTime(schedule.hour, kLastHour)) return u"Hour Format Wrong!"_s;
-  if (!IsTime(schedule.minute, kLastMinute)) return u"Minute Format Wrong!"_s;
+ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedule) {
+  if (!IsTime(schedule.hour, kLastHour)) return ScheduleSaveResult::kHourWrong;
+  if (!IsTime(schedule.minute, kLastMinute)) return ScheduleSaveResult::kMinuteWrong;
 
   QByteArray content = QByteArray(kScheduleHeader) + "\r\n";
   content += NumberLine("Week =", schedule.weekday);
@@ -81,15 +93,37 @@ QString SaveScheduleFile(const QString& path, const Schedule& schedule) {
     content += NumberLine("", sequence.delay);
     content += sequence.feature + "\r\n";
   }
-  return SaveFailureText(SaveWholeFile(path, content));
+  return ResultOf(SaveWholeFile(path, content));
 }
 
-QString FailureWhenSending(const QString& failure) {
-  if (failure == SaveFailureText(SaveResult::kInvalidPath)) return u"Path Not Valid"_s;
-  if (failure == SaveFailureText(SaveResult::kDriveNotAvailable)) {
-    return u"Drive Not Available!"_s;
+QString SaveFailureText(ScheduleSaveResult result) {
+  switch (result) {
+    case ScheduleSaveResult::kSaved:
+      return {};
+    case ScheduleSaveResult::kHourWrong:
+      return u"Hour Format Wrong!"_s;
+    case ScheduleSaveResult::kMinuteWrong:
+      return u"Minute Format Wrong!"_s;
+    case ScheduleSaveResult::kInvalidPath:
+      return SaveFailureText(SaveResult::kInvalidPath);
+    case ScheduleSaveResult::kDriveNotAvailable:
+      return SaveFailureText(SaveResult::kDriveNotAvailable);
   }
-  return failure;
+  return {};
+}
+
+QString SaveFailureTextWhenSending(ScheduleSaveResult result) {
+  switch (result) {
+    case ScheduleSaveResult::kInvalidPath:
+      return u"Path Not Valid"_s;
+    case ScheduleSaveResult::kDriveNotAvailable:
+      return u"Drive Not Available!"_s;
+    case ScheduleSaveResult::kSaved:
+    case ScheduleSaveResult::kHourWrong:
+    case ScheduleSaveResult::kMinuteWrong:
+      return SaveFailureText(result);
+  }
+  return {};
 }
 
 QString SendingRefusal(const QString& path) {

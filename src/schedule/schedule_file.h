@@ -15,14 +15,23 @@ namespace Brivon1 {
 /// delay on are blank.
 std::optional<Schedule> LoadScheduleFile(const QString& path);
 
-/// Saves a schedule, whole or not at all. Returns the English message for what was wrong: "Hour
-/// Format Wrong!" or "Minute Format Wrong!" where one is neither kEveryTime nor 0 to 23 or 59 (a
-/// text that begins with no number counts as 0), or SaveFailureText(). Empty: it is saved.
-QString SaveScheduleFile(const QString& path, const Schedule& schedule);
+/// How a save of a schedule ended.
+enum class ScheduleSaveResult {
+  kSaved,
+  kHourWrong,    ///< Neither kEveryTime nor 0 to 23; a text that begins with no number counts as 0.
+  kMinuteWrong,  ///< The same with 0 to 59.
+  kInvalidPath,  ///< As SaveResult has it.
+  kDriveNotAvailable,
+};
 
-/// What SaveScheduleFile() returned, in the words that the editor has for a failing path or disk
-/// when it saves in order to send: "Path Not Valid" and "Drive Not Available!".
-QString FailureWhenSending(const QString& failure);
+/// Saves a schedule, whole or not at all. The hour is checked first, then the minute.
+ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedule);
+
+/// The English message for a failed save; empty for one that succeeded.
+QString SaveFailureText(ScheduleSaveResult result);
+
+/// The same in the words that the editor has for it when it saves in order to send.
+QString SaveFailureTextWhenSending(ScheduleSaveResult result);
 
 /// Why the schedule file at `path` cannot be handed over to be sent, as English message: "Path Not
 /// Valid" where its folder does not exist, "File not found" where only the file does not. Empty: it

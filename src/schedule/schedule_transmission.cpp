@@ -68,6 +68,7 @@ std::optional<Plan> ReadPlan(const QString& path) {
   ScheduleReader file(path);
   if (!file.Head()) return std::nullopt;
   const CodePage& code_page = CodePage::System();
+  const FeatureNames features;
   Plan plan{*file.Head(), {}, {}};
   QHash<QString, qsizetype> places;  // of the files, by their names in upper case
   while (plan.entries.size() < plan.head.sequences) {
@@ -81,7 +82,7 @@ std::optional<Plan> ReadPlan(const QString& path) {
       places.insert(compared, plan.files.size());
       plan.files.append(name);
     }
-    const QChar feature = FeatureCode(code_page.ToText(details->feature));
+    const QChar feature = features.Code(code_page.ToText(details->feature));
     plan.entries.append({places.value(compared), details->delay, feature.toLatin1()});
   }
   if (plan.files.size() > kMostDistinctFiles) return std::nullopt;

@@ -1,6 +1,8 @@
 #include "schedule/sequence_table.h"
 
+#include <algorithm>
 #include <array>
+#include <numeric>
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -10,23 +12,20 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
-#include "base/code_page.h"
-#include "base/files.h"
-#include "language/module_language.h"
-#include "schedule/schedule_file.h"
-#include "store/configuration_store.h"
+#include "base/twips.h"
+#include "schedule/sequence_model.h"
 #include "widgets/plain_tool_tip.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Column { kNumber, kFile, kDelay, kFeature, kColumns };
+using Brivon1::kTwipsPerPixel;
+using Column = SequenceModel::Column;
 
-// In twips, of which 15 are a pixel: the least widths, and the shares of a wider table.
-constexpr std::array<int, kColumns> kTwips = {500, 3500, 700, 1000};
-constexpr int kAllTwips = 500 + 3500 + 700 + 1000;
-constexpr int kTwipsPerPixel = 15;
+// The least widths in twips, which are also the shares of a wider table.
+constexpr std::array<int, SequenceModel::kColumns> kTwips = {500, 3500, 700, 1000};
+constexpr int kAllTwips = std::accumulate(kTwips.begin(), kTwips.end(), 0);
 
 constexpr int kRowsInSight = 10;
 constexpr int kRowMargin = 8;
@@ -51,23 +50,14 @@ void ShowToolTip(const QHelpEvent& help, const QString& text, QWidget* widget) {
   }
 }
 
-/// The file that a cell names; empty for a cell that names none.
-QString PathIn(const QTableWidgetItem& cell) {
-  return cell.text().isEmpty() ? QString() : Brivon1::InProgramFolder(cell.text());
-}
-
-/// Whether a cell's message file was missing when it was looked for.
-bool IsMissing(const QTableWidgetItem& cell) {
-  return cell.data(Qt::AccessibleDescriptionRole).isValid();
-}
-
 }  // namespace
 
 SequenceTable::SequenceTable(QWidget* parent)
-    : QTableWidget(parent),
+    : QTableView(parent),
+      model_(new SequenceModel(this)),
       is_there_(&Brivon1::IsMessageFileThere),
-      look_([this](const QString& path, bool is_there) { NoteFile(path, is_there); }) {
-  setColumnCount(kColumns);
+      look_([this](const QString& path, bool is_there) { model_->NoteFile(path, is_there); }) {
+  setModel(model_);
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
   setEditTriggers(NoEditTriggers);
@@ -75,7 +65,7 @@ SequenceTable::SequenceTable(QWidget* parent)
   setWordWrap(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerItem);
-  setItemDelegateForColumn(kFile, new PathDelegate(this));
+  setItemDelegateForColumn(Column::kFile, new PathDelegate(this));
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->setSectionsClickable(false);
@@ -92,11 +82,11 @@ SequenceTable::SequenceTable(QWidget* parent)
       kAllTwips / kTwipsPerPixel + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
       horizontalHeader()->sizeHint().height() + kRowsInSight * row_height + 2 * frameWidth());
 
-  connect(this, &QTableWidget::cellDoubleClicked, this, [this](int row, int column) {
-    if (column == kFile) {
-      Q_EMIT FileWanted(row + 1);
+  connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+    if (cell.column() == Column::kFile) {
+      Q_EMIT FileWanted(cell.row() + 1);
     } else {
-      Q_EMIT PropertiesWanted(row + 1);
+      Q_EMIT PropertiesWanted(cell.row() + 1);
     }
   });
 }
@@ -105,7 +95,7 @@ void SequenceTable::keyPressEvent(QKeyEvent* event) {
   const bool is_plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
   // A key that is held too long takes one row out, not all.
   if (is_plain && !event->isAutoRepeat() && PressKey(event->key())) return;
-  QTableWidget::keyPressEvent(event);
+  QTableView::keyPressEvent(event);
 }
 
 bool SequenceTable::PressKey(int key) {
@@ -134,103 +124,49 @@ int SequenceTable::SelectedPosition() const {
 }
 
 void SequenceTable::ShowSequences(const Brivon1::Schedule& schedule, int position) {
-  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
-  setRowCount(schedule.Count() + 1);
-  for (int row = 0; const Brivon1::Sequence& sequence : schedule.Sequences()) {
-    SetCell(row, kNumber, QString::number(row + 1));
-    SetCell(row, kFile, Brivon1::FieldPath(sequence.path));
-    SetCell(row, kDelay, QString::number(sequence.delay));
-    SetCell(row, kFeature, code_page.ToText(sequence.feature).trimmed());
-    ++row;
-  }
-  SetCell(schedule.Count(), kNumber, u"End"_s);
-  for (int column = kNumber + 1; column < kColumns; ++column) {
-    SetCell(schedule.Count(), column, QString());
-  }
-  MarkMissingFiles();
+  model_->Show(schedule.Sequences());
   LookForFiles();
-  setCurrentCell(position - 1, kFile);
+  setCurrentIndex(model_->index(position - 1, Column::kFile));
   if (schedule.Count() == 0) clearSelection();  // "End" alone is no choice
   // "End" belongs to the last sequence.
-  if (position == schedule.Count()) scrollToItem(item(position, kNumber));
-  scrollToItem(item(position - 1, kNumber));
+  if (position == schedule.Count()) scrollTo(model_->index(position, Column::kNumber));
+  scrollTo(model_->index(position - 1, Column::kNumber));
 }
 
-void SequenceTable::SetCell(int row, int column, const QString& text) {
-  auto* cell = new QTableWidgetItem(text);
-  cell->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
-  if (column == kNumber || column == kDelay) cell->setTextAlignment(Qt::AlignCenter);
-  setItem(row, column, cell);
-}
-
-void SequenceTable::LookForFiles() {
-  QStringList paths;
-  for (int row = 0; row < rowCount(); ++row) {
-    const QString path = PathIn(*item(row, kFile));
-    if (!path.isEmpty() && !paths.contains(path)) paths.append(path);
-  }
-  missing_.intersect({paths.begin(), paths.end()});
-  look_.Begin(paths, is_there_);
-}
-
-void SequenceTable::NoteFile(const QString& path, bool is_there) {
-  if (missing_.contains(path) != is_there) return;  // as it was known
-  if (is_there) {
-    missing_.remove(path);
-  } else {
-    missing_.insert(path);
-  }
-  MarkMissingFiles();
-}
-
-void SequenceTable::MarkMissingFiles() {
-  const QString missing_text = ModuleLanguage::TranslateMessage(u"File not found"_s);
-  for (int row = 0; row < rowCount(); ++row) {
-    QTableWidgetItem* cell = item(row, kFile);
-    const bool missing = missing_.contains(PathIn(*cell));
-    QFont font = this->font();
-    font.setItalic(missing);  // for those who do not see the grey
-    cell->setFont(font);
-    cell->setData(Qt::ForegroundRole,
-                  missing ? QVariant(palette().brush(QPalette::PlaceholderText)) : QVariant());
-    cell->setData(Qt::AccessibleDescriptionRole, missing ? QVariant(missing_text) : QVariant());
-  }
-}
+void SequenceTable::LookForFiles() { look_.Begin(model_->Paths(), is_there_); }
 
 void SequenceTable::resizeEvent(QResizeEvent* event) {
-  QTableWidget::resizeEvent(event);
+  QTableView::resizeEvent(event);
   const int width = viewport()->width();
   int left = width;
-  for (const Column column : {kNumber, kDelay, kFeature}) {
-    const auto twips = kTwips[static_cast<std::size_t>(column)];
+  for (const Column column : {Column::kNumber, Column::kDelay, Column::kFeature}) {
+    const int twips = kTwips[column];
     const int share = std::max(width * twips / kAllTwips, twips / kTwipsPerPixel);
     setColumnWidth(column, share);
     left -= share;
   }
-  setColumnWidth(kFile, left);
+  setColumnWidth(Column::kFile, left);
 }
 
 void SequenceTable::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) QTableWidget::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) QTableView::mouseDoubleClickEvent(event);
 }
 
 bool SequenceTable::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QTableWidget::eventFilter(object, event);
+  if (event->type() != QEvent::ToolTip) return QTableView::eventFilter(object, event);
   const auto& help = *static_cast<QHelpEvent*>(event);
   const int column = horizontalHeader()->logicalIndexAt(help.pos());
-  const QTableWidgetItem* heading = column < 0 ? nullptr : horizontalHeaderItem(column);
-  ShowToolTip(help, heading == nullptr ? QString() : heading->text(), horizontalHeader());
+  ShowToolTip(help, model_->headerData(column, Qt::Horizontal).toString(), horizontalHeader());
   return true;
 }
 
 bool SequenceTable::viewportEvent(QEvent* event) {
-  if (event->type() != QEvent::ToolTip) return QTableWidget::viewportEvent(event);
+  if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
   const auto& help = *static_cast<QHelpEvent*>(event);
-  const QTableWidgetItem* cell = itemAt(help.pos());
-  QString text = cell == nullptr ? QString() : cell->text();
-  if (cell != nullptr && IsMissing(*cell)) {
-    text += u'\n' + cell->data(Qt::AccessibleDescriptionRole).toString();
-  }
+  const QModelIndex cell = indexAt(help.pos());
+  QString text = cell.data().toString();
+  const QVariant missing = cell.data(Qt::AccessibleDescriptionRole);
+  if (missing.isValid()) text += u'\n' + missing.toString();
   ShowToolTip(help, text, viewport());
   return true;
 }

@@ -1,14 +1,15 @@
-// The table of a schedule's sequences: a numbered row for each, with its message file, delay and
-// feature, and a row "End" below them. It shows which message files are missing on the disk.
+// The table of a schedule's sequences, as SequenceModel has them: which one is selected, the keys
+// and double clicks that change one, and the look for the message files on the disk.
 #pragma once
 
-#include <QSet>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
 
-class SequenceTable : public QTableWidget {
+class SequenceModel;
+
+class SequenceTable : public QTableView {
   Q_OBJECT
 
  public:
@@ -46,12 +47,9 @@ class SequenceTable : public QTableWidget {
   bool viewportEvent(QEvent* event) override;
 
  private:
-  void SetCell(int row, int column, const QString& text);
-  void NoteFile(const QString& path, bool is_there);
-  void MarkMissingFiles();
   bool PressKey(int key);
 
+  SequenceModel* model_;
   Brivon1::FileLook::IsThere is_there_;
-  QSet<QString> missing_;  // the paths that were missing when they were looked for last
   Brivon1::FileLook look_;
 };

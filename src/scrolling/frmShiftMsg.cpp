@@ -42,10 +42,13 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
   setTabOrder(ui_->chkBlink, surface_);
+  file_ = new EditedFile(
+      this, ui_->lblFileName, message_.ModifiedFlag(),
+      {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
   ConnectButtons();
   ConnectMessage();
   ConnectTimers();
-  ui_->lblFileName->setText(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ShowEdit();
   ReturnKeyboardToMessage();
 }
@@ -53,11 +56,11 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
 frmShiftMsg::~frmShiftMsg() = default;
 
 void frmShiftMsg::ConnectButtons() {
-  connect(ui_->butNew, &QPushButton::clicked, this, &frmShiftMsg::New);
-  connect(ui_->butOpen, &QPushButton::clicked, this, &frmShiftMsg::Open);
-  connect(ui_->butSave, &QPushButton::clicked, this, &frmShiftMsg::Save);
-  connect(ui_->butSaveAs, &QPushButton::clicked, this, &frmShiftMsg::SaveAs);
-  connect(ui_->butSend, &QPushButton::clicked, this, &frmShiftMsg::Send);
+  connect(ui_->butNew, &QPushButton::clicked, this, &frmShiftMsg::NewMessage);
+  connect(ui_->butOpen, &QPushButton::clicked, this, &frmShiftMsg::OpenFile);
+  connect(ui_->butSave, &QPushButton::clicked, file_, &EditedFile::Save);
+  connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
+  connect(ui_->butSend, &QPushButton::clicked, this, &frmShiftMsg::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmShiftMsg::reject);
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
 }
@@ -92,28 +95,15 @@ void frmShiftMsg::ConnectTimers() {
   blink_timer_->start();
 }
 
-bool frmShiftMsg::MayLeave() {
-  if (!message_.IsModified()) return true;
-  switch (AskToSave(this)) {
-    case SaveAnswer::kYes:
-      return Save();
-    case SaveAnswer::kNo:
-      return true;
-    case SaveAnswer::kCancel:
-      return false;
-  }
-  return false;
-}
-
-void frmShiftMsg::New() {
+void frmShiftMsg::NewMessage() {
   if (!MayLeave()) return;
   message_.Begin();
-  ui_->lblFileName->setText(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ShowEdit();
   ReturnKeyboardToMessage();
 }
 
-void frmShiftMsg::Open() {
+void frmShiftMsg::OpenFile() {
   if (!MayLeave()) return;
   const QString path =
       ShowFileDialog(this, u"Open Message"_s, u"All|*.*|Scrolling Message|*.srl"_s, 2);
@@ -128,36 +118,27 @@ void frmShiftMsg::Open() {
     return;
   }
   message_.TakeOver(std::move(*row));
-  ui_->lblFileName->setText(path);
+  file_->SetPath(path);
   ShowEdit();
   ReturnKeyboardToMessage();
 }
 
-bool frmShiftMsg::Save() { return SaveTo(ui_->lblFileName->text()); }
-
-void frmShiftMsg::SaveAs() {
-  const QString path =
-      ShowSaveDialog(this, u"Save As"_s, u"All|*.*|scrolling File(*.srl)|*.srl"_s, 2);
-  if (!path.isEmpty() && SaveTo(path)) ui_->lblFileName->setText(path);
+void frmShiftMsg::OpenSendDialog() {
+  if (!MayLeave()) return;
+  frmSendShift(this, file_->Path()).exec();
 }
 
-void frmShiftMsg::Send() {
-  if (!MayLeave()) return;
-  frmSendShift(this, ui_->lblFileName->text()).exec();
+bool frmShiftMsg::WriteFile(const QString& path) {
+  return ReportSave(this,
+                    Brivon1::SaveFailureText(Brivon1::WriteScrollingMessage(path, message_.Row())));
+}
+
+QString frmShiftMsg::AskForName() {
+  return ShowSaveDialog(this, u"Save As"_s, u"All|*.*|scrolling File(*.srl)|*.srl"_s, 2);
 }
 
 void frmShiftMsg::reject() {
   if (MayLeave()) QDialog::reject();
-}
-
-bool frmShiftMsg::SaveTo(const QString& path) {
-  const Brivon1::SaveResult result = Brivon1::WriteScrollingMessage(path, message_.Row());
-  if (result == Brivon1::SaveResult::kSaved) {
-    message_.SetModified(false);
-    return true;
-  }
-  ShowMessage(this, TranslateMessage(Brivon1::SaveFailureText(result)));
-  return false;
 }
 
 void frmShiftMsg::TypeText(const QString& text) {

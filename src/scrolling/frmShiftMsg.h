@@ -8,6 +8,7 @@
 
 #include "row/row_surface.h"
 #include "scrolling/scrolling_message.h"
+#include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
 class QTimer;
@@ -26,22 +27,20 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
   void reject() override;
 
-  bool IsModified() const override { return message_.IsModified(); }
-  bool MayLeave() override;
+  bool IsModified() const override { return file_->IsModified(); }
+  bool MayLeave() override { return file_->MayLeave(); }
 
  private:
   void ConnectButtons();
   void ConnectMessage();
   void ConnectTimers();
 
-  void New();
-  void Open();
-  void SaveAs();
-  void Send();
+  void NewMessage();
+  void OpenFile();
+  void OpenSendDialog();
 
-  /// Saves, and clears the modified flag. False where nothing was saved.
-  bool SaveTo(const QString& path);
-  bool Save();
+  bool WriteFile(const QString& path);
+  QString AskForName();
 
   void TypeText(const QString& text);
 
@@ -53,6 +52,7 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
 
   Brivon1::ScrollingMessage message_;
   std::unique_ptr<Ui::frmShiftMsg> ui_;
+  EditedFile* file_;
   RowSurface* surface_;
   QTimer* cursor_timer_;
   QTimer* blink_timer_;

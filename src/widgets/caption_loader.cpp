@@ -1,16 +1,16 @@
 #include "widgets/caption_loader.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemModel>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QWidget>
 
 #include "language/caption_tables.h"
-#include "language/display_feature.h"
 #include "language/module_language.h"
 
 namespace {
@@ -39,8 +39,7 @@ class Loader {
         LoadEntries(row);
         break;
       case CaptionKind::kFeatureList:
-        FillFeatures(row);
-        break;
+        break;  // its window lists them
       case CaptionKind::kDialogTitle:
         *row.title = Text(row, 0, QString::fromLatin1(row.built_in));
         break;
@@ -83,27 +82,13 @@ class Loader {
     }
   }
 
-  void FillFeatures(const CaptionRow& row) {
-    auto* list = Find<QListWidget>(row);
-    if (list == nullptr) return;
-    list->clear();
-    for (int n = 0; n < row.count; ++n) {
-      if (const auto entry = Brivon1::FeatureEntry(file_, n)) list->addItem(*entry);
-    }
-  }
-
   void LoadHeadings(const CaptionRow& row) {
-    auto* table = Find<QTableWidget>(row);
+    const auto* table = Find<QTableView>(row);
     if (table == nullptr) return;
     for (int n = 0; n < row.count; ++n) {
-      const int column = n + 1;  // column 0 holds the numbers and has no heading
       const QString heading = Text(row, n, QString());
-      if (heading.isEmpty() || column >= table->columnCount()) continue;
-      if (QTableWidgetItem* item = table->horizontalHeaderItem(column)) {
-        item->setText(heading);
-      } else {
-        table->setHorizontalHeaderItem(column, new QTableWidgetItem(heading));
-      }
+      if (heading.isEmpty()) continue;
+      table->model()->setHeaderData(n + 1, Qt::Horizontal, heading);  // column 0 has no heading
     }
   }
 

@@ -13,7 +13,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "app/captions_fixture.h"
 #include "app/frmMain.h"
@@ -77,9 +77,9 @@ std::optional<QString> Shown(QWidget* window, const CaptionRow& row, int n) {
   if (auto* list = qobject_cast<QListWidget*>(control)) {
     return n < list->count() ? std::optional(list->item(n)->text()) : std::nullopt;
   }
-  if (auto* table = qobject_cast<QTableWidget*>(control)) {
-    const QTableWidgetItem* item = table->horizontalHeaderItem(n + 1);
-    return item == nullptr ? std::nullopt : std::optional(item->text());
+  if (auto* table = qobject_cast<QTableView*>(control)) {
+    const QVariant heading = table->model()->headerData(n + 1, Qt::Horizontal);
+    return heading.isValid() ? std::optional(heading.toString()) : std::nullopt;
   }
   return std::nullopt;
 }

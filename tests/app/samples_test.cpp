@@ -98,9 +98,10 @@ TEST_P(SampleLanguageTest, EveryFeatureNameLeadsToItsOwnCode) {
   TemporaryProgramFolder folder;
   folder.UseLanguage(Content());
   const ModuleLanguage::LanguageFile file;
+  const Brivon1::FeatureNames features;
   for (int n = 0; n < 8; ++n) {
     const QString name = file.Value(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(n), QString());
-    EXPECT_EQ(Brivon1::FeatureCode(name), QChar(u'A' + n)) << name.toStdString();
+    EXPECT_EQ(features.Code(name), QChar(u'A' + n)) << name.toStdString();
   }
 }
 

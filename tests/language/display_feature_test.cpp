@@ -9,7 +9,7 @@
 
 namespace {
 
-using Brivon1::FeatureCode;
+using Brivon1::FeatureNames;
 
 QString Text(const char* text) { return QString::fromUtf8(text); }
 
@@ -23,12 +23,12 @@ TEST(DisplayFeatureTest, TheFeaturesStandInTheOrderInWhichTheyAreOffered) {
 }
 
 TEST(DisplayFeatureTest, ThePreselectedFeatureEqualsTheUpperCaseFormExactly) {
-  EXPECT_EQ(Brivon1::PreselectedFeature(Text("APPEAR")), 0);
-  EXPECT_EQ(Brivon1::PreselectedFeature(Text("WIPE LEFT")), 3);
-  EXPECT_EQ(Brivon1::PreselectedFeature(Text("WIPE RIGHT")), 4);
-  EXPECT_EQ(Brivon1::PreselectedFeature(Text("SHIFT")), 7);
+  EXPECT_EQ(FeatureNames().Preselected(Text("APPEAR")), 0);
+  EXPECT_EQ(FeatureNames().Preselected(Text("WIPE LEFT")), 3);
+  EXPECT_EQ(FeatureNames().Preselected(Text("WIPE RIGHT")), 4);
+  EXPECT_EQ(FeatureNames().Preselected(Text("SHIFT")), 7);
   for (const char* text : {"Shift", "SHIFT ", "", "ROLL"}) {
-    EXPECT_EQ(Brivon1::PreselectedFeature(Text(text)), 0) << text;
+    EXPECT_EQ(FeatureNames().Preselected(Text(text)), 0) << text;
   }
 }
 
@@ -38,7 +38,7 @@ TEST(DisplayFeatureTest, EveryEnglishNameHasItsCodeInAnyCase) {
       {"APPEAR", 'A'},    {"flip", 'B'}, {" Open ", 'C'}, {"Wipe Right", 'D'},
       {"wipe left", 'E'}, {"Fall", 'F'}, {"SLIDE", 'G'},  {"Shift", 'H'}};
   for (const auto& [name, code] : expected) {
-    EXPECT_EQ(FeatureCode(Text(name)), QLatin1Char(code)) << name;
+    EXPECT_EQ(FeatureNames().Code(Text(name)), QLatin1Char(code)) << name;
   }
 }
 
@@ -58,16 +58,16 @@ TEST(DisplayFeatureTest, AFeatureNameInTheUsersLanguageTheEnglishNamesFirstThenT
   folder.UseLanguage(
       "[frmDelay]\nListFeature.List(1)=Umklappen\nListFeature.List(5)=Flip\n"
       "ListFeature.List(9)=Neun\n");
-  EXPECT_EQ(FeatureCode(Text("Flip")), QChar(u'B'));
-  EXPECT_EQ(FeatureCode(Text(" Umklappen ")), QChar(u'B'));
-  EXPECT_EQ(FeatureCode(Text("Neun")), QChar(u'J'));
-  EXPECT_EQ(FeatureCode(Text("Zehn")), QChar(u'A'));
+  EXPECT_EQ(FeatureNames().Code(Text("Flip")), QChar(u'B'));
+  EXPECT_EQ(FeatureNames().Code(Text(" Umklappen ")), QChar(u'B'));
+  EXPECT_EQ(FeatureNames().Code(Text("Neun")), QChar(u'J'));
+  EXPECT_EQ(FeatureNames().Code(Text("Zehn")), QChar(u'A'));
 }
 
 TEST(DisplayFeatureTest, WithoutALanguageTheFileIsNotAsked) {
   const TemporaryProgramFolder folder;
   folder.Write(Text("langSetting.INI"), "[frmDelay]\nListFeature.List(1)=Umklappen\n");
-  EXPECT_EQ(FeatureCode(Text("Umklappen")), QChar(u'A'));
+  EXPECT_EQ(FeatureNames().Code(Text("Umklappen")), QChar(u'A'));
 }
 
 // A language of which one name is too long for a schedule, one has a character that the code page
@@ -82,49 +82,70 @@ constexpr const char* kLanguage =
 TEST(DisplayFeatureTest, TheEntriesOfALanguageAreItsOwnElseTheEnglishNamesOfTheirCodes) {
   const TemporaryProgramFolder folder;
   folder.UseLanguage("[frmDelay]\nListFeature.List(1)=Umklappen\nListFeature.List(8)=Acht\n");
-  const ModuleLanguage::LanguageFile file;
-  EXPECT_EQ(Brivon1::FeatureEntry(file, 0), Text("Appear"));
-  EXPECT_EQ(Brivon1::FeatureEntry(file, 1), Text("Umklappen"));
-  EXPECT_EQ(Brivon1::FeatureEntry(file, 3), Text("Wipe Right"));
-  EXPECT_EQ(Brivon1::FeatureEntry(file, 8), Text("Acht"));
-  EXPECT_EQ(Brivon1::FeatureEntry(file, 9), std::nullopt);
+  const FeatureNames names;
+  EXPECT_EQ(names.Entry(0), Text("Appear"));
+  EXPECT_EQ(names.Entry(1), Text("Umklappen"));
+  EXPECT_EQ(names.Entry(3), Text("Wipe Right"));
+  EXPECT_EQ(names.Entry(8), Text("Acht"));
+  EXPECT_EQ(names.Entry(9), std::nullopt);
+}
+
+TEST(DisplayFeatureTest, TheDialogListsTheEntriesAndSelectsTheOneThatEqualsTheText) {
+  const TemporaryProgramFolder folder;
+  EXPECT_EQ(FeatureNames().Entries().join(u','),
+            Text("Appear,Flip,Open,Wipe Left,Wipe Right,Fall,Slide,Shift"));
+  folder.UseLanguage("[frmDelay]\nListFeature.List(1)=Umklappen\nListFeature.List(9)=Neun\n");
+  EXPECT_EQ(FeatureNames().Entries().join(u','),
+            Text("Appear,Umklappen,Open,Wipe Right,Wipe Left,Fall,Slide,Shift,Neun"));
+  EXPECT_EQ(FeatureNames().Preselected(Text("Neun")), 8);
+  EXPECT_EQ(FeatureNames().Preselected(Text("neun")), -1);
+}
+
+TEST(DisplayFeatureTest, TheNamesStayAsTheyWereReadWhateverBecomesOfTheFile) {
+  const TemporaryProgramFolder folder;
+  folder.UseLanguage("[frmDelay]\nListFeature.List(1)=Umklappen\n");
+  const FeatureNames names;
+  folder.UseLanguage("[frmDelay]\nListFeature.List(1)=Kippen\n");
+  EXPECT_EQ(names.Code(Text("Umklappen")), QChar(u'B'));
+  EXPECT_EQ(names.Code(Text("Kippen")), QChar(u'A'));
+  EXPECT_EQ(names.ToStore(Text("Umklappen"), QString()), Text("Umklappen"));
+  EXPECT_EQ(FeatureNames().Code(Text("Kippen")), QChar(u'B'));
 }
 
 TEST(DisplayFeatureTest, ANewStepStartsWithAppearWithALanguageWithItsEntry2) {
   const TemporaryProgramFolder folder;
-  EXPECT_EQ(Brivon1::FirstFeature(), Text("APPEAR"));
+  EXPECT_EQ(FeatureNames().First(), Text("APPEAR"));
   folder.UseLanguage("[frmDelay]\nListFeature.List(0)=Erscheinen\nListFeature.List(2)=Auf\n");
-  EXPECT_EQ(Brivon1::FirstFeature(), Text("Auf"));
+  EXPECT_EQ(FeatureNames().First(), Text("Auf"));
   folder.UseLanguage("[frmDelay]\nListFeature.List(0)=Erscheinen\n");
-  EXPECT_EQ(Brivon1::FirstFeature(), Text("Open"));
+  EXPECT_EQ(FeatureNames().First(), Text("Open"));
 }
 
 TEST(DisplayFeatureTest, PreselectedTheSlotsFeatureTrimmedInUpperCaseWithoutALanguage) {
   const TemporaryProgramFolder folder;
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Wipe Left           ")), Text("WIPE LEFT"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Umklappen")), Text("UMKLAPPEN"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(QString()), QString());
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Wipe Left           ")), Text("WIPE LEFT"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Umklappen")), Text("UMKLAPPEN"));
+  EXPECT_EQ(FeatureNames().ToPreselect(QString()), QString());
 }
 
 TEST(DisplayFeatureTest, PreselectedWithALanguageTheEntryOfTheSlotsCode) {
   const TemporaryProgramFolder folder;
   folder.UseLanguage(kLanguage);
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Umklappen           ")), Text("Umklappen"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Flip")), Text("Umklappen"));  // not entry 5
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Open                ")),
-            Text("Zwanzig Zeichen lang"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("wipe right")), Text("Einundzwanzig Zeichen"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Wipe Left")), Text("左へ"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Slide")), Text(" Gleiten "));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Plegar")), Text("Erscheinen"));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(Text("Acht")), Text("Acht"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Umklappen           ")), Text("Umklappen"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Flip")), Text("Umklappen"));  // not entry 5
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Open                ")), Text("Zwanzig Zeichen lang"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("wipe right")), Text("Einundzwanzig Zeichen"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Wipe Left")), Text("左へ"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Slide")), Text(" Gleiten "));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Plegar")), Text("Erscheinen"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Acht")), Text("Acht"));
 }
 
 TEST(DisplayFeatureTest, WithoutALanguageTheChosenNameIsStored) {
   const TemporaryProgramFolder folder;
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Appear"), QString()), Text("Appear"));
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Wipe Left"), Text("Shift")), Text("Wipe Left"));
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Appear"), Text("SHIFT")), Text("Appear"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Appear"), QString()), Text("Appear"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Wipe Left"), Text("Shift")), Text("Wipe Left"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Appear"), Text("SHIFT")), Text("Appear"));
 }
 
 TEST(DisplayFeatureTest, AChosenNameThatTheFileCannotHoldOrThatReadsAsAnotherIsStoredInEnglish) {
@@ -141,8 +162,8 @@ TEST(DisplayFeatureTest, AChosenNameThatTheFileCannotHoldOrThatReadsAsAnotherIsS
       {"Acht", "Acht"},
       {"Neun, und viel zu lang", "Appear"}};  // no English name has its code
   for (const auto& [chosen, stored] : expected) {
-    EXPECT_EQ(Brivon1::FeatureToStore(Text(chosen), QString()), Text(stored)) << chosen;
-    EXPECT_EQ(Brivon1::FeatureToStore(Text(chosen), Text("Flip")), Text(stored)) << chosen;
+    EXPECT_EQ(FeatureNames().ToStore(Text(chosen), QString()), Text(stored)) << chosen;
+    EXPECT_EQ(FeatureNames().ToStore(Text(chosen), Text("Flip")), Text(stored)) << chosen;
   }
 }
 
@@ -150,11 +171,11 @@ TEST(DisplayFeatureTest, ADecomposedNameIsStoredAndFoundAgain) {
   const TemporaryProgramFolder folder;
   folder.UseLanguage("[frmDelay]\nListFeature.List(2)=O\u0308ffnen\n");
   const UseCodePage western(1252);
-  const QString stored = Brivon1::FeatureToStore(Text("O\u0308ffnen"), QString());
+  const QString stored = FeatureNames().ToStore(Text("O\u0308ffnen"), QString());
   EXPECT_EQ(Brivon1::CodePage::System().ToBytes(stored),
             "\xD6"
             "ffnen");
-  EXPECT_EQ(FeatureCode(Text("Öffnen")), QChar(u'C'));
+  EXPECT_EQ(FeatureNames().Code(Text("Öffnen")), QChar(u'C'));
 }
 
 TEST(DisplayFeatureTest, ANameThatTheCodePageHasInPartsIsStoredAndFoundAgain) {
@@ -162,21 +183,21 @@ TEST(DisplayFeatureTest, ANameThatTheCodePageHasInPartsIsStoredAndFoundAgain) {
   folder.UseLanguage("[frmDelay]\nListFeature.List(1)=Lật\n");
   const UseCodePage vietnamese(1258);
   const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
-  const QString stored = Brivon1::FeatureToStore(Text("Lật"), QString());
+  const QString stored = FeatureNames().ToStore(Text("Lật"), QString());
   EXPECT_EQ(code_page.ToBytes(stored), "L\xE2\xF2t");
-  EXPECT_EQ(FeatureCode(code_page.ToText("L\xE2\xF2t")), QChar(u'B'));
-  EXPECT_EQ(Brivon1::FeatureToPreselect(code_page.ToText("L\xE2\xF2t    ")), Text("Lật"));
+  EXPECT_EQ(FeatureNames().Code(code_page.ToText("L\xE2\xF2t")), QChar(u'B'));
+  EXPECT_EQ(FeatureNames().ToPreselect(code_page.ToText("L\xE2\xF2t    ")), Text("Lật"));
 }
 
 TEST(DisplayFeatureTest, ANameInALanguageNotInUseIsKeptWhereTheDialogLeavesItAtCodeA) {
   const TemporaryProgramFolder folder;
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Appear"), Text("Plegar")), Text("Plegar"));
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Flip"), Text("Plegar")), Text("Flip"));
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Appear"), Text("  ")), Text("Appear"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Appear"), Text("Plegar")), Text("Plegar"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Flip"), Text("Plegar")), Text("Flip"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Appear"), Text("  ")), Text("Appear"));
   folder.UseLanguage(kLanguage);
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Erscheinen"), Text("Plegar")), Text("Plegar"));
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Umklappen"), Text("Plegar")), Text("Umklappen"));
-  EXPECT_EQ(Brivon1::FeatureToStore(Text("Erscheinen"), Text("Umklappen")), Text("Erscheinen"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Erscheinen"), Text("Plegar")), Text("Plegar"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Umklappen"), Text("Plegar")), Text("Umklappen"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Erscheinen"), Text("Umklappen")), Text("Erscheinen"));
 }
 
 TEST(DisplayFeatureTest, ADialogThatIsLeftWithOkAloneLeavesTheCode) {
@@ -185,9 +206,9 @@ TEST(DisplayFeatureTest, ADialogThatIsLeftWithOkAloneLeavesTheCode) {
     if (with_language) folder.UseLanguage(kLanguage);
     for (const Brivon1::DisplayFeature& feature : Brivon1::kDisplayFeatures) {
       const QString name = Text(feature.name);
-      const QString shown = Brivon1::FeatureToPreselect(name);
-      const QString stored = Brivon1::FeatureToStore(shown, name);
-      EXPECT_EQ(FeatureCode(stored), QLatin1Char(feature.code)) << feature.name;
+      const QString shown = FeatureNames().ToPreselect(name);
+      const QString stored = FeatureNames().ToStore(shown, name);
+      EXPECT_EQ(FeatureNames().Code(stored), QLatin1Char(feature.code)) << feature.name;
     }
   }
 }

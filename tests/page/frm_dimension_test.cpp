@@ -142,4 +142,17 @@ TEST_F(DimensionDialogTest, ASizeReadsTheSameInEveryLanguage) {
   EXPECT_EQ(Entries(List(window)), QStringList(Text(" 4x 96")));
 }
 
+TEST_F(DimensionDialogTest, WhoAsksIsToldTheChosenSizeAndNothingWhereItIsCancelled) {
+  Panels("ID001=4x96,Tri\r\nID002=12x192,Mono\r\n");
+  const auto ask = [](const char* button) {
+    const ModalWindowDriver driver(Text("frmDimension"), [button](QWidget* window) {
+      List(*window)->setCurrentRow(1);
+      Click(*window, button);
+    });
+    return frmDimension::Ask(nullptr);
+  };
+  EXPECT_EQ(ask("butCancel"), std::nullopt);
+  EXPECT_EQ(ask("butOK"), (Brivon1::Dimension{12, 192}));
+}
+
 }  // namespace

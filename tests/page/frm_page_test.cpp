@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "page/frmPage.h"
+#include "support/message_box_reader.h"
 #include "support/small_dialog.h"
 
 namespace {
@@ -78,6 +79,18 @@ TEST_F(PageDialogTest, TheCloseBoxIsCancel) {
   Brivon1::DialogAccepted = true;
   window_.close();
   EXPECT_FALSE(Brivon1::DialogAccepted);
+}
+
+TEST_F(SmallDialogTest, WhoAsksForAPageIsToldTheTextAndNothingWhereItIsCancelled) {
+  const auto ask = [](const char* button) {
+    const ModalWindowDriver driver(Text("frmPage"), [button](QWidget* window) {
+      Find<QLineEdit>(*window, "txtPage")->setText(Text(" 7"));
+      Click(*window, button);
+    });
+    return frmPage::Ask(nullptr);
+  };
+  EXPECT_EQ(ask("butCancel"), std::nullopt);
+  EXPECT_EQ(ask("butOk"), Text("7"));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "schedule/frmDelay.h"
+#include "support/message_box_reader.h"
 #include "support/small_dialog.h"
 
 namespace {
@@ -233,6 +234,32 @@ TEST_F(DelayDialogTest, WithALanguageATextThatNoEntryEqualsSelectsNone) {
     Click(*window_, "butOK");
     EXPECT_EQ(Brivon1::DialogText, Text("Auf"));
   }
+}
+
+TEST_F(DelayDialogTest, WhoAsksIsToldDelayAndFeatureAndNothingWhereItIsCancelled) {
+  const Brivon1::FeatureNames features;
+  const auto ask = [&](const char* button) {
+    const ModalWindowDriver driver(Text("frmDelay"), [button](QWidget* window) {
+      EXPECT_EQ(Find<QLineEdit>(*window, "txtDelay")->text(), Text("7"));
+      EXPECT_EQ(Find<QListWidget>(*window, "ListFeature")->currentItem()->text(), Text("Fall"));
+      Find<QLineEdit>(*window, "txtDelay")->setText(Text("8"));
+      Click(*window, button);
+    });
+    return frmDelay::Ask(nullptr, {7, Text("FALL")}, features);
+  };
+  EXPECT_FALSE(ask("butCancel"));
+  const auto answer = ask("butOK");
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(answer->delay, 8);
+  EXPECT_EQ(answer->feature, Text("Fall"));
+}
+
+TEST_F(DelayDialogTest, TheFeaturesAreThoseThatWereReadBeforeTheDialogOpened) {
+  folder_.UseLanguage("[frmDelay]\r\nListFeature.List(1)=Umklappen\r\n");
+  const Brivon1::FeatureNames features;
+  folder_.UseLanguage("[frmDelay]\r\nListFeature.List(1)=Kippen\r\n");
+  const frmDelay window(nullptr, features);
+  EXPECT_EQ(Entries(Find<QListWidget>(window, "ListFeature")).value(1), Text("Umklappen"));
 }
 
 }  // namespace

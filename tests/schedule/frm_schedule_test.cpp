@@ -149,11 +149,20 @@ class ScheduleEditor : public testing::Test {
         {}, {}, [&] { Choose("butAdd", path); }, false);
   }
 
-  /// The rectangle of a cell. `position` counts the sequences from 1.
+  /// A cell of the table; its rows count from 0.
+  QModelIndex At(int row, int column) { return Table()->model()->index(row, column); }
+
+  QString Heading(int column) {
+    return Table()->model()->headerData(column, Qt::Horizontal).toString();
+  }
+
+  bool IsItalic(int row) { return At(row, 1).data(Qt::FontRole).value<QFont>().italic(); }
+
+  /// The middle of a cell, scrolled into sight. `position` counts the sequences from 1.
   QPoint Cell(int position, int column) {
-    const QTableWidgetItem* item = Table()->item(position - 1, column);
-    Table()->scrollToItem(item);
-    return Table()->visualItemRect(item).center();
+    const QModelIndex cell = At(position - 1, column);
+    Table()->scrollTo(cell);
+    return Table()->visualRect(cell).center();
   }
 
   void Click(int position, int column = 1) {
@@ -169,9 +178,9 @@ class ScheduleEditor : public testing::Test {
   /// The table's rows, without the program's folder: "1|a.msg|5|Flip", ..., "End|||".
   QStringList Rows() {
     QStringList rows;
-    for (int row = 0; row < Table()->rowCount(); ++row) {
+    for (int row = 0; row < Table()->model()->rowCount(); ++row) {
       QStringList cells;
-      for (int column = 0; column < 4; ++column) cells.append(Table()->item(row, column)->text());
+      for (int column = 0; column < 4; ++column) cells.append(At(row, column).data().toString());
       rows.append(cells.join(QLatin1Char('|')).remove(folder_.Path(QString()) + QLatin1Char('/')));
     }
     return rows;
@@ -305,15 +314,15 @@ TEST_F(ScheduleEditor, TheHeadingRowStandsAboveTheSequencesAndEnd) {
   // The heading is row 0: with it, the table has two rows more than sequences.
   EXPECT_TRUE(Table()->horizontalHeader()->isVisibleTo(&Window()));
   const char* const headings[] = {"", "Message File", "Delay", "Feature"};
-  ASSERT_EQ(Table()->columnCount(), 4);
+  ASSERT_EQ(Table()->model()->columnCount(), 4);
   for (int column = 0; column < 4; ++column) {
-    EXPECT_EQ(Table()->horizontalHeaderItem(column)->text(), Text(headings[column]));
+    EXPECT_EQ(Heading(column), Text(headings[column]));
   }
   New();
-  EXPECT_EQ(1 + Table()->rowCount(), 0 + 2);
+  EXPECT_EQ(1 + Table()->model()->rowCount(), 0 + 2);
   Add(Message(1), "7", "Wipe Left");
   Add(Message(2), "99", "Shift");
-  EXPECT_EQ(1 + Table()->rowCount(), 2 + 2);
+  EXPECT_EQ(1 + Table()->model()->rowCount(), 2 + 2);
   EXPECT_EQ(Rows(), Lines({"1|1.msg|7|Wipe Left", "2|2.msg|99|Shift", "End|||"}));
 }
 
@@ -429,7 +438,7 @@ TEST_F(ScheduleEditor, The13thAddIsRefusedWithScheduleIsFullBeforeAnyFileDialogA
     EXPECT_EQ(box.buttons, QMessageBox::Ok);
     EXPECT_EQ(box.parent, &Window());
   }
-  EXPECT_EQ(Table()->rowCount(), 13);
+  EXPECT_EQ(Table()->model()->rowCount(), 13);
   EXPECT_FALSE(Asks());
   Click(1);
   Press("butDelete");
@@ -828,7 +837,7 @@ TEST_F(ScheduleEditor, ARefusedFileAtFirstLeavesTheWindowWithoutASchedule) {
 
 TEST_F(ScheduleEditor, AFileThatHoldsMoreThan12CanBeShownEditedAndSavedNotLengthened) {
   Open(WriteSchedule("long.sch", 13, kHead));
-  EXPECT_EQ(Table()->rowCount(), 14);
+  EXPECT_EQ(Table()->model()->rowCount(), 14);
   {
     const MessageBoxReader boxes;
     Add(Message(14));
@@ -849,12 +858,12 @@ TEST_F(ScheduleEditor, AFileThatHoldsMoreThan12CanBeShownEditedAndSavedNotLength
   }
   Press("butDelete");
   Add(Message(14));
-  EXPECT_EQ(Table()->rowCount(), 13);
+  EXPECT_EQ(Table()->model()->rowCount(), 13);
 }
 
 TEST_F(ScheduleEditor, AFileOf32SequencesIsShownTheUnreadOnesBehindA27thFileAreBlank) {
   Open(WriteSchedule("32.sch", 32, kHead));
-  EXPECT_EQ(Table()->rowCount(), 33);
+  EXPECT_EQ(Table()->model()->rowCount(), 33);
   const QStringList rows = Rows();
   EXPECT_EQ(rows[25], Text("26|26.msg|1|Appear"));
   EXPECT_EQ(rows[26], Text("27|27.msg|0|"));
@@ -1335,14 +1344,14 @@ TEST_F(ScheduleEditor, AfterAnAddTheNewLastSequenceIsInSight) {
   New();
   for (int number = 1; number <= 12; ++number) {
     Add(Message(number));
-    const QRect cell = Table()->visualItemRect(Table()->item(number - 1, 1));
+    const QRect cell = Table()->visualRect(At(number - 1, 1));
     EXPECT_TRUE(Table()->viewport()->rect().contains(cell)) << number;
     EXPECT_EQ(Table()->SelectedPosition(), number);
   }
   EXPECT_GT(Table()->verticalScrollBar()->value(), 0);
   // With fewer than 12 rows, heading and "End" among them, the first row is in sight again.
   for (int count = 12; count >= 10; --count) Press("butDelete");
-  EXPECT_EQ(1 + Table()->rowCount(), 11);
+  EXPECT_EQ(1 + Table()->model()->rowCount(), 11);
   EXPECT_EQ(Table()->verticalScrollBar()->value(), 0);
   EXPECT_EQ(Table()->SelectedPosition(), 9);
 }
@@ -1351,7 +1360,7 @@ TEST_F(ScheduleEditor, TheEndStaysInSightBehindTheNewLastSequence) {
   NewSchedule(11);
   Window().resize(1, 1);
   Add(Message(12));
-  const QRect end = Table()->visualItemRect(Table()->item(12, 0));
+  const QRect end = Table()->visualRect(At(12, 0));
   EXPECT_TRUE(Table()->viewport()->rect().contains(end));
 }
 
@@ -1362,10 +1371,10 @@ TEST_F(ScheduleEditor, ADeleteThatLeavesFewerThan12RowsScrollsTheFirstRowIntoVie
   Click(12);
   Press("butDelete");
   Press("butDelete");
-  EXPECT_EQ(1 + Table()->rowCount(), 12);
+  EXPECT_EQ(1 + Table()->model()->rowCount(), 12);
   EXPECT_GT(Table()->verticalScrollBar()->value(), 0);
   Press("butDelete");
-  EXPECT_EQ(1 + Table()->rowCount(), 11);
+  EXPECT_EQ(1 + Table()->model()->rowCount(), 11);
   EXPECT_EQ(Table()->verticalScrollBar()->value(), 0);
 }
 
@@ -1381,10 +1390,9 @@ TEST_F(ScheduleEditor, AtItsSmallestTheWindowShowsTheWholeTable) {
 TEST_F(ScheduleEditor, AFileMissingOnTheDiskIsSeenInTheTable) {
   NewSchedule(2);
   const auto is_grey = [this](int position) {
-    const QTableWidgetItem* item = Table()->item(position - 1, 1);
-    const bool grey =
-        item->foreground().color() != QColor(Qt::black) && item->data(Qt::ForegroundRole).isValid();
-    EXPECT_EQ(item->font().italic(), grey);
+    const QVariant brush = At(position - 1, 1).data(Qt::ForegroundRole);
+    const bool grey = brush.value<QBrush>().color() != QColor(Qt::black) && brush.isValid();
+    EXPECT_EQ(IsItalic(position - 1), grey);
     return grey;
   };
   const auto await_grey = [&](int position, bool grey) {
@@ -1413,9 +1421,9 @@ TEST_F(ScheduleEditor, AFileNamedWithoutItsFolderIsLookedForInTheProgramsFolder)
                                         "\r\n1\r\nFlip\r\n" + Field("gone.msg", 100) +
                                         "\r\n2\r\nFall\r\n"));
   EXPECT_EQ(Rows(), Lines({"1|here.msg|1|Flip", "2|gone.msg|2|Fall", "End|||"}));
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Table()->item(1, 1)->font().italic(); }, 60000));
-  EXPECT_FALSE(Table()->item(0, 1)->font().italic());
-  EXPECT_FALSE(Table()->item(2, 1)->font().italic());  // "End" names none
+  EXPECT_TRUE(QTest::qWaitFor([this] { return IsItalic(1); }, 60000));
+  EXPECT_FALSE(IsItalic(0));
+  EXPECT_FALSE(IsItalic(2));  // "End" names none
 }
 
 TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
@@ -1436,7 +1444,7 @@ TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
   EXPECT_EQ(shown_letters(), path);
   ASSERT_TRUE(QFile::remove(path));
   Table()->LookForFiles();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return Table()->item(0, 1)->font().italic(); }, 60000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return IsItalic(0); }, 60000));
   EXPECT_EQ(shown_letters(), path + Text("\nFile not found"));
   EXPECT_EQ(tool_tip(1, 3), Text("Flip"));
   // A heading that is cut has one too.
@@ -1454,7 +1462,7 @@ TEST_F(ScheduleEditor, OfALongPathTheFilesNameStaysInSight) {
                                           "\r\n1\r\nFlip\r\n"));
     Window().resize(1, 1);
     Table()->clearSelection();
-    return Table()->viewport()->grab(Table()->visualItemRect(Table()->item(0, 1))).toImage();
+    return Table()->viewport()->grab(Table()->visualRect(At(0, 1))).toImage();
   };
   const QImage first = open("a lane is closed ahead.msg");
   EXPECT_NE(open("b lane is closed ahead.msg"), first);
@@ -1483,7 +1491,7 @@ TEST_F(ScheduleEditor, PathsKeepTheirBytesInTheCodePage) {
   const MessageBoxReader boxes;
   Add(Message("中.msg"));  // what the code page does not have cannot be stored
   EXPECT_EQ(boxes.Texts(), Lines({"Invalid path!"}));
-  EXPECT_EQ(Table()->rowCount(), 2);
+  EXPECT_EQ(Table()->model()->rowCount(), 2);
 }
 
 TEST_F(ScheduleEditor, AFileOfAnyBytesComesBackTheSameFromOpenAndSave) {
@@ -1549,10 +1557,10 @@ constexpr const char* kGermanFeatures =
 TEST_F(GermanScheduleEditor, TextsComeFromTheLanguageFile) {
   UseTexts("");
   EXPECT_EQ(Window().windowTitle(), Text("Zeitplan"));
-  EXPECT_EQ(Table()->horizontalHeaderItem(0)->text(), QString());
-  EXPECT_EQ(Table()->horizontalHeaderItem(1)->text(), Text("Meldung"));
-  EXPECT_EQ(Table()->horizontalHeaderItem(2)->text(), Text("Delay"));
-  EXPECT_EQ(Table()->horizontalHeaderItem(3)->text(), Text("Wie"));
+  EXPECT_EQ(Heading(0), QString());
+  EXPECT_EQ(Heading(1), Text("Meldung"));
+  EXPECT_EQ(Heading(2), Text("Delay"));
+  EXPECT_EQ(Heading(3), Text("Wie"));
   EXPECT_EQ(Find<QLabel>("Label3")->text(),
             Text("Hour:            Minute:           ( ** for every time.)"));
   New();

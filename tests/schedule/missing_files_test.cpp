@@ -181,7 +181,7 @@ class MissingFiles : public testing::Test {
     window_->show();
     Press("butOpen");
     ASSERT_EQ(chooser.Count(), 1);
-    ASSERT_EQ(Table()->rowCount(), names.size() + 1);
+    ASSERT_EQ(Table()->model()->rowCount(), names.size() + 1);
     AwaitHangingLooks();
   }
 
@@ -197,8 +197,11 @@ class MissingFiles : public testing::Test {
 
   SequenceTable* Table() { return window_->findChild<SequenceTable*>(Text("GridSeqTable")); }
 
+  /// The message file's cell of the sequence at `position`, from 1.
+  QModelIndex Cell(int position) { return Table()->model()->index(position - 1, 1); }
+
   /// Whether the file at `position` is shown as a missing one.
-  bool IsMissing(int position) { return Table()->item(position - 1, 1)->font().italic(); }
+  bool IsMissing(int position) { return Cell(position).data(Qt::FontRole).value<QFont>().italic(); }
 
   /// Another window comes to the front, and then this one again.
   void ComeToTheFront() {
@@ -222,8 +225,8 @@ TEST_F(MissingFiles, TheWindowAnswersWhileTheDriveDoesNot) {
   QTest::keyClicks(hour, Text("12"));
   EXPECT_EQ(hour->text(), Text("12"));
   Press("butDelete");
-  ASSERT_EQ(Table()->rowCount(), 2);
-  EXPECT_EQ(Table()->item(0, 1)->text(), Text("b.msg"));
+  ASSERT_EQ(Table()->model()->rowCount(), 2);
+  EXPECT_EQ(Cell(1).data().toString(), Text("b.msg"));
   EXPECT_GT(drive_.Hanging(), 0) << "there was no answer all this while";
 }
 
@@ -242,7 +245,7 @@ TEST_F(MissingFiles, WhatIsKnownOfAFileHoldsUntilTheNextAnswer) {
   AwaitHangingLooks();
   drive_.Hang();
   Press("butDelete");
-  ASSERT_EQ(Table()->item(0, 1)->text(), Text("b.msg"));
+  ASSERT_EQ(Cell(1).data().toString(), Text("b.msg"));
   EXPECT_TRUE(IsMissing(1));
   EXPECT_FALSE(IsMissing(2));
   AwaitHangingLooks();

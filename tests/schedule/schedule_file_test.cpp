@@ -1,6 +1,7 @@
 #include "schedule/schedule_file.h"
 
 #include <random>
+#include <tuple>
 
 #include <QDir>
 #include <QFile>
@@ -23,8 +24,10 @@ using Brivon1::IsScheduleFile;
 using Brivon1::LoadScheduleFile;
 using Brivon1::MessageFileRefusal;
 using Brivon1::PathField;
+using Brivon1::SaveFailureText;
 using Brivon1::SaveScheduleFile;
 using Brivon1::Schedule;
+using Brivon1::ScheduleSaveResult;
 using Brivon1::Sequence;
 
 const QByteArray kHeader = "*** Brivon Schedule File ***\r\n";
@@ -88,7 +91,7 @@ TEST_F(ScheduleFile, IsWrittenWithHeaderTimeSizeAndThreeLinesPerSequence) {
   schedule.dimension = {16, 96};
   schedule.Append({FixedField("C:\\a.msg", 100), 5, FixedField("Appear", 20)});
   schedule.Append({FixedField("b.msg", 100), 99, FixedField("Wipe Left", 20)});
-  EXPECT_EQ(SaveScheduleFile(Path(), schedule), QString());
+  EXPECT_EQ(SaveScheduleFile(Path(), schedule), ScheduleSaveResult::kSaved);
   EXPECT_EQ(Read(),
             "*** Brivon Schedule File ***\r\n"
             "Week =7\r\n"
@@ -111,7 +114,7 @@ TEST_F(ScheduleFile, AScheduleForEveryTimeIsWrittenWithTwoStars) {
   Schedule schedule;
   schedule.dimension = {4, 80};
   schedule.Append({FixedField("a.msg", 100), 1, FixedField("Fall", 20)});
-  EXPECT_EQ(SaveScheduleFile(Path(), schedule), QString());
+  EXPECT_EQ(SaveScheduleFile(Path(), schedule), ScheduleSaveResult::kSaved);
   EXPECT_EQ(
       Read(),
       "*** Brivon Schedule File ***\r\nWeek =0\r\nHour =**\r\nMin =**\r\nRow =4\r\nCol =80\r\n"
@@ -309,7 +312,7 @@ TEST_P(ScheduleTime, IsCheckedBeforeAnythingIsWritten) {
   schedule.minute = GetParam().minute;
   schedule.dimension = {16, 96};
   schedule.Append({FixedField("a.msg", 100), 5, FixedField("Flip", 20)});
-  EXPECT_EQ(SaveScheduleFile(Path(), schedule), GetParam().refusal);
+  EXPECT_EQ(SaveFailureText(SaveScheduleFile(Path(), schedule)), GetParam().refusal);
   if (GetParam().refusal.isEmpty()) {
     EXPECT_EQ(Read(), kHeader + "Week =0\r\nHour =" + GetParam().hour.trimmed() +
                           "\r\nMin =" + GetParam().minute.trimmed() + "\r\n" + kSize +
@@ -342,16 +345,32 @@ Schedule SmallSchedule() {
 }
 
 TEST_F(ScheduleFile, ASaveIntoAFolderThatIsNotThereIsAnInvalidPath) {
-  EXPECT_EQ(SaveScheduleFile(Path(u"nowhere/week.sch"_s), SmallSchedule()), u"Invalid path!"_s);
+  EXPECT_EQ(SaveFailureText(SaveScheduleFile(Path(u"nowhere/week.sch"_s), SmallSchedule())),
+            u"Invalid path!"_s);
 }
 
 TEST_F(ScheduleFile, ASaveOntoAFullDiskLeavesTheOldFile) {
   Write("as it was");
   {
     const FullDisk full_disk(20);
-    EXPECT_EQ(SaveScheduleFile(Path(), SmallSchedule()), u"Drive not available!"_s);
+    EXPECT_EQ(SaveFailureText(SaveScheduleFile(Path(), SmallSchedule())),
+              u"Drive not available!"_s);
   }
   EXPECT_EQ(Read(), "as it was");
+}
+
+TEST(ScheduleSaveTest, APathOrADiskThatFailsHasOtherWordsWhereTheScheduleIsSavedInOrderToSendIt) {
+  const std::tuple<ScheduleSaveResult, QString, QString> words[] = {
+      {ScheduleSaveResult::kSaved, {}, {}},
+      {ScheduleSaveResult::kHourWrong, kHourWrong, kHourWrong},
+      {ScheduleSaveResult::kMinuteWrong, kMinuteWrong, kMinuteWrong},
+      {ScheduleSaveResult::kInvalidPath, u"Invalid path!"_s, u"Path Not Valid"_s},
+      {ScheduleSaveResult::kDriveNotAvailable, u"Drive not available!"_s,
+       u"Drive Not Available!"_s}};
+  for (const auto& [result, when_saving, when_sending] : words) {
+    EXPECT_EQ(SaveFailureText(result), when_saving);
+    EXPECT_EQ(Brivon1::SaveFailureTextWhenSending(result), when_sending);
+  }
 }
 
 // ---- paths --------------------------------------------------------------------------------------
@@ -465,7 +484,7 @@ TEST_F(ScheduleFile, RandomSchedulesAreReadBackAsTheyWereWritten) {
   std::mt19937 random(11);
   for (int round = 0; round < 300; ++round) {
     const Schedule written = RandomSchedule(random);
-    ASSERT_EQ(SaveScheduleFile(Path(), written), QString());
+    ASSERT_EQ(SaveScheduleFile(Path(), written), ScheduleSaveResult::kSaved);
     const auto read = LoadScheduleFile(Path());
     ASSERT_TRUE(read);
     EXPECT_EQ(read->weekday, written.weekday);

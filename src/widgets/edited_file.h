@@ -1,0 +1,73 @@
+// The file that an editor's window works on: its name, the question about unsaved work, and the
+// ways to save it.
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+class EditedFile : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Writes the work to the file at `path`. Where that fails it says why and returns false.
+  using Write = std::function<bool(const QString& path)>;
+
+  /// What "Yes" to the question leaves behind once the work is saved.
+  enum class AfterYes { kSaved, kStillModified };
+
+  /// What the editors differ in.
+  struct Editor {
+    Write write;
+    std::function<QString()> ask_for_name;  ///< Gives an empty name where none was chosen.
+    AfterYes after_yes = AfterYes::kSaved;
+  };
+
+  /// `label` shows the file's name. `modified` is set by whatever edits the work; saving clears it.
+  /// Both live as long as `window`.
+  EditedFile(QWidget* window, QLabel* label, bool& modified, Editor editor);
+
+  const QString& Path() const { return path_; }
+
+  /// The file that is worked on from now on.
+  void SetPath(const QString& path);
+
+  /// A file that could not be opened. Its name is shown beside work that is not its own, so that
+  /// saving asks for another name.
+  void SetRefusedPath(const QString& path);
+
+  bool IsModified() const { return modified_; }
+
+  /// Asks about unsaved work, if there is any, and saves it on "Yes". False: whatever was to follow
+  /// is not to happen.
+  bool MayLeave() { return MayLeave(editor_.write); }
+
+  /// The same; on "Yes" it is `write` that writes the file.
+  bool MayLeave(const Write& write);
+
+  /// Saves the work. False where nothing was saved.
+  bool Save();
+
+  /// Asks for a name, and saves under it: it is the file's name then. False where nothing was
+  /// saved.
+  bool SaveAs();
+
+ private:
+  bool WriteUnderShownName(const Write& write);
+  bool WriteUnderNewName(const Write& write);
+
+  QWidget* window_;
+  QLabel* label_;
+  bool& modified_;
+  Editor editor_;
+  QString path_;
+  bool was_refused_ = false;
+};
+
+/// Shows the English message `failure` why a save failed; an empty one is none. True: it did not
+/// fail.
+bool ReportSave(QWidget* window, const QString& failure);
