@@ -182,14 +182,14 @@ void AnEndlessScheduleRefused(benchmark::State& state) {
   NoTimer timer;
   NoClock clock;
   const Brivon1::Configuration configuration;
-  Brivon1::Transmission transmission{link, timer, clock, configuration, [](const QString&) {}};
+  Brivon1::OpenLine line{link, timer, clock, configuration, [](const QString&) {}};
   std::vector<double> reads;
   std::vector<double> sends;
   for ([[maybe_unused]] const auto round : state) {
     reads.push_back(Microseconds([&] { benchmark::DoNotOptimize(folder.Read()); }) / 1000);
     QString shown;
     sends.push_back(Microseconds([&] {
-                      Brivon1::SendScheduleFile(transmission, folder.Path(), 1, u"A"_s,
+                      Brivon1::SendScheduleFile(line, folder.Path(), 1, u"A"_s,
                                                 [&](const QString& text) { shown = text; });
                     }) /
                     1000);

@@ -26,6 +26,7 @@
 #include "page/message_transmission.h"
 #include "panel_line/framing.h"
 #include "panel_line/panel_connection.h"
+#include "panel_line/window_ports.h"
 
 using namespace Qt::StringLiterals;
 
@@ -125,9 +126,9 @@ Brivon1::Configuration OnePanel() {
 
 bool SendPage(Brivon1::PanelConnection& connection, const Brivon1::Configuration& configuration,
               const QString& path) {
-  Brivon1::Transmission transmission{connection.Link(), connection.Timer(), connection.Clock(),
-                                     configuration, [](const QString&) {}};
-  return Brivon1::SendMessageFile(transmission, path, kPanel, "001", {kRows, 192});
+  Brivon1::OpenLine line{connection.Link(), connection.Timer(), connection.Clock(), configuration,
+                         [](const QString&) {}};
+  return Brivon1::SendMessageFile(line, path, kPanel, "001", {kRows, 192});
 }
 
 /// The same frames by blocking system calls and nothing else.
@@ -222,7 +223,8 @@ void PageOverTcp(benchmark::State& state) {
   const int bare_line = port.Connect();
   const PromptPanel bare_panel(port.Accept());
   const Brivon1::Configuration configuration = OnePanel();
-  Brivon1::PanelConnection connection(nullptr);
+  Brivon1::WindowPorts ports(nullptr);
+  Brivon1::PanelConnection connection(ports.Ports());
   if (!connection.Open(Brivon1::SendMode::kTcp, configuration, {"127.0.0.1", port.port})) {
     qFatal("cannot connect");
   }
@@ -237,7 +239,8 @@ void PageOverAPseudoTerminal(benchmark::State& state) {
   const PseudoTerminal line;
   Brivon1::Configuration configuration = OnePanel();
   configuration.serial_devices[2] = line.name.toLatin1();
-  Brivon1::PanelConnection connection(nullptr);
+  Brivon1::WindowPorts ports(nullptr);
+  Brivon1::PanelConnection connection(ports.Ports());
   if (!connection.Open(Brivon1::SendMode::kSerial, configuration, {})) qFatal("cannot open");
   {
     const PromptPanel bare_panel(bare.master);
@@ -264,7 +267,8 @@ void SendToASilentPanel(benchmark::State& state) {
   const PseudoTerminal line;
   Brivon1::Configuration configuration = OnePanel();
   configuration.serial_devices[2] = line.name.toLatin1();
-  Brivon1::PanelConnection connection(nullptr);
+  Brivon1::WindowPorts ports(nullptr);
+  Brivon1::PanelConnection connection(ports.Ports());
   if (!connection.Open(Brivon1::SendMode::kSerial, configuration, {})) qFatal("cannot open");
   double waited = 0;
   double processor = 0;

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 namespace Brivon1 {
 namespace {
 
-constexpr qsizetype kLongestPath = 4096;
-
 /// Whether a system call failed because of the disk and not because of the path.
 bool IsDiskFailure(int error) {
   return error == ENOSPC || error == EIO || error == EROFS || error == ENXIO || error == ENODEV

@@ -16,6 +16,9 @@ inline constexpr qint64 kShortestFile = 30;
 /// The longest line, in bytes, that is read; a file with a longer one is refused.
 inline constexpr qint64 kLongestLine = 1 << 20;
 
+/// No file has a longer path, in characters; what may be longer is cut before it is looked for.
+inline constexpr qsizetype kLongestPath = 4096;
+
 /// Reads a text file line by line. A line ends with CR LF or LF, the last one also with the file.
 class LineReader {
  public:

@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace Brivon1 {
 
@@ -25,7 +26,8 @@ int LeadingNumber(QByteArrayView text, int lowest, int highest) {
 }
 
 qint16 LeadingNumber16(QByteArrayView text) {
-  return static_cast<qint16>(LeadingNumber(text, -32768, 32767));
+  return static_cast<qint16>(
+      LeadingNumber(text, std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max()));
 }
 
 QByteArray ValueAfterEquals(QByteArrayView line) {

@@ -14,15 +14,15 @@ constexpr int kHighestPage = 120;
 QString Title() { return u"Command"_s; }
 
 /// Sends `frame` up to five times; every failed attempt, also the last, is followed by a pause.
-bool SendWithPauses(Transmission& transmission, int id, const QByteArray& frame) {
+bool SendWithPauses(OpenLine& line, int id, const QByteArray& frame) {
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
-    if (!MaySend(transmission.link, transmission.timer)) break;
-    transmission.link.Write(frame);
-    if (WaitForAck(transmission.link, transmission.timer, id)) {
-      return HasArrived(transmission, id);
+    if (!MaySend(line.link, line.timer)) break;
+    line.link.Write(frame);
+    if (WaitForAck(line.link, line.timer, id)) {
+      return HasArrived(line, id);
     }
-    if (!MaySend(transmission.link, transmission.timer)) break;
-    WaitTicks(transmission.timer, transmission.configuration.delay_period);
+    if (!MaySend(line.link, line.timer)) break;
+    WaitTicks(line.timer, line.configuration.delay_period);
   }
   return false;
 }
@@ -46,31 +46,33 @@ bool IsPageNumber(const QString& text) {
   return page >= 1 && page <= kHighestPage;
 }
 
-CommandReport CarryOutCommand(Transmission& transmission, SendMode mode, PanelCommand command,
-                              int id, const QString& page, const QDateTime& now) {
+CommandReport CarryOutCommand(OpenLine& line, PanelCommand command, int id, const QString& page,
+                              const QDateTime& now) {
   const int page_number = LeadingNumber(page.toUtf8(), 0, kHighestPage);
   switch (command) {
     case PanelCommand::kPolling:
-      if (!SendWithPauses(transmission, id, PollFrame(id))) {
+      if (!SendWithPauses(line, id, PollFrame(id))) {
         return Failure(u"Polling error!"_s);
       }
       return {{u"Command is sent successfully!"_s}, Title(), true};
     case PanelCommand::kSetClock:
-      transmission.link.Write(SetClockFrame(now));
-      if (mode != SendMode::kSerial) return {{u"Set Clock Finished!"_s}, Title(), true};
-      WaitForAck(transmission.link, transmission.timer, id);
-      if (id == 0) HasArrived(transmission, id);  // what is said does not depend on it
+      line.link.Write(SetClockFrame(now));
+      if (line.configuration.Mode() != SendMode::kSerial) {
+        return {{u"Set Clock Finished!"_s}, Title(), true};
+      }
+      WaitForAck(line.link, line.timer, id);
+      if (id == 0) HasArrived(line, id);  // what is said does not depend on it
       return {{u"Set clock is done!"_s}, Title(), true};
     case PanelCommand::kDeleteAll:
-      if (!SendWithPauses(transmission, id, DeleteAllFrame(id))) return TransmissionError();
+      if (!SendWithPauses(line, id, DeleteAllFrame(id))) return TransmissionError();
       return {{u"All pages are deleted!"_s}, Title(), true};
     case PanelCommand::kDeletePage:
-      if (!SendWithPauses(transmission, id, DeletePageFrame(id, page_number))) {
+      if (!SendWithPauses(line, id, DeletePageFrame(id, page_number))) {
         return TransmissionError();
       }
       return PageReport(page, u"is deleted."_s, Title());
     case PanelCommand::kRunPage:
-      if (!SendWithPauses(transmission, id, RunPageFrame(id, page_number))) {
+      if (!SendWithPauses(line, id, RunPageFrame(id, page_number))) {
         return TransmissionError();
       }
       return PageReport(page, u"is running."_s, u"Run page"_s);

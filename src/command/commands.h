@@ -36,7 +36,7 @@ struct CommandReport {
 /// frame that expects an acknowledgement is sent up to five times, with a "Delay Period" pause
 /// after every failed attempt; the clock is set once, and its acknowledgement is awaited on a
 /// serial line only.
-CommandReport CarryOutCommand(Transmission& transmission, SendMode mode, PanelCommand command,
-                              int id, const QString& page, const QDateTime& now);
+CommandReport CarryOutCommand(OpenLine& line, PanelCommand command, int id, const QString& page,
+                              const QDateTime& now);
 
 }  // namespace Brivon1

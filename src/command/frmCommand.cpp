@@ -24,14 +24,16 @@ MessageBoxStyle CommandStyle(QMessageBox::Icon icon, const QString& title = u"Co
 
 }  // namespace
 
-frmCommand::frmCommand(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::frmCommand>()) {
+frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmCommand>()) {
   ui_->setupUi(this);
   for (const char* name : Brivon1::kCommandNames) {
     ui_->ListCommand->addItem(QString::fromLatin1(name));
   }
-  FillPanelList(ui_->ComboID);
+  panels_ = new PanelChoice(ui_->ComboID);
   ui_->ComboID->setCurrentIndex(ui_->ComboID->count() > 0 ? 0 : -1);
-  session_ = new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ListCommand, ui_->ComboID});
+  session_ =
+      new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ListCommand, ui_->ComboID}, ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmCommand::Send);
   connect(ui_->ListCommand, &QListWidget::itemDoubleClicked, this, &frmCommand::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
@@ -41,23 +43,21 @@ frmCommand::frmCommand(QWidget* parent) : QDialog(parent), ui_(std::make_unique<
 frmCommand::~frmCommand() = default;
 
 void frmCommand::Send() {
-  const auto panel = SelectedPanel(ui_->ComboID);
+  const auto panel = panels_->Selected();
   if (!panel) {
     ShowMessage(this, TranslateMessage(u"Empty ID!"_s));
     return;
   }
-  session_->Run([&] {
-    const MessageBoxStyle failure = CommandStyle(QMessageBox::Warning);
-    session_->Transmit(
-        panel->endpoint, [](const QString&) {}, failure,
-        [&](Brivon1::Transmission& transmission) {
-          CarryOut(transmission, panel->id);
-          Brivon1::WaitTicks(transmission.timer, kLastBytesTime);
-        });
-  });
+  Sending sending(session_);
+  if (!sending) return;
+  const auto no_status = [](const QString&) {};
+  auto line = sending.Open(panel->endpoint, no_status, CommandStyle(QMessageBox::Warning));
+  if (!line) return;
+  CarryOut(*line, panel->id);
+  Brivon1::WaitTicks(line->timer, kLastBytesTime);
 }
 
-void frmCommand::CarryOut(Brivon1::Transmission& transmission, int id) {
+void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
   const int row = ui_->ListCommand->currentRow();
   if (row < 0) return;
   const auto command = static_cast<PanelCommand>(row);
@@ -73,8 +73,7 @@ void frmCommand::CarryOut(Brivon1::Transmission& transmission, int id) {
     }
   }
   const Brivon1::CommandReport report =
-      Brivon1::CarryOutCommand(transmission, transmission.configuration.Mode(), command, id, page,
-                               QDateTime::currentDateTime());
+      Brivon1::CarryOutCommand(line, command, id, page, QDateTime::currentDateTime());
   QStringList text;
   for (const QString& piece : report.text) text.append(TranslateMessage(piece));
   ShowMessage(this, text.join(QLatin1Char(' ')),

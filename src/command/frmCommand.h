@@ -7,6 +7,7 @@
 #include <QDialog>
 
 #include "command/commands.h"
+#include "sending/panel_choice.h"
 #include "sending/sending_session.h"
 
 namespace Ui {
@@ -17,13 +18,15 @@ class frmCommand : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmCommand(QWidget* parent = nullptr);
+  /// `ports` are for SendingSession.
+  explicit frmCommand(QWidget* parent = nullptr, const Brivon1::PanelPorts* ports = nullptr);
   ~frmCommand() override;
 
  private:
   void Send();
-  void CarryOut(Brivon1::Transmission& transmission, int id);
+  void CarryOut(Brivon1::OpenLine& line, int id);
 
   std::unique_ptr<Ui::frmCommand> ui_;
+  PanelChoice* panels_;
   SendingSession* session_;
 };

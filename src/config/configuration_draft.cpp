@@ -5,15 +5,14 @@
 #include "base/code_page.h"
 #include "base/number_field.h"
 #include "base/text.h"
+#include "store/panel_list.h"
 
 namespace Brivon1 {
 namespace {
 
 constexpr int kAddressParts = 4;
 constexpr int kHighestAddressPart = 254;
-constexpr int kHighestTcpPort = 65535;
 constexpr int kMostColumnsReadBack = 999;
-constexpr QLatin1String kDefaultTcpPort("80");
 
 QByteArrayView ColourWord(const PanelEntry& entry) {
   return entry.colour_type == kTri ? QByteArrayView("Tri") : QByteArrayView("Mono");
@@ -73,7 +72,7 @@ AddResult ConfigurationDraft::Add(const PanelBoxes& boxes) {
   const auto id = WholeNumber(boxes.id, 0, kHighestPanelId);
   const auto rows = WholeNumber(boxes.rows, 1, kMaxRows);
   const auto columns = WholeNumber(boxes.columns, 1, kMostColumns);
-  const QString port = boxes.port.isEmpty() ? QString(kDefaultTcpPort) : boxes.port;
+  const QString port = boxes.port.isEmpty() ? QString::number(kDefaultTcpPort) : boxes.port;
   if (!id || !rows || !columns || !WholeNumber(port, 1, kHighestTcpPort)) {
     return AddResult::kInvalidInput;
   }

@@ -1,5 +1,7 @@
 #include "page/frmSendMsg.h"
 
+#include <limits>
+
 #include <QPushButton>
 
 #include "base/file_checks.h"
@@ -22,20 +24,22 @@ namespace {
 /// The page number as it goes on the wire: the number that the text begins with, at least three
 /// digits long.
 QByteArray PageDigits(const QString& text) {
-  return Brivon1::ZeroPadded(Brivon1::LeadingNumber(text.toUtf8(), 0, 2147483647), 3);
+  return Brivon1::ZeroPadded(
+      Brivon1::LeadingNumber(text.toUtf8(), 0, std::numeric_limits<int>::max()), 3);
 }
 
 }  // namespace
 
-frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name)
+frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name, const Brivon1::PanelPorts* ports)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendMsg>()) {
   ui_->setupUi(this);
-  FillPanelList(ui_->ComboID);
+  panels_ = new PanelChoice(ui_->ComboID);
   file_ = new FileToSend(
-      this, {u"Message File|*.msg|All|*.*"_s, Brivon1::IsMessageFile, u"!"_s, u"CMDialog1"_s},
+      this,
+      {u"Message File|*.msg|All|*.*"_s, Brivon1::IsMessageFile, u"!"_s, u"!"_s, u"CMDialog1"_s},
       {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
   session_ = new SendingSession(
-      this, {ui_->butBrowse, ui_->ComboID, ui_->txtPage, ui_->butSend, ui_->butDone});
+      this, {ui_->butBrowse, ui_->ComboID, ui_->txtPage, ui_->butSend, ui_->butDone}, ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendMsg::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   LoadCaptions(this);
@@ -45,17 +49,19 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name)
 frmSendMsg::~frmSendMsg() = default;
 
 void frmSendMsg::Send() {
-  session_->Run([this] { SendFile(); });
+  SendFile();
   ui_->lblSendStatus->clear();
 }
 
 void frmSendMsg::SendFile() {
+  Sending sending(session_);
+  if (!sending) return;
   const QString path = file_->Path();
   if (!Brivon1::FileExists(path)) {
     file_->ReportNotFound();
     return;
   }
-  const auto panel = SelectedPanel(ui_->ComboID);
+  const auto panel = panels_->Selected();
   if (!panel) {
     ShowMessage(this, TranslateMessage(u"Invalid ID Selection!"_s));
     return;
@@ -80,10 +86,9 @@ void frmSendMsg::SendFile() {
   }
   const QByteArray page = PageDigits(ui_->txtPage->text());
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
-  session_->Transmit(panel->endpoint, show_status, {}, [&](Brivon1::Transmission& transmission) {
-    const bool sent =
-        Brivon1::SendMessageFile(transmission, path, panel->id, page, panel_dimension);
-    ShowMessage(this,
-                TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
-  });
+  auto line = sending.Open(panel->endpoint, show_status);
+  if (!line) return;
+  const bool sent = Brivon1::SendMessageFile(*line, path, panel->id, page, panel_dimension);
+  ShowMessage(this,
+              TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
 }

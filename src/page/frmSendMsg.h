@@ -6,6 +6,7 @@
 #include <QDialog>
 
 #include "sending/file_to_send.h"
+#include "sending/panel_choice.h"
 #include "sending/sending_session.h"
 
 namespace Ui {
@@ -16,8 +17,10 @@ class frmSendMsg : public QDialog {
   Q_OBJECT
 
  public:
-  /// `file_name` is the file handed over by an editor; it may be empty.
-  explicit frmSendMsg(QWidget* parent, const QString& file_name);
+  /// `file_name` is the file handed over by an editor; it may be empty. `ports` are for
+  /// SendingSession.
+  explicit frmSendMsg(QWidget* parent, const QString& file_name,
+                      const Brivon1::PanelPorts* ports = nullptr);
   ~frmSendMsg() override;
 
  private:
@@ -25,6 +28,7 @@ class frmSendMsg : public QDialog {
   void SendFile();
 
   std::unique_ptr<Ui::frmSendMsg> ui_;
+  PanelChoice* panels_;
   FileToSend* file_;
   SendingSession* session_;
 };

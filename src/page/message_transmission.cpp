@@ -58,24 +58,22 @@ std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, cons
   return frames;
 }
 
-bool SendMessageFile(Transmission& transmission, const QString& path, int id,
-                     const QByteArray& page, Dimension panel) {
-  transmission.status(u"Reading "_s + path);
-  const qint16 colour_type =
-      transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
+bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArray& page,
+                     Dimension panel) {
+  line.status(u"Reading "_s + path);
+  const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type);
   if (!frames) return false;
-  for (qsizetype line = 0; line < frames->size(); ++line) {
-    const QString progress = u" Sending Line %1"_s.arg(line + 1);
-    DiscardInput(transmission.link);
-    if (!SendUntilAcknowledged(transmission, id, frames->at(line),
-                               [&] { transmission.status(progress); })) {
+  for (qsizetype row = 0; row < frames->size(); ++row) {
+    const QString progress = u" Sending Line %1"_s.arg(row + 1);
+    DiscardInput(line.link);
+    if (!SendUntilAcknowledged(line, id, frames->at(row), [&] { line.status(progress); })) {
       return false;
     }
-    transmission.status(progress + u" <--- Ack"_s);
+    line.status(progress + u" <--- Ack"_s);
   }
-  if (!HasArrived(transmission, id)) return false;
-  WaitTicks(transmission.timer, transmission.configuration.delay_period);
+  if (!HasArrived(line, id)) return false;
+  WaitTicks(line.timer, line.configuration.delay_period);
   return true;
 }
 

@@ -23,7 +23,7 @@ std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, cons
 /// Every frame is built before the first byte leaves. True when all rows were acknowledged; false
 /// for a refused file, with nothing sent, and at the first row without an acknowledgement, with no
 /// further row sent. Shows no message.
-bool SendMessageFile(Transmission& transmission, const QString& path, int id,
-                     const QByteArray& page, Dimension panel);
+bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArray& page,
+                     Dimension panel);
 
 }  // namespace Brivon1

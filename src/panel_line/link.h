@@ -78,7 +78,7 @@ class TickTimer {
   /// Lets the window handle what is already due, without sleeping, unless it did so a moment ago.
   virtual void ProcessEvents() = 0;
 
-  /// The tick handler: advances the counters by the interval, up to 30000.
+  /// The tick handler: advances the counters by the interval, up to kLongestDelayPeriod.
   void Tick();
 
   qint16 ack_tick_counter = 0;   ///< Milliseconds since the acknowledgement wait began.

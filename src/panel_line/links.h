@@ -20,8 +20,8 @@ bool OpenSerialPort(SerialPort& port, const Configuration& configuration);
 /// Closes the port, if it is open, when everything written to it has left; always true.
 bool CloseSerialPort(SerialPort& port, MillisecondClock& clock);
 
-/// Requests a connection to `host`:`port`, waits 500 ms, and returns whether it stands then; false
-/// when the program ends before.
+/// Requests a connection to `host`:`port`, waits kConnectTime, and returns whether it stands then;
+/// false when the program ends before.
 bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port);
 
 /// Closes the socket, unless it is closed, when everything written to it has left; always true.

@@ -7,22 +7,17 @@ using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 
-PanelConnection::PanelConnection(QObject* parent)
-    : QObject(parent), timer_(this, waiter_), clock_(waiter_), serial_(this), tcp_(this) {
-  connect(&serial_, &SerialLink::Happened, this, [this] { waiter_.Wake(); });
-  connect(&tcp_, &TcpLink::Happened, this, [this] { waiter_.Wake(); });
-}
-
 bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
                            const TcpEndpoint& endpoint) {
   failure_reason_.clear();
   bool is_open = false;
   if (mode == SendMode::kSerial) {
-    link_ = &serial_;
-    is_open = OpenSerialPort(serial_, configuration);
+    link_ = &ports_.serial;
+    is_open = OpenSerialPort(ports_.serial, configuration);
   } else if (mode == SendMode::kTcp && endpoint.IsUsable()) {
-    link_ = &tcp_;
-    is_open = OpenTcpLink(tcp_, clock_, CodePage::System().ToText(endpoint.host), endpoint.port);
+    link_ = &ports_.tcp;
+    is_open = OpenTcpLink(ports_.tcp, ports_.clock, CodePage::System().ToText(endpoint.host),
+                          endpoint.port);
   } else {
     failure_reason_ = u"No usable network address is configured for this panel."_s;
     return false;
@@ -35,9 +30,9 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
 }
 
 void PanelConnection::Close() {
-  timer_.Disable();
-  CloseSerialPort(serial_, clock_);
-  CloseTcpLink(tcp_, clock_);
+  ports_.timer.Disable();
+  CloseSerialPort(ports_.serial, ports_.clock);
+  CloseTcpLink(ports_.tcp, ports_.clock);
 }
 
 }  // namespace Brivon1

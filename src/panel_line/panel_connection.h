@@ -1,22 +1,26 @@
-// The link of a window that sends: its serial port, its socket and its tick timer, opened for one
-// transmission by the send mode of the configuration.
+// The connection of a window that sends: one of its ports, opened for one transmission by the send
+// mode of the configuration.
 #pragma once
 
-#include <QObject>
+#include <QString>
 
-#include "panel_line/serial_link.h"
-#include "panel_line/tcp_link.h"
-#include "panel_line/tick_timer.h"
+#include "panel_line/link.h"
 #include "store/configuration_store.h"
 #include "store/panel_list.h"
 
 namespace Brivon1 {
 
-class PanelConnection : public QObject {
-  Q_OBJECT
+/// What a window that sends has of the outside world. All of it outlives whoever uses it.
+struct PanelPorts {
+  SerialPort& serial;
+  TcpSocket& tcp;
+  TickTimer& timer;
+  MillisecondClock& clock;
+};
 
+class PanelConnection {
  public:
-  explicit PanelConnection(QObject* parent);
+  explicit PanelConnection(const PanelPorts& ports) : ports_(ports) {}
 
   /// Opens the serial port, or connects to `endpoint`, as `mode` says. False when that fails; also
   /// for an unusable endpoint and for kNone, which opens nothing.
@@ -27,19 +31,15 @@ class PanelConnection : public QObject {
 
   /// The link that Open() opened last.
   PanelLink& Link() { return *link_; }
-  TickTimer& Timer() { return timer_; }
-  MillisecondClock& Clock() { return clock_; }
+  TickTimer& Timer() { return ports_.timer; }
+  MillisecondClock& Clock() { return ports_.clock; }
 
   /// Why Open() failed, in words for the operator; empty when there is nothing to say.
   QString FailureReason() const { return failure_reason_; }
 
  private:
-  EventWaiter waiter_;
-  WindowTickTimer timer_;
-  EventClock clock_;
-  SerialLink serial_;
-  TcpLink tcp_;
-  PanelLink* link_ = &serial_;
+  PanelPorts ports_;
+  PanelLink* link_ = &ports_.serial;
   QString failure_reason_;
 };
 

@@ -1,5 +1,6 @@
 #include "panel_line/serial_link.h"
 
+#include <limits>
 #include <utility>
 
 #include <QFileInfo>
@@ -39,7 +40,7 @@ bool SerialLink::Open(const QString& device, const QByteArray& settings) {
   is_lost_ = false;
   saved_.clear();
   failure_reason_.clear();
-  const int baud_rate = LeadingNumber(settings, 0, 2147483647);
+  const int baud_rate = LeadingNumber(settings, 0, std::numeric_limits<int>::max());
   if (baud_rate == 0) {
     failure_reason_ = OpenFailure(device, u"0 baud"_s);
     return false;

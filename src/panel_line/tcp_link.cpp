@@ -4,6 +4,7 @@
 
 #include <QNetworkProxy>
 
+#include "panel_line/links.h"
 #include "panel_line/waiting_input.h"
 #include "panel_line/waiting_output.h"
 
@@ -68,7 +69,8 @@ void TcpLink::Close() {
 QString TcpLink::FailureReason() const {
   const bool is_trying = socket_->state() == QAbstractSocket::HostLookupState ||
                          socket_->state() == QAbstractSocket::ConnectingState;
-  return endpoint_ + u": "_s + (is_trying ? u"no answer within 500 ms"_s : socket_->errorString());
+  return endpoint_ + u": "_s +
+         (is_trying ? u"no answer within %1 ms"_s.arg(kConnectTime) : socket_->errorString());
 }
 
 }  // namespace Brivon1

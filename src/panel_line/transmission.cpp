@@ -19,22 +19,21 @@ void DiscardInput(PanelLink& link) {
   }
 }
 
-bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
+bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
                            const std::function<void()>& before, int sending_time) {
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
-    if (!MaySend(transmission.link, transmission.timer)) break;
+    if (!MaySend(line.link, line.timer)) break;
     before();
-    transmission.link.Write(frame);
-    if (sending_time > 0) WaitTicks(transmission.timer, sending_time);
-    if (WaitForAck(transmission.link, transmission.timer, id)) return true;
+    line.link.Write(frame);
+    if (sending_time > 0) WaitTicks(line.timer, sending_time);
+    if (WaitForAck(line.link, line.timer, id)) return true;
   }
   return false;
 }
 
-bool HasArrived(Transmission& transmission, int id) {
-  if (id != 0 && transmission.link.Unsent() == 0) return true;
-  return MaySend(transmission.link, transmission.timer) &&
-         DrainLink(transmission.link, transmission.clock);
+bool HasArrived(OpenLine& line, int id) {
+  if (id != 0 && line.link.Unsent() == 0) return true;
+  return MaySend(line.link, line.timer) && DrainLink(line.link, line.clock);
 }
 
 }  // namespace Brivon1

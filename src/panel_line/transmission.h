@@ -1,4 +1,5 @@
-// What every transmission to a panel works with, and the attempts at one acknowledged frame.
+// The open line that every transmission to a panel works with, and the attempts at one acknowledged
+// frame.
 #pragma once
 
 #include <functional>
@@ -14,13 +15,12 @@ namespace Brivon1 {
 /// Shows how a transmission proceeds.
 using StatusLabel = std::function<void(const QString& text)>;
 
-/// What a transmission works with. The caller opens the link before, closes it afterwards, and
-/// reports the result.
-struct Transmission {
+/// A line that was opened for a transmission. Who opened it closes it and reports the result.
+struct OpenLine {
   PanelLink& link;
   TickTimer& timer;
   MillisecondClock& clock;
-  const Configuration& configuration;
+  Configuration configuration;  ///< As it was when the line was opened.
   StatusLabel status;
 };
 
@@ -31,13 +31,13 @@ void DiscardInput(PanelLink& link);
 /// Sends `frame` up to five times without a pause, until panel `id` acknowledges it. `before` is
 /// called ahead of every attempt. Between sending and waiting for the acknowledgement,
 /// `sending_time` milliseconds of ticks are left to the frame. A lost line ends the attempts.
-bool SendUntilAcknowledged(Transmission& transmission, int id, const QByteArray& frame,
+bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
                            const std::function<void()>& before, int sending_time = 0);
 
 /// Whether what panel `id` was sent has arrived, as far as it can be known. A panel has
 /// acknowledged it, but on a slow line an earlier attempt's acknowledgement may have been taken for
 /// that of a frame that still waits; nobody acknowledges what goes to all panels, ID 0. So it must
 /// have left, which is waited for.
-bool HasArrived(Transmission& transmission, int id);
+bool HasArrived(OpenLine& line, int id);
 
 }  // namespace Brivon1

@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include "panel_line/framing.h"
+#include "store/configuration_store.h"
 
 namespace Brivon1 {
 namespace {
-
-constexpr qint16 kCounterCeiling = 30000;
 
 bool SleepUntilEvent(TickTimer& timer) {
   if (!timer.WaitForEvent()) timer.program_ends = true;
@@ -25,8 +24,8 @@ qint64 LongestDrain(qint64 bytes, int bits_per_second) {
 }  // namespace
 
 void TickTimer::Tick() {
-  if (ack_tick_counter < kCounterCeiling) ack_tick_counter += kInterval;
-  if (waiting && wait_tick_counter < kCounterCeiling) wait_tick_counter += kInterval;
+  if (ack_tick_counter < kLongestDelayPeriod) ack_tick_counter += kInterval;
+  if (waiting && wait_tick_counter < kLongestDelayPeriod) wait_tick_counter += kInterval;
 }
 
 bool WaitForAck(PanelLink& link, TickTimer& timer, int id) {

@@ -21,7 +21,7 @@ bool WaitForAck(PanelLink& link, TickTimer& timer, int id);
 /// Whether sending a frame makes sense: the line is not lost and the program is not ending.
 bool MaySend(const PanelLink& link, const TickTimer& timer);
 
-/// Waits until the given number of milliseconds of ticks has passed, 0 to 30000.
+/// Waits until the given number of milliseconds of ticks has passed, 0 to kLongestDelayPeriod.
 void WaitTicks(TickTimer& timer, int milliseconds);
 
 /// Waits until everything that was written to `link` has left, for as long as a line of its speed

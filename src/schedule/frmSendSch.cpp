@@ -27,17 +27,18 @@ QString SentText(SendMode mode) {
 
 }  // namespace
 
-frmSendSch::frmSendSch(QWidget* parent, const QString& file_name)
+frmSendSch::frmSendSch(QWidget* parent, const QString& file_name, const Brivon1::PanelPorts* ports)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendSch>()) {
   ui_->setupUi(this);
-  FillPanelList(ui_->ComboSchID);
-  file_ = new FileToSend(
-      this,
-      {u"Schedule File|*.sch|All|*.*"_s, Brivon1::IsScheduleFile, QString(), u"DialogBrowse"_s},
-      {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
+  panels_ = new PanelChoice(ui_->ComboSchID);
+  file_ =
+      new FileToSend(this,
+                     {u"Schedule File|*.sch|All|*.*"_s, Brivon1::IsScheduleFile, QString(),
+                      QString(), u"DialogBrowse"_s},
+                     {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
   // The letter may be typed on: a transmission has taken its own at its beginning.
-  session_ =
-      new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ComboSchID, ui_->butBrowse});
+  session_ = new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ComboSchID, ui_->butBrowse},
+                                ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendSch::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   LoadCaptions(this);
@@ -47,35 +48,31 @@ frmSendSch::frmSendSch(QWidget* parent, const QString& file_name)
 frmSendSch::~frmSendSch() = default;
 
 void frmSendSch::Send() {
-  session_->Run([this] {
-    ui_->lblSendStatus->clear();
-    SendFile();
-  });
-}
-
-void frmSendSch::SendFile() {
+  Sending sending(session_);
+  if (!sending) return;
+  ui_->lblSendStatus->clear();
   const QString path = file_->Path();
   if (!Brivon1::FileExists(path)) {
     file_->ReportNotFound();
     return;
   }
-  const auto panel = SelectedPanel(ui_->ComboSchID);
+  const auto panel = panels_->Selected();
   if (!panel) {
     ShowMessage(this, TranslateMessage(u"No ID Selected!"_s));
     return;
   }
   // The file may have been saved for another panel since it was chosen.
   file_->ReadAgain();
-  if (file_->ShownDimension() != Dimension{panel->rows, panel->columns}) {
+  if (file_->Dimension() != Dimension{panel->rows, panel->columns}) {
     ShowMessage(this, TranslateMessage(u"Dimension not matched!"_s));
     return;
   }
   const QString letter = ui_->txtSchNo->text();
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
   const auto show_text = [this](const QString& text) { ShowMessage(this, text); };
-  session_->Transmit(panel->endpoint, show_status, {}, [&](Brivon1::Transmission& transmission) {
-    const bool sent = Brivon1::SendScheduleFile(transmission, path, panel->id, letter, show_text);
-    ShowMessage(this, sent ? SentText(transmission.configuration.Mode())
-                           : TranslateMessage(u"Transmission failure!"_s));
-  });
+  auto line = sending.Open(panel->endpoint, show_status);
+  if (!line) return;
+  const bool sent = Brivon1::SendScheduleFile(*line, path, panel->id, letter, show_text);
+  ShowMessage(this, sent ? SentText(line->configuration.Mode())
+                         : TranslateMessage(u"Transmission failure!"_s));
 }

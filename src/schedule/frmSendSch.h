@@ -6,6 +6,7 @@
 #include <QDialog>
 
 #include "sending/file_to_send.h"
+#include "sending/panel_choice.h"
 #include "sending/sending_session.h"
 
 namespace Ui {
@@ -16,15 +17,17 @@ class frmSendSch : public QDialog {
   Q_OBJECT
 
  public:
-  /// `file_name` is the file handed over by an editor; it may be empty.
-  explicit frmSendSch(QWidget* parent, const QString& file_name);
+  /// `file_name` is the file handed over by an editor; it may be empty. `ports` are for
+  /// SendingSession.
+  explicit frmSendSch(QWidget* parent, const QString& file_name,
+                      const Brivon1::PanelPorts* ports = nullptr);
   ~frmSendSch() override;
 
  private:
   void Send();
-  void SendFile();
 
   std::unique_ptr<Ui::frmSendSch> ui_;
+  PanelChoice* panels_;
   FileToSend* file_;
   SendingSession* session_;
 };

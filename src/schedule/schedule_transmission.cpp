@@ -26,7 +26,6 @@ using ModuleLanguage::TranslateMessage;
 
 constexpr int kPagesOfALetter = 12;
 constexpr int kPausesAheadOfTheSchedule = 3;
-constexpr qsizetype kLongestName = 4096;  // no file has a longer one
 
 /// A step of the schedule as the panel is told it.
 struct Entry {
@@ -76,7 +75,7 @@ std::optional<Plan> ReadPlan(const QString& path) {
     const std::optional<SequenceDetails> details = file.NextDetails();
     if (!path_line || !details) return std::nullopt;
     // The line may be a megabyte. What is cut off belongs to a name that is not found anyway.
-    const QString name = code_page.ToText(TrimBlanks(*path_line).left(kLongestName));
+    const QString name = code_page.ToText(TrimBlanks(*path_line).left(kLongestPath));
     const QString compared = name.toUpper();
     if (!places.contains(compared)) {
       places.insert(compared, plan.files.size());
@@ -117,8 +116,8 @@ QByteArray ScheduleFrame(const Plan& plan, int id, char letter) {
 
 }  // namespace
 
-bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
-                      const QString& letter_text, const ShowText& show_text) {
+bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString& letter_text,
+                      const ShowText& show_text) {
   const std::optional<char> letter = ScheduleLetter(letter_text);
   if (!letter) {
     show_text(TranslateMessage(u"Please enter A-J"_s));
@@ -139,7 +138,7 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
 
   for (qsizetype index = 0; index < plan->files.size(); ++index) {
     const QString& name = plan->files.at(index);
-    if (SendMessageFile(transmission, FindFile(InProgramFolder(name)), id, PageOf(*letter, index),
+    if (SendMessageFile(line, FindFile(InProgramFolder(name)), id, PageOf(*letter, index),
                         plan->head.dimension)) {
       continue;
     }
@@ -147,14 +146,13 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
     return false;
   }
   for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
-    WaitTicks(transmission.timer, transmission.configuration.delay_period);
+    WaitTicks(line.timer, line.configuration.delay_period);
   }
-  transmission.status(u"Schedule--->"_s);
-  DiscardInput(transmission.link);
-  const bool sent =
-      SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
-      HasArrived(transmission, id);
-  if (sent) transmission.status(u"<--- Ack"_s);
+  line.status(u"Schedule--->"_s);
+  DiscardInput(line.link);
+  const bool sent = SendUntilAcknowledged(line, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
+                    HasArrived(line, id);
+  if (sent) line.status(u"<--- Ack"_s);
   return sent;
 }
 

@@ -21,7 +21,7 @@ using ShowText = std::function<void(const QString& text)>;
 ///
 /// True when all message files and the schedule were acknowledged. A refused letter, schedule or
 /// message file, and the first message file that fails, give false after at most one text.
-bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
-                      const QString& letter, const ShowText& show_text);
+bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString& letter,
+                      const ShowText& show_text);
 
 }  // namespace Brivon1

@@ -10,7 +10,6 @@
 #include "language/module_language.h"
 #include "scrolling/scrolling_transmission.h"
 #include "ui_frmSendShift.h"
-#include "widgets/file_dialogs.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -25,17 +24,26 @@ int LineOf(const QString& text) {
                                 std::numeric_limits<int>::max());
 }
 
+/// As FileToSend checks it: a scrolling message is made for no dimension.
+std::optional<Brivon1::Dimension> CheckScrollingFile(const QString& path) {
+  if (!Brivon1::IsScrollingFile(path)) return std::nullopt;
+  return Brivon1::Dimension{};
+}
+
 }  // namespace
 
-frmSendShift::frmSendShift(QWidget* parent, const QString& file_name)
+frmSendShift::frmSendShift(QWidget* parent, const QString& file_name,
+                           const Brivon1::PanelPorts* ports)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendShift>()) {
   ui_->setupUi(this);
-  FillPanelList(ui_->ComboID, Brivon1::ShortPanelListLine);
+  panels_ = new PanelChoice(ui_->ComboID, Brivon1::ShortPanelListLine);
   ui_->ComboID->setCurrentIndex(ui_->ComboID->count() > 0 ? 0 : -1);
-  ui_->lblFileName->setText(file_name);
+  file_ = new FileToSend(this,
+                         {u"Scrolling Message File|*.srl|All|*.*"_s, CheckScrollingFile, QString(),
+                          u"!"_s, u"CMDialog1"_s},
+                         {ui_->butBrowse, ui_->lblFileName}, file_name);
   session_ = new SendingSession(
-      this, {ui_->butSend, ui_->butDone, ui_->butBrowse, ui_->ComboID, ui_->txtLine});
-  connect(ui_->butBrowse, &QPushButton::clicked, this, &frmSendShift::Browse);
+      this, {ui_->butSend, ui_->butDone, ui_->butBrowse, ui_->ComboID, ui_->txtLine}, ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendShift::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   (file_name.isEmpty() ? static_cast<QWidget*>(ui_->butBrowse) : ui_->ComboID)->setFocus();
@@ -43,33 +51,20 @@ frmSendShift::frmSendShift(QWidget* parent, const QString& file_name)
 
 frmSendShift::~frmSendShift() = default;
 
-void frmSendShift::Browse() {
-  OpenDialogStyle style;
-  style.not_found_end = QString();
-  const QString path =
-      ShowFileDialog(this, u"Browse"_s, u"Scrolling Message File|*.srl|All|*.*"_s, 1, style);
-  if (path.isEmpty()) return;
-  if (Brivon1::IsScrollingFile(path)) {
-    ui_->lblFileName->setText(path);
-  } else {
-    ShowMessage(this, TranslateMessage(u"Error in opening file"_s));
-  }
-}
-
 void frmSendShift::Send() {
   const std::optional<Order> order = CheckedOrder();
   if (!order) return;
-  session_->Run([this, &order] { SendFile(*order); });
+  SendFile(*order);
   ui_->lblSendStatus->clear();
 }
 
 std::optional<frmSendShift::Order> frmSendShift::CheckedOrder() {
-  const QString path = ui_->lblFileName->text();
+  const QString path = file_->Path();
   if (!Brivon1::FileExists(path)) {
-    ShowMessage(this, TranslateMessage(u"File not found"_s) + QLatin1Char('!'));
+    file_->ReportNotFound();
     return std::nullopt;
   }
-  const auto panel = SelectedPanel(ui_->ComboID);
+  const auto panel = panels_->Selected();
   if (!panel) {
     ShowMessage(this, TranslateMessage(u"Invalid ID Selection!"_s));
     return std::nullopt;
@@ -88,10 +83,12 @@ std::optional<frmSendShift::Order> frmSendShift::CheckedOrder() {
 }
 
 void frmSendShift::SendFile(const Order& order) {
+  Sending sending(session_);
+  if (!sending) return;
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
-  session_->TransmitOverSerial(show_status, {}, [&](Brivon1::Transmission& transmission) {
-    const bool sent = Brivon1::SendScrollingFile(transmission, order.path, order.panel, order.line);
-    ShowMessage(this,
-                TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
-  });
+  auto line = sending.OpenSerial(show_status);
+  if (!line) return;
+  const bool sent = Brivon1::SendScrollingFile(*line, order.path, order.panel, order.line);
+  ShowMessage(this,
+              TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
 }

@@ -7,6 +7,8 @@
 
 #include <QDialog>
 
+#include "sending/file_to_send.h"
+#include "sending/panel_choice.h"
 #include "sending/sending_session.h"
 
 namespace Ui {
@@ -17,8 +19,10 @@ class frmSendShift : public QDialog {
   Q_OBJECT
 
  public:
-  /// `file_name` is the file handed over by an editor; it may be empty.
-  explicit frmSendShift(QWidget* parent, const QString& file_name);
+  /// `file_name` is the file handed over by an editor; it may be empty. `ports` are for
+  /// SendingSession.
+  explicit frmSendShift(QWidget* parent, const QString& file_name,
+                        const Brivon1::PanelPorts* ports = nullptr);
   ~frmSendShift() override;
 
  private:
@@ -29,7 +33,6 @@ class frmSendShift : public QDialog {
     int line = 0;
   };
 
-  void Browse();
   void Send();
 
   /// What the controls say, or nothing, after the message about it, where that cannot be sent.
@@ -37,5 +40,7 @@ class frmSendShift : public QDialog {
   void SendFile(const Order& order);
 
   std::unique_ptr<Ui::frmSendShift> ui_;
+  PanelChoice* panels_;
+  FileToSend* file_;
   SendingSession* session_;
 };

@@ -32,19 +32,18 @@ QByteArray ScrollingFrame(QByteArray text, int id, int line, qint16 colour_type)
 
 }  // namespace
 
-bool SendScrollingFile(Transmission& transmission, const QString& path, int id, int line) {
+bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_number) {
   const std::optional<QByteArray> text = ScrollingFileText(path);
   if (!text) return false;
-  const qint16 colour_type =
-      transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
-  transmission.status(u"Sending --->"_s);
+  const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
+  line.status(u"Sending --->"_s);
   if (!SendUntilAcknowledged(
-          transmission, id, ScrollingFrame(*text, id, line, colour_type), [] {}, kSendingTime) ||
-      !HasArrived(transmission, id)) {
+          line, id, ScrollingFrame(*text, id, line_number, colour_type), [] {}, kSendingTime) ||
+      !HasArrived(line, id)) {
     return false;
   }
-  transmission.status(u"<--- Ack"_s);
-  WaitTicks(transmission.timer, transmission.configuration.delay_period);
+  line.status(u"<--- Ack"_s);
+  WaitTicks(line.timer, line.configuration.delay_period);
   return true;
 }
 

@@ -5,9 +5,9 @@
 
 namespace Brivon1 {
 
-/// Sends the scrolling message file at `path` to line `line` of panel `id`. True when the panel has
-/// acknowledged it; false for a refused file, with nothing sent, and after five attempts without an
-/// acknowledgement. Shows no message.
-bool SendScrollingFile(Transmission& transmission, const QString& path, int id, int line);
+/// Sends the scrolling message file at `path` to line `line_number` of panel `id`. True when the
+/// panel has acknowledged it; false for a refused file, with nothing sent, and after five attempts
+/// without an acknowledgement. Shows no message.
+bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_number);
 
 }  // namespace Brivon1

@@ -1,5 +1,5 @@
 // The file that a dialog is to send: handed over by an editor or chosen with the dialog's Browse
-// button, and shown with its rows and columns.
+// button, and shown with its rows and columns where it has some.
 #pragma once
 
 #include <optional>
@@ -20,27 +20,31 @@ class FileToSend : public QObject {
   /// What the dialogs differ in.
   struct Kind {
     QString filter;  ///< As ShowFileDialog() takes it; its first entry is in force.
+    /// The dimension that a file of this kind was made for, 0 x 0 where the kind has none; nothing
+    /// for any other file.
     std::optional<Brivon1::Dimension> (*check)(const QString& path);
-    QString message_end;  ///< What follows the messages about a file.
+    QString browse_end;   ///< What follows the messages about a file that was chosen,
+    QString send_end;     ///< and that about a file that is gone when it is to be sent.
     QString dialog_name;  ///< The object name of the file dialog.
   };
 
   struct Controls {
     QPushButton* browse;
     QLabel* path;
-    QLabel* rows;
-    QLabel* columns;
+    QLabel* rows = nullptr;  ///< Null, as the columns, for a kind without a dimension.
+    QLabel* columns = nullptr;
   };
 
   /// `path` is the file handed over; it may be empty.
   FileToSend(QWidget* window, const Kind& kind, const Controls& controls, const QString& path);
 
-  QString Path() const;
+  QString Path() const { return path_; }
 
-  /// The rows and columns as they stand on the labels; 0 where a label is empty.
-  Brivon1::Dimension ShownDimension() const;
+  /// The rows and columns that the file had when it was last read; nothing when there was none.
+  std::optional<Brivon1::Dimension> Dimension() const { return dimension_; }
 
-  /// Shows the rows and columns that the file has now. They stay where it is no such file any more.
+  /// Reads and shows the rows and columns that the file has now. They stay where it is no such file
+  /// any more.
   void ReadAgain();
 
   /// Shows the message about a path that is no file, and about a file of another kind.
@@ -49,9 +53,12 @@ class FileToSend : public QObject {
 
  private:
   void Browse();
-  void Show(const QString& path, Brivon1::Dimension dimension);
+  void SetPath(const QString& path);
+  void SetDimension(Brivon1::Dimension dimension);
 
   QWidget* window_;
   Kind kind_;
   Controls controls_;
+  QString path_;
+  std::optional<Brivon1::Dimension> dimension_;
 };

@@ -1,78 +1,27 @@
 #include "sending/sending_session.h"
 
-#include <QComboBox>
-#include <QKeyEvent>
-#include <QScopeGuard>
+#include <utility>
 
-#include "base/code_page.h"
+#include <QKeyEvent>
+
 #include "language/module_language.h"
-#include "widgets/ignore_wheel.h"
+#include "panel_line/window_ports.h"
 
 using namespace Qt::StringLiterals;
 
+using Brivon1::OpenLine;
+using Brivon1::PanelPorts;
 using Brivon1::SendMode;
+using Brivon1::StatusLabel;
+using Brivon1::TcpEndpoint;
 
-void FillPanelList(QComboBox* list, QByteArray (*line)(int id, const Brivon1::PanelEntry& entry)) {
-  list->clear();
-  for (const QByteArray& entry : Brivon1::PanelListLines(Brivon1::Store(), line)) {
-    list->addItem(Brivon1::CodePage::System().ToText(entry), entry);
-  }
-  list->setCurrentIndex(-1);
-  IgnoreWheel(list);
-}
-
-std::optional<Brivon1::PanelListEntry> SelectedPanel(const QComboBox* list) {
-  if (list->currentIndex() < 0) return std::nullopt;
-  return Brivon1::ReadPanelListLine(list->currentData().toByteArray());
-}
-
-SendingSession::SendingSession(QDialog* window, QList<QWidget*> locked_controls)
+SendingSession::SendingSession(QDialog* window, QList<QWidget*> locked_controls,
+                               const PanelPorts* ports)
     : QObject(window),
       window_(window),
       locked_controls_(std::move(locked_controls)),
-      connection_(this) {
+      connection_(ports != nullptr ? *ports : (new Brivon1::WindowPorts(this))->Ports()) {
   window->installEventFilter(this);
-}
-
-void SendingSession::Run(const std::function<void()>& body) {
-  if (is_sending_) return;
-  Lock();
-  const auto unlock = qScopeGuard([this] {
-    connection_.Close();
-    Unlock();
-  });
-  body();
-}
-
-void SendingSession::Transmit(const Brivon1::TcpEndpoint& endpoint,
-                              const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
-                              const std::function<void(Brivon1::Transmission&)>& send) {
-  TransmitOver(Brivon1::Store().Mode(), endpoint, status, std::move(failure_style), send);
-}
-
-void SendingSession::TransmitOverSerial(const Brivon1::StatusLabel& status,
-                                        MessageBoxStyle failure_style,
-                                        const std::function<void(Brivon1::Transmission&)>& send) {
-  TransmitOver(SendMode::kSerial, {}, status, std::move(failure_style), send);
-}
-
-void SendingSession::TransmitOver(SendMode mode, const Brivon1::TcpEndpoint& endpoint,
-                                  const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
-                                  const std::function<void(Brivon1::Transmission&)>& send) {
-  const Brivon1::Configuration& configuration = Brivon1::Store();
-  if (mode == SendMode::kNone) return;
-  if (!connection_.Open(mode, configuration, endpoint)) {
-    failure_style.informative = connection_.FailureReason();
-    ShowMessage(window_,
-                ModuleLanguage::TranslateMessage(mode == SendMode::kSerial
-                                                     ? u"Fail to initialize communication port!"_s
-                                                     : u"Cannot create TCP link!"_s),
-                failure_style);
-    return;
-  }
-  Brivon1::Transmission transmission{connection_.Link(), connection_.Timer(), connection_.Clock(),
-                                     configuration, status};
-  send(transmission);
 }
 
 bool SendingSession::eventFilter(QObject* object, QEvent* event) {
@@ -109,4 +58,41 @@ void SendingSession::Unlock() {
   }
   if (focus_ != nullptr) focus_->setFocus();
   is_sending_ = false;
+}
+
+Sending::Sending(SendingSession* session) : session_(session->IsSending() ? nullptr : session) {
+  if (session_ != nullptr) session_->Lock();
+}
+
+Sending::~Sending() {
+  if (session_ == nullptr) return;
+  session_->connection_.Close();
+  session_->Unlock();
+}
+
+std::optional<OpenLine> Sending::Open(const TcpEndpoint& endpoint, const StatusLabel& status,
+                                      const MessageBoxStyle& failure_style) {
+  return Open(Brivon1::Store().Mode(), endpoint, status, failure_style);
+}
+
+std::optional<OpenLine> Sending::OpenSerial(const StatusLabel& status) {
+  return Open(SendMode::kSerial, {}, status, {});
+}
+
+std::optional<OpenLine> Sending::Open(SendMode mode, const TcpEndpoint& endpoint,
+                                      const StatusLabel& status, MessageBoxStyle failure_style) {
+  if (mode == SendMode::kNone) return std::nullopt;
+  Brivon1::PanelConnection& connection = session_->connection_;
+  const Brivon1::Configuration configuration = Brivon1::Store();
+  if (connection.Open(mode, configuration, endpoint)) {
+    return OpenLine{connection.Link(), connection.Timer(), connection.Clock(), configuration,
+                    status};
+  }
+  failure_style.informative = connection.FailureReason();
+  ShowMessage(session_->window_,
+              ModuleLanguage::TranslateMessage(mode == SendMode::kSerial
+                                                   ? u"Fail to initialize communication port!"_s
+                                                   : u"Cannot create TCP link!"_s),
+              failure_style);
+  return std::nullopt;
 }

@@ -1,8 +1,7 @@
-// What the windows that send share: they own a link, choose a panel from a list, and while they
-// send their controls are locked, the pointer is busy and the window stays open.
+// What the windows that send share: each has ports of its own, and while it sends its controls are
+// locked, the pointer is busy and the window stays open.
 #pragma once
 
-#include <functional>
 #include <optional>
 
 #include <QDialog>
@@ -16,47 +15,23 @@
 #include "store/panel_list.h"
 #include "widgets/message_boxes.h"
 
-class QComboBox;
-
-/// Fills `list` with one entry for each configured panel, made by `line`; no entry is selected.
-void FillPanelList(QComboBox* list,
-                   QByteArray (*line)(int id,
-                                      const Brivon1::PanelEntry& entry) = Brivon1::PanelListLine);
-
-/// The selected panel of a list filled by FillPanelList(), or nothing without a selection.
-std::optional<Brivon1::PanelListEntry> SelectedPanel(const QComboBox* list);
-
 /// One per window that sends. It must be created in the window's constructor and live as long.
 class SendingSession : public QObject {
   Q_OBJECT
 
  public:
-  /// `locked_controls` are disabled while the window sends.
-  SendingSession(QDialog* window, QList<QWidget*> locked_controls);
-
-  /// Runs `body` with the controls locked and the pointer busy; the link is closed and everything
-  /// unlocked afterwards, on every path. A call while one is running does nothing.
-  void Run(const std::function<void()>& body);
-
-  /// To be called from within Run(): opens the link by the configured send mode and hands it to
-  /// `send`. Where it cannot be opened, the message about it is shown in `failure_style` and `send`
-  /// is not called; in neither mode nothing happens at all.
-  void Transmit(const Brivon1::TcpEndpoint& endpoint, const Brivon1::StatusLabel& status,
-                MessageBoxStyle failure_style,
-                const std::function<void(Brivon1::Transmission&)>& send);
-
-  /// The same over the serial line, whatever the configured send mode.
-  void TransmitOverSerial(const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
-                          const std::function<void(Brivon1::Transmission&)>& send);
+  /// `locked_controls` are disabled while the window sends. `ports` outlive the session; without
+  /// any it has the real ones.
+  SendingSession(QDialog* window, QList<QWidget*> locked_controls,
+                 const Brivon1::PanelPorts* ports = nullptr);
 
   bool IsSending() const { return is_sending_; }
 
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  void TransmitOver(Brivon1::SendMode mode, const Brivon1::TcpEndpoint& endpoint,
-                    const Brivon1::StatusLabel& status, MessageBoxStyle failure_style,
-                    const std::function<void(Brivon1::Transmission&)>& send);
+  friend class Sending;
+
   void Lock();
   void Unlock();
 
@@ -66,4 +41,34 @@ class SendingSession : public QObject {
   QPointer<QWidget> focus_;
   Brivon1::PanelConnection connection_;
   bool is_sending_ = false;
+};
+
+/// While it lives, the window is locked and its pointer busy. Its end closes the line and unlocks
+/// the window. Of a window that is sending already it is empty and changes nothing.
+class [[nodiscard]] Sending {
+ public:
+  explicit Sending(SendingSession* session);
+  ~Sending();
+
+  Sending(const Sending&) = delete;
+  Sending& operator=(const Sending&) = delete;
+
+  explicit operator bool() const { return session_ != nullptr; }
+
+  /// Opens the line by the configured send mode. Nothing where that fails, after the message about
+  /// it in `failure_style`; nothing without a message in neither mode.
+  std::optional<Brivon1::OpenLine> Open(const Brivon1::TcpEndpoint& endpoint,
+                                        const Brivon1::StatusLabel& status,
+                                        const MessageBoxStyle& failure_style = {});
+
+  /// The same for the serial line, whatever the configured send mode.
+  std::optional<Brivon1::OpenLine> OpenSerial(const Brivon1::StatusLabel& status);
+
+ private:
+  std::optional<Brivon1::OpenLine> Open(Brivon1::SendMode mode,
+                                        const Brivon1::TcpEndpoint& endpoint,
+                                        const Brivon1::StatusLabel& status,
+                                        MessageBoxStyle failure_style);
+
+  SendingSession* session_;
 };

@@ -1,6 +1,7 @@
 #include "store/configuration_store.h"
 
 #include <algorithm>
+#include <limits>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,8 +17,8 @@ namespace {
 constexpr QByteArrayView kSerialPortsSection = "Serial Ports";
 constexpr qsizetype kSendModeLength = 5;
 constexpr qsizetype kColumnDigits = 3;
-constexpr int kLongestDelay = 30000;  // the tick counters stop here, and a wait must end
 constexpr int kHighestSerialPort = 16;
+constexpr int kHighestNumber = std::numeric_limits<qint16>::max();
 
 Configuration& MutableStore() {
   static Configuration store;
@@ -33,7 +34,9 @@ QString& FolderOverride() {
 QByteArrayView AfterComma(QByteArrayView text) { return text.sliced(text.indexOf(',') + 1); }
 
 /// A dimension is digits alone: one with a minus sign is none.
-qint16 Digits(QByteArrayView text) { return static_cast<qint16>(LeadingNumber(text, 0, 32767)); }
+qint16 Digits(QByteArrayView text) {
+  return static_cast<qint16>(LeadingNumber(text, 0, kHighestNumber));
+}
 
 }  // namespace
 
@@ -72,10 +75,10 @@ Configuration ReadConfiguration(const IniFile& file) {
   configuration.send_mode =
       file.Value(kCommunicationSection, "SendMode", kSendModeLength).value_or(QByteArray());
   configuration.baud_rate = file.Integer(kCommunicationSection, "Baudrate", 9600);
-  configuration.com_port =
-      static_cast<qint16>(std::min(file.Integer(kCommunicationSection, "ComPort", 2), 32767));
-  configuration.delay_period = static_cast<qint16>(
-      std::clamp(file.Integer(kCommunicationSection, "Delay Period", 300), 0, kLongestDelay));
+  configuration.com_port = static_cast<qint16>(
+      std::min(file.Integer(kCommunicationSection, "ComPort", 2), kHighestNumber));
+  configuration.delay_period = static_cast<qint16>(std::clamp<int>(
+      file.Integer(kCommunicationSection, "Delay Period", 300), 0, kLongestDelayPeriod));
   configuration.code_page = file.Integer("Files", "CodePage", 0);
   const auto read_device = [&](int port) {
     const auto device = file.Value(kSerialPortsSection, "Com" + QByteArray::number(port));

@@ -21,6 +21,10 @@ inline constexpr int kMaxRows = 12;
 inline constexpr QByteArrayView kDimensionSection = "Dimension Config";
 inline constexpr QByteArrayView kCommunicationSection = "Communication";
 
+/// The longest "Delay Period", in milliseconds: the counters of a tick timer stop here, and a pause
+/// must end.
+inline constexpr qint16 kLongestDelayPeriod = 30000;
+
 /// At most this many bytes of a panel's value are read.
 inline constexpr qsizetype kLongestPanelValue = 34;
 
@@ -46,7 +50,7 @@ struct Configuration {
   qint16 com_port = 0;                       ///< Serial port number; port 2 is the second port.
   std::optional<bool> dtr;                   ///< That port's DTR; nothing: as the system sets it.
   std::optional<bool> rts;                   ///< The same for RTS.
-  qint16 delay_period = 0;                   ///< Milliseconds, 0 to 30000.
+  qint16 delay_period = 0;                   ///< Milliseconds, 0 to kLongestDelayPeriod.
   int code_page = 0;                         ///< As it is named; 0 where it is not.
   std::map<int, QByteArray> serial_devices;  ///< Devices named for a port number.
 

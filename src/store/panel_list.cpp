@@ -11,19 +11,6 @@ constexpr const char* kGap = "     ";
 constexpr qsizetype kIdAt = 2;
 constexpr qsizetype kIdDigits = 3;
 constexpr qsizetype kBeforeFirstPoint = 3;
-constexpr int kDefaultPort = 80;
-constexpr int kHighestPort = 65535;
-
-TcpEndpoint ReadEndpoint(const QByteArray& line) {
-  const qsizetype point = line.indexOf('.');
-  if (point < 0) return {};
-  const QByteArray address =
-      TrimBlanks(line.mid(std::max<qsizetype>(point - kBeforeFirstPoint, 0)));
-  const qsizetype colon = address.indexOf(':');
-  if (colon < 0) return {address, kDefaultPort};
-  const int port = LeadingNumber(address.mid(colon + 1), -1, kHighestPort + 1);
-  return {TrimBlanks(address.first(colon)), port < 1 || port > kHighestPort ? 0 : port};
-}
 
 }  // namespace
 
@@ -45,6 +32,17 @@ QList<QByteArray> PanelListLines(const Configuration& configuration,
     if (entry.IsConfigured()) lines.append(line(id, entry));
   }
   return lines;
+}
+
+TcpEndpoint ReadEndpoint(const QByteArray& text) {
+  const qsizetype point = text.indexOf('.');
+  if (point < 0) return {};
+  const QByteArray address =
+      TrimBlanks(text.mid(std::max<qsizetype>(point - kBeforeFirstPoint, 0)));
+  const qsizetype colon = address.indexOf(':');
+  if (colon < 0) return {address, kDefaultTcpPort};
+  const int port = LeadingNumber(address.mid(colon + 1), -1, kHighestTcpPort + 1);
+  return {TrimBlanks(address.first(colon)), port < 1 || port > kHighestTcpPort ? 0 : port};
 }
 
 PanelListEntry ReadPanelListLine(const QByteArray& line) {

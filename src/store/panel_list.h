@@ -21,10 +21,14 @@ QList<QByteArray> PanelListLines(const Configuration& configuration,
                                  QByteArray (*line)(int id,
                                                     const PanelEntry& entry) = PanelListLine);
 
+/// The TCP port of an address that names none, and the highest that there is.
+inline constexpr int kDefaultTcpPort = 80;
+inline constexpr int kHighestTcpPort = 65535;
+
 /// Where a panel is reached over TCP/IP.
 struct TcpEndpoint {
   QByteArray host;
-  int port = 0;  ///< 1 to 65535; 0 in an unusable endpoint.
+  int port = 0;  ///< 1 to kHighestTcpPort; 0 in an unusable endpoint.
 
   bool IsUsable() const { return !host.isEmpty() && port != 0; }
 };
@@ -37,10 +41,14 @@ struct PanelListEntry {
   TcpEndpoint endpoint;
 };
 
-/// Takes a line of PanelListLine() or ShortPanelListLine() apart. The endpoint is read from three
-/// characters before the line's first "." to its end: the host before the first ":", the port
-/// behind it, 80 without one. A line without a ".", or with a port outside 1 to 65535, yields an
-/// unusable endpoint.
+/// The endpoint that a panel's address, or a line that ends with it, names. It is read from three
+/// characters before the text's first "." to its end: the host before the first ":", the port
+/// behind it, kDefaultTcpPort without one. A text without a ".", or with a port outside 1 to
+/// kHighestTcpPort, yields an unusable endpoint.
+TcpEndpoint ReadEndpoint(const QByteArray& text);
+
+/// Takes a line of PanelListLine() or ShortPanelListLine() apart, its endpoint as ReadEndpoint()
+/// does.
 PanelListEntry ReadPanelListLine(const QByteArray& line);
 
 }  // namespace Brivon1

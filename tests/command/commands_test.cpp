@@ -16,9 +16,10 @@ class Commands : public testing::Test {
 
   CommandReport Run(PanelCommand command, int id, const QString& page = {},
                     SendMode mode = SendMode::kSerial) {
-    Transmission transmission{link_, timer_, clock_, Store(), [](const QString&) {}};
+    OpenLine line{link_, timer_, clock_, Store(), [](const QString&) {}};
+    line.configuration.send_mode = mode == SendMode::kTcp ? "TCPIP" : "RS232";
     const QDateTime now(QDate(2025, 3, 5), QTime(14, 7, 9));
-    return CarryOutCommand(transmission, mode, command, id, page, now);
+    return CarryOutCommand(line, command, id, page, now);
   }
 
   TemporaryProgramFolder folder_;

@@ -32,10 +32,9 @@ class MessageTransmission : public testing::Test {
   }
 
   bool Send(const QString& path, int id, Dimension panel) {
-    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
-                                time_.Note(u"status \"%1\""_s.arg(text));
-                              }};
-    return SendMessageFile(transmission, path, id, "007", panel);
+    OpenLine line{link_, timer_, clock_, Store(),
+                  [this](const QString& text) { time_.Note(u"status \"%1\""_s.arg(text)); }};
+    return SendMessageFile(line, path, id, "007", panel);
   }
 
   /// The one frame that a two-row file makes of `line` in its first row.

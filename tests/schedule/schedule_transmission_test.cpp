@@ -56,10 +56,9 @@ class ScheduleTransmission : public testing::Test {
   }
 
   bool SendFile(const QString& path, int id = 10, const QString& letter = u"A"_s) {
-    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
-                                time_.Note(u"status \"%1\""_s.arg(text));
-                              }};
-    return SendScheduleFile(transmission, path, id, letter,
+    OpenLine line{link_, timer_, clock_, Store(),
+                  [this](const QString& text) { time_.Note(u"status \"%1\""_s.arg(text)); }};
+    return SendScheduleFile(line, path, id, letter,
                             [this](const QString& text) { shown_.append(text); });
   }
 

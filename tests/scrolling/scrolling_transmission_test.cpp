@@ -25,11 +25,10 @@ class ScrollingTransmission : public testing::Test {
     return folder_.Write(u"a.srl"_s, "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
   }
 
-  bool Send(const QString& path, int id, int line) {
-    Transmission transmission{link_, timer_, clock_, Store(), [this](const QString& text) {
-                                time_.Note(u"status \"%1\""_s.arg(text));
-                              }};
-    return SendScrollingFile(transmission, path, id, line);
+  bool Send(const QString& path, int id, int line_number) {
+    OpenLine line{link_, timer_, clock_, Store(),
+                  [this](const QString& text) { time_.Note(u"status \"%1\""_s.arg(text)); }};
+    return SendScrollingFile(line, path, id, line_number);
   }
 
   /// The frame that carries a file with this body.

@@ -62,8 +62,28 @@ TEST(PanelList, APanelAddress192Dot168Dot1Dot50Port2101ConnectsToPort2101OnThatH
   EXPECT_EQ(entry.endpoint.port, 2101);
 }
 
+/// The endpoint of an address, which is the same by itself and at the end of a panel list line.
 TcpEndpoint EndpointOf(const QByteArray& address) {
-  return ReadPanelListLine("ID001     4x96     Tri-Color     " + address).endpoint;
+  const TcpEndpoint endpoint =
+      ReadPanelListLine("ID001     4x96     Tri-Color     " + address).endpoint;
+  EXPECT_EQ(ReadEndpoint(address).host, endpoint.host) << address.toStdString();
+  EXPECT_EQ(ReadEndpoint(address).port, endpoint.port) << address.toStdString();
+  return endpoint;
+}
+
+TEST(PanelList, AnyAddressOfTheConfigurationNamesTheSameEndpointAsItsLine) {
+  EXPECT_EQ(EndpointOf(".").host, ".");
+  EXPECT_EQ(EndpointOf("a.").host, "a.");
+  EXPECT_EQ(EndpointOf("ab.c").host, "ab.c");
+  EXPECT_EQ(EndpointOf("abcd.e").host, "bcd.e");
+  EXPECT_EQ(EndpointOf("a b.c:7").host, "a b.c");
+  EXPECT_EQ(EndpointOf("ab\t .c").host, "b\t .c");
+  EXPECT_EQ(EndpointOf("x16x.1:80").host, "16x.1");
+  EXPECT_EQ(EndpointOf("80:1.2").host, "0");
+  EXPECT_EQ(EndpointOf("80:1.2").port, 1);
+  EXPECT_EQ(EndpointOf("1280:1.2").host, "0");
+  EXPECT_EQ(EndpointOf(":1.2").host, "");
+  EXPECT_EQ(EndpointOf("10.0.0.5,192.168.0.1:9").host, "10.0.0.5,192.168.0.1");
 }
 
 TEST(PanelList, AShortFirstPartOfAnAddressHasNoBlanks) {
