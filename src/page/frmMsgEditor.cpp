@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QTimer>
 
 #include "language/module_language.h"
 #include "page/frmDimension.h"
@@ -25,21 +24,14 @@ namespace {
 using Brivon1::kMaxRows;
 using ModuleLanguage::TranslateMessage;
 
-constexpr int kCursorMilliseconds = 500;
-constexpr int kBlinkMilliseconds = 500;
 constexpr int kShiftPixels = 10;
 
 }  // namespace
 
 frmMsgEditor::frmMsgEditor(QWidget* parent)
-    : QDialog(parent),
-      ui_(std::make_unique<Ui::frmMsgEditor>()),
-      cursor_timer_(new QTimer(this)),
-      blink_timer_(new QTimer(this)) {
+    : QDialog(parent), ui_(std::make_unique<Ui::frmMsgEditor>()), timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  cursor_timer_->setObjectName(u"Timer1"_s);
-  blink_timer_->setObjectName(u"Timer2"_s);
   file_ = new EditedFile(this, ui_->lblFileName, page_.ModifiedFlag(),
                          {[this](const QString& path) { return WriteFile(path); },
                           [this] { return AskForName(); }, EditedFile::AfterYes::kStillModified});
@@ -47,7 +39,6 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   FillLists();
   ConnectButtons();
   ConnectRows();
-  ConnectTimers();
   setTabOrder(ui_->cmdAddTime, &ui_->rowArea->Surface(1));
   for (int row = 1; row < kMaxRows; ++row) {
     setTabOrder(&ui_->rowArea->Surface(row), &ui_->rowArea->Surface(row + 1));
@@ -62,19 +53,17 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
 frmMsgEditor::~frmMsgEditor() = default;
 
 void frmMsgEditor::FillLists() {
-  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_);
+  const auto return_keyboard = [this] { ReturnKeyboardToRow(); };
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_, return_keyboard);
+  new ListGuard(ui_->ComboGraphic, return_keyboard);
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     ui_->ComboGraphic->addItem(QString(QLatin1Char(letter)));
   }
   // Any choice counts, also of the entry that is shown already.
   connect(ui_->ComboGraphic, &QComboBox::activated, this, [this](int index) {
     page_.InsertGraphic(static_cast<char>('A' + index));
-    ShowEdit();
-    ReturnKeyboardToRow();
+    ResumeTyping();
   });
-  for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize, ui_->ComboGraphic}) {
-    new ListGuard(list, [this] { ReturnKeyboardToRow(); });
-  }
   ui_->ComboGraphic->installEventFilter(this);
 }
 
@@ -85,30 +74,20 @@ void frmMsgEditor::ConnectButtons() {
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmMsgEditor::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmMsgEditor::reject);
-  connect(ui_->chkBlink, &QCheckBox::clicked, this, &frmMsgEditor::ReturnKeyboardToRow);
   connect(ui_->cmdAddDate, &QPushButton::clicked, this, [this] {
     page_.InsertDate();
-    ShowEdit();
-    ReturnKeyboardToRow();
+    ResumeTyping();
   });
   connect(ui_->cmdAddTime, &QPushButton::clicked, this, [this] {
     page_.InsertTime();
-    ShowEdit();
-    ReturnKeyboardToRow();
+    ResumeTyping();
   });
   connect(ui_->Command3, &QPushButton::clicked, this,
           [this] { ui_->rowArea->MoveRows(kShiftPixels); });
   connect(ui_->Command4, &QPushButton::clicked, this,
           [this] { ui_->rowArea->MoveRows(-kShiftPixels); });
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
-  AddUndoShortcuts(
-      this, [this] { ShowUndone(page_.Undo()); }, [this] { ShowUndone(page_.Redo()); });
-}
-
-void frmMsgEditor::ShowUndone(bool undone) {
-  if (!undone) return;
-  ShowEdit();
-  ReturnKeyboardToRow();
+  AddUndoShortcuts(this, page_, [this] { ResumeTyping(); });
 }
 
 void frmMsgEditor::ConnectRows() {
@@ -121,19 +100,8 @@ void frmMsgEditor::ConnectRows() {
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
     connect(&surface, &RowSurface::KeyboardEntered, this, [this, row] { EnterRow(row); });
   }
-}
-
-void frmMsgEditor::ConnectTimers() {
-  cursor_timer_->setInterval(kCursorMilliseconds);
-  connect(cursor_timer_, &QTimer::timeout, this, [this] { SetCursorShown(!cursor_shown_); });
-  blink_timer_->setInterval(kBlinkMilliseconds);
-  connect(blink_timer_, &QTimer::timeout, this, [this] {
-    blinking_hidden_ = !blinking_hidden_;
-    for (int row = 1; row <= page_.Rows(); ++row) {
-      ui_->rowArea->Surface(row).SetBlinkingHidden(blinking_hidden_);
-    }
-  });
-  blink_timer_->start();
+  connect(timers_, &BlinkTimers::CursorBlinked, this, &frmMsgEditor::ShowCursor);
+  connect(timers_, &BlinkTimers::CharactersBlinked, this, &frmMsgEditor::HideBlinking);
 }
 
 void frmMsgEditor::NewPage() {
@@ -191,8 +159,7 @@ void frmMsgEditor::LayOutPage() {
   const std::initializer_list<QWidget*> for_a_page = {ui_->butSave, ui_->butSaveAs, ui_->cmdAddDate,
                                                       ui_->cmdAddTime, ui_->ComboGraphic};
   for (QWidget* control : for_a_page) control->setEnabled(true);
-  ShowEdit();
-  ReturnKeyboardToRow();
+  ResumeTyping();
 }
 
 void frmMsgEditor::TypeText(int row, const QString& text) {
@@ -206,8 +173,7 @@ void frmMsgEditor::TypeText(int row, const QString& text) {
 void frmMsgEditor::PressMoveKey(int row, Brivon1::MoveKey key) {
   page_.SetCurrentRow(row);
   page_.PressMoveKey(key);
-  ShowEdit();
-  ReturnKeyboardToRow();
+  ResumeTyping();
 }
 
 void frmMsgEditor::ClickRow(int row, double x) {
@@ -225,18 +191,26 @@ void frmMsgEditor::ShowEdit() {
   ui_->rowArea->MarkCurrentRow();
   ui_->rowArea->FollowCursor();
   ui_->rowArea->Surface(page_.CurrentRow()).RedrawRow();
-  // The cursor is seen at once wherever it has come to, and blinks from there on.
-  SetCursorShown(true);
-  cursor_timer_->start();
+  timers_->ShowCursor();
 }
 
-void frmMsgEditor::SetCursorShown(bool shown) {
-  cursor_shown_ = shown;
+void frmMsgEditor::ResumeTyping() {
+  ShowEdit();
+  ReturnKeyboardToRow();
+}
+
+void frmMsgEditor::ShowCursor(bool shown) {
   for (int row = 1; row <= kMaxRows; ++row) {
     const auto line = row != page_.CurrentRow() ? RowSurface::CursorLine::kNone
                       : shown                   ? RowSurface::CursorLine::kShown
                                                 : RowSurface::CursorLine::kErased;
     ui_->rowArea->Surface(row).SetCursorLine(line);
+  }
+}
+
+void frmMsgEditor::HideBlinking(bool hidden) {
+  for (int row = 1; row <= page_.Rows(); ++row) {
+    ui_->rowArea->Surface(row).SetBlinkingHidden(hidden);
   }
 }
 

@@ -7,10 +7,9 @@
 #include <QDialog>
 
 #include "page/page_message.h"
+#include "row/blink_timers.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
-
-class QTimer;
 
 namespace Ui {
 class frmMsgEditor;
@@ -36,7 +35,6 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void FillLists();
   void ConnectButtons();
   void ConnectRows();
-  void ConnectTimers();
 
   void NewPage();
   void OpenFile();
@@ -54,15 +52,16 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
 
   /// Shows what became of the current row, its cursor first of all.
   void ShowEdit();
-  void ShowUndone(bool undone);
-  void SetCursorShown(bool shown);
+
+  /// The same where the keyboard may be elsewhere: it goes back to the row.
+  void ResumeTyping();
+
+  void ShowCursor(bool shown);
+  void HideBlinking(bool hidden);
   void ReturnKeyboardToRow();
 
   std::unique_ptr<Ui::frmMsgEditor> ui_;
   EditedFile* file_;
-  QTimer* cursor_timer_;
-  QTimer* blink_timer_;
+  BlinkTimers* timers_;
   Brivon1::PageMessage page_;
-  bool cursor_shown_ = false;
-  bool blinking_hidden_ = false;
 };

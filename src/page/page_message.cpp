@@ -10,7 +10,7 @@ void PageMessage::Begin(Dimension dimension) {
   dimension_.columns = std::max<qint16>(dimension.columns, 0);
   rows_ = PageRows();
   current_row_ = 1;
-  history_.Clear();
+  ForgetEdits();
 }
 
 void PageMessage::TakeOver(Dimension dimension, PageRows rows) {
@@ -24,6 +24,11 @@ void PageMessage::SetCurrentRow(int number) {
   if (number >= 1 && number <= Rows()) current_row_ = static_cast<qint16>(number);
 }
 
+PageRow& PageMessage::GoToRow(int number) {
+  SetCurrentRow(number);
+  return Current();
+}
+
 qsizetype PageMessage::Places() const {
   // A page of no rows has no place for a character either.
   return current_row_ > Rows() ? 0 : MaxCharsPerRow();
@@ -32,32 +37,12 @@ qsizetype PageMessage::Places() const {
 void PageMessage::TypeAll(QByteArrayView characters) {
   const PageRow before = Current();
   if (TypeAllInto(Current(), characters, CurrentAttributes(), Places())) SetModified(true);
-  Record(before);
+  RecordEdit(current_row_, before, Current());
 }
 
 void PageMessage::InsertGraphic(char letter) {
   const char placeholder[] = {'~', letter};
   TypeAll({placeholder, 2});
-}
-
-void PageMessage::Record(const PageRow& before) {
-  if (!before.ShowsTheSameAs(Current())) history_.Record({current_row_, before});
-}
-
-bool PageMessage::Undo() {
-  if (!history_.CanUndo()) return false;
-  SetCurrentRow(history_.UndoRow());
-  history_.Undo(Current());
-  SetModified(true);
-  return true;
-}
-
-bool PageMessage::Redo() {
-  if (!history_.CanRedo()) return false;
-  SetCurrentRow(history_.RedoRow());
-  history_.Redo(Current());
-  SetModified(true);
-  return true;
 }
 
 void PageMessage::PressMoveKey(MoveKey key) {
@@ -66,7 +51,7 @@ void PageMessage::PressMoveKey(MoveKey key) {
   if (key == MoveKey::kBackspaceWord) SetModified(true);
   const PageRow before = Current();
   PressKeyIn(Current(), key);
-  Record(before);
+  RecordEdit(current_row_, before, Current());
 }
 
 void PageMessage::Click(int number, double x) {

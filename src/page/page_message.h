@@ -7,7 +7,7 @@
 #include <QByteArrayView>
 
 #include "base/file_checks.h"
-#include "row/edit_history.h"
+#include "row/edited_message.h"
 #include "row/page_row.h"
 #include "row/row_editing.h"
 #include "store/configuration_store.h"
@@ -67,11 +67,6 @@ class PageMessage : public EditedMessage {
   /// Types several characters by the typing rule; Undo() takes them back together.
   void TypeAll(QByteArrayView characters);
 
-  /// Takes the last edit back, or makes it again: the row becomes the current one and the page
-  /// modified. False, and nothing happens, without such an edit.
-  bool Undo();
-  bool Redo();
-
   /// What a key does that moves or deletes. Of them, Backspace alone is typing and marks the page
   /// modified, whatever the effect.
   void PressMoveKey(MoveKey key);
@@ -86,13 +81,11 @@ class PageMessage : public EditedMessage {
 
   PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
 
-  /// Remembers the current row as it was, if an edit has changed it.
-  void Record(const PageRow& before);
+  PageRow& GoToRow(int number) override;
 
   Dimension dimension_;
   PageRows rows_;
   qint16 current_row_ = 1;
-  EditHistory history_;
 };
 
 }  // namespace Brivon1

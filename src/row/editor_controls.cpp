@@ -10,7 +10,8 @@
 
 #include "widgets/ignore_wheel.h"
 
-void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message) {
+void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
+                       const std::function<void()>& return_keyboard) {
   for (const char* name : Brivon1::kColourNames) controls.colour->addItem(QLatin1String(name));
   for (const char* name : Brivon1::kSizeNames) controls.size->addItem(QLatin1String(name));
   QObject::connect(controls.colour, &QComboBox::currentIndexChanged, controls.colour,
@@ -19,16 +20,21 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
                    [&message](int index) { message.ChooseSize(index); });
   QObject::connect(controls.blink, &QCheckBox::toggled, controls.blink,
                    [&message](bool checked) { message.ChooseBlink(checked); });
+  QObject::connect(controls.blink, &QCheckBox::clicked, controls.blink, return_keyboard);
+  for (QComboBox* list : {controls.colour, controls.size}) new ListGuard(list, return_keyboard);
 }
 
-void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,
-                      const std::function<void()>& redo) {
-  const auto add = [window](const QKeySequence& keys, const std::function<void()>& act) {
-    QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window, act);
+void AddUndoShortcuts(QWidget* window, Brivon1::EditedMessage& message,
+                      const std::function<void()>& show) {
+  const auto add = [&](const QKeySequence& keys, bool (Brivon1::EditedMessage::*act)()) {
+    QObject::connect(new QShortcut(keys, window), &QShortcut::activated, window,
+                     [&message, act, show] {
+                       if ((message.*act)()) show();
+                     });
   };
-  add(QKeySequence(Qt::CTRL | Qt::Key_Z), undo);
-  add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), redo);
-  add(QKeySequence(Qt::CTRL | Qt::Key_Y), redo);
+  add(QKeySequence(Qt::CTRL | Qt::Key_Z), &Brivon1::EditedMessage::Undo);
+  add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &Brivon1::EditedMessage::Redo);
+  add(QKeySequence(Qt::CTRL | Qt::Key_Y), &Brivon1::EditedMessage::Redo);
 }
 
 ListGuard::ListGuard(QComboBox* list, std::function<void()> closed)

@@ -6,7 +6,7 @@
 
 #include <QObject>
 
-#include "row/row_editing.h"
+#include "row/edited_message.h"
 
 class QCheckBox;
 class QComboBox;
@@ -17,12 +17,15 @@ struct AttributeControls {
   QCheckBox* blink;
 };
 
-/// Fills the lists and lets all three choose the attributes of `message`, which outlives them.
-void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message);
+/// Fills the lists and lets all three choose the attributes of `message`, which outlives them. Who
+/// has chosen types on: `return_keyboard` is called.
+void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
+                       const std::function<void()>& return_keyboard);
 
-/// Binds the usual keys of undo and redo in `window`.
-void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,
-                      const std::function<void()>& redo);
+/// Binds the usual keys of undo and redo in `window`. `show` is called for an edit of `message`
+/// that was taken back or made again.
+void AddUndoShortcuts(QWidget* window, Brivon1::EditedMessage& message,
+                      const std::function<void()>& show);
 
 /// Keeps a list from being changed by accident, and gives the keyboard back after a choice.
 class ListGuard : public QObject {

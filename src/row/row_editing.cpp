@@ -161,14 +161,4 @@ TypedBytes BytesOf(const QString& text) {
   return typed;
 }
 
-void EditedMessage::ChooseColour(int index) {
-  if (index < 0 || index >= static_cast<int>(kColourNames.size())) return;
-  attributes_.colour = static_cast<char>('A' + index);
-}
-
-void EditedMessage::ChooseSize(int index) {
-  if (index < 0 || index >= static_cast<int>(kSizeNames.size())) return;
-  attributes_.size = static_cast<char>('A' + index);
-}
-
 }  // namespace Brivon1

@@ -73,26 +73,4 @@ struct TypedBytes {
 
 TypedBytes BytesOf(const QString& text);
 
-/// What every message has that is being edited: the attributes of what is typed next, and whether
-/// there is something to save.
-class EditedMessage {
- public:
-  /// The attributes of characters typed from now on. The index is a place in kColourNames or
-  /// kSizeNames; one outside is ignored.
-  const Attributes& CurrentAttributes() const { return attributes_; }
-  void ChooseColour(int index);
-  void ChooseSize(int index);
-  void ChooseBlink(bool blinking) { attributes_.blink = blinking ? kBlinking : kSteady; }
-
-  bool IsModified() const { return modified_; }
-  void SetModified(bool modified) { modified_ = modified; }
-
-  /// The flag itself, for whoever saves the message.
-  bool& ModifiedFlag() { return modified_; }
-
- private:
-  Attributes attributes_;
-  bool modified_ = false;
-};
-
 }  // namespace Brivon1

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include <QTimer>
-
 #include "base/file_checks.h"
 #include "language/module_language.h"
 #include "row/editor_controls.h"
@@ -22,19 +20,11 @@ namespace {
 using Brivon1::ScrollingMessage;
 using ModuleLanguage::TranslateMessage;
 
-constexpr int kCursorMilliseconds = 500;
-constexpr int kBlinkMilliseconds = 500;
-
 }  // namespace
 
 frmShiftMsg::frmShiftMsg(QWidget* parent)
-    : QDialog(parent),
-      ui_(std::make_unique<Ui::frmShiftMsg>()),
-      cursor_timer_(new QTimer(this)),
-      blink_timer_(new QTimer(this)) {
+    : QDialog(parent), ui_(std::make_unique<Ui::frmShiftMsg>()), timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
-  cursor_timer_->setObjectName(u"Timer1"_s);
-  blink_timer_->setObjectName(u"Timer2"_s);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
   surface_->setObjectName(u"Picture1"_s);
   surface_->setAccessibleName(u"Message"_s);
@@ -47,10 +37,8 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
       {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
   ConnectButtons();
   ConnectMessage();
-  ConnectTimers();
   file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
-  ShowEdit();
-  ReturnKeyboardToMessage();
+  ResumeTyping();
 }
 
 frmShiftMsg::~frmShiftMsg() = default;
@@ -66,11 +54,8 @@ void frmShiftMsg::ConnectButtons() {
 }
 
 void frmShiftMsg::ConnectMessage() {
-  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_);
-  for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize}) {
-    new ListGuard(list, [this] { ReturnKeyboardToMessage(); });
-  }
-  connect(ui_->chkBlink, &QCheckBox::clicked, this, &frmShiftMsg::ReturnKeyboardToMessage);
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_,
+                    [this] { surface_->setFocus(); });
   connect(surface_, &RowSurface::Typed, this, &frmShiftMsg::TypeText);
   connect(surface_, &RowSurface::MoveKeyPressed, this, [this](Brivon1::MoveKey key) {
     message_.PressMoveKey(key);
@@ -80,27 +65,19 @@ void frmShiftMsg::ConnectMessage() {
     message_.Click(x);
     ShowEdit();
   });
-  AddUndoShortcuts(
-      this, [this] { ShowUndone(message_.Undo()); }, [this] { ShowUndone(message_.Redo()); });
-}
-
-void frmShiftMsg::ConnectTimers() {
-  cursor_timer_->setInterval(kCursorMilliseconds);
-  connect(cursor_timer_, &QTimer::timeout, this, [this] { SetCursorShown(!cursor_shown_); });
-  blink_timer_->setInterval(kBlinkMilliseconds);
-  connect(blink_timer_, &QTimer::timeout, this, [this] {
-    blinking_hidden_ = !blinking_hidden_;
-    surface_->SetBlinkingHidden(blinking_hidden_);
+  AddUndoShortcuts(this, message_, [this] { ResumeTyping(); });
+  connect(timers_, &BlinkTimers::CursorBlinked, surface_, [this](bool shown) {
+    surface_->SetCursorLine(shown ? RowSurface::CursorLine::kShown
+                                  : RowSurface::CursorLine::kErased);
   });
-  blink_timer_->start();
+  connect(timers_, &BlinkTimers::CharactersBlinked, surface_, &RowSurface::SetBlinkingHidden);
 }
 
 void frmShiftMsg::NewMessage() {
   if (!MayLeave()) return;
   message_.Begin();
   file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
-  ShowEdit();
-  ReturnKeyboardToMessage();
+  ResumeTyping();
 }
 
 void frmShiftMsg::OpenFile() {
@@ -119,8 +96,7 @@ void frmShiftMsg::OpenFile() {
   }
   message_.TakeOver(std::move(*row));
   file_->SetPath(path);
-  ShowEdit();
-  ReturnKeyboardToMessage();
+  ResumeTyping();
 }
 
 void frmShiftMsg::OpenSendDialog() {
@@ -151,20 +127,10 @@ void frmShiftMsg::ShowEdit() {
   QString position = u"%1 of %2"_s.arg(message_.Row().Cursor()).arg(message_.Row().Length());
   if (message_.IsFull()) position += u" (full)"_s;
   ui_->lblPosition->setText(position);
-  // The cursor is seen at once wherever it has come to, and blinks from there on.
-  SetCursorShown(true);
-  cursor_timer_->start();
+  timers_->ShowCursor();
 }
 
-void frmShiftMsg::ShowUndone(bool undone) {
-  if (!undone) return;
+void frmShiftMsg::ResumeTyping() {
   ShowEdit();
-  ReturnKeyboardToMessage();
+  surface_->setFocus();
 }
-
-void frmShiftMsg::SetCursorShown(bool shown) {
-  cursor_shown_ = shown;
-  surface_->SetCursorLine(shown ? RowSurface::CursorLine::kShown : RowSurface::CursorLine::kErased);
-}
-
-void frmShiftMsg::ReturnKeyboardToMessage() { surface_->setFocus(); }

@@ -6,12 +6,11 @@
 
 #include <QDialog>
 
+#include "row/blink_timers.h"
 #include "row/row_surface.h"
 #include "scrolling/scrolling_message.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
-
-class QTimer;
 
 namespace Ui {
 class frmShiftMsg;
@@ -33,7 +32,6 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
  private:
   void ConnectButtons();
   void ConnectMessage();
-  void ConnectTimers();
 
   void NewMessage();
   void OpenFile();
@@ -46,16 +44,13 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
 
   /// Shows what became of the message, its cursor first of all.
   void ShowEdit();
-  void ShowUndone(bool undone);
-  void SetCursorShown(bool shown);
-  void ReturnKeyboardToMessage();
+
+  /// The same where the keyboard may be elsewhere: it goes back to the message.
+  void ResumeTyping();
 
   Brivon1::ScrollingMessage message_;
   std::unique_ptr<Ui::frmShiftMsg> ui_;
   EditedFile* file_;
   RowSurface* surface_;
-  QTimer* cursor_timer_;
-  QTimer* blink_timer_;
-  bool cursor_shown_ = false;
-  bool blinking_hidden_ = false;
+  BlinkTimers* timers_;
 };

@@ -17,7 +17,7 @@ void ScrollingMessage::TakeOver(PageRow row) {
   row_.End();
   first_visible_ = 0;
   FollowCursor();
-  history_.Clear();
+  ForgetEdits();
   SetModified(false);
 }
 
@@ -28,22 +28,9 @@ void ScrollingMessage::TypeAll(QByteArrayView characters) {
   Finish(before);
 }
 
-bool ScrollingMessage::Undo() {
-  if (!history_.CanUndo()) return false;
-  history_.Undo(row_);
+void ScrollingMessage::ShowRestoredRow() {
   LookBack();
   FollowCursor();
-  SetModified(true);
-  return true;
-}
-
-bool ScrollingMessage::Redo() {
-  if (!history_.CanRedo()) return false;
-  history_.Redo(row_);
-  LookBack();
-  FollowCursor();
-  SetModified(true);
-  return true;
 }
 
 void ScrollingMessage::PressMoveKey(MoveKey key) {
@@ -59,9 +46,7 @@ void ScrollingMessage::Click(double x) {
 
 void ScrollingMessage::Finish(const PageRow& before) {
   FollowCursor();
-  if (row_.ShowsTheSameAs(before)) return;
-  history_.Record({kTheOneRow, before});
-  SetModified(true);
+  if (RecordEdit(kTheOneRow, before, row_)) SetModified(true);
 }
 
 void ScrollingMessage::LookBackAfter(const PageRow& before) {

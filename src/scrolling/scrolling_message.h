@@ -4,7 +4,7 @@
 
 #include <QByteArrayView>
 
-#include "row/edit_history.h"
+#include "row/edited_message.h"
 #include "row/page_row.h"
 #include "row/row_editing.h"
 
@@ -42,11 +42,6 @@ class ScrollingMessage : public EditedMessage {
   /// Types several characters by the typing rule; Undo() takes them back together.
   void TypeAll(QByteArrayView characters);
 
-  /// Takes the last edit back, or makes it again, and marks the message modified. False, and
-  /// nothing happens, without such an edit.
-  bool Undo();
-  bool Redo();
-
   /// What a key does that moves or deletes; up and down do nothing.
   void PressMoveKey(MoveKey key);
 
@@ -55,6 +50,9 @@ class ScrollingMessage : public EditedMessage {
   void Click(double x);
 
  private:
+  PageRow& GoToRow(int /*number*/) override { return row_; }
+  void ShowRestoredRow() override;
+
   /// Brings the cursor into sight, and takes note if the message is not what it was `before`.
   void Finish(const PageRow& before);
   void FollowCursor();
@@ -68,7 +66,6 @@ class ScrollingMessage : public EditedMessage {
 
   PageRow row_{PageRow::kEveryColumn};
   qsizetype first_visible_ = 0;
-  EditHistory history_;
 };
 
 }  // namespace Brivon1

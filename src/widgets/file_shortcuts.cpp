@@ -15,7 +15,7 @@ void AddShortcut(const QKeySequence& keys, QPushButton* button) {
 }  // namespace
 
 void AddFileShortcuts(const FileButtons& buttons) {
-  AddShortcut(QKeySequence::New, buttons.begin);
+  AddShortcut(QKeySequence::New, buttons.new_file);
   AddShortcut(QKeySequence::Open, buttons.open);
   AddShortcut(QKeySequence::Save, buttons.save);
   const QKeySequence save_as(QKeySequence::SaveAs);

@@ -1,10 +1,10 @@
-// The usual keys of the buttons with which the three editors begin, open and save their files.
+// The usual keys of the buttons with which the three editors start, open and save their files.
 #pragma once
 
 class QPushButton;
 
 struct FileButtons {
-  QPushButton* begin;
+  QPushButton* new_file;
   QPushButton* open;
   QPushButton* save;
   QPushButton* save_as;
