@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "panel_dots/dot_symbols.h"
+
 namespace PanelDots {
 namespace {
 
@@ -18,10 +20,6 @@ struct FontEntry {
 constexpr FontEntry kFont[] = {
 #include "panel_dots/dot_font_table.inc"
 };
-
-// The symbols of graphics A to Z.
-constexpr char16_t kSymbols[] = u"←↑→↓↔↕▲►▼◄○●◆■□♠♣♥♦♪♫☺☻☼♀♂";
-static_assert(std::size(kSymbols) == 26 + 1);
 
 constexpr Rows kCompressedBox = {0x0F, 0x09, 0x09, 0x09, 0x09, 0x0F, 0x00};
 constexpr Rows kNormalBox = {0x1F, 0x11, 0x11, 0x11, 0x11, 0x11, 0x1F};
@@ -54,24 +52,25 @@ void MakeBold(DotGlyph* glyph) {
   }
 }
 
-}  // namespace
-
-DotGlyph GlyphOf(QChar character, bool compressed, bool bold) {
-  const FontEntry* entry = Find(character.unicode());
-  DotGlyph glyph;
-  if (compressed) {
-    glyph.columns = kCompressedColumns;
-    glyph.rows = entry != nullptr ? entry->compressed : kCompressedBox;
-  } else {
-    glyph.rows = entry != nullptr ? entry->normal : kNormalBox;
-  }
+DotGlyph MakeGlyph(const Rows& rows, bool compressed, bool bold) {
+  DotGlyph glyph{compressed ? kCompressedColumns : kNormalColumns, rows};
   if (bold) MakeBold(&glyph);
   return glyph;
 }
 
+}  // namespace
+
+DotGlyph GlyphOf(QChar character, bool compressed, bool bold) {
+  const FontEntry* entry = Find(character.unicode());
+  if (compressed) {
+    return MakeGlyph(entry != nullptr ? entry->compressed : kCompressedBox, compressed, bold);
+  }
+  return MakeGlyph(entry != nullptr ? entry->normal : kNormalBox, compressed, bold);
+}
+
 DotGlyph SymbolOf(char letter, bool compressed, bool bold) {
-  const char16_t symbol = letter >= 'A' && letter <= 'Z' ? kSymbols[letter - 'A'] : u'\0';
-  return GlyphOf(QChar(symbol), compressed, bold);
+  if (letter < 'A' || letter > 'Z') return GlyphOf(QChar(), compressed, bold);
+  return MakeGlyph(SymbolRowsOf(letter, compressed), compressed, bold);
 }
 
 }  // namespace PanelDots

@@ -39,7 +39,9 @@ bool Program::StartRecords(QString* error) {
 }
 
 bool Program::OpenLines(QString* error) {
-  QObject::connect(&lines_, &PanelLines::Opened, &lines_, Say);
+  for (const auto signal : {&PanelLines::Opened, &PanelLines::Closed}) {
+    QObject::connect(&lines_, signal, &lines_, Say);
+  }
   QObject::connect(&lines_, &PanelLines::Failed, &lines_, Complain);
   for (const QString& address : std::as_const(options_.tcp_addresses)) {
     if (!lines_.OpenTcp(address, error)) return false;
@@ -59,7 +61,9 @@ bool Program::ShowWindow(QString* error) {
   const auto name_lines = [this] { window_->SetLines(lines_.Descriptions().join(Separator())); };
   name_lines();
   // A pseudo-terminal has another name each time it is plugged in.
-  QObject::connect(&lines_, &PanelLines::Opened, window_.get(), name_lines);
+  for (const auto signal : {&PanelLines::Opened, &PanelLines::Closed, &PanelLines::Failed}) {
+    QObject::connect(&lines_, signal, window_.get(), name_lines);
+  }
   QObject::connect(window_.get(), &PanelWindow::Plugged, &lines_, &PanelLines::SetPlugged);
   QObject::connect(&records_, &EngineRecords::TroubleChanged, window_.get(), [this] {
     window_->SetUnwrittenFiles(records_.UnwrittenFiles(), records_.Reasons());

@@ -149,16 +149,51 @@ TEST(DotCharacters, EachGraphicHasASymbolOfItsOwn) {
   }
 }
 
+TEST(DotCharacters, ASymbolStandsApartFromWhatFollowsIt) {
+  for (const char* size : {"<SA>", "<SB>", "<SC>", "<SD>"}) {
+    const int columns = size[2] == 'A' || size[2] == 'C' ? 6 : 5;
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+      const std::string row = Row(QByteArray(size) + "<G" + letter + '>', columns);
+      for (int y = 0; y < kRowDots; ++y) {
+        EXPECT_EQ(row[static_cast<std::size_t>(y * (columns + 1) + columns - 1)], '.')
+            << size << letter << '\n'
+            << row;
+      }
+    }
+  }
+}
+
 TEST(DotCharacters, GraphicAIsAnArrow) {
   EXPECT_EQ(Row("<SA><CA><GA>", 6),
             "......\n"
             "......\n"
             "..r...\n"
             ".r....\n"
-            "rrrrrr\n"
+            "rrrrr.\n"
             ".r....\n"
             "..r...\n"
             "......\n");
+}
+
+TEST(DotCharacters, ASymbolTakesAsManyColumnsAsALetter) {
+  EXPECT_EQ(Row("<SA><CA><GJ><GJ>H", 18),
+            "............r...r.\n"
+            "............r...r.\n"
+            "....r.....r.r...r.\n"
+            "..rrr...rrr.rrrrr.\n"
+            "rrrrr.rrrrr.r...r.\n"
+            "..rrr...rrr.r...r.\n"
+            "....r.....r.r...r.\n"
+            "..................\n");
+  EXPECT_EQ(Row("<SB><CA><GL><GR>H", 15),
+            "..........r..r.\n"
+            ".rr..r..r.r..r.\n"
+            "rrrr.rrrr.rrrr.\n"
+            "rrrr.rrrr.r..r.\n"
+            ".rr...rr..r..r.\n"
+            "..........r..r.\n"
+            "...............\n"
+            "...............\n");
 }
 
 TEST(DotCharacters, DateAndTimeAreThePanelsOwn) {

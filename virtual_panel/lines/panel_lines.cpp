@@ -48,18 +48,18 @@ bool PanelLines::OpenTcp(const QString& address, QString* error) {
   }
   auto line = std::make_unique<Line>();
   auto tcp = std::make_unique<TcpLine>(engine_);
-  line->open = [tcp = tcp.get(), address, host, port](QString* reason) mutable {
+  line->open = [line = line.get(), tcp = tcp.get(), address, host, port](QString* reason) mutable {
     if (!tcp->Listen(host, port)) {
       *reason = u"TCP address \"%1\": %2"_s.arg(address, tcp->ErrorString());
       return false;
     }
     port = tcp->Port();  // whichever was free remains the same
+    line->name = u"tcp %1:%2"_s.arg(HostText(host)).arg(port);
     return true;
   };
   line->cut = [tcp = tcp.get()] { tcp->Close(); };
-  line->description = [tcp = tcp.get(), host] {
-    return u"listening on tcp %1:%2"_s.arg(HostText(host)).arg(tcp->Port());
-  };
+  line->is_open = [tcp = tcp.get()] { return tcp->Port() != 0; };
+  line->open_description = [line = line.get()] { return u"listening on "_s + line->name; };
   line->line = std::move(tcp);
   return Add(std::move(line), error);
 }
@@ -73,11 +73,15 @@ bool PanelLines::OpenPty(const QString& link, QString* error) {
     return false;
   };
   line->cut = [pty = pty.get()] { pty->Unplug(); };
-  line->description = [pty = pty.get(), link] {
-    return u"pty %1 -> %2"_s.arg(link, pty->DeviceName());
+  line->is_open = [pty = pty.get()] { return pty->IsPlugged(); };
+  line->name = u"pty "_s + link;
+  line->open_description = [pty = pty.get(), line = line.get()] {
+    return u"%1 -> %2"_s.arg(line->name, pty->DeviceName());
   };
   connect(pty.get(), &PtyLine::Unplugged, &line->again, [this, line = line.get()] {
-    if (is_plugged_) line->again.start();
+    if (!is_plugged_) return;
+    Q_EMIT Closed(Description(*line));
+    line->again.start();
   });
   line->line = std::move(pty);
   return Add(std::move(line), error);
@@ -92,13 +96,14 @@ bool PanelLines::OpenSerial(const QString& device, qint32 baud_rate, QString* er
     return false;
   };
   line->cut = [serial = serial.get()] { serial->Unplug(); };
-  line->description = [device, baud_rate] {
-    return u"serial %1 at %2 baud"_s.arg(device).arg(baud_rate);
-  };
+  line->is_open = [serial = serial.get()] { return serial->IsOpen(); };
+  line->name = u"serial %1 at %2 baud"_s.arg(device).arg(baud_rate);
+  line->open_description = [line = line.get()] { return line->name; };
   connect(serial.get(), &SerialLine::Unplugged, &line->again,
           [this, line = line.get(), device](const QString& reason) {
             if (!is_plugged_) return;
             Q_EMIT Failed(u"serial port %1: %2"_s.arg(device, reason));
+            Q_EMIT Closed(Description(*line));
             line->again.start();
           });
   line->line = std::move(serial);
@@ -110,15 +115,20 @@ bool PanelLines::Add(std::unique_ptr<Line> line, QString* error) {
   line->again.setInterval(kReplugMs);
   line->again.setSingleShot(true);
   connect(&line->again, &QTimer::timeout, this, [this, line = line.get()] { Reopen(line); });
-  const QString description = line->description();
+  const QString description = Description(*line);
   lines_.push_back(std::move(line));
   Q_EMIT Opened(description);
   return true;
 }
 
+QString PanelLines::Description(const Line& line) {
+  if (line.is_open()) return line.open_description();
+  return line.name + (line.failure.isEmpty() ? u" unplugged"_s : u" cannot be opened"_s);
+}
+
 QStringList PanelLines::Descriptions() const {
   QStringList descriptions;
-  for (const auto& line : lines_) descriptions.append(line->description());
+  for (const auto& line : lines_) descriptions.append(Description(*line));
   return descriptions;
 }
 
@@ -129,8 +139,11 @@ void PanelLines::SetPlugged(bool plugged) {
     if (plugged) {
       Reopen(line.get());
     } else {
+      const QString before = Description(*line);
       line->again.stop();
+      line->failure.clear();
       line->cut();
+      if (const QString now = Description(*line); now != before) Q_EMIT Closed(now);
     }
   }
 }
@@ -140,13 +153,12 @@ void PanelLines::Reopen(Line* line) {
   if (line->open(&reason)) {
     line->again.stop();
     line->failure.clear();
-    Q_EMIT Opened(line->description());
+    Q_EMIT Opened(Description(*line));
     return;
   }
-  // Said once, however often it is tried.
-  if (reason != line->failure) Q_EMIT Failed(reason);
-  line->failure = reason;
   line->again.start();
+  // Said once, however often it is tried.
+  if (reason != std::exchange(line->failure, reason)) Q_EMIT Failed(reason);
 }
 
 }  // namespace VirtualPanel

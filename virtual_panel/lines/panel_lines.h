@@ -29,7 +29,8 @@ class PanelLines : public QObject {
   bool OpenPty(const QString& link, QString* error);
   bool OpenSerial(const QString& device, qint32 baud_rate, QString* error);
 
-  // Where the panels are reached, one text for each line.
+  // Where the panels are reached, one text for each line, or that it is unplugged or cannot be
+  // opened.
   QStringList Descriptions() const;
 
   // Unplugged, nobody can connect, and every connection is cut. Plugged in again, each line has its
@@ -39,6 +40,7 @@ class PanelLines : public QObject {
 
  Q_SIGNALS:
   void Opened(const QString& description);
+  void Closed(const QString& description);
   void Failed(const QString& reason);
 
  private:
@@ -46,13 +48,16 @@ class PanelLines : public QObject {
     std::unique_ptr<QObject> line;
     std::function<bool(QString* error)> open;
     std::function<void()> cut;
-    std::function<QString()> description;
+    std::function<bool()> is_open;
+    std::function<QString()> open_description;
+    QString name;
     QTimer again;
     QString failure;  // of the last attempt to open it again
   };
 
   bool Add(std::unique_ptr<Line> line, QString* error);
   void Reopen(Line* line);
+  static QString Description(const Line& line);
 
   PanelEngine* engine_;
   std::vector<std::unique_ptr<Line>> lines_;

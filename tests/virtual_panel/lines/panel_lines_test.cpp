@@ -69,8 +69,17 @@ TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
 
   const QSignalSpy opened(&lines_, &PanelLines::Opened);
   const QSignalSpy failed(&lines_, &PanelLines::Failed);
+  const QSignalSpy closed(&lines_, &PanelLines::Closed);
   lines_.SetPlugged(false);
   EXPECT_FALSE(lines_.IsPlugged());
+  EXPECT_EQ(lines_.Descriptions(), (QStringList{u"tcp 127.0.0.1:%1 unplugged"_s.arg(port),
+                                                u"pty %1 unplugged"_s.arg(link)}));
+  ASSERT_EQ(closed.count(), 2);
+  EXPECT_EQ(closed[0][0].toString(), lines_.Descriptions().value(0));
+  EXPECT_EQ(closed[1][0].toString(), lines_.Descriptions().value(1));
+  // Once more is no different.
+  lines_.SetPlugged(false);
+  EXPECT_EQ(closed.count(), 2);
   EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
   socket.connectToHost(u"127.0.0.1"_s, port);
   EXPECT_TRUE(WaitUntil([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
@@ -80,6 +89,7 @@ TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
   EXPECT_EQ(opened.count(), 2);
   EXPECT_EQ(failed.count(), 0);
   EXPECT_EQ(Port(), port);
+  EXPECT_EQ(lines_.Descriptions().value(0), u"listening on tcp 127.0.0.1:%1"_s.arg(port));
   EXPECT_EQ(Poll(port), "<ID1A>\r\n");
   EXPECT_TRUE(QFile::exists(link));
   // Once more is no different.
@@ -97,6 +107,11 @@ TEST_F(PanelLinesTest, APortThatIsTakenMeanwhileIsOpenedAsSoonAsItIsFree) {
     ASSERT_TRUE(other.listen(QHostAddress(QHostAddress::LocalHost), port));
     lines_.SetPlugged(true);
     EXPECT_EQ(failed.count(), 1);
+    EXPECT_EQ(lines_.Descriptions(), QStringList{u"tcp 127.0.0.1:%1 cannot be opened"_s.arg(port)});
+    // Unplugged is unplugged, whatever was wrong before.
+    lines_.SetPlugged(false);
+    EXPECT_EQ(lines_.Descriptions(), QStringList{u"tcp 127.0.0.1:%1 unplugged"_s.arg(port)});
+    lines_.SetPlugged(true);
   }
   EXPECT_TRUE(WaitUntil([&] { return Port() == port; }));
   EXPECT_EQ(Poll(port), "<ID1A>\r\n");
@@ -110,10 +125,16 @@ TEST_F(PanelLinesTest, ATerminalThatAFaultHasPulledIsPluggedInAgain) {
   faults.close_after_frame = 1;
   engine_.SetFaults(faults);
   const QSignalSpy opened(&lines_, &PanelLines::Opened);
+  QStringList closed;
+  QObject::connect(&lines_, &PanelLines::Closed, [&](const QString& description) {
+    closed.append(description);
+    EXPECT_EQ(lines_.Descriptions(), QStringList{description});
+  });
   QFile terminal(link);
   ASSERT_TRUE(terminal.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
   terminal.write("<ID1A><?>\n");
   EXPECT_TRUE(WaitUntil([&] { return opened.count() > 0; }));
+  EXPECT_EQ(closed, QStringList{u"pty %1 unplugged"_s.arg(link)});
   EXPECT_TRUE(QFile::exists(link));
 }
 
