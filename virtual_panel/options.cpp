@@ -14,7 +14,7 @@ namespace {
 
 constexpr quint16 kUsualPort = 2101;
 
-struct Names {
+struct KnownOptions {
   QCommandLineOption help{{u"h"_s, u"help"_s}, u"Show this text."_s};
   QCommandLineOption panel{u"panel"_s, u"A panel, such as 1:4x96:tri (may be repeated)."_s,
                            u"ID:ROWSxCOLUMNS:mono|tri"_s};
@@ -62,10 +62,11 @@ struct Names {
 // Reads the values of the options one after the other; the first bad one ends it.
 class Reader {
  public:
-  Reader(const QCommandLineParser& parser, const Names& names) : parser_(parser), names_(names) {}
+  Reader(const QCommandLineParser& parser, const KnownOptions& known)
+      : parser_(parser), known_(known) {}
 
   std::variant<Options, HelpText, BadUse> Read() {
-    options_.headless = parser_.isSet(names_.headless);
+    options_.headless = parser_.isSet(known_.headless);
     if (!ReadPanels() || !ReadFaults() || !ReadClockAnswer() || !ReadPlay() || !ReadScrollSpeed() ||
         !ReadCodePage() || !ReadFiles() || !ReadLines()) {
       return BadUse{error_};
@@ -85,7 +86,7 @@ class Reader {
   }
 
   bool ReadPanels() {
-    for (const QString& text : parser_.values(names_.panel)) {
+    for (const QString& text : parser_.values(known_.panel)) {
       const auto panel = ParsePanelDescription(text, &error_);
       if (!panel) return false;
       if (HasPanel(panel->id)) {
@@ -98,15 +99,15 @@ class Reader {
   }
 
   bool ReadFaults() {
-    const QStringList texts = parser_.values(names_.fault);
+    const QStringList texts = parser_.values(known_.fault);
     return std::all_of(texts.cbegin(), texts.cend(), [this](const QString& text) {
       return ParseFault(text, &options_.faults, &error_);
     });
   }
 
   bool ReadClockAnswer() {
-    options_.sets_clock_answer = parser_.isSet(names_.clock_answer);
-    const QString text = parser_.value(names_.clock_answer);
+    options_.sets_clock_answer = parser_.isSet(known_.clock_answer);
+    const QString text = parser_.value(known_.clock_answer);
     if (!options_.sets_clock_answer || text == "none"_L1) return true;
     bool is_number = false;
     const int id = text.toInt(&is_number);
@@ -118,8 +119,8 @@ class Reader {
   }
 
   bool ReadPlay() {
-    if (!parser_.isSet(names_.play)) return true;
-    const QString text = parser_.value(names_.play);
+    if (!parser_.isSet(known_.play)) return true;
+    const QString text = parser_.value(known_.play);
     const QString letter = text.toUpper();
     if (letter.size() != 1 || letter[0] < QLatin1Char(kFirstScheduleLetter) ||
         letter[0] > QLatin1Char(kLastScheduleLetter)) {
@@ -130,7 +131,7 @@ class Reader {
   }
 
   bool ReadScrollSpeed() {
-    const QString text = parser_.value(names_.scroll_speed);
+    const QString text = parser_.value(known_.scroll_speed);
     bool is_number = false;
     options_.scroll_speed = text.toInt(&is_number);
     if (is_number && options_.scroll_speed >= 1 &&
@@ -142,39 +143,39 @@ class Reader {
   }
 
   bool ReadCodePage() {
-    if (!parser_.isSet(names_.code_page)) return true;
-    const QString text = parser_.value(names_.code_page);
+    if (!parser_.isSet(known_.code_page)) return true;
+    const QString text = parser_.value(known_.code_page);
     options_.code_page = text.toInt();
     if (Brivon1::CodePage::IsKnown(*options_.code_page)) return true;
     return Refuse(u"code page \"%1\": expected 874 or 1250 to 1258"_s.arg(text));
   }
 
   bool ReadFiles() {
-    if (parser_.isSet(names_.picture) && options_.headless) {
+    if (parser_.isSet(known_.picture) && options_.headless) {
       return Refuse(u"a picture needs the window: not with --headless"_s);
     }
-    if (parser_.isSet(names_.log)) options_.log = parser_.value(names_.log);
-    if (parser_.isSet(names_.state)) options_.state = parser_.value(names_.state);
-    options_.picture = parser_.value(names_.picture);
+    if (parser_.isSet(known_.log)) options_.log = parser_.value(known_.log);
+    if (parser_.isSet(known_.state)) options_.state = parser_.value(known_.state);
+    options_.picture = parser_.value(known_.picture);
     return true;
   }
 
   bool ReadLines() {
-    options_.tcp_addresses = parser_.values(names_.tcp);
-    options_.pty_links = parser_.values(names_.pty);
-    options_.serial_devices = parser_.values(names_.serial);
+    options_.tcp_addresses = parser_.values(known_.tcp);
+    options_.pty_links = parser_.values(known_.pty);
+    options_.serial_devices = parser_.values(known_.serial);
     if (options_.tcp_addresses.isEmpty() && options_.pty_links.isEmpty() &&
         options_.serial_devices.isEmpty()) {
       options_.tcp_addresses.append(u"127.0.0.1:%1"_s.arg(kUsualPort));
     }
     bool is_number = false;
-    options_.baud_rate = parser_.value(names_.baud).toInt(&is_number);
+    options_.baud_rate = parser_.value(known_.baud).toInt(&is_number);
     if (is_number && options_.baud_rate > 0) return true;
-    return Refuse(u"baud rate \"%1\": not a number"_s.arg(parser_.value(names_.baud)));
+    return Refuse(u"baud rate \"%1\": not a number"_s.arg(parser_.value(known_.baud)));
   }
 
   const QCommandLineParser& parser_;
-  const Names& names_;
+  const KnownOptions& known_;
   Options options_;
   QString error_;
 };
@@ -183,23 +184,23 @@ class Reader {
 
 std::variant<Options, HelpText, BadUse> ParseOptions(const QStringList& arguments,
                                                      bool can_show_windows) {
-  const Names names;
+  const KnownOptions known;
   QCommandLineParser parser;
   parser.setApplicationDescription(
       u"LED text panels on the desk: what they are sent is acknowledged and shown."_s);
-  parser.addOptions({names.help, names.panel, names.tcp, names.serial, names.baud, names.pty,
-                     names.headless, names.log, names.state, names.picture, names.fault,
-                     names.clock_answer, names.play, names.scroll_speed, names.code_page});
+  parser.addOptions({known.help, known.panel, known.tcp, known.serial, known.baud, known.pty,
+                     known.headless, known.log, known.state, known.picture, known.fault,
+                     known.clock_answer, known.play, known.scroll_speed, known.code_page});
   if (!parser.parse(arguments)) return BadUse{parser.errorText()};
-  if (parser.isSet(names.help)) return HelpText{parser.helpText()};
+  if (parser.isSet(known.help)) return HelpText{parser.helpText()};
   if (!parser.positionalArguments().isEmpty()) {
     return BadUse{u"\"%1\": not an option"_s.arg(parser.positionalArguments().first())};
   }
-  if (!parser.isSet(names.headless) && !can_show_windows) {
+  if (!parser.isSet(known.headless) && !can_show_windows) {
     // "--headless" was there, but as the value of another option.
     return BadUse{u"\"--headless\" is no value for an option"_s};
   }
-  return Reader(parser, names).Read();
+  return Reader(parser, known).Read();
 }
 
 }  // namespace VirtualPanel

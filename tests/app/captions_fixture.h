@@ -5,8 +5,7 @@
 
 #include "language/module_language.h"
 #include "support/program_folder.h"
-
-inline QString Text(const char* text) { return QString::fromUtf8(text); }
+#include "support/text.h"
 
 class CaptionsTest : public testing::Test {
  protected:

@@ -7,9 +7,8 @@
 
 #include "app/frmMain.h"
 #include "support/program_folder.h"
+#include "support/text.h"
 #include "widgets/caption_button.h"
-
-inline QString Text(const char* text) { return QString::fromUtf8(text); }
 
 class MainWindowTest : public testing::Test {
  protected:

@@ -15,12 +15,11 @@
 #include "support/panel_bench.h"
 #include "support/program_folder.h"
 #include "support/session_manager.h"
+#include "support/text.h"
 
 namespace {
 
 constexpr const char* kQuestion = "File not saved. Save it now?";
-
-QString Text(const char* text) { return QString::fromUtf8(text); }
 
 SessionManager* session = nullptr;
 

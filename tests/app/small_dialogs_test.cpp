@@ -9,10 +9,9 @@
 #include "page/frmPage.h"
 #include "schedule/frmDelay.h"
 #include "support/small_dialog.h"
+#include "support/text.h"
 
 namespace {
-
-QString Text(const char* text) { return QString::fromUtf8(text); }
 
 TEST_F(SmallDialogTest, NothingIsCutInAnyOfThemWithTypicalTranslations) {
   folder_.Write(Text("brivon.ini"), "[Dimension Config]\r\nID001=4x96,Tri\r\n");

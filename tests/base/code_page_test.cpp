@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/text.h"
+
 namespace Brivon1 {
 namespace {
 
@@ -23,8 +25,6 @@ std::optional<int> ByteOf(int code_page, char16_t character) {
   if (!byte) return std::nullopt;
   return static_cast<unsigned char>(*byte);
 }
-
-QString Text(const char* text) { return QString::fromUtf8(text); }
 
 std::optional<QByteArray> BytesOf(int code_page, const char* text) {
   return CodePage(code_page).ToBytes(Text(text));

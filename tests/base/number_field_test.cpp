@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include "support/text.h"
+
 namespace {
 
 using Brivon1::NumberField;
 using Brivon1::WholeNumber;
-
-QString Text(const char* text) { return QString::fromUtf8(text); }
 
 TEST(WholeNumberTest, DigitsAloneWithinTheBoundsAreANumber) {
   EXPECT_EQ(WholeNumber(Text("0"), 0, 255), 0);

@@ -5,8 +5,7 @@
 #include <QString>
 
 #include "config/configuration_draft.h"
-
-inline QString Text(const char* text) { return QString::fromUtf8(text); }
+#include "support/text.h"
 
 inline Brivon1::Configuration Read(const QByteArray& ini) {
   return Brivon1::ReadConfiguration(Brivon1::IniFile(ini));

@@ -15,6 +15,7 @@
 #include "config/frmConfig.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/text.h"
 
 inline constexpr const char* kTwoPanels =
     "[Dimension Config]\r\n"
@@ -27,8 +28,6 @@ inline constexpr const char* kTwoPanels =
 
 inline constexpr const char* kLine1 = "ID001     4x96     Tri-Color     127.0.0.1:2101";
 inline constexpr const char* kLine12 = "ID012     12x192     Mono-Color     192.168.0.12:80";
-
-inline QString Text(const char* text) { return QString::fromUtf8(text); }
 
 class ConfigDialogTest : public testing::Test {
  protected:

@@ -25,7 +25,7 @@ struct Answer {
 
 class Answering {
  public:
-  void SetFaults(const Faults& faults);  // counts anew
+  void SetFaults(const Faults& faults);  // those that count begin anew
   const Faults& CurrentFaults() const { return faults_; }
 
   // The answer to the next frame, which a sound panel would answer with `acknowledgement`, or not

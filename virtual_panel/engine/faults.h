@@ -16,7 +16,7 @@ struct Faults {
   bool stray_byte = false;  // one byte too many in front, sent together with the rest
   int pieces = 1;           // the answer comes in so many pieces (at most one a byte) ...
   int piece_pause_ms = 50;  // ... with this pause between two of them
-  int late_ms = 0;          // so long after the frame
+  int late_ms = 0;          // the answer comes so long after the frame
   int close_after_frame =
       0;               // the line is cut, once, when the n-th frame has been answered; 0: never
   bool flood = false;  // bytes without end follow the first frame

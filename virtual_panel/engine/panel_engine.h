@@ -42,7 +42,7 @@ class PanelEngine : public QObject {
   // The same for the one connection of a test.
   QList<Answer> Receive(QByteArrayView bytes);
 
-  void SetFaults(const Faults& faults);  // counts anew
+  void SetFaults(const Faults& faults);  // those that count begin anew
   const Faults& CurrentFaults() const { return answering_.CurrentFaults(); }
 
   // The panel that acknowledges the set-clock frame, or none.

@@ -52,7 +52,7 @@ bool PtyLine::Open(const QString& link) {
   ::cfmakeraw(&settings);
   if (::tcsetattr(slave_, TCSANOW, &settings) != 0) return Fail(QString::fromLatin1(name.data()));
 
-  // Without it everything works, but for the old bytes that the next user would find.
+  // Who opens and closes it is watched. Where that fails, the next user finds the old bytes.
   openings_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
   if (openings_ >= 0 && ::inotify_add_watch(openings_, name.data(), IN_OPEN | IN_CLOSE) < 0) {
     CloseDescriptor(&openings_);

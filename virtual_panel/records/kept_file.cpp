@@ -91,10 +91,10 @@ bool LogFile::IsAtItsPath() const {
 
 bool LogFile::Reopen(QString* reason) {
   file_.close();
-  // The other half of it is gone with the file.
+  // The beginning of the unfinished line is gone with the file.
   if (!unfinished_.isEmpty()) ++lost_lines_;
   unfinished_.clear();
-  // The system keeps to the end of the file: a device or a pipe has none that could be gone to.
+  // O_APPEND in place of a seek to the end, which a device or a pipe does not have.
   const int descriptor = ::open(QFile::encodeName(Path()).constData(),
                                 O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
   if (descriptor < 0) {
