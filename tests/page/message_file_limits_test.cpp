@@ -114,7 +114,7 @@ TEST_F(MessageFile, RandomPagesAreReadBackAsTheyWereWritten) {
       page.ChooseSize(below(4));
       page.ChooseBlink(below(2) == 0);
       const char character = static_cast<char>(below(256));
-      if (character != '<') page.TypeKey(character);
+      if (character != '<') TypeKey(page, character);
     }
     Saved(page);
     const auto loaded = LoadMessageFile(Path());

@@ -1,6 +1,7 @@
 // What stands in a message file, and what is read of one that is not quite in order.
 #include <gtest/gtest.h>
 
+#include "base/file_checks.h"
 #include "page/message_file_fixture.h"
 
 namespace {
@@ -55,7 +56,7 @@ TEST_F(MessageFile, EverySizeAndColourHasItsCodeAndTheSizeStandsFirst) {
     page.ChooseSize(i % 4);
     page.ChooseBlink(i >= 8);
     page.ChooseColour(i);
-    page.TypeKey(static_cast<char>('a' + i));
+    TypeKey(page, static_cast<char>('a' + i));
   }
   EXPECT_EQ(Saved(page),
             "*** Brivon Message File ***\r\nRow = 1\r\nCol = 200\r\n<L01>"

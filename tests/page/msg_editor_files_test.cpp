@@ -20,7 +20,7 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
   EXPECT_EQ(Find<QLabel>("lblCol")->text(), Text("80"));
   EXPECT_TRUE(Row(2)->isVisible());
   EXPECT_FALSE(Row(3)->isVisible());
-  EXPECT_EQ(Row(1)->accessibleDescription(), Text("Hello"));
+  EXPECT_EQ(ReadOut(Row(1)), Text("Hello"));
   EXPECT_FALSE(Asks());
   EXPECT_EQ(RowLines(), "<L01><SG><CD>Hello\r\n<L02><SA><CD>~A\r\n");
 }

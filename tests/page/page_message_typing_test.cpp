@@ -17,7 +17,7 @@ TEST(PageMessage, WithCol80ARowTakes16CharactersThe17thKeyPressIsIgnoredButStill
   PageMessage page = PageOf(4, 80);
   Type(page, "1234567890123456");
   page.SetModified(false);
-  page.TypeKey('7');
+  TypeKey(page, '7');
   EXPECT_EQ(page.Row(1).Text(), "1234567890123456");
   EXPECT_EQ(page.Row(1).Cursor(), 16);
   EXPECT_TRUE(page.IsModified());
@@ -36,7 +36,7 @@ TEST(PageMessage, BackspaceAtColumn0AndEnterChangeNothingButMarkThePageModified)
   page.PressMoveKey(MoveKey::kHome);
   for (const char key : {Brivon1::kBackspace, Brivon1::kEnter}) {
     page.SetModified(false);
-    page.TypeKey(key);
+    TypeKey(page, key);
     EXPECT_EQ(page.Row(1).Text(), "ab");
     EXPECT_EQ(page.Row(1).Cursor(), 0);
     EXPECT_EQ(page.CurrentRow(), 1);
@@ -108,9 +108,9 @@ TEST(PageMessage, AChoiceOutsideTheListsIsIgnored) {
 TEST(PageMessage, ControlCharactersTypedAreIgnoredAndNoEdit) {
   PageMessage page = PageOf(1, 80);
   for (int code = 0; code < 0x20; ++code) {
-    if (code != 8 && code != 13) page.TypeKey(static_cast<char>(code));
+    if (code != 8 && code != 13) TypeKey(page, static_cast<char>(code));
   }
-  page.TypeKey('\x7f');
+  TypeKey(page, '\x7f');
   EXPECT_EQ(page.Row(1).Text(), "");
   EXPECT_FALSE(page.IsModified());
 }
@@ -157,7 +157,7 @@ TEST(PageMessage, ADateInsertedIntoALittleRoomIsCutThere) {
 
 TEST(PageMessage, APageOfNoRowsTakesNoCharacter) {
   PageMessage page = PageOf(0, 80);
-  page.TypeKey('a');
+  TypeKey(page, 'a');
   page.InsertDate();
   EXPECT_EQ(page.Row(1).Text(), "");
   EXPECT_TRUE(page.IsModified());
@@ -165,12 +165,12 @@ TEST(PageMessage, APageOfNoRowsTakesNoCharacter) {
 
 TEST(PageMessage, UndoTakesEditsBackAndRedoMakesThemAgain) {
   PageMessage page = PageOf(2, 200);
-  page.TypeKey('a');
+  TypeKey(page, 'a');
   page.ChooseColour(1);
   page.InsertDate();
   page.PressMoveKey(MoveKey::kDown);
   Type(page, "xy");
-  page.TypeKey(Brivon1::kBackspace);
+  TypeKey(page, Brivon1::kBackspace);
   page.PressMoveKey(MoveKey::kHome);
   page.PressMoveKey(MoveKey::kDelete);
   page.PressMoveKey(MoveKey::kUp);
@@ -206,7 +206,7 @@ TEST(PageMessage, AnotherEditForgetsWhatCouldBeMadeAgainAndAnotherPageForgetsAll
   PageMessage page = PageOf(1, 200);
   Type(page, "ab");
   page.Undo();
-  page.TypeKey('c');
+  TypeKey(page, 'c');
   page.Redo();
   EXPECT_EQ(page.Row(1).Text(), "ac");
   page.Begin({1, 200});
@@ -220,7 +220,7 @@ TEST(PageMessage, AnotherEditForgetsWhatCouldBeMadeAgainAndAnotherPageForgetsAll
 TEST(PageMessage, ARefusedKeyIsNoEditToTakeBack) {
   PageMessage page = PageOf(1, 10);
   Type(page, "abc");
-  page.TypeKey(Brivon1::kEnter);
+  TypeKey(page, Brivon1::kEnter);
   page.Undo();
   EXPECT_EQ(page.Row(1).Text(), "a");
 }
@@ -260,7 +260,7 @@ TEST(PageMessage, RandomKeysKeepEveryRowWithinItsRoom) {
         page.InsertGraphic(static_cast<char>('A' + below(26)));
         break;
       default:
-        page.TypeKey(static_cast<char>(below(256)));
+        TypeKey(page, static_cast<char>(below(256)));
     }
     ASSERT_GE(page.CurrentRow(), 1);
     ASSERT_LE(page.CurrentRow(), 5);

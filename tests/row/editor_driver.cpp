@@ -66,7 +66,7 @@ bool EditorDriver::Asks() {
 
 void EditorDriver::ExpectCursor(int column, int length) {
   EXPECT_EQ(Surface()->inputMethodQuery(Qt::ImCursorPosition).toInt(), column);
-  EXPECT_EQ(Surface()->accessibleDescription().size(), length);
+  EXPECT_EQ(ReadOut(Surface()).size(), length);
   const auto* position = window_.findChild<QLabel*>(u"lblPosition"_s);
   if (position == nullptr) return;
   EXPECT_EQ(position->text(), u"%1 of %2"_s.arg(column).arg(length));

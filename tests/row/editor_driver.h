@@ -77,6 +77,9 @@ class EditorDriver {
   QWidget* Surface() { return Find<QWidget>(kind_.surface); }
   QString FileName();
 
+  /// The text that a row surface gives to a screen reader.
+  static QString ReadOut(const QWidget* surface) { return surface->accessibleDescription(); }
+
   void Keys(const QString& text);
   void Keys(const char* text) { Keys(Text(text)); }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

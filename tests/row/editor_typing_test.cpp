@@ -85,7 +85,7 @@ TEST_P(RowEditor, AnInputMethodIsToldWhereTheCursorGoes) {
 TEST_P(RowEditor, TheRowIsNamedAndReadOutToWhoCannotSeeIt) {
   EXPECT_EQ(Surface()->accessibleName(), Text(kind_.label));
   Keys("Road works");
-  EXPECT_EQ(Surface()->accessibleDescription(), Text("Road works"));
+  EXPECT_EQ(ReadOut(Surface()), Text("Road works"));
 }
 
 TEST_P(RowEditor, APasteTypesTheFirstLineOfTheClipboard) {
