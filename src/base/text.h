@@ -7,6 +7,9 @@
 
 namespace Brivon1 {
 
+/// The length of a code for size or colour in a text: "<S" or "<C", a letter, ">".
+inline constexpr qsizetype kAttributeCodeLength = 4;
+
 /// True for a blank: a space or a tab.
 constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 
+#include "base/file_checks.h"
 #include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"

@@ -1,7 +1,8 @@
 #include "page/message_file.h"
 
+#include "base/file_checks.h"
 #include "base/text.h"
-#include "row/attribute_codes.h"
+#include "row/coded_text.h"
 
 namespace Brivon1 {
 namespace {
@@ -10,15 +11,6 @@ constexpr int kFewestRows = 1;
 constexpr int kFewestColumns = 10;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-QByteArray RowLine(int number, const PageRow& row) {
-  QByteArray line = "<L" + ZeroPadded(number, 2) + '>';
-  AttributeWriter writer;
-  for (qsizetype at = 0; at < row.Length(); ++at) {
-    writer.Append(row.Text()[at], row.AttributesAt(at), line);
-  }
-  return line;
-}
 
 /// Either size alone makes a page: one of no rows but 80 columns is an empty page.
 bool IsReadable(const Dimension& dimension) {
@@ -44,12 +36,7 @@ bool ReadRowLine(QByteArrayView line, int number, Attributes& attributes, PageRo
   while (!line.isEmpty()) {
     const RowTag tag = ReadRowTag(line);
     if (tag.length > 0 && tag.number != number) return false;
-    qsizetype code = tag.length > 0 ? tag.length : ReadAttributeCode(line, attributes);
-    if (code == 0) {
-      row.Append(line.front(), attributes);
-      code = 1;
-    }
-    line = line.sliced(code);
+    line = line.sliced(tag.length > 0 ? tag.length : ReadCodedText(line, attributes, row));
   }
   return true;
 }
@@ -61,7 +48,7 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page) {
   content += "Row = " + QByteArray::number(page.Rows()) + "\r\n";
   content += "Col = " + QByteArray::number(page.Columns()) + "\r\n";
   for (int number = 1; number <= page.Rows(); ++number) {
-    content += RowLine(number, page.Row(number)) + "\r\n";
+    content += "<L" + ZeroPadded(number, 2) + '>' + CodedText(page.Row(number)) + "\r\n";
   }
   return SaveWholeFile(path, content);
 }

@@ -29,14 +29,11 @@ PageRow& PageMessage::GoToRow(int number) {
   return Current();
 }
 
-qsizetype PageMessage::Places() const {
-  // A page of no rows has no place for a character either.
-  return current_row_ > Rows() ? 0 : MaxCharsPerRow();
-}
-
 void PageMessage::TypeAll(QByteArrayView characters) {
+  // A page of no rows has no place for a character either.
+  const qsizetype places = Rows() > 0 ? MaxCharsPerRow() : 0;
   const PageRow before = Current();
-  if (TypeAllInto(Current(), characters, CurrentAttributes(), Places())) SetModified(true);
+  if (TypeAllInto(Current(), characters, CurrentAttributes(), places)) SetModified(true);
   RecordEdit(current_row_, before, Current());
 }
 

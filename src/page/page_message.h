@@ -6,7 +6,7 @@
 
 #include <QByteArrayView>
 
-#include "base/file_checks.h"
+#include "base/dimension.h"
 #include "row/edited_message.h"
 #include "row/page_row.h"
 #include "row/row_editing.h"
@@ -49,10 +49,9 @@ class PageMessage : public EditedMessage {
   /// Makes a shown row the current one; any other number is ignored.
   void SetCurrentRow(int number);
 
-  /// The typing rule. Backspace removes, Enter does nothing, any other control character is no
-  /// typing at all; whatever else is inserted at the cursor if the row has room. Marks the page
-  /// modified, whatever the effect.
-  void TypeKey(char character) { TypeAll({&character, 1}); }
+  /// Types characters into the current row by the typing rule; Undo() takes them back together.
+  /// Typing marks the page modified, whatever the effect.
+  void TypeAll(QByteArrayView characters);
 
   /// A key whose character cannot be stored: changes nothing, marks the page modified.
   void RefuseKey() { SetModified(true); }
@@ -64,9 +63,6 @@ class PageMessage : public EditedMessage {
   void InsertDate() { TypeAll(kDate); }
   void InsertTime() { TypeAll(kTime); }
 
-  /// Types several characters by the typing rule; Undo() takes them back together.
-  void TypeAll(QByteArrayView characters);
-
   /// What a key does that moves or deletes. Of them, Backspace alone is typing and marks the page
   /// modified, whatever the effect.
   void PressMoveKey(MoveKey key);
@@ -76,9 +72,6 @@ class PageMessage : public EditedMessage {
   void Click(int number, double x);
 
  private:
-  /// How many characters the current row takes in all.
-  qsizetype Places() const;
-
   PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
 
   PageRow& GoToRow(int number) override;

@@ -37,18 +37,17 @@ QByteArray SetClockFrame(const QDateTime& now) {
 }
 
 QByteArray StripColourCodes(const QByteArray& text) {
-  constexpr qsizetype kCodeLength = 4;
   QByteArray result;
   QByteArrayView rest = text;
-  while (rest.size() >= kCodeLength) {
+  while (rest.size() >= kAttributeCodeLength) {
     const qsizetype code = rest.indexOf(QByteArrayView("<C"));
-    if (code < 0 || code > rest.size() - kCodeLength) break;
+    if (code < 0 || code > rest.size() - kAttributeCodeLength) break;
     if (rest[code + 3] != '>') {
       result += rest.first(code + 2);
       rest = rest.sliced(code + 2);
     } else {
       result += rest.first(code);
-      rest = rest.sliced(code + kCodeLength);
+      rest = rest.sliced(code + kAttributeCodeLength);
     }
   }
   return result + rest.toByteArray();

@@ -20,6 +20,10 @@ namespace {
 
 using Brivon1::kCellWidth;
 
+/// The colour letter that is no user colour and blanks a cell.
+constexpr char kBlankColour = 'Q';
+
+constexpr QColor kCursorColour{255, 255, 255};
 constexpr QColor kRed{255, 0, 0};
 constexpr QColor kGreen{0, 255, 0};
 constexpr QColor kYellow{255, 255, 0};

@@ -18,11 +18,7 @@ inline constexpr int kCellHeight = 20;
 /// A surface's room behind its last cell, in pixels.
 inline constexpr int kRowMargin = 5;
 
-/// The colour letter that is no user colour and blanks a cell.
-inline constexpr char kBlankColour = 'Q';
-
 inline constexpr QColor kSurfaceBackground{0, 0, 0};
-inline constexpr QColor kCursorColour{255, 255, 255};
 
 /// The width of the surface of a row of `characters` places.
 constexpr int RowWidth(int characters) { return characters * Brivon1::kCellWidth + kRowMargin; }

@@ -6,7 +6,7 @@
 
 #include <QByteArray>
 
-#include "row/attribute_codes.h"
+#include "row/attributes.h"
 
 namespace Brivon1 {
 

@@ -8,6 +8,11 @@
 namespace Brivon1 {
 namespace {
 
+/// A control character is a key and never text.
+constexpr bool IsControlCharacter(char character) {
+  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+}
+
 enum class CharacterKind { kBlank, kLetter, kOther };
 
 CharacterKind KindOf(QChar character) {
@@ -35,8 +40,7 @@ QString Composed(const QString& letter) {
   return composed.size() < letter.size() ? composed : letter;
 }
 
-}  // namespace
-
+/// The typing rule for one character. False where that was no typing.
 bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool has_room) {
   if (character == kBackspace) {
     row.Backspace();
@@ -47,6 +51,7 @@ bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool h
   return true;
 }
 
+/// The start of the next word, or the row's end.
 qsizetype NextWord(const PageRow& row) {
   const QString text = CodePage::System().ToText(row.Text());
   qsizetype position = row.Cursor();
@@ -58,6 +63,7 @@ qsizetype NextWord(const PageRow& row) {
   return position;
 }
 
+/// The start of the word in front of the cursor, or 0.
 qsizetype PreviousWord(const PageRow& row) {
   const QString text = CodePage::System().ToText(row.Text());
   qsizetype position = row.Cursor();
@@ -68,6 +74,8 @@ qsizetype PreviousWord(const PageRow& row) {
   if (position > 0) skip(KindOf(text[position - 1]));
   return position;
 }
+
+}  // namespace
 
 bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
                  qsizetype most) {

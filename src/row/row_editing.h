@@ -17,44 +17,31 @@ inline constexpr int kCellWidth = 12;
 inline constexpr char kBackspace = 8;
 inline constexpr char kEnter = 13;
 
-/// The keys that move in a row or between rows, or delete; with their codes on the keyboard. Those
-/// for a word are two keys together and have none.
+/// The keys that move in a row or between rows, or delete.
 enum class MoveKey {
-  kEnd = 35,
-  kHome = 36,
-  kLeft = 37,
-  kUp = 38,
-  kRight = 39,
-  kDown = 40,
-  kDelete = 46,
+  kEnd,
+  kHome,
+  kLeft,
+  kUp,
+  kRight,
+  kDown,
+  kDelete,
   kWordLeft,
   kWordRight,
   kBackspaceWord,
   kDeleteWord
 };
 
-/// Whether a character is a control character, which is a key and never text.
-constexpr bool IsControlCharacter(char character) {
-  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
-
-/// The typing rule for one character: Backspace removes, Enter does nothing, whatever else is
-/// inserted at the cursor if the row has room. False for any other control character, which is no
-/// typing at all.
-bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool has_room);
-
-/// The same for several characters and a row that takes `most` of them in all. A letter and the
-/// marks behind it are inserted whole or not at all, and behind a letter without room no other one
-/// is: a text is cut at its end, not in its middle. Whether any character was typing.
+/// The typing rule: Backspace removes, Enter does nothing, any other control character is no typing
+/// at all; whatever else is inserted at the cursor if the row has room, which takes `most`
+/// characters in all. A letter and the marks behind it are inserted whole or not at all, and behind
+/// a letter without room no other one is: a text is cut at its end, not in its middle. Whether any
+/// character was typing.
 bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
                  qsizetype most);
 
-/// The start of the next and of the previous word, as a text field counts them: letters and digits
-/// are a word, and so are other characters between them. The row's end or 0 where there is none.
-qsizetype NextWord(const PageRow& row);
-qsizetype PreviousWord(const PageRow& row);
-
-/// What the keys do within a row; those that lead to another row do nothing.
+/// What the keys do within a row; those that lead to another row do nothing. A word is what a text
+/// field takes for one: letters and digits, or the other characters between them.
 void PressKeyIn(PageRow& row, MoveKey key);
 
 /// The cell boundary nearest to a click `x` pixels from the left edge, counted from 0.

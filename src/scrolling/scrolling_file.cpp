@@ -1,17 +1,12 @@
 #include "scrolling/scrolling_file.h"
 
 #include "base/file_checks.h"
-#include "row/attribute_codes.h"
+#include "row/coded_text.h"
 
 namespace Brivon1 {
 
 SaveResult WriteScrollingMessage(const QString& path, const PageRow& message) {
-  QByteArray content = QByteArray(kScrollingHeader) + "\r\n";
-  AttributeWriter writer;
-  for (qsizetype at = 0; at < message.Length(); ++at) {
-    writer.Append(message.Text()[at], message.AttributesAt(at), content);
-  }
-  return SaveWholeFile(path, content + "\r\n");
+  return SaveWholeFile(path, QByteArray(kScrollingHeader) + "\r\n" + CodedText(message) + "\r\n");
 }
 
 std::optional<PageRow> ReadScrollingMessage(const QString& path) {
@@ -20,14 +15,7 @@ std::optional<PageRow> ReadScrollingMessage(const QString& path) {
   PageRow message(PageRow::kEveryColumn);
   Attributes attributes;
   QByteArrayView rest = *text;
-  while (!rest.isEmpty()) {
-    qsizetype taken = ReadAttributeCode(rest, attributes);
-    if (taken == 0) {
-      message.Append(rest.front(), attributes);
-      taken = 1;
-    }
-    rest = rest.sliced(taken);
-  }
+  while (!rest.isEmpty()) rest = rest.sliced(ReadCodedText(rest, attributes, message));
   return message;
 }
 

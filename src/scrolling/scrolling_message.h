@@ -34,12 +34,8 @@ class ScrollingMessage : public EditedMessage {
   /// Whether the message takes no further character.
   bool IsFull() const { return row_.Length() >= kMostCharacters; }
 
-  /// The typing rule. Backspace removes, Enter and any other control character do nothing, whatever
-  /// else is inserted at the cursor if the message has room. Marks the message modified if it has
-  /// changed.
-  void TypeKey(char character) { TypeAll({&character, 1}); }
-
-  /// Types several characters by the typing rule; Undo() takes them back together.
+  /// Types characters by the typing rule; Undo() takes them back together. Marks the message
+  /// modified if it has changed.
   void TypeAll(QByteArrayView characters);
 
   /// What a key does that moves or deletes; up and down do nothing.

@@ -15,12 +15,13 @@ constexpr int kSendingTime = 300;
 
 /// `text` without a single colour code, also none that is put together by taking out another one.
 QByteArray WithoutColourCodes(const QByteArray& text) {
-  constexpr qsizetype kCodeLength = 4;
   QByteArray result;
   for (const char character : StripColourCodes(text)) {
     result.append(character);
-    if (character != '>' || result.size() < kCodeLength) continue;
-    if (QByteArrayView(result).last(kCodeLength).startsWith("<C")) result.chop(kCodeLength);
+    if (character != '>' || result.size() < kAttributeCodeLength) continue;
+    if (QByteArrayView(result).last(kAttributeCodeLength).startsWith("<C")) {
+      result.chop(kAttributeCodeLength);
+    }
   }
   return result;
 }

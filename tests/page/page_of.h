@@ -12,6 +12,9 @@ inline Brivon1::PageMessage PageOf(qint16 rows, qint16 columns) {
   return page;
 }
 
+/// One press of a key.
+inline void TypeKey(Brivon1::PageMessage& page, char character) { page.TypeAll({&character, 1}); }
+
 inline void Type(Brivon1::PageMessage& page, QByteArrayView characters) {
-  for (const char character : characters) page.TypeKey(character);
+  for (const char character : characters) TypeKey(page, character);
 }

@@ -19,6 +19,8 @@ ScrollingMessage Opened(int length) {
   return message;
 }
 
+void TypeKey(ScrollingMessage& message, char character) { message.TypeAll({&character, 1}); }
+
 void Press(ScrollingMessage& message, MoveKey key, int times = 1) {
   for (int time = 0; time < times; ++time) message.PressMoveKey(key);
 }
@@ -34,16 +36,16 @@ TEST(ScrollingMessage, StartsEmptyRedNormalAndSteady) {
 
 TEST(ScrollingMessage, TypingThe1001stCharacterDoesNothing) {
   ScrollingMessage message = Opened(999);
-  message.TypeKey('!');
+  TypeKey(message, '!');
   EXPECT_TRUE(message.IsFull());
   message.SetModified(false);
-  message.TypeKey('?');
+  TypeKey(message, '?');
   EXPECT_EQ(message.Row().Length(), 1000);
   EXPECT_EQ(message.Row().Cursor(), 1000);
   EXPECT_EQ(message.Row().Text().right(1), "!");
   EXPECT_FALSE(message.IsModified());
-  message.TypeKey(kBackspace);
-  message.TypeKey('?');
+  TypeKey(message, kBackspace);
+  TypeKey(message, '?');
   EXPECT_EQ(message.Row().Text().right(1), "?");
 }
 
@@ -52,7 +54,7 @@ TEST(ScrollingMessage, BackspaceAtTheStartAndDeleteAtTheEndDoNothing) {
   Press(message, MoveKey::kDelete);
   EXPECT_EQ(message.Row().Text(), "abc");
   Press(message, MoveKey::kHome);
-  message.TypeKey(kBackspace);
+  TypeKey(message, kBackspace);
   EXPECT_EQ(message.Row().Text(), "abc");
   EXPECT_EQ(message.Row().Cursor(), 0);
   EXPECT_FALSE(message.IsModified());
@@ -69,15 +71,15 @@ TEST(ScrollingMessage, EndOnA100CharacterMessageSetsTheFirstVisibleCharacterTo70
 
 TEST(ScrollingMessage, ChangingColourSizeOrBlinkChangesOnlyCharactersTypedAfterwards) {
   ScrollingMessage message;
-  message.TypeKey('a');
+  TypeKey(message, 'a');
   message.ChooseColour(15);
-  message.TypeKey('b');
+  TypeKey(message, 'b');
   message.ChooseSize(3);
-  message.TypeKey('c');
+  TypeKey(message, 'c');
   message.ChooseBlink(true);
-  message.TypeKey('d');
+  TypeKey(message, 'd');
   message.ChooseBlink(false);
-  message.TypeKey('e');
+  TypeKey(message, 'e');
   EXPECT_EQ(message.Row().Text(), "abcde");
   EXPECT_EQ(message.Row().Colour(), "APPPP");
   EXPECT_EQ(message.Row().Size(), "AADDD");
@@ -93,24 +95,24 @@ TEST(ScrollingMessage, AColourOrSizeThatIsNoneIsIgnored) {
 
 TEST(ScrollingMessage, EnterIsIgnored) {
   ScrollingMessage message;
-  message.TypeKey(kEnter);
+  TypeKey(message, kEnter);
   EXPECT_EQ(message.Row().Length(), 0);
   EXPECT_FALSE(message.IsModified());
 }
 
 TEST(ScrollingMessage, ControlCharactersAreIgnoredAndNoEdit) {
   ScrollingMessage message;
-  for (const char key : {'\0', '\t', '\n', '\x1B', '\x7F'}) message.TypeKey(key);
+  for (const char key : {'\0', '\t', '\n', '\x1B', '\x7F'}) TypeKey(message, key);
   EXPECT_EQ(message.Row().Length(), 0);
   EXPECT_FALSE(message.IsModified());
 }
 
 TEST(ScrollingMessage, EveryEditSetsTheModifiedFlag) {
   ScrollingMessage message = Opened(3);
-  message.TypeKey('x');
+  TypeKey(message, 'x');
   EXPECT_TRUE(message.IsModified());
   message.SetModified(false);
-  message.TypeKey(kBackspace);
+  TypeKey(message, kBackspace);
   EXPECT_TRUE(message.IsModified());
   message.SetModified(false);
   Press(message, MoveKey::kHome);
@@ -139,7 +141,7 @@ TEST(ScrollingMessage, KeysInsertAndRemoveAtTheCursorInAllFourTexts) {
   message.TypeAll("bc");
   EXPECT_EQ(message.Row().Text(), "abcd");
   EXPECT_EQ(message.Row().Cursor(), 3);
-  message.TypeKey(kBackspace);
+  TypeKey(message, kBackspace);
   Press(message, MoveKey::kLeft);
   Press(message, MoveKey::kLeft);
   Press(message, MoveKey::kDelete);
@@ -188,7 +190,7 @@ TEST(ScrollingMessage, UpAndDownDoNothing) {
 TEST(ScrollingMessage, TypingPastTheVisibleSpanTheFirstVisibleCharacterFollowsTheCursor) {
   ScrollingMessage message;
   for (int typed = 1; typed <= 100; ++typed) {
-    message.TypeKey('x');
+    TypeKey(message, 'x');
     EXPECT_EQ(message.FirstVisible(), typed <= 30 ? 0 : typed - 30);
   }
 }
@@ -196,12 +198,12 @@ TEST(ScrollingMessage, TypingPastTheVisibleSpanTheFirstVisibleCharacterFollowsTh
 TEST(ScrollingMessage, WhoeverRemovesCharactersSeesWhichOnesComeNext) {
   ScrollingMessage message = Opened(100);
   for (int left = 99; left > 0; --left) {
-    message.TypeKey(kBackspace);
+    TypeKey(message, kBackspace);
     EXPECT_EQ(message.Row().Cursor(), left);
     EXPECT_LT(message.FirstVisible(), left);
     EXPECT_LE(left - message.FirstVisible(), 30);
   }
-  message.TypeKey(kBackspace);
+  TypeKey(message, kBackspace);
   EXPECT_EQ(message.FirstVisible(), 0);
 }
 
@@ -250,7 +252,7 @@ TEST(ScrollingMessage, AfterOpenTheCursorStandsBehindTheLastCharacterTheSpanAsEn
 TEST(ScrollingMessage, BeginEmptiesTheMessageAndKeepsTheAttributes) {
   ScrollingMessage message = Opened(100);
   message.ChooseColour(4);
-  message.TypeKey('x');
+  TypeKey(message, 'x');
   message.Begin();
   EXPECT_EQ(message.Row().Length(), 0);
   EXPECT_EQ(message.Row().Cursor(), 0);
@@ -287,7 +289,7 @@ TEST(ScrollingMessage, UndoAndRedoBringBackTextCursorAndSpan) {
 
 TEST(ScrollingMessage, UndoAndRedoAreEditsThatAreToBeSaved) {
   ScrollingMessage message = Opened(3);
-  message.TypeKey('x');
+  TypeKey(message, 'x');
   message.SetModified(false);
   EXPECT_TRUE(message.Undo());
   EXPECT_TRUE(message.IsModified());
@@ -315,10 +317,10 @@ TEST(ScrollingMessage, AFileOfMoreThan1000CharactersStaysWholeAndTakesNoFurtherO
   ScrollingMessage message = Opened(600000);
   EXPECT_EQ(message.Row().Cursor(), 600000);
   EXPECT_EQ(message.FirstVisible(), 599970);
-  message.TypeKey('x');
+  TypeKey(message, 'x');
   EXPECT_EQ(message.Row().Length(), 600000);
   EXPECT_FALSE(message.IsModified());
-  message.TypeKey(kBackspace);
+  TypeKey(message, kBackspace);
   Press(message, MoveKey::kHome);
   Press(message, MoveKey::kDelete);
   EXPECT_EQ(message.Row().Length(), 599998);
@@ -335,7 +337,7 @@ TEST(ScrollingMessage, RandomKeysKeepTheCursorWithinTheSpanAndTheTextsEqualInLen
   for (int step = 0; step < 30000; ++step) {
     switch (random() % 8) {
       case 0:
-        message.TypeKey(kBackspace);
+        TypeKey(message, kBackspace);
         break;
       case 1:
         message.PressMoveKey(kKeys[random() % std::size(kKeys)]);
@@ -350,7 +352,7 @@ TEST(ScrollingMessage, RandomKeysKeepTheCursorWithinTheSpanAndTheTextsEqualInLen
         message.TypeAll(QByteArray(static_cast<qsizetype>(random() % 70), 'p'));
         break;
       default:
-        message.TypeKey(static_cast<char>(random() % 256));
+        TypeKey(message, static_cast<char>(random() % 256));
     }
     const PageRow& row = message.Row();
     ASSERT_LE(row.Length(), 1000);

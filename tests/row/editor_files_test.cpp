@@ -1,0 +1,230 @@
+// How every editor of rows opens and saves its files, and when it asks about unsaved work.
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "row/editor_driver.h"
+#include "support/full_disk.h"
+
+namespace {
+
+TEST_P(RowEditor, TheSaveQuestionHasAQuestionIconYesNoCancelAndTheWindowsCaptionAsTitle) {
+  Keys("x");
+  const MessageBoxReader boxes;
+  Press("butExit");
+  ASSERT_EQ(boxes.Texts(), QStringList(Text(kQuestion)));
+  EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::Question);
+  EXPECT_EQ(boxes.Seen()[0].title, Text(kind_.title));
+  EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  EXPECT_EQ(boxes.Seen()[0].default_button, QMessageBox::Yes);
+  EXPECT_EQ(boxes.Seen()[0].escape_button, QMessageBox::Cancel);
+  EXPECT_EQ(boxes.Seen()[0].parent, &window_);
+}
+
+TEST_P(RowEditor, CancelStopsNewOpenSendAndExit) {
+  Keys("x");
+  const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver open(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver send(Text(kind_.send_dialog), [](QWidget* w) { w->close(); });
+  const MessageBoxReader boxes;
+  for (const char* name : {"butNew", "butOpen", "butSend", "butExit"}) Press(name);
+  EXPECT_EQ(boxes.Seen().size(), 4);
+  EXPECT_EQ(dimension.Count() + open.Count() + send.Count(), 0);
+  EXPECT_TRUE(window_.isVisible());
+  ExpectCursor(1, 1);
+}
+
+TEST_P(RowEditor, ExitClosesAndNoDropsTheChanges) {
+  Keys("x");
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::No);
+  Press("butExit");
+  EXPECT_FALSE(window_.isVisible());
+  EXPECT_EQ(folder_.Read(Text(kind_.new_file)), "");
+}
+
+TEST_P(RowEditor, TheCloseBoxAndEscapeAskLikeExit) {
+  Keys("x");
+  MessageBoxReader boxes;
+  EXPECT_FALSE(window_.close());
+  EXPECT_TRUE(window_.isVisible());
+  Key(Qt::Key_Escape);
+  EXPECT_TRUE(window_.isVisible());
+  EXPECT_EQ(boxes.Texts(), QStringList({Text(kQuestion), Text(kQuestion)}));
+  boxes.Answer(QMessageBox::Yes);
+  Key(Qt::Key_Escape);
+  EXPECT_FALSE(window_.isVisible());
+  EXPECT_EQ(folder_.Read(Text(kind_.new_file)), FileOf("<SA><CA>x"));
+}
+
+TEST_P(RowEditor, WithoutChangesTheWindowClosesWithoutAQuestion) {
+  const MessageBoxReader boxes;
+  EXPECT_TRUE(window_.close());
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+}
+
+TEST_P(RowEditor, SaveWritesUnderTheShownNameAndClearsTheModifiedFlag) {
+  Keys("x");
+  const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  Press("butSave");
+  EXPECT_EQ(file.Count(), 0);
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  EXPECT_EQ(folder_.Read(Text(kind_.new_file)), FileOf("<SA><CA>x"));
+  EXPECT_FALSE(Asks());
+}
+
+TEST_P(RowEditor, SaveAsWritesUnderTheChosenNameWhichIsTheFilesNameFromThenOn) {
+  Keys("x");
+  const QString path = folder_.Write(Text("there"), "replaced without a question");
+  const MessageBoxReader boxes;
+  EXPECT_EQ(SavedAs(path), FileOf("<SA><CA>x"));
+  EXPECT_EQ(FileName(), path);
+  EXPECT_FALSE(Asks());
+  Keys("y");
+  Press("butSave");
+  EXPECT_EQ(folder_.Read(Text("there")), FileOf("<SA><CA>xy"));
+  EXPECT_EQ(folder_.Read(Text(kind_.new_file)), "");
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_FALSE(Asks());
+}
+
+TEST_P(RowEditor, AFileDialogThatIsCancelledChangesNothing) {
+  Keys("x");
+  Choose("butSaveAs", QString());
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  EXPECT_TRUE(Asks());
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::No);
+  Open(QString());
+  EXPECT_EQ(dialogs_, 2);
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  EXPECT_TRUE(Asks());
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>x"));
+}
+
+TEST_P(RowEditor, APathLongerThanItsFieldIsRefusedWhenItIsChosen) {
+  Keys("x");
+  const MessageBoxReader boxes;
+  Choose("butSaveAs", folder_.Path(QString(100, QLatin1Char('n'))));
+  EXPECT_EQ(boxes.Texts(), QStringList(Text("Invalid path!")));
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  EXPECT_TRUE(Asks());
+}
+
+TEST_P(RowEditor, AFileMayHaveANameInAnyScript) {
+  Keys("x");
+  const QString path = Path("Fußgänger 中文 100%1 & <b>");
+  EXPECT_NE(SavedAs(path), "no file");
+  EXPECT_EQ(FileName(), path);
+  EXPECT_FALSE(Asks());
+  kind_.begin(*this);
+  Open(path);
+  EXPECT_EQ(FileName(), path);
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>x"));
+}
+
+TEST_P(RowEditor, TheFileDialogsHaveTheirTitlesAndFiltersAndNoPresetName) {
+  const QString folder = QFileInfo(folder_.Path(Text("x"))).absolutePath();
+  Open(QString());
+  EXPECT_EQ(dialogs_, 1);
+  EXPECT_EQ(dialog_.title, Text("Open Message"));
+  EXPECT_EQ(dialog_.filters, kind_.open_filters);
+  EXPECT_EQ(dialog_.filter, kind_.open_filters[1]);
+  EXPECT_EQ(dialog_.folder, folder);
+  Choose("butSaveAs", QString());
+  EXPECT_EQ(dialogs_, 2);
+  EXPECT_EQ(dialog_.title, Text("Save As"));
+  EXPECT_EQ(dialog_.filters, kind_.save_filters);
+  EXPECT_EQ(dialog_.filter, kind_.save_filters[1]);
+  EXPECT_EQ(dialog_.folder, folder);
+  EXPECT_EQ(dialog_.name, QString());
+}
+
+TEST_P(RowEditor, AFileThatIsNotThereOrIsAPipeGivesTheMessageAndNothingElseChanges) {
+  const MessageBoxReader boxes;
+  Open(Path("missing"));
+  const QString pipe = Path("pipe");
+  ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+  Open(pipe);  // nobody writes: opening it would wait for ever
+  EXPECT_EQ(boxes.Texts(), QStringList({Text("File not found!"), Text("File not found!")}));
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+}
+
+TEST_P(RowEditor, ARefusedFileGivesItsMessageAndLeavesTheWorkOnScreen) {
+  Keys("old");
+  Press("butSave");
+  for (const EditorKind::RefusedFile& file : kind_.refused_files) {
+    const MessageBoxReader boxes;
+    Open(folder_.Write(Text("hostile"), file.content));
+    ASSERT_EQ(boxes.Texts(), QStringList(Text(file.message)));
+    EXPECT_EQ(boxes.Seen()[0].title, Text(kind_.title));
+    EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::NoIcon);
+    EXPECT_EQ(boxes.Seen()[0].parent, &window_);
+    ExpectCursor(3, 3);
+  }
+  QFile huge(folder_.Write(Text("hostile"), kind_.start));
+  ASSERT_TRUE(huge.resize(100 * 1024 * 1024));
+  const MessageBoxReader boxes;
+  Open(huge.fileName());
+  EXPECT_EQ(boxes.Texts(), QStringList(Text("Error in Opening file!")));
+  EXPECT_FALSE(Asks());
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>old"));
+}
+
+TEST_P(RowEditor, ASaveOntoAFullDiskLeavesTheOldFileTheNameAndTheModifiedFlag) {
+  folder_.Write(Text(kind_.new_file), "the old file");
+  Keys("x");
+  const MessageBoxReader boxes;
+  {
+    const FullDisk full_disk(20);
+    Press("butSave");
+    Choose("butSaveAs", Path("other"));
+  }
+  EXPECT_EQ(boxes.Texts(),
+            QStringList({Text("Drive not available!"), Text("Drive not available!")}));
+  EXPECT_EQ(boxes.Seen()[0].title, Text(kind_.title));
+  EXPECT_EQ(folder_.Read(Text(kind_.new_file)), "the old file");
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  EXPECT_TRUE(Asks());
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>x"));
+}
+
+TEST_P(RowEditor, AnOperationThatWasToFollowAFailedSaveDoesNotHappen) {
+  // A folder in place of the file.
+  ASSERT_TRUE(QDir().mkdir(folder_.Path(Text(kind_.new_file))));
+  Keys("x");
+  const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver open(Text("CMDialog1"), [](QWidget* w) { w->close(); });
+  const ModalWindowDriver send(Text(kind_.send_dialog), [](QWidget* w) { w->close(); });
+  for (const char* name : {"butNew", "butOpen", "butSend", "butExit"}) {
+    MessageBoxReader boxes;
+    boxes.Answer(QMessageBox::Yes);
+    Press(name);
+    EXPECT_EQ(boxes.Texts(), QStringList({Text(kQuestion), Text("Invalid path!")})) << name;
+  }
+  EXPECT_EQ(dimension.Count() + open.Count() + send.Count(), 0);
+  EXPECT_TRUE(window_.isVisible());
+  ExpectCursor(1, 1);
+  EXPECT_TRUE(Asks());
+}
+
+TEST_P(RowEditor, SendGivesTheCurrentFileToTheSendDialog) {
+  const QString path = WriteWork("sent", "ab");
+  Open(path);
+  QString given;
+  const ModalWindowDriver send(Text(kind_.send_dialog), [&](QWidget* dialog) {
+    given = dialog->findChild<QLabel*>(Text("lblFileName"))->text();
+    dialog->close();
+  });
+  Press("butSend");
+  EXPECT_EQ(send.Count(), 1);
+  EXPECT_EQ(given, path);
+}
+
+}  // namespace
