@@ -1,5 +1,3 @@
-#include <random>
-
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -17,7 +15,6 @@
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"
-#include "support/wheel.h"
 
 using namespace Qt::StringLiterals;
 
@@ -89,6 +86,22 @@ TEST_P(CommandOverLink, ADoubleClickOnACommandRowSendsItAtOnce) {
   command.DoubleClick(2);
   ExpectBox(boxes, u"All pages are deleted!"_s, QMessageBox::Information);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D*>\r\n"});
+}
+
+TEST_P(CommandOverLink, ALineLostBeforeTheAnswerFailsOnceAndTheNextCommandWorks) {
+  bench_.Fail({.silent = true});
+  CommandWindow command(bench_.Ports());
+  {
+    const MessageBoxReader boxes;
+    QObject::connect(
+        &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &command.window,
+        [&] { bench_.Unplug(); }, Qt::QueuedConnection);
+    command.DoubleClick(2);
+    ExpectBox(boxes, u"Transmission error!"_s, QMessageBox::Warning);
+    bench_.Engine().disconnect(&command.window);
+  }
+  EXPECT_EQ(bench_.Frames().size(), 1);
+  ExpectTheNextCommandWorks(command);
 }
 
 TEST_P(CommandOverLink, ALineLostWhileThePageDialogIsOpenFailsOnceAndTheNextCommandWorks) {
@@ -325,51 +338,6 @@ TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
   EXPECT_TRUE(reason.startsWith(host + u":80: "_s)) << reason.toStdString();
 }
 
-TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
-  const QList<QByteArray> pieces = {"[Dimension Config]",
-                                    "[Communication]",
-                                    "\r\n",
-                                    "\n",
-                                    "ID00",
-                                    "1",
-                                    "2",
-                                    "=",
-                                    "x",
-                                    ",",
-                                    "Tri",
-                                    "Mono",
-                                    ".",
-                                    ":",
-                                    "99999999999",
-                                    "-",
-                                    " ",
-                                    "SendMode",
-                                    "TCPIP",
-                                    "\"",
-                                    ";",
-                                    QByteArray(1, 0),
-                                    "\xff",
-                                    "\x80",
-                                    "Com2",
-                                    QByteArray(300, 'x')};
-  std::mt19937 random(1);
-  int listed = 0;
-  for (int round = 0; round < 300; ++round) {
-    QByteArray ini = "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\nID002=2x";
-    for (int piece = 0; piece < 60; ++piece) {
-      ini += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
-    }
-    folder_.Configure(ini);
-    const frmCommand window;
-    const auto* list = window.findChild<QComboBox*>(u"ComboID"_s);
-    ASSERT_EQ(list->count(), Brivon1::PanelListLines(Brivon1::Store()).size());
-    ASSERT_GE(list->count(), 1);
-    ASSERT_LE(window.minimumSizeHint().width(), 800);
-    listed += list->count();
-  }
-  EXPECT_GT(listed, 300) << "some of them configure further panels";
-}
-
 TEST_F(CommandWindowAlone, SendModeEmptyOpensNothingAndReportsNothing) {
   folder_.Configure("[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n");
   CommandWindow command;
@@ -388,16 +356,6 @@ TEST_F(CommandWindowAlone, TextsAndTitleComeFromTheLanguageFile) {
   const MessageBoxReader boxes;
   command.DoubleClick(0);
   ExpectBox(boxes, u"Keine Verbindung!"_s, QMessageBox::Warning, u"Befehl"_s);
-}
-
-TEST(PanelList, AWheelOverItChoosesNoOtherPanel) {
-  TemporaryProgramFolder folder;
-  folder.Configure("[Dimension Config]\r\nID001=4x96,Tri\r\nID002=4x96,Tri\r\n");
-  CommandWindow command;
-  auto* list = command.Find<QComboBox>("ComboID");
-  ASSERT_EQ(list->currentIndex(), 0);
-  TurnWheel(list);
-  EXPECT_EQ(list->currentIndex(), 0);
 }
 
 }  // namespace

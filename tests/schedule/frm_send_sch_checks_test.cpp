@@ -10,10 +10,9 @@
 
 #include <gtest/gtest.h>
 
-#include "schedule/frmSendSch.h"
+#include "schedule/send_schedule_dialog.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
-#include "support/send_dialog.h"
 #include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
 
@@ -21,14 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Dialog : public SendDialog {
- public:
-  explicit Dialog(const QString& path)
-      : SendDialog(std::make_unique<frmSendSch>(nullptr, path),
-                   {"butSend", "butDone", "ComboSchID", "butBrowse", "txtSchNo"}) {}
-
-  void ChoosePanel(int index) { Find<QComboBox>("ComboSchID")->setCurrentIndex(index); }
-};
+using Dialog = ScheduleDialog;
 
 /// The dialog in front of panels that are never reached: what it refuses before it opens a link.
 class SendScheduleChecks : public testing::Test {
@@ -41,8 +33,7 @@ class SendScheduleChecks : public testing::Test {
   }
 
   QString Schedule(const QString& name, const QByteArray& dimension) const {
-    return folder_.Write(name, "*** Brivon Schedule File ***\r\nWeek =7\r\nHour =8\r\nMin =**\r\n" +
-                                   dimension + "No of Sequence =1\r\na.msg\r\n1\r\nAppear\r\n");
+    return folder_.Write(name, ScheduleFile(dimension, {{u"a.msg"_s, "1", "Appear"}}));
   }
 
   TemporaryProgramFolder folder_;

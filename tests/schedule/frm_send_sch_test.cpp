@@ -1,21 +1,9 @@
-#include <QComboBox>
-#include <QFile>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QSerialPort>
-#include <QSignalSpy>
-#include <QTcpSocket>
-#include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
-#include "schedule/frmSendSch.h"
+#include "schedule/send_schedule_dialog.h"
 #include "support/message_box_reader.h"
-#include "support/panel_bench.h"
-#include "support/send_dialog.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,32 +15,7 @@ const QString kNoPort = u"Fail to initialize communication port!"_s;
 const QString kWrongDimension = u"Dimension not matched!"_s;
 const QString kEnterLetter = u"Please enter A-J"_s;
 
-class Dialog : public SendDialog {
- public:
-  explicit Dialog(const QString& path, const Brivon1::PanelPorts* ports = nullptr)
-      : SendDialog(std::make_unique<frmSendSch>(nullptr, path, ports),
-                   {"butSend", "butDone", "ComboSchID", "butBrowse", "txtSchNo"}) {}
-
-  void ChoosePanel(int index) { Find<QComboBox>("ComboSchID")->setCurrentIndex(index); }
-  void TypeLetter(const QString& letter) { TypeInto("txtSchNo", letter); }
-};
-
-/// A step of a schedule file.
-struct Step {
-  QString path;
-  QByteArray delay;
-  QByteArray feature;
-};
-
-QByteArray ScheduleFile(const QByteArray& dimension, const QList<Step>& steps) {
-  QByteArray file = "*** Brivon Schedule File ***\r\nWeek =7\r\nHour =8\r\nMin =**\r\n" +
-                    dimension + "No of Sequence =" + QByteArray::number(steps.size()) + "\r\n";
-  for (const Step& step : steps) {
-    file += step.path.toLocal8Bit().leftJustified(100, ' ') + "\r\n" + step.delay + "\r\n" +
-            step.feature.leftJustified(20, ' ') + "\r\n";
-  }
-  return file;
-}
+using Dialog = ScheduleDialog;
 
 const QByteArray k2x96 = "Row =2\r\nCol =96\r\n";
 
@@ -68,26 +31,9 @@ const QList<QByteArray> kShortFrames = {
     "<ID1A><TA>608**00105E,00203A,00104A\r\n",
 };
 
-class OverBothLinks : public testing::TestWithParam<LineKind> {
+class SendSchedule : public ScheduleOverLine {
  protected:
-  explicit OverBothLinks(int rows) : bench_(GetParam(), {{26, rows, 96, true}}) {}
-
-  QString Finished() const {
-    return GetParam() == LineKind::kTcp ? u"Schedules file is sent successfully through network"_s
-                                        : u"Transmission finished!"_s;
-  }
-
-  /// The texts of a send that failed at `file`.
-  QStringList FailedAt(const QString& file) {
-    return {u"Error in sending "_s + bench_.Folder().Path(file) + QLatin1Char('!'), kFailure};
-  }
-
-  VirtualBench bench_;
-};
-
-class SendSchedule : public OverBothLinks {
- protected:
-  SendSchedule() : OverBothLinks(2) {
+  SendSchedule() : ScheduleOverLine(2) {
     const QString first = bench_.Folder().Write(u"first.msg"_s, kFirstFile);
     const QString second = bench_.Folder().Write(u"second.msg"_s, kSecondFile);
     path_ = bench_.Folder().Write(u"week.sch"_s, ScheduleFile(k2x96, {{first, "5", "wipe left"},
@@ -102,14 +48,12 @@ class SendSchedule : public OverBothLinks {
   }
 
   void ExpectTheNextSendWorks(Dialog& dialog) {
-    EXPECT_TRUE(dialog.IsReady());
-    EXPECT_TRUE(bench_.IsReleased());
+    ExpectAtRest(dialog);
     bench_.Fail({});
     const qsizetype before = bench_.Frames().size();
     EXPECT_EQ(dialog.Send(), QStringList{Finished()});
     EXPECT_EQ(bench_.Frames().mid(before), kShortFrames);
-    EXPECT_TRUE(dialog.IsReady());
-    EXPECT_TRUE(bench_.IsReleased());
+    ExpectAtRest(dialog);
   }
 
   QString path_;
@@ -130,109 +74,6 @@ TEST_P(SendSchedule, TheMessageFilesArriveAsPagesAndThenTheSchedule) {
                                    u" Sending Line 2"_s, u"Schedule--->"_s}));
   EXPECT_EQ(dialog.Shown("lblSendStatus"), u"<--- Ack"_s);
   ExpectTheNextSendWorks(dialog);
-}
-
-/// A schedule of 32 steps over 12 message files of 4 rows, all of its texts the test's own.
-class SendLongSchedule : public OverBothLinks {
- protected:
-  SendLongSchedule() : OverBothLinks(4) {
-    for (int file = 1; file <= 12; ++file) {
-      const QByteArray number = QByteArray::number(file);
-      files_.append(bench_.Folder().Write(u"stop%1.msg"_s.arg(file),
-                                          "*** Brivon Message File ***\r\nRow = 4\r\n"
-                                          "Col = 96\r\n"
-                                          "<L01><SA><CB>Stop " +
-                                              number +
-                                              "\r\n"
-                                              "<L02><CC>via town\r\n"
-                                              "<L03>\r\n"
-                                              "<L04><SB>DD MMM YYYY\r\n"));
-    }
-    const int order[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 12, 11, 10, 9,
-                         8, 7, 6, 5, 4, 3, 2, 1, 1, 2,  3,  4,  5,  6,  7,  8};
-    const char* const features[] = {"Appear",    "Flip", "OPEN",  "Wipe Right",
-                                    "Wipe Left", "Fall", "slide", "Shift"};
-    QList<Step> steps;
-    for (const int file : order) {
-      const qsizetype step = steps.size();
-      steps.append({files_.at(file - 1), QByteArray::number(step + 1), features[step % 8]});
-    }
-    path_ = bench_.Folder().Write(u"long.sch"_s, ScheduleFile("Row =4\r\nCol =96\r\n", steps));
-  }
-
-  /// The four frames of a file as the page of these three digits.
-  static QList<QByteArray> FileFrames(int file, const QByteArray& page) {
-    return {"<ID1A><L01><P" + page + "><SA><CB>Stop " + QByteArray::number(file) + " \r\n",
-            "<ID1A><L02><P" + page + "><CC>via town \r\n", "<ID1A><L03><P" + page + "> \r\n",
-            "<ID1A><L04><P" + page + "><SB><DD> \r\n"};
-  }
-
-  QStringList files_;
-  QString path_;
-};
-
-INSTANTIATE_TEST_SUITE_P(Links, SendLongSchedule,
-                         testing::Values(LineKind::kTcp, LineKind::kSerial), LineName);
-
-TEST_P(SendLongSchedule, ThirtyTwoSequencesOverTwelveFilesArriveByteForByte) {
-  Dialog dialog(path_, bench_.Ports());
-  dialog.ChoosePanel(0);
-  dialog.TypeLetter(u"c"_s);
-  EXPECT_EQ(dialog.Send(), QStringList{Finished()});
-  const QByteArray pages[] = {"025", "026", "027", "028", "029", "030",
-                              "031", "032", "033", "034", "035", "036"};
-  QList<QByteArray> expected;
-  for (int file = 1; file <= 12; ++file) expected += FileFrames(file, pages[file - 1]);
-  expected.append(
-      "<ID1A><TC>608**"
-      "02501A,02602B,02703C,02804D,02905E,03006F,03107G,03208H,"
-      "03309A,03410B,03511C,03612D,03613E,03514F,03415G,03316H,"
-      "03217A,03118B,03019C,02920D,02821E,02722F,02623G,02524H,"
-      "02525A,02626B,02727C,02828D,02929E,03030F,03131G,03232H\r\n");
-  EXPECT_EQ(bench_.Frames(), expected);
-}
-
-TEST_P(SendLongSchedule, AFailureInTheFifthFileSendsNothingOfTheSixthAndNoSchedule) {
-  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &bench_.Engine(),
-                   [&] {
-                     // The answer to row 1 of file 5 is on its way; row 2 gets no right one.
-                     if (bench_.Engine().FrameCount() == 17) bench_.Fail({.garbage = true});
-                   });
-  Dialog dialog(path_, bench_.Ports());
-  dialog.ChoosePanel(0);
-  dialog.TypeLetter(u"J"_s);
-  EXPECT_EQ(dialog.Send(), FailedAt(u"stop5.msg"_s));
-  QList<QByteArray> expected = FileFrames(1, "109") + FileFrames(2, "110") + FileFrames(3, "111") +
-                               FileFrames(4, "112") + FileFrames(5, "113").first(1);
-  expected += QList<QByteArray>(5, "<ID1A><L02><P113><CC>via town \r\n");
-  EXPECT_EQ(bench_.Frames(), expected);
-  EXPECT_TRUE(dialog.IsReady());
-  EXPECT_TRUE(bench_.IsReleased());
-}
-
-TEST_P(SendLongSchedule, AFifthFileThatLacksARowIsFoundOutBeforeItsFirstFrame) {
-  bench_.Folder().Write(u"stop5.msg"_s,
-                        "*** Brivon Message File ***\r\nRow = 4\r\nCol = 96\r\n<L01>\r\n");
-  Dialog dialog(path_, bench_.Ports());
-  dialog.ChoosePanel(0);
-  dialog.TypeLetter(u"A"_s);
-  EXPECT_EQ(dialog.Send(), FailedAt(u"stop5.msg"_s));
-  EXPECT_EQ(bench_.Frames(), FileFrames(1, "001") + FileFrames(2, "002") + FileFrames(3, "003") +
-                                 FileFrames(4, "004"));
-}
-
-TEST_P(SendLongSchedule, AFileThatTheTransmissionRefusesGivesItsMessageAndSendsNothing) {
-  Dialog dialog(path_, bench_.Ports());
-  dialog.ChoosePanel(0);
-  dialog.TypeLetter(u"A"_s);
-  bench_.Folder().Write(u"stop3.msg"_s, SampleMessageFile(4, 80));
-  EXPECT_EQ(dialog.Send(), (QStringList{u"Dimension Not Match: "_s + files_.at(2), kFailure}));
-  bench_.Folder().Write(u"stop3.msg"_s, QByteArray(100, 'x'));
-  EXPECT_EQ(dialog.Send(), (QStringList{u"Error in opening file: "_s + files_.at(2), kFailure}));
-  ASSERT_TRUE(QFile::remove(files_.at(2)));
-  EXPECT_EQ(dialog.Send(), (QStringList{u"File not found: "_s + files_.at(2), kFailure}));
-  EXPECT_TRUE(bench_.Frames().isEmpty());
-  EXPECT_TRUE(dialog.IsReady());
 }
 
 TEST_P(SendSchedule, TheBoxesArePlainAndBearTheWindowsCaption) {

@@ -1,8 +1,6 @@
 #include "support/panel_bench.h"
 
-#include <QEventLoop>
 #include <QTest>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -60,21 +58,6 @@ bool PanelBench::IsReleased() {
 
 void PanelBench::Configure(int delay_period) {
   Bench::Configure(tcp_.Port() == 0 ? 9 : tcp_.Port(), delay_period);
-}
-
-bool HandleEvents() {
-  // A loop that ends before its time was ended by the program's end, and after that each one is.
-  const auto handle = [] {
-    QEventLoop loop;
-    bool is_done = false;
-    QTimer::singleShot(0, &loop, [&] {
-      is_done = true;
-      loop.quit();
-    });
-    loop.exec();
-    return is_done;
-  };
-  return handle() && handle();
 }
 
 VirtualBench::VirtualBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels)
