@@ -1,5 +1,3 @@
-#include <random>
-
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -16,16 +14,17 @@
 #include "command/frmCommand.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
-#include "support/shown_window.h"
-#include "support/wheel.h"
+#include "support/send_dialog.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class CommandWindow : public ShownWindow<frmCommand> {
+class CommandWindow : public SendDialog {
  public:
-  CommandWindow() : ShownWindow(nullptr) {}
+  explicit CommandWindow(const Brivon1::PanelPorts* ports = nullptr)
+      : SendDialog(std::make_unique<frmCommand>(nullptr, ports),
+                   {"butSend", "butDone", "ListCommand", "ComboID"}) {}
 
   QListWidget* Commands() { return Find<QListWidget>("ListCommand"); }
 
@@ -34,16 +33,6 @@ class CommandWindow : public ShownWindow<frmCommand> {
     const QPoint at = Commands()->visualItemRect(Commands()->item(row)).center();
     QTest::mouseClick(Commands()->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(Commands()->viewport(), Qt::LeftButton, {}, at);
-  }
-
-  void Select(int row) { Commands()->setCurrentRow(row); }
-  void PressSend() { Click("butSend"); }
-
-  bool IsReady() {
-    for (const char* name : {"butSend", "butDone", "ListCommand", "ComboID"}) {
-      if (!Find<QWidget>(name)->isEnabled()) return false;
-    }
-    return window.cursor().shape() == Qt::ArrowCursor;
   }
 };
 
@@ -85,60 +74,23 @@ class CommandOverLink : public testing::TestWithParam<LineKind> {
     EXPECT_TRUE(bench_.IsReleased());
   }
 
-  PanelBench bench_;
+  VirtualBench bench_;
 };
 
 INSTANTIATE_TEST_SUITE_P(Links, CommandOverLink, testing::Values(LineKind::kTcp, LineKind::kSerial),
                          LineName);
 
-TEST_P(CommandOverLink, APollThatIsAnswered) {
-  CommandWindow command;
-  const MessageBoxReader boxes;
-  command.Select(0);
-  command.PressSend();
-  ExpectBox(boxes, u"Command is sent successfully!"_s, QMessageBox::Information);
-  EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><?>\r\n"});
-  EXPECT_TRUE(command.IsReady());
-  EXPECT_TRUE(bench_.IsReleased());
-}
-
 TEST_P(CommandOverLink, ADoubleClickOnACommandRowSendsItAtOnce) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   command.DoubleClick(2);
   ExpectBox(boxes, u"All pages are deleted!"_s, QMessageBox::Information);
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<IDC8><D*>\r\n"});
 }
 
-TEST_P(CommandOverLink, APollThatNobodyAnswersFailsAfterFiveAttempts) {
-  bench_.Fail({.silent = true});
-  CommandWindow command;
-  const MessageBoxReader boxes;
-  command.Select(0);
-  command.PressSend();
-  ExpectBox(boxes, u"Polling error!"_s, QMessageBox::Warning);
-  EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<IDC8><?>\r\n"));
-  ExpectTheNextCommandWorks(command);
-}
-
-TEST_P(CommandOverLink, WhatCannotBeOpenedIsReportedAndTheNextCommandWorks) {
-  bench_.Unplug();
-  CommandWindow command;
-  {
-    const MessageBoxReader boxes;
-    command.DoubleClick(0);
-    ExpectBox(boxes,
-              GetParam() == LineKind::kTcp ? u"Cannot create TCP link!"_s
-                                           : u"Fail to initialize communication port!"_s,
-              QMessageBox::Warning);
-  }
-  EXPECT_TRUE(bench_.Frames().isEmpty());
-  ExpectTheNextCommandWorks(command);
-}
-
 TEST_P(CommandOverLink, ALineLostBeforeTheAnswerFailsOnceAndTheNextCommandWorks) {
   bench_.Fail({.silent = true});
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   {
     const MessageBoxReader boxes;
     QObject::connect(
@@ -153,7 +105,7 @@ TEST_P(CommandOverLink, ALineLostBeforeTheAnswerFailsOnceAndTheNextCommandWorks)
 }
 
 TEST_P(CommandOverLink, ALineLostWhileThePageDialogIsOpenFailsOnceAndTheNextCommandWorks) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   {
     const MessageBoxReader boxes;
     const ModalWindowDriver page(u"frmPage"_s, [&](QWidget* window) {
@@ -168,23 +120,8 @@ TEST_P(CommandOverLink, ALineLostWhileThePageDialogIsOpenFailsOnceAndTheNextComm
   ExpectTheNextCommandWorks(command);
 }
 
-TEST_P(CommandOverLink, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
-  CommandWindow command;
-  {
-    const MessageBoxReader boxes;
-    const ModalWindowDriver box(QString(), [&](QWidget*) {
-      bench_.Unplug();
-      QCoreApplication::processEvents();
-    });
-    command.DoubleClick(0);
-    EXPECT_EQ(box.Count(), 1);
-    ExpectBox(boxes, u"Command is sent successfully!"_s, QMessageBox::Information);
-  }
-  ExpectTheNextCommandWorks(command);
-}
-
 TEST_P(CommandOverLink, TheProgramsEndWhileThePageDialogIsOpenSendsNothing) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   {
     const ModalWindowDriver page = EnterPage(u"7"_s);
@@ -203,7 +140,7 @@ TEST_P(CommandOverLink, EveryPieceOfAMessageAndItsTitleAreLookedUp) {
   bench_.Folder().UseLanguage(
       "[Message]\r\nmsgPage=Seite\r\nmsgDPOK=ist weg.\r\nmsgRunOK=zeigt sie.\r\n"
       "msgRun=Zeige Seite\r\n[frmMain]\r\nbutCommand.Caption=Befehl\r\n");
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const ModalWindowDriver page = EnterPage(u"7"_s);
   {
     const MessageBoxReader boxes;
@@ -216,7 +153,7 @@ TEST_P(CommandOverLink, EveryPieceOfAMessageAndItsTitleAreLookedUp) {
 }
 
 TEST_P(CommandOverLink, ThePageIsNamedAsItWasEntered) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   const ModalWindowDriver page = EnterPage(u"7 \u20ac"_s);
   command.DoubleClick(3);
@@ -225,7 +162,7 @@ TEST_P(CommandOverLink, ThePageIsNamedAsItWasEntered) {
 }
 
 TEST_P(CommandOverLink, DeletingPage7OfPanel200) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   const ModalWindowDriver page = EnterPage(u"7"_s);
   command.DoubleClick(3);
@@ -235,7 +172,7 @@ TEST_P(CommandOverLink, DeletingPage7OfPanel200) {
 }
 
 TEST_P(CommandOverLink, RunningAPage) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   const ModalWindowDriver page = EnterPage(u"012"_s);
   command.DoubleClick(4);
@@ -244,7 +181,7 @@ TEST_P(CommandOverLink, RunningAPage) {
 }
 
 TEST_P(CommandOverLink, ACancelledPageDialogSendsNothing) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   const ModalWindowDriver page = EnterPage(QString());
   command.DoubleClick(4);
@@ -256,7 +193,7 @@ TEST_P(CommandOverLink, ACancelledPageDialogSendsNothing) {
 }
 
 TEST_P(CommandOverLink, APageOutside1To120SendsNothing) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   const ModalWindowDriver page = EnterPage(u"121"_s);
   command.DoubleClick(3);
@@ -266,7 +203,7 @@ TEST_P(CommandOverLink, APageOutside1To120SendsNothing) {
 }
 
 TEST_P(CommandOverLink, SetClockSetsThePanelsClock) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   command.DoubleClick(1);
   ExpectBox(boxes,
@@ -278,59 +215,37 @@ TEST_P(CommandOverLink, SetClockSetsThePanelsClock) {
 }
 
 TEST_P(CommandOverLink, AfterTheCommandTheLastBytesHaveThreeTicksToLeaveTheLine) {
-  CommandWindow command;
-  int ticks = 0;
-  bool link_is_open = false;
-  QObject::connect(command.Find<QTimer>("Timer1"), &QTimer::timeout, &command.window, [&] {
-    ++ticks;
-    link_is_open = GetParam() == LineKind::kTcp ? command.Find<QTcpSocket>("Winsock1")->isOpen()
-                                                : command.Find<QSerialPort>("Comm1")->isOpen();
-  });
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
-  const ModalWindowDriver box(QString(), [&](QWidget*) { ticks = 0; });
+  qsizetype before = 0;
+  qint64 read_at = 0;
+  const ModalWindowDriver box(QString(), [&](QWidget*) {
+    before = bench_.Time().Timeline().size();
+    read_at = bench_.Time().Now();
+  });
+  qint64 closed_at = 0;
+  bench_.OnClose([&] { closed_at = bench_.Time().Now(); });
   command.DoubleClick(0);
   EXPECT_EQ(box.Count(), 1);
-  EXPECT_EQ(ticks, 3);
-  EXPECT_TRUE(link_is_open);
-  EXPECT_FALSE(command.Find<QTimer>("Timer1")->isActive());
+  const int at = static_cast<int>(read_at);
+  EXPECT_EQ(bench_.Time().Timeline().mid(before), TicksAt(at + 100, at + 300));
+  EXPECT_EQ(closed_at, read_at + 300);
+  EXPECT_FALSE(bench_.Timer().IsEnabled());
 }
 
 TEST_P(CommandOverLink, WithoutASelectedCommandNothingIsSent) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   EXPECT_EQ(command.Commands()->currentRow(), -1);
   const MessageBoxReader boxes;
-  command.PressSend();
+  command.Click("butSend");
   EXPECT_TRUE(boxes.Seen().isEmpty());
   EXPECT_TRUE(bench_.Frames().isEmpty());
   EXPECT_TRUE(command.IsReady());
   EXPECT_TRUE(bench_.IsReleased());
 }
 
-TEST_P(CommandOverLink, WhileItSendsTheWindowIsLockedAndStaysOpen) {
-  CommandWindow command;
-  const MessageBoxReader boxes;
-  int seen = 0;
-  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &command.window,
-                   [&] {
-                     ++seen;
-                     EXPECT_FALSE(command.Find<QWidget>("butSend")->isEnabled());
-                     EXPECT_FALSE(command.Find<QWidget>("butDone")->isEnabled());
-                     EXPECT_FALSE(command.Find<QWidget>("ListCommand")->isEnabled());
-                     EXPECT_FALSE(command.Find<QWidget>("ComboID")->isEnabled());
-                     EXPECT_EQ(command.window.cursor().shape(), Qt::WaitCursor);
-                     command.window.close();
-                     QTest::keyClick(&command.window, Qt::Key_Escape);
-                     EXPECT_TRUE(command.window.isVisible());
-                   });
-  command.Select(0);
-  command.PressSend();
-  EXPECT_EQ(seen, 1);
-  EXPECT_TRUE(command.window.isVisible());
-  EXPECT_TRUE(command.IsReady());
-}
-
 TEST_P(CommandOverLink, TheSecondPanelOfTheListIsReachedByItsOwnId) {
-  CommandWindow command;
+  CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
   command.Find<QComboBox>("ComboID")->setCurrentIndex(1);
   command.DoubleClick(0);
@@ -346,7 +261,7 @@ TEST_F(CommandWindowAlone, WithNoConfiguredPanelTheIdListIsEmptyAndSendReportsEm
   CommandWindow command;
   EXPECT_EQ(command.Find<QComboBox>("ComboID")->count(), 0);
   const MessageBoxReader boxes;
-  command.PressSend();
+  command.Click("butSend");
   ExpectBox(boxes, u"Empty ID!"_s, QMessageBox::NoIcon);
 }
 
@@ -423,51 +338,6 @@ TEST_F(CommandWindowAlone, AHostIsShownInTheSystemsCodePage) {
   EXPECT_TRUE(reason.startsWith(host + u":80: "_s)) << reason.toStdString();
 }
 
-TEST_F(CommandWindowAlone, AnyConfigurationGivesAListOfItsConfiguredPanels) {
-  const QList<QByteArray> pieces = {"[Dimension Config]",
-                                    "[Communication]",
-                                    "\r\n",
-                                    "\n",
-                                    "ID00",
-                                    "1",
-                                    "2",
-                                    "=",
-                                    "x",
-                                    ",",
-                                    "Tri",
-                                    "Mono",
-                                    ".",
-                                    ":",
-                                    "99999999999",
-                                    "-",
-                                    " ",
-                                    "SendMode",
-                                    "TCPIP",
-                                    "\"",
-                                    ";",
-                                    QByteArray(1, 0),
-                                    "\xff",
-                                    "\x80",
-                                    "Com2",
-                                    QByteArray(300, 'x')};
-  std::mt19937 random(1);
-  int listed = 0;
-  for (int round = 0; round < 300; ++round) {
-    QByteArray ini = "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\nID002=2x";
-    for (int piece = 0; piece < 60; ++piece) {
-      ini += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
-    }
-    folder_.Configure(ini);
-    const frmCommand window;
-    const auto* list = window.findChild<QComboBox*>(u"ComboID"_s);
-    ASSERT_EQ(list->count(), Brivon1::PanelListLines(Brivon1::Store()).size());
-    ASSERT_GE(list->count(), 1);
-    ASSERT_LE(window.minimumSizeHint().width(), 800);
-    listed += list->count();
-  }
-  EXPECT_GT(listed, 300) << "some of them configure further panels";
-}
-
 TEST_F(CommandWindowAlone, SendModeEmptyOpensNothingAndReportsNothing) {
   folder_.Configure("[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n");
   CommandWindow command;
@@ -486,16 +356,6 @@ TEST_F(CommandWindowAlone, TextsAndTitleComeFromTheLanguageFile) {
   const MessageBoxReader boxes;
   command.DoubleClick(0);
   ExpectBox(boxes, u"Keine Verbindung!"_s, QMessageBox::Warning, u"Befehl"_s);
-}
-
-TEST(PanelList, AWheelOverItChoosesNoOtherPanel) {
-  TemporaryProgramFolder folder;
-  folder.Configure("[Dimension Config]\r\nID001=4x96,Tri\r\nID002=4x96,Tri\r\n");
-  CommandWindow command;
-  auto* list = command.Find<QComboBox>("ComboID");
-  ASSERT_EQ(list->currentIndex(), 0);
-  TurnWheel(list);
-  EXPECT_EQ(list->currentIndex(), 0);
 }
 
 }  // namespace

@@ -65,13 +65,13 @@ class SlowLine : public testing::Test {
   QString path_;
 };
 
-class Dialog : public SendDialog<frmSendMsg> {
+class Dialog : public SendDialog {
  public:
-  explicit Dialog(const QString& file_name) : SendDialog(file_name) {
+  explicit Dialog(const QString& file_name)
+      : SendDialog(std::make_unique<frmSendMsg>(nullptr, file_name),
+                   {"butBrowse", "ComboID", "txtPage", "butSend", "butDone"}) {
     Find<QComboBox>("ComboID")->setCurrentIndex(0);
   }
-
-  bool IsReady() { return AreReady({"butBrowse", "ComboID", "txtPage", "butSend", "butDone"}); }
 };
 
 TEST_F(SlowLine, AFullOutputBufferIsNoLossTheRestWaitsUntilThereIsRoom) {

@@ -24,17 +24,16 @@ const QString kNoPort = u"Fail to initialize communication port!"_s;
 const QByteArray kFile = "*** Brivon Shift Message File ***\r\n<SA><CA>Road <CB>works\r\n";
 
 /// The dialog as an operator has it before him.
-class Dialog : public SendDialog<frmSendShift> {
+class Dialog : public SendDialog {
  public:
-  using SendDialog::SendDialog;
+  explicit Dialog(const QString& path, const Brivon1::PanelPorts* ports = nullptr)
+      : SendDialog(std::make_unique<frmSendShift>(nullptr, path, ports),
+                   {"butBrowse", "ComboID", "txtLine", "butSend", "butDone"}) {}
 
   void TypeLine(const QString& line) { TypeInto("txtLine", line); }
-  QString File() { return Find<QLabel>("lblFileName")->text(); }
+  QString File() { return Shown("lblFileName"); }
 
-  bool IsReady() {
-    return AreReady({"butBrowse", "ComboID", "txtLine", "butSend", "butDone"}) &&
-           Find<QLabel>("lblSendStatus")->text().isEmpty();
-  }
+  bool IsReady() { return SendDialog::IsReady() && Shown("lblSendStatus").isEmpty(); }
 };
 
 /// The dialog in front of panels that are really there.
@@ -45,23 +44,12 @@ class SendScrolling : public testing::Test {
     path_ = bench_.Folder().Write(u"a.srl"_s, kFile);
   }
 
-  void ExpectTheNextSendWorks(Dialog& dialog) {
-    EXPECT_TRUE(dialog.IsReady());
-    EXPECT_TRUE(bench_.IsReleased());
-    bench_.Fail({});
-    const qsizetype before = bench_.Frames().size();
-    EXPECT_EQ(dialog.Send(), QStringList{kFinished});
-    EXPECT_EQ(bench_.Frames().size(), before + 1);
-    EXPECT_TRUE(dialog.IsReady());
-    EXPECT_TRUE(bench_.IsReleased());
-  }
-
-  PanelBench bench_;
+  VirtualBench bench_;
   QString path_;
 };
 
 TEST_F(SendScrolling, TheMessageArrivesAsOneFrameAndTheDialogStaysOpenForTheNext) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   dialog.TypeLine(u"16"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
@@ -84,22 +72,21 @@ TEST_F(SendScrolling, TheConfigurationNamesTheTcpIpModeTheMessageIsStillSentOver
   const QByteArray ini = bench_.Folder().Read(u"brivon.ini"_s);
   for (const char* mode : {"SendMode=TCPIP", "SendMode=", "SendMode=other"}) {
     bench_.Folder().Configure(QByteArray(ini).replace("SendMode=RS232", mode));
-    Dialog dialog(path_);
+    Dialog dialog(path_, bench_.Ports());
     EXPECT_EQ(dialog.Send(), QStringList{kFinished}) << mode;
   }
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>(3, "<ID12><L1><SA><CA>Road <CB>works\r\n"));
-  EXPECT_EQ(bench_.Tcp().ConnectionCount(), 0);
 }
 
 TEST_F(SendScrolling, TxtLine0OnAnyPanelIsSentWithLine0WithoutAMessage) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   dialog.TypeLine(u"0"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
 }
 
 TEST_F(SendScrolling, TxtLine17OnA16RowPanelIsNotValid) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   dialog.TypeLine(u"17"_s);
   EXPECT_EQ(dialog.Send(), QStringList{u"Line No. Not Valid!"_s});
   EXPECT_TRUE(bench_.Frames().isEmpty());
@@ -107,21 +94,21 @@ TEST_F(SendScrolling, TxtLine17OnA16RowPanelIsNotValid) {
 }
 
 TEST_F(SendScrolling, TxtLineAbcIsReadAs0AndSent) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   dialog.TypeLine(u"abc"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
 }
 
 TEST_F(SendScrolling, ALineBelow0PassesTheCheckAndIsSentAsItIs) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   dialog.TypeLine(u" -70000x"_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L-70000><SA><CA>Road <CB>works\r\n");
 }
 
 TEST_F(SendScrolling, AHugeLineNumberIsNotValid) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   for (const char* line : {"65537", "4294967297", "99999999999999999999999999"}) {
     dialog.TypeLine(QString::fromLatin1(line));
     EXPECT_EQ(dialog.Send(), QStringList{u"Line No. Not Valid!"_s}) << line;
@@ -129,24 +116,21 @@ TEST_F(SendScrolling, AHugeLineNumberIsNotValid) {
   EXPECT_TRUE(bench_.Frames().isEmpty());
 }
 
-TEST_F(SendScrolling, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
-  Dialog dialog(path_);
+TEST(SendScrollingOverARealPort, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
+  PanelBench bench(LineKind::kSerial, {{18, 16, 96, true}});
+  Dialog dialog(bench.Folder().Write(u"a.srl"_s, kFile));
   int seen = 0;
-  QObject::connect(
-      &bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window, [&] {
-        ++seen;
-        for (const char* name : {"butSend", "butDone", "butBrowse", "ComboID", "txtLine"}) {
-          EXPECT_FALSE(dialog.Find<QWidget>(name)->isEnabled()) << name;
-        }
-        EXPECT_EQ(dialog.window.cursor().shape(), Qt::WaitCursor);
-        EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), u"Sending --->"_s);
-        EXPECT_TRUE(dialog.Find<QTimer>("Timer1")->isActive());
-        dialog.Click("butSend");
-        dialog.window.close();
-        QTest::keyClick(&dialog.window, Qt::Key_Escape);
-        QTest::keyClick(&dialog.window, Qt::Key_Return);
-        EXPECT_TRUE(dialog.window.isVisible());
-      });
+  QObject::connect(&bench.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window, [&] {
+    ++seen;
+    dialog.ExpectLocked();
+    EXPECT_EQ(dialog.Find<QLabel>("lblSendStatus")->text(), u"Sending --->"_s);
+    EXPECT_TRUE(dialog.Find<QTimer>("Timer1")->isActive());
+    dialog.Click("butSend");
+    dialog.window.close();
+    QTest::keyClick(&dialog.window, Qt::Key_Escape);
+    QTest::keyClick(&dialog.window, Qt::Key_Return);
+    EXPECT_TRUE(dialog.window.isVisible());
+  });
   QString status;
   const ModalWindowDriver box(
       QString(), [&](QWidget*) { status = dialog.Find<QLabel>("lblSendStatus")->text(); });
@@ -160,20 +144,9 @@ TEST_F(SendScrolling, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
   EXPECT_FALSE(dialog.window.isVisible());
 }
 
-TEST_F(SendScrolling, TheBoxIsPlainAndBearsTheWindowsCaption) {
-  Dialog dialog(path_);
-  const MessageBoxReader boxes;
-  dialog.Click("butSend");
-  ASSERT_EQ(boxes.Seen().size(), 1);
-  EXPECT_EQ(boxes.Seen()[0].text, kFinished);
-  EXPECT_EQ(boxes.Seen()[0].title, u"Send Scrolling Message"_s);
-  EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::NoIcon);
-  EXPECT_EQ(boxes.Seen()[0].buttons, QMessageBox::Ok);
-  EXPECT_EQ(boxes.Seen()[0].parent, &dialog.window);
-}
-
-TEST_F(SendScrolling, ThePortIsOpenAndTheControlsAreLockedUntilTheResultIsRead) {
-  Dialog dialog(path_);
+TEST(SendScrollingOverARealPort, ThePortIsOpenAndTheControlsAreLockedUntilTheResultIsRead) {
+  PanelBench bench(LineKind::kSerial, {{18, 16, 96, true}});
+  Dialog dialog(bench.Folder().Write(u"a.srl"_s, kFile));
   bool ready = true;
   bool open = false;
   const ModalWindowDriver box(QString(), [&](QWidget*) {
@@ -186,133 +159,15 @@ TEST_F(SendScrolling, ThePortIsOpenAndTheControlsAreLockedUntilTheResultIsRead) 
   EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
 }
 
-TEST_F(SendScrolling, TheControlsAreLockedUntilTheLinkIsClosed) {
-  Dialog dialog(path_);
-  int closed = 0;
-  QObject::connect(dialog.Find<QSerialPort>("Comm1"), &QIODevice::aboutToClose, &dialog.window,
-                   [&] {
-                     ++closed;
-                     for (const char* name : {"butSend", "butDone", "butBrowse", "ComboID"}) {
-                       EXPECT_FALSE(dialog.Find<QWidget>(name)->isEnabled()) << name;
-                     }
-                   });
-  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
-  EXPECT_EQ(closed, 1);
-  EXPECT_TRUE(dialog.IsReady());
-}
-
 TEST_F(SendScrolling, ALineOfBlanksIsNotEmptyIsReadAs0AndSent) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   dialog.TypeLine(u"  "_s);
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames().value(0), "<ID12><L0><SA><CA>Road <CB>works\r\n");
 }
 
-TEST_F(SendScrolling, ASilentPanelFailsAfterFiveAttempts) {
-  bench_.Fail({.silent = true});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
-  EXPECT_EQ(bench_.Frames(), QList<QByteArray>(5, "<ID12><L1><SA><CA>Road <CB>works\r\n"));
-  ExpectTheNextSendWorks(dialog);
-}
-
-TEST_F(SendScrolling, APanelThatAnswersOnTheThirdAttemptHasTheMessage) {
-  bench_.Fail({.silent_answers = 2});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
-  EXPECT_EQ(bench_.Frames().size(), 3);
-}
-
-TEST_F(SendScrolling, ASlowPanelThatAnswersInPiecesIsAccepted) {
-  bench_.Fail({.pieces = 3, .piece_pause_ms = 40, .late_ms = 900});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFinished});
-  EXPECT_EQ(bench_.Frames().size(), 1);
-}
-
-TEST_F(SendScrolling, GarbledAnswersAreRefusedFiveTimes) {
-  bench_.Fail({.garbage = true});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
-  EXPECT_EQ(bench_.Frames().size(), 5);
-  ExpectTheNextSendWorks(dialog);
-}
-
-TEST_F(SendScrolling, LowerCaseAnswersAreRefused) {
-  bench_.Fail({.lower_case = true});
-  Dialog dialog(path_);
-  dialog.Find<QComboBox>("ComboID")->setCurrentIndex(2);  // 26 is 1A, in lower case 1a
-  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
-}
-
-TEST_F(SendScrolling, AStrayByteInFrontOfEveryAnswerFails) {
-  bench_.Fail({.stray_byte = true});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
-  EXPECT_EQ(bench_.Frames().size(), 5);
-}
-
-TEST_F(SendScrolling, AnEndlessAnswerFailsAndTheNextSendWorks) {
-  bench_.Fail({.flood = true});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFailure});
-  ExpectTheNextSendWorks(dialog);
-}
-
-TEST_F(SendScrolling, ALineThatIsUnpluggedWhileItSendsFailsOnceAndTheNextSendWorks) {
-  bench_.Fail({.silent = true, .close_after_frame = 1});
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Send(), QStringList{kFailure}) << "one message, not one for each error";
-  EXPECT_EQ(bench_.Frames().size(), 1);
-  bench_.PlugIn();
-  ExpectTheNextSendWorks(dialog);
-}
-
-TEST_F(SendScrolling, ALineLostWhileTheMessageBoxIsOpenDoesNoHarm) {
-  Dialog dialog(path_);
-  {
-    const MessageBoxReader boxes;
-    const ModalWindowDriver box(QString(), [&](QWidget*) {
-      bench_.Unplug();
-      QCoreApplication::processEvents();
-    });
-    dialog.Click("butSend");
-    EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
-  }
-  bench_.PlugIn();
-  ExpectTheNextSendWorks(dialog);
-}
-
-TEST_F(SendScrolling, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
-  Dialog dialog(path_);
-  auto* line = dialog.Find<QLineEdit>("txtLine");
-  line->setFocus();
-  Qt::CursorShape shape = Qt::ArrowCursor;
-  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
-                   [&] { shape = line->cursor().shape(); });
-  const MessageBoxReader boxes;
-  QTest::keyClick(line, Qt::Key_Return);
-  EXPECT_EQ(boxes.Texts(), QStringList{kFinished});
-  EXPECT_EQ(shape, Qt::WaitCursor);
-  EXPECT_EQ(line->cursor().shape(), Qt::IBeamCursor);
-  EXPECT_EQ(dialog.window.focusWidget(), line);
-}
-
-TEST_F(SendScrolling, AMissingPortIsReportedWithItsDevice) {
-  bench_.Unplug();
-  Dialog dialog(path_);
-  const MessageBoxReader boxes;
-  dialog.Click("butSend");
-  EXPECT_EQ(boxes.Texts(), QStringList{kNoPort});
-  EXPECT_TRUE(boxes.Seen().value(0).informative.startsWith(bench_.Folder().Path(u"panel-line"_s) +
-                                                           u": "_s));
-  EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
-  bench_.PlugIn();
-  ExpectTheNextSendWorks(dialog);
-}
-
 TEST_F(SendScrolling, AFileThatIsRefusedAtSendingIsATransmissionFailureAndNothingIsSent) {
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   for (const char* content : {"too short", "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n",
                               "*** Brivon Shift Message File ***\r\n"}) {
     bench_.Folder().Write(u"a.srl"_s, content);
@@ -330,19 +185,9 @@ TEST_F(SendScrolling, TheLongestMessageArrivesWhole) {
             static_cast<char>('A' + at % 16) + '>' + static_cast<char>('a' + at % 26);
   }
   bench_.Folder().Write(u"a.srl"_s, "*** Brivon Shift Message File ***\r\n" + body + "\r\n");
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>{"<ID12><L1>" + body + "\r\n"});
-}
-
-TEST_F(SendScrolling, TheWholeProgramCanBeEndedWhileItSends) {
-  bench_.Fail({.silent = true});
-  Dialog dialog(path_);
-  QObject::connect(&bench_.Engine(), &VirtualPanel::PanelEngine::FrameReceived, &dialog.window,
-                   [] { QCoreApplication::exit(3); });
-  QTimer::singleShot(0, &dialog.window, [&] { dialog.Click("butSend"); });
-  EXPECT_EQ(QCoreApplication::exec(), 3);
-  EXPECT_TRUE(dialog.IsReady());
 }
 
 TEST_F(SendScrolling, ItsTextsComeFromTheLanguageFileItsCaptionsDoNot) {
@@ -350,7 +195,7 @@ TEST_F(SendScrolling, ItsTextsComeFromTheLanguageFileItsCaptionsDoNot) {
       "[Message]\r\nmsgTxOK=Fertig!\r\nmsgTxFail=Fehler!\r\nmsgErrComm=Kein Anschluss!\r\n"
       "msgNotFound=Datei fehlt\r\nmsgErrOpen=Unlesbar\r\n"
       "[frmSendShift]\r\nfrmSendShift.Caption=Senden\r\nfrmSendShift.butSend=Los\r\n");
-  Dialog dialog(path_);
+  Dialog dialog(path_, bench_.Ports());
   EXPECT_EQ(dialog.Send(), QStringList{u"Fertig!"_s});
   bench_.Fail({.garbage = true});
   EXPECT_EQ(dialog.Send(), QStringList{u"Fehler!"_s});
@@ -403,14 +248,6 @@ TEST_F(SendScrollingChecks, ThePanelListHasNoAddressesAndItsFirstEntryIsSelected
   EXPECT_EQ(list->currentIndex(), 0);
 }
 
-TEST_F(SendScrollingChecks, AnEmptyPanelListGivesInvalidIdSelection) {
-  folder_.Configure("");
-  Dialog dialog(path_);
-  EXPECT_EQ(dialog.Find<QComboBox>("ComboID")->count(), 0);
-  EXPECT_EQ(dialog.Send(), QStringList{u"Invalid ID Selection!"_s});
-  EXPECT_TRUE(dialog.IsReady());
-}
-
 TEST_F(SendScrollingChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   const QString path = folder_.Path(u"late.srl"_s);
   Dialog dialog(path);
@@ -456,80 +293,6 @@ TEST_F(SendScrollingChecks, TheControlsAreLockedUntilTheMessageAboutThePortIsRea
   EXPECT_EQ(dialog.Send(), QStringList{kNoPort});
   EXPECT_FALSE(ready);
   EXPECT_TRUE(dialog.IsReady());
-}
-
-TEST_F(SendScrollingChecks, WithoutAFileTheKeyboardIsAtBrowse) {
-  Dialog dialog{QString()};
-  EXPECT_EQ(dialog.window.focusWidget()->objectName(), u"butBrowse"_s);
-}
-
-TEST_F(SendScrollingChecks, WithoutAFileOrWithAFolderThereIsNoneToFind) {
-  EXPECT_EQ(Dialog(QString()).Send(), QStringList{u"File not found!"_s});
-  EXPECT_EQ(Dialog(folder_.Path(QString())).Send(), QStringList{u"File not found!"_s});
-}
-
-TEST_F(SendScrollingChecks, BrowseShowsTheChosenFile) {
-  const QString other = folder_.Write(u"other.srl"_s, kFile);
-  Dialog dialog(path_);
-  const MessageBoxReader boxes;
-  const FileChooser chooser(other);
-  dialog.Click("butBrowse");
-  EXPECT_EQ(chooser.Seen().title, u"Browse"_s);
-  EXPECT_EQ(chooser.Seen().filters,
-            (QStringList{u"Scrolling Message File (*.srl)"_s, u"All (*)"_s}));
-  EXPECT_EQ(chooser.Seen().filter, u"Scrolling Message File (*.srl)"_s);
-  EXPECT_EQ(dialog.File(), other);
-  EXPECT_TRUE(boxes.Seen().isEmpty());
-}
-
-TEST_F(SendScrollingChecks, AFileWhoseHeaderIsWrongIsRefusedAtBrowseInWordsWithoutAMark) {
-  folder_.UseLanguage("[Message]\r\nmsgErrOpen=Unlesbar\r\n");
-  Dialog dialog(path_);
-  const MessageBoxReader boxes;
-  const FileChooser chooser(folder_.Write(u"bad.srl"_s, QByteArray(100, 'x')));
-  dialog.Click("butBrowse");
-  EXPECT_EQ(boxes.Texts(), QStringList{u"Unlesbar"_s});
-  EXPECT_EQ(dialog.File(), path_);
-}
-
-TEST_F(SendScrollingChecks, AChosenFileThatDoesNotExistIsNotFoundInWordsWithoutAMark) {
-  Dialog dialog(path_);
-  const MessageBoxReader boxes;
-  const FileChooser chooser(folder_.Path(u"gone.srl"_s));
-  dialog.Click("butBrowse");
-  EXPECT_EQ(boxes.Texts(), QStringList{u"File not found"_s});
-  EXPECT_EQ(dialog.File(), path_);
-}
-
-TEST_F(SendScrollingChecks, ABrowseThatIsCancelledChangesNothing) {
-  Dialog dialog(path_);
-  const MessageBoxReader boxes;
-  const FileChooser chooser((QString()));
-  dialog.Click("butBrowse");
-  EXPECT_EQ(chooser.Count(), 1);
-  EXPECT_EQ(dialog.File(), path_);
-  EXPECT_TRUE(boxes.Seen().isEmpty());
-}
-
-TEST_F(SendScrollingChecks, DoneAndEscapeCloseTheDialog) {
-  Dialog dialog(path_);
-  dialog.Click("butDone");
-  EXPECT_FALSE(dialog.window.isVisible());
-  Dialog other(path_);
-  QTest::keyClick(&other.window, Qt::Key_Escape);
-  EXPECT_FALSE(other.window.isVisible());
-}
-
-TEST_F(SendScrollingChecks, TabVisitsTheControlsInTheOrderInWhichTheyAreRead) {
-  Dialog dialog(path_);
-  dialog.window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog.window));
-  EXPECT_EQ(dialog.window.focusWidget()->objectName(), u"ComboID"_s);
-  dialog.Find<QWidget>("butBrowse")->setFocus();
-  for (const char* name : {"ComboID", "txtLine", "butSend", "butDone", "butBrowse"}) {
-    QTest::keyClick(dialog.window.focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(dialog.window.focusWidget()->objectName(), QLatin1String(name));
-  }
 }
 
 TEST_F(SendScrollingChecks, ReturnInTheLineBoxSends) {

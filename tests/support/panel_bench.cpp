@@ -8,8 +8,31 @@ std::string LineName(const testing::TestParamInfo<LineKind>& line) {
   return line.param == LineKind::kTcp ? "Tcp" : "Serial";
 }
 
+QList<QByteArray> Bench::Frames() const {
+  QList<QByteArray> frames;
+  for (const VirtualPanel::FrameRecord& record : engine_.Frames()) frames.append(record.bytes);
+  return frames;
+}
+
+void Bench::Configure(quint16 tcp_port, int delay_period) {
+  QByteArray ini = "[Dimension Config]\r\n";
+  for (const VirtualPanel::PanelDescription& panel : panels_) {
+    ini += u"ID%1=%2x%3,%4,127.0.0.1:%5\r\n"_s.arg(panel.id, 3, 10, QLatin1Char('0'))
+               .arg(panel.rows)
+               .arg(panel.columns)
+               .arg(panel.tri_colour ? u"Tri"_s : u"Mono"_s)
+               .arg(tcp_port)
+               .toLatin1();
+  }
+  ini += "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=";
+  ini += kind_ == LineKind::kTcp ? "TCPIP" : "RS232";
+  ini += "\r\nDelay Period=" + QByteArray::number(delay_period) + "\r\n";
+  ini += "[Serial Ports]\r\nCom2=" + Device().toLocal8Bit() + "\r\n";
+  folder_.Configure(ini);
+}
+
 PanelBench::PanelBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels)
-    : kind_(kind), panels_(panels), engine_(panels), tcp_(&engine_), pty_(&engine_) {
+    : Bench(kind, panels), tcp_(&Engine()), pty_(&Engine()) {
   PlugIn();
   Configure();
 }
@@ -22,29 +45,10 @@ void PanelBench::Unplug() {
 
 void PanelBench::PlugIn() {
   if (kind_ == LineKind::kSerial) {
-    if (!pty_.IsPlugged() && !pty_.Open(folder_.Path(u"panel-line"_s))) {
-      qFatal("cannot open a pseudo-terminal");
-    }
+    if (!pty_.IsPlugged() && !pty_.Open(Device())) qFatal("cannot open a pseudo-terminal");
   } else if (tcp_.Port() == 0 && !tcp_.Listen(QHostAddress(QHostAddress::LocalHost), tcp_port_)) {
     qFatal("cannot listen on loopback");
   }
-}
-
-void PanelBench::Configure(int delay_period) {
-  QByteArray ini = "[Dimension Config]\r\n";
-  for (const VirtualPanel::PanelDescription& panel : panels_) {
-    ini += u"ID%1=%2x%3,%4,127.0.0.1:%5\r\n"_s.arg(panel.id, 3, 10, QLatin1Char('0'))
-               .arg(panel.rows)
-               .arg(panel.columns)
-               .arg(panel.tri_colour ? u"Tri"_s : u"Mono"_s)
-               .arg(tcp_.Port() == 0 ? 9 : tcp_.Port())
-               .toLatin1();
-  }
-  ini += "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=";
-  ini += kind_ == LineKind::kTcp ? "TCPIP" : "RS232";
-  ini += "\r\nDelay Period=" + QByteArray::number(delay_period) + "\r\n";
-  ini += "[Serial Ports]\r\nCom2=" + folder_.Path(u"panel-line"_s).toLocal8Bit() + "\r\n";
-  folder_.Configure(ini);
 }
 
 bool PanelBench::IsReleased() {
@@ -52,10 +56,32 @@ bool PanelBench::IsReleased() {
                                  : QTest::qWaitFor([this] { return !pty_.IsInUse(); });
 }
 
-QList<QByteArray> PanelBench::Frames() const {
-  QList<QByteArray> frames;
-  for (const VirtualPanel::FrameRecord& record : engine_.Frames()) frames.append(record.bytes);
-  return frames;
+void PanelBench::Configure(int delay_period) {
+  Bench::Configure(tcp_.Port() == 0 ? 9 : tcp_.Port(), delay_period);
+}
+
+VirtualBench::VirtualBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels)
+    : Bench(kind, panels), serial_(Engine(), time_, u"serial"_s), tcp_(Engine(), time_, u"tcp"_s) {
+  PlugIn();
+  Configure(kPort, 0);
+}
+
+void VirtualBench::Unplug() {
+  serial_.Unplug();
+  tcp_.Unplug();
+}
+
+void VirtualBench::PlugIn() {
+  if (kind_ == LineKind::kSerial) {
+    serial_.PlugIn();
+  } else {
+    tcp_.PlugIn();
+  }
+}
+
+void VirtualBench::OnClose(const std::function<void()>& closing) {
+  serial_.on_close = closing;
+  tcp_.on_close = closing;
 }
 
 QByteArray SampleMessageFile(int rows, int columns) {
