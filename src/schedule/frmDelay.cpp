@@ -42,8 +42,8 @@ void frmDelay::SetUpDelay() {
 
 void frmDelay::SetUpFeatures() {
   QListWidget* list = ui_->ListFeature;
+  LoadCaptions(this);
   if (ModuleLanguage::IsLanguageActive()) {
-    LoadCaptions(this);
     const auto found =
         list->findItems(Brivon1::DialogText, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (!found.isEmpty()) list->setCurrentItem(found.first());

@@ -11,6 +11,7 @@
 #include "scrolling/scrolling_file.h"
 #include "store/configuration_store.h"
 #include "ui_frmShiftMsg.h"
+#include "widgets/caption_room.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
@@ -46,6 +47,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ConnectMessage();
   ConnectTimers();
   ui_->lblFileName->setText(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  GiveCaptionsRoom(this);
   ShowEdit();
   ReturnKeyboardToMessage();
 }

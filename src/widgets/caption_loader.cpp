@@ -12,6 +12,7 @@
 #include "language/caption_tables.h"
 #include "language/display_feature.h"
 #include "language/module_language.h"
+#include "widgets/caption_room.h"
 
 namespace {
 
@@ -123,6 +124,7 @@ void UsePlainButtons(QWidget* window) {
 }  // namespace
 
 void LoadCaptions(QWidget* window) {
+  GiveCaptionsRoom(window);
   if (!ModuleLanguage::IsLanguageActive()) return;
   const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName());
   if (table == nullptr) return;
