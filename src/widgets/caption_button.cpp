@@ -17,7 +17,7 @@ constexpr qreal kGap = 6;
 constexpr qreal kSymbolSize = 40;
 constexpr qreal kAboveSymbol = 10;
 
-// Smaller letters than these cost more than the symbol is worth.
+// Smaller letters than these are a price that the symbol is not worth.
 constexpr qreal kSmallestWithSymbol = 0.85;
 
 }  // namespace
@@ -64,7 +64,8 @@ QRectF CaptionButton::SymbolArea() const {
     caption.setTop(area.bottom() + kGap);
   }
   const TextFit fit = FitText(font(), ShownCaption(), caption.size());
-  return fit.whole && fit.scale >= kSmallestWithSymbol ? area : QRectF();
+  const qreal without = FitText(font(), ShownCaption(), inside.size()).scale;
+  return fit.whole && fit.scale >= std::min(kSmallestWithSymbol, without) ? area : QRectF();
 }
 
 QRectF CaptionButton::CaptionArea() const {

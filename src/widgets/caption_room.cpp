@@ -73,6 +73,7 @@ class CaptionRoom : public QObject {
     const int height = designed
                            ? std::max(window_->height(), Layout().totalMinimumHeightForWidth(width))
                            : Layout().totalHeightForWidth(width);
+    window_->setMinimumSize(0, 0);  // that of the letters before they were made smaller
     window_->resize(width, std::min(height, Room().height()));
   }
 

@@ -102,6 +102,7 @@ TEST(CaptionRoom, WhereTheScreenEndsAllLettersGetSmallerAlike) {
   const qreal natural = window.font().pointSizeF();
   window.ShowIt();
   EXPECT_LE(window.width(), window.screen()->availableSize().width());
+  EXPECT_EQ(window.height(), window.layout()->totalHeightForWidth(window.width()));
   EXPECT_LT(window.font().pointSizeF(), natural);
   EXPECT_GE(window.font().pointSizeF(), natural * kSmallestScale);
   EXPECT_EQ(window.label_.font().pointSizeF(), window.font().pointSizeF());
