@@ -47,8 +47,6 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   setTabOrder(&ui_->rowArea->Surface(kMaxRows), ui_->Command3);
   ui_->butNew->setFocus();
   LoadCaptions(this);
-  // Captions that take several lines leave room for all twelve rows.
-  setMinimumHeight(layout()->totalMinimumHeightForWidth(minimumSizeHint().width()));
 }
 
 frmMsgEditor::~frmMsgEditor() = default;

@@ -77,8 +77,6 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   ui_->butNew->setFocus();
   LoadCaptions(this);
   ui_->GridSeqTable->setAccessibleName(ui_->FrameSchTable->title());
-  // Captions that take several lines leave room for the table's rows.
-  setMinimumHeight(layout()->totalMinimumHeightForWidth(minimumSizeHint().width()));
 }
 
 frmSchedule::~frmSchedule() = default;

@@ -9,6 +9,7 @@
 #include "scrolling/scrolling_file.h"
 #include "store/configuration_store.h"
 #include "ui_frmShiftMsg.h"
+#include "widgets/caption_room.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
@@ -38,6 +39,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ConnectButtons();
   ConnectMessage();
   file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  GiveCaptionsRoom(this);
   ResumeTyping();
 }
 

@@ -10,16 +10,39 @@
 
 namespace {
 
-constexpr qreal kMargin = 8;
-constexpr qreal kPlainMargin = 3;  // of a button that never has a symbol
+constexpr int kMargin = 8;
+constexpr int kPlainMargin = 3;  // of a button that never has a symbol
+constexpr int kLeastWidth = 88;
 constexpr qreal kGap = 6;
 constexpr qreal kSymbolSize = 40;
 constexpr qreal kAboveSymbol = 10;
 
-// Smaller letters than these cost more than the symbol is worth.
+// Smaller letters than these are a price that the symbol is not worth.
 constexpr qreal kSmallestWithSymbol = 0.85;
 
 }  // namespace
+
+CaptionButton::CaptionButton(const QString& caption, QWidget* parent)
+    : QPushButton(caption, parent) {
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+QSize CaptionButton::sizeHint() const {
+  // The height is that of the narrowest button: layouts take what heightForWidth() asks for, and no
+  // more than this.
+  const int width = CaptionWidth(font(), ShownCaption()) + 2 * kMargin;
+  return {std::max(width, kLeastWidth), heightForWidth(minimumSizeHint().width())};
+}
+
+QSize CaptionButton::minimumSizeHint() const {
+  const int width = LeastCaptionWidth(font(), ShownCaption()) + 2 * kMargin;
+  return {std::max(width, kLeastWidth), QPushButton::sizeHint().height()};
+}
+
+int CaptionButton::heightForWidth(int width) const {
+  const int caption = CaptionHeight(font(), ShownCaption(), width - 2 * kMargin);
+  return std::max(QPushButton::sizeHint().height(), caption + 2 * kPlainMargin);
+}
 
 QRectF CaptionButton::Inside() const {
   const qreal above = symbol_ == LauncherSymbol::kNone ? kPlainMargin : kMargin;
@@ -41,7 +64,8 @@ QRectF CaptionButton::SymbolArea() const {
     caption.setTop(area.bottom() + kGap);
   }
   const TextFit fit = FitText(font(), ShownCaption(), caption.size());
-  return fit.whole && fit.scale >= kSmallestWithSymbol ? area : QRectF();
+  const qreal without = FitText(font(), ShownCaption(), inside.size()).scale;
+  return fit.whole && fit.scale >= std::min(kSmallestWithSymbol, without) ? area : QRectF();
 }
 
 QRectF CaptionButton::CaptionArea() const {
@@ -58,6 +82,16 @@ QRectF CaptionButton::CaptionArea() const {
 
 TextFit CaptionButton::Fit() const { return FitText(font(), ShownCaption(), CaptionArea().size()); }
 
+qreal CaptionButton::Scale() const {
+  qreal scale = Fit().scale;
+  if (parentWidget() == nullptr) return scale;
+  for (const auto* other :
+       parentWidget()->findChildren<CaptionButton*>(Qt::FindDirectChildrenOnly)) {
+    if (!other->isHidden() && other->y() == y()) scale = std::min(scale, other->Fit().scale);
+  }
+  return scale;
+}
+
 void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
   QStyleOptionButton option;
@@ -69,7 +103,8 @@ void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
   const QColor accent = isEnabled() ? option.palette.color(QPalette::Highlight) : line;
   DrawLauncherSymbol(&painter, symbol_, SymbolArea(), line, accent);
   painter.setPen(line);
-  DrawFittedText(&painter, CaptionArea(), Qt::AlignHCenter | Qt::AlignVCenter, text(), true);
+  painter.setFont(Scaled(font(), Scale()));
+  DrawCaption(&painter, CaptionArea(), Qt::AlignCenter, text(), true);
 }
 
 bool CaptionButton::event(QEvent* event) {

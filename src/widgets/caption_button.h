@@ -1,5 +1,5 @@
-// A button that keeps its size: a caption that is longer than its line is wrapped and written
-// smaller. A large one can show a symbol with its caption.
+// A button that wraps a long caption. Where it cannot grow, its letters get smaller, and those of
+// all buttons of its row with them. A large one can show a symbol with its caption.
 #pragma once
 
 #include <QPushButton>
@@ -11,12 +11,21 @@ class CaptionButton : public QPushButton {
   Q_OBJECT
 
  public:
-  using QPushButton::QPushButton;
+  explicit CaptionButton(const QString& caption, QWidget* parent = nullptr);
+  explicit CaptionButton(QWidget* parent = nullptr) : CaptionButton(QString(), parent) {}
 
   void SetSymbol(LauncherSymbol symbol) { symbol_ = symbol; }
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+  bool hasHeightForWidth() const override { return true; }
+  int heightForWidth(int width) const override;
+
   /// How the caption fits the button as it is now.
   TextFit Fit() const;
+
+  /// The size of the letters against those of the font: what the longest caption of the row needs.
+  qreal Scale() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -1,54 +1,48 @@
 #include "widgets/caption_check_box.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
 #include "widgets/fitted_text.h"
 
-namespace {
+template <typename Button>
+int WrappedOption<Button>::Beside() const {
+  return Button::sizeHint().width() -
+         this->fontMetrics().size(Qt::TextShowMnemonic, this->text()).width();
+}
 
-constexpr int kWidest = 160;
-constexpr int kWidestOption = 240;
+template <typename Button>
+QSize WrappedOption<Button>::sizeHint() const {
+  const int width = Beside() + CaptionWidth(this->font(), WithoutShortcutMark(this->text()));
+  return {width, heightForWidth(width)};
+}
 
-void Paint(QWidget* button, QStyleOptionButton option, QStyle::ControlElement element,
-           QStyle::SubElement contents) {
-  QStylePainter painter(button);
-  const QString caption = option.text;
-  const QRect place = button->style()->subElementRect(contents, &option, button);
+template <typename Button>
+int WrappedOption<Button>::heightForWidth(int width) const {
+  const QString caption = WithoutShortcutMark(this->text());
+  return std::max(Button::sizeHint().height(),
+                  CaptionHeight(this->font(), caption, width - Beside()));
+}
+
+template <typename Button>
+void WrappedOption<Button>::paintEvent(QPaintEvent* /*event*/) {
+  constexpr bool kIsCheckBox = std::is_base_of_v<QCheckBox, Button>;
+  QStyleOptionButton option;
+  this->initStyleOption(&option);
+  const QRect place = this->style()->subElementRect(
+      kIsCheckBox ? QStyle::SE_CheckBoxContents : QStyle::SE_RadioButtonContents, &option, this);
   option.text.clear();
-  painter.drawControl(element, option);
-  painter.setPen(button->palette().color(
-      button->isEnabled() ? QPalette::Normal : QPalette::Disabled, QPalette::WindowText));
-  DrawFittedText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, caption, true);
+  QStylePainter painter(this);
+  painter.drawControl(kIsCheckBox ? QStyle::CE_CheckBox : QStyle::CE_RadioButton, option);
+  painter.setPen(option.palette.color(QPalette::WindowText));
+  const TextFit fit =
+      FitText(this->font(), WithoutShortcutMark(this->text()), QRectF(place).size());
+  painter.setFont(Scaled(this->font(), fit.scale));
+  DrawCaption(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, this->text(), true);
 }
 
-/// `hint`, which the toolkit has for `button`, with the room of a last "&", which it does not draw,
-/// and at most `widest`.
-QSize Bounded(QSize hint, const QAbstractButton& button, int widest) {
-  const QFontMetrics metrics = button.fontMetrics();
-  const int drawn = metrics.size(0, WithoutShortcutMark(button.text())).width();
-  const int counted = metrics.size(Qt::TextShowMnemonic, button.text()).width();
-  return {std::min(hint.width() + drawn - counted, widest), hint.height()};
-}
-
-}  // namespace
-
-QSize CaptionCheckBox::sizeHint() const { return Bounded(QCheckBox::sizeHint(), *this, kWidest); }
-
-void CaptionCheckBox::paintEvent(QPaintEvent* /*event*/) {
-  QStyleOptionButton option;
-  initStyleOption(&option);
-  Paint(this, option, QStyle::CE_CheckBox, QStyle::SE_CheckBoxContents);
-}
-
-QSize CaptionRadioButton::sizeHint() const {
-  return Bounded(QRadioButton::sizeHint(), *this, kWidestOption);
-}
-
-void CaptionRadioButton::paintEvent(QPaintEvent* /*event*/) {
-  QStyleOptionButton option;
-  initStyleOption(&option);
-  Paint(this, option, QStyle::CE_RadioButton, QStyle::SE_RadioButtonContents);
-}
+template class WrappedOption<QCheckBox>;
+template class WrappedOption<QRadioButton>;

@@ -1,34 +1,32 @@
-// Check boxes and option buttons that keep to their place: a caption that is longer than its line
-// is wrapped and written smaller.
+// Check boxes and option buttons that wrap a long caption.
 #pragma once
 
 #include <QCheckBox>
 #include <QRadioButton>
 
-class CaptionCheckBox : public QCheckBox {
-  Q_OBJECT
-
+/// What both have in common; `Button` is the toolkit's class.
+template <typename Button>
+class WrappedOption : public Button {
  public:
-  using QCheckBox::QCheckBox;
+  explicit WrappedOption(const QString& caption, QWidget* parent = nullptr)
+      : Button(caption, parent) {
+    this->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  }
+  explicit WrappedOption(QWidget* parent = nullptr) : WrappedOption(QString(), parent) {}
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+  bool hasHeightForWidth() const override { return true; }
+  int heightForWidth(int width) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+  bool hitButton(const QPoint& position) const override { return this->rect().contains(position); }
+
+ private:
+  /// The width of what stands beside the caption.
+  int Beside() const;
 };
 
-class CaptionRadioButton : public QRadioButton {
-  Q_OBJECT
-
- public:
-  using QRadioButton::QRadioButton;
-
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-};
+using CaptionCheckBox = WrappedOption<QCheckBox>;
+using CaptionRadioButton = WrappedOption<QRadioButton>;

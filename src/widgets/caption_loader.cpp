@@ -12,6 +12,7 @@
 
 #include "language/caption_tables.h"
 #include "language/module_language.h"
+#include "widgets/caption_room.h"
 
 namespace {
 
@@ -108,6 +109,7 @@ void UsePlainButtons(QWidget* window) {
 }  // namespace
 
 void LoadCaptions(QWidget* window) {
+  GiveCaptionsRoom(window);
   if (!ModuleLanguage::IsLanguageActive()) return;
   const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName());
   if (table == nullptr) return;

@@ -1,35 +1,49 @@
 #include "widgets/fitted_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QTextLayout>
+#include <QRegularExpression>
 
 #include "widgets/plain_tool_tip.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr qreal kStep = 0.95;
+constexpr int kWidest = 30;  // average characters in a line
 
-// A text without the "&" of its shortcut, and where the underlined letter stands.
-struct Plain {
-  QString text;
-  qsizetype shortcut = -1;
-};
-
-Plain WithoutMnemonic(const QString& text) {
-  Plain plain;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    if (text[i] == u'&' && i + 1 < text.size()) {
-      ++i;
-      if (text[i] != u'&' && plain.shortcut < 0) plain.shortcut = plain.text.size();
-    }
-    plain.text += text[i];
-  }
-  return plain;
+const QRegularExpression& Mark() {
+  static const QRegularExpression mark(u"&(.)"_s);
+  return mark;
 }
+
+qreal LongestWord(const QFontMetricsF& metrics, const QString& text) {
+  qreal longest = 0;
+  for (const QString& word : text.split(u' ', Qt::SkipEmptyParts)) {
+    longest = std::max(longest, metrics.horizontalAdvance(word));
+  }
+  return longest;
+}
+
+/// Words are broken only where the longest does not fit.
+int WrapFlag(const QFont& font, const QString& text, qreal width) {
+  return LongestWord(QFontMetricsF(font), text) <= width ? Qt::TextWordWrap : Qt::TextWrapAnywhere;
+}
+
+qreal WrappedHeight(const QFont& font, const QString& text, qreal width) {
+  const QRectF space(0, 0, width, QWIDGETSIZE_MAX);
+  return QFontMetricsF(font).boundingRect(space, WrapFlag(font, text, width), text).height();
+}
+
+int Widest(const QFont& font) {
+  return static_cast<int>(QFontMetricsF(font).averageCharWidth() * kWidest);
+}
+
+}  // namespace
 
 QFont Scaled(QFont font, qreal scale) {
   if (font.pointSizeF() > 0) {
@@ -40,89 +54,79 @@ QFont Scaled(QFont font, qreal scale) {
   return font;
 }
 
-bool WordsFit(const QFont& font, const QString& text, qreal width) {
-  const QFontMetricsF metrics(font);
-  const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
-  return std::all_of(words.begin(), words.end(),
-                     [&](const QString& word) { return metrics.horizontalAdvance(word) <= width; });
-}
+QString WithoutShortcutMark(QString caption) { return caption.replace(Mark(), u"\\1"_s); }
 
-qreal LayOut(QTextLayout& layout, qreal width, Qt::Alignment alignment) {
-  QTextOption option(alignment & Qt::AlignHorizontal_Mask);
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  layout.setTextOption(option);
-  qreal height = 0;
-  layout.beginLayout();
-  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-    line.setLineWidth(width);
-    line.setPosition({0, height});
-    height += line.height();
-  }
-  layout.endLayout();
-  return height;
-}
-
-TextFit FitPlainText(const QFont& font, const QString& text, const QSizeF& size) {
-  TextFit fit;
+TextFit FitText(const QFont& font, const QString& text, const QSizeF& size) {
   TextFit broken{0, false, true};
-  for (; fit.scale >= kSmallestScale; fit.scale *= kStep) {
-    const QFont scaled = Scaled(font, fit.scale);
-    QTextLayout layout(text, scaled);
-    if (LayOut(layout, size.width(), Qt::AlignLeft) > size.height()) continue;
-    if (WordsFit(scaled, text, size.width())) return fit;
-    if (broken.scale == 0) broken.scale = fit.scale;
+  for (qreal scale = 1; scale >= kSmallestScale; scale *= kSmallerScale) {
+    const QFont scaled = Scaled(font, scale);
+    if (size.isEmpty() || WrappedHeight(scaled, text, size.width()) > size.height()) continue;
+    if (LongestWord(QFontMetricsF(scaled), text) <= size.width()) return {scale, true, true};
+    if (broken.scale == 0) broken.scale = scale;
   }
   return broken.scale > 0 ? broken : TextFit{kSmallestScale, false, false};
 }
 
-}  // namespace
-
-QString WithoutShortcutMark(const QString& caption) { return WithoutMnemonic(caption).text; }
-
-TextFit FitText(const QFont& font, const QString& text, const QSizeF& size) {
-  return FitPlainText(font, text, size);
+int CaptionWidth(const QFont& font, const QString& text) {
+  const qreal line = QFontMetricsF(font).horizontalAdvance(text);
+  return std::min(static_cast<int>(std::ceil(line)), Widest(font));
 }
 
-TextFit DrawFittedText(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
-                       const QString& text, bool mnemonic) {
-  const Plain plain = mnemonic ? WithoutMnemonic(text) : Plain{text, -1};
-  const TextFit fit = FitPlainText(painter->font(), plain.text, area.size());
-  QTextLayout layout(plain.text, Scaled(painter->font(), fit.scale));
-  if (plain.shortcut >= 0) {
-    QTextLayout::FormatRange underline;
-    underline.start = static_cast<int>(plain.shortcut);
-    underline.length = 1;
-    underline.format.setFontUnderline(true);
-    layout.setFormats({underline});
+int LeastCaptionWidth(const QFont& font, const QString& text) {
+  const qreal word = LongestWord(QFontMetricsF(font), text);
+  return std::min(static_cast<int>(std::ceil(word)), Widest(font));
+}
+
+int CaptionHeight(const QFont& font, const QString& text, int width) {
+  return static_cast<int>(std::ceil(WrappedHeight(font, text, width)));
+}
+
+void DrawCaption(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
+                 const QString& caption, bool mnemonic) {
+  const QString plain = mnemonic ? WithoutShortcutMark(caption) : caption;
+  // The toolkit would drop a mark at the end.
+  const bool ends_in_mark = mnemonic && QString(caption).remove(Mark()).endsWith(u'&');
+  int flags = alignment.toInt() | WrapFlag(painter->font(), plain, area.width());
+  if (mnemonic) flags |= Qt::TextShowMnemonic;
+  QRectF seen = area;
+  if (WrappedHeight(painter->font(), plain, area.width()) > area.height()) {
+    const qreal line = QFontMetricsF(painter->font()).lineSpacing();
+    seen.setHeight(std::max(line, std::floor(area.height() / line) * line));
+    flags = (flags & ~Qt::AlignVertical_Mask) | Qt::AlignTop;
   }
-  const qreal height = LayOut(layout, area.width(), alignment);
-  const qreal spare = std::max<qreal>(0, area.height() - height);
-  const qreal top = area.top() + (alignment.testFlag(Qt::AlignTop) ? 0 : spare / 2);
   painter->save();
-  painter->setClipRect(area, Qt::IntersectClip);
-  for (int i = 0; i < layout.lineCount(); ++i) {
-    const QTextLine line = layout.lineAt(i);
-    const bool fits = line.rect().bottom() <= area.height() + 1;
-    if (fit.complete || fits) line.draw(painter, {area.left(), top});
-  }
+  painter->setClipRect(seen, Qt::IntersectClip);
+  painter->drawText(seen, flags, ends_in_mark ? caption + u'&' : caption);
   painter->restore();
-  return fit;
+}
+
+QSize FittedLabel::sizeHint() const {
+  const int width = CaptionWidth(font(), Shown());
+  return QSize(width, CaptionHeight(font(), Shown(), width)).grownBy(contentsMargins());
+}
+
+QSize FittedLabel::minimumSizeHint() const {
+  return QSize(LeastCaptionWidth(font(), Shown()), fontMetrics().height())
+      .grownBy(contentsMargins());
+}
+
+int FittedLabel::heightForWidth(int width) const {
+  const QMargins around = contentsMargins();
+  return CaptionHeight(font(), Shown(), width - around.left() - around.right()) + around.top() +
+         around.bottom();
 }
 
 bool FittedLabel::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const QString shown = HasShortcut() ? WithoutShortcutMark(text()) : text();
-    if (!FitText(font(), shown, QRectF(contentsRect()).size()).complete) {
-      ShowPlainToolTip(*static_cast<QHelpEvent*>(event), shown, this);
-      return true;
-    }
+  if (event->type() == QEvent::ToolTip && !Fit().complete) {
+    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), Shown(), this);
+    return true;
   }
   return QLabel::event(event);
 }
 
 void FittedLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setFont(font());
+  painter.setFont(Scaled(font(), Fit().scale));
   painter.setPen(palette().color(foregroundRole()));
-  DrawFittedText(&painter, contentsRect(), alignment(), text(), HasShortcut());
+  DrawCaption(&painter, contentsRect(), alignment(), text(), buddy() != nullptr);
 }

@@ -89,6 +89,14 @@ TEST(CaptionButtonTest, ACaptionThatNeedsTheRoomIsDrawnWithoutTheSymbol) {
   EXPECT_EQ(Picture(caption, LauncherSymbol::kMessage), Picture(caption, LauncherSymbol::kExit));
 }
 
+TEST(CaptionButtonTest, ACaptionThatIsNoLargerWithoutTheSymbolIsDrawnWithIt) {
+  const char* caption = "Programmkonfiguration";
+  CaptionButton button(Text(caption));
+  button.resize(119, 116);
+  ASSERT_LT(button.Fit().scale, 0.85);
+  EXPECT_NE(Picture(caption, LauncherSymbol::kMessage), Picture(caption, LauncherSymbol::kExit));
+}
+
 TEST(CaptionButtonTest, TheMarkOfAShortcutIsNotShown) {
   EXPECT_EQ(Picture("Fish && chips", LauncherSymbol::kExit).size(), QSize(119, 116));
   EXPECT_NE(Picture("&Message", LauncherSymbol::kExit), Picture("Message", LauncherSymbol::kExit));

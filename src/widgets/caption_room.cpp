@@ -1,0 +1,95 @@
+#include "widgets/caption_room.h"
+
+#include <algorithm>
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLayout>
+#include <QScreen>
+#include <QWidget>
+
+#include "widgets/fitted_text.h"
+
+namespace {
+
+// What a desktop puts around a window.
+constexpr QSize kFrame(16, 40);
+
+class CaptionRoom : public QObject {
+ public:
+  explicit CaptionRoom(QWidget* window) : QObject(window), window_(window), font_(window->font()) {
+    window->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Show && !event->spontaneous()) {
+      Shrink();
+      Open();
+    } else if (event->type() == QEvent::LayoutRequest) {
+      Shrink();
+    }
+    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest ||
+        event->type() == QEvent::Resize) {
+      SetMinimum();
+    }
+    return QObject::eventFilter(object, event);
+  }
+
+ private:
+  const QLayout& Layout() const { return *window_->layout(); }
+  QSize Room() const { return window_->screen()->availableSize() - kFrame; }
+
+  bool Fits() const {
+    return Layout().totalMinimumSize().width() <= Room().width() &&
+           Layout().totalMinimumHeightForWidth(Room().width()) <= Room().height();
+  }
+
+  // Letters that were made smaller stay so: a window that changes its size by itself is no help.
+  void Shrink() {
+    while (!Fits() && scale_ * kSmallerScale >= kSmallestScale) {
+      scale_ *= kSmallerScale;
+      window_->setFont(Scaled(font_, scale_));
+      ForgetSizes();
+    }
+  }
+
+  // What was reckoned with the former font.
+  void ForgetSizes() {
+    for (QComboBox* list : window_->findChildren<QComboBox*>()) {
+      QEvent changed(QEvent::StyleChange);
+      QCoreApplication::sendEvent(list, &changed);
+    }
+    for (QLayout* layout : window_->findChildren<QLayout*>()) layout->invalidate();
+  }
+
+  // Gives the window its first size: that of its design, or what the captions need beyond it.
+  void Open() {
+    const bool designed = window_->testAttribute(Qt::WA_Resized);
+    int width = Layout().totalSizeHint().width();
+    if (designed) width = std::max(width, window_->width());
+    if (Layout().totalMinimumHeightForWidth(width) > Room().height()) width = Room().width();
+    width = std::min(width, Room().width());
+    const int height = designed
+                           ? std::max(window_->height(), Layout().totalMinimumHeightForWidth(width))
+                           : Layout().totalHeightForWidth(width);
+    window_->setMinimumSize(0, 0);  // that of the letters before they were made smaller
+    window_->resize(width, std::min(height, Room().height()));
+  }
+
+  void SetMinimum() {
+    const int width = std::min(Layout().totalMinimumSize().width(), Room().width());
+    const int height = Layout().totalMinimumHeightForWidth(std::max(width, window_->width()));
+    window_->setMinimumSize(width, std::min(height, Room().height()));
+  }
+
+  QWidget* window_;
+  QFont font_;
+  qreal scale_ = 1;
+};
+
+}  // namespace
+
+void GiveCaptionsRoom(QWidget* window) {
+  if (window->layout() != nullptr) new CaptionRoom(window);
+}
