@@ -35,7 +35,7 @@ TEST_P(RowEditor, KeysWithAltOrMetaNeitherMoveNorTypeAndGoOnToTheWindow) {
       EXPECT_EQ(window_keys.TakeLast(), key);
     }
   }
-  EXPECT_EQ(CursorCell(Surface()), 4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return CursorCell(Surface()) == 4; }));
   EXPECT_EQ(Saved(), FileOf("<SA><CA>ab cd"));
 }
 
@@ -181,6 +181,7 @@ TEST_P(RowEditor, OpenLeavesTheAttributesOfWhatIsTypedNext) {
 
 TEST_P(RowEditor, OnlyTheLeftButtonMovesTheCursor) {
   Keys("abcd");
+  Find<QTimer>("Timer1")->stop();
   for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
     QTest::mouseClick(Surface(), button, {}, QPoint(12, 10));
     EXPECT_EQ(CursorCell(Surface()), 4);
