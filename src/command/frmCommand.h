@@ -18,7 +18,7 @@ class frmCommand : public QDialog {
   Q_OBJECT
 
  public:
-  /// `ports` are for SendingSession.
+  /// `ports` as SendingSession takes them.
   explicit frmCommand(QWidget* parent = nullptr, const Brivon1::PanelPorts* ports = nullptr);
   ~frmCommand() override;
 

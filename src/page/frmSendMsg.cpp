@@ -34,10 +34,13 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name, const Brivon1:
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendMsg>()) {
   ui_->setupUi(this);
   panels_ = new PanelChoice(ui_->ComboID);
-  file_ = new FileToSend(
-      this,
-      {u"Message File|*.msg|All|*.*"_s, Brivon1::IsMessageFile, u"!"_s, u"!"_s, u"CMDialog1"_s},
-      {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
+  file_ = new FileToSend(this,
+                         {.filter = u"Message File|*.msg|All|*.*"_s,
+                          .check = Brivon1::IsMessageFile,
+                          .browse_end = u"!"_s,
+                          .send_end = u"!"_s,
+                          .dialog_name = u"CMDialog1"_s},
+                         {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
   session_ = new SendingSession(
       this, {ui_->butBrowse, ui_->ComboID, ui_->txtPage, ui_->butSend, ui_->butDone}, ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendMsg::Send);

@@ -17,8 +17,8 @@ class frmSendMsg : public QDialog {
   Q_OBJECT
 
  public:
-  /// `file_name` is the file handed over by an editor; it may be empty. `ports` are for
-  /// SendingSession.
+  /// `file_name` is the file handed over by an editor; it may be empty. `ports` as
+  /// SendingSession takes them.
   explicit frmSendMsg(QWidget* parent, const QString& file_name,
                       const Brivon1::PanelPorts* ports = nullptr);
   ~frmSendMsg() override;

@@ -34,10 +34,9 @@ void DiscardInput(PanelLink& link);
 bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
                            const std::function<void()>& before, int sending_time = 0);
 
-/// Whether what panel `id` was sent has arrived, as far as it can be known. A panel has
-/// acknowledged it, but on a slow line an earlier attempt's acknowledgement may have been taken for
-/// that of a frame that still waits; nobody acknowledges what goes to all panels, ID 0. So it must
-/// have left, which is waited for.
+/// Waits until all that was written has left, and returns whether it has. An acknowledgement does
+/// not prove that: on a slow line it may answer an earlier attempt while the last one still waits
+/// here. All panels together, ID 0, never acknowledge.
 bool HasArrived(OpenLine& line, int id);
 
 }  // namespace Brivon1

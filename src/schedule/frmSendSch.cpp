@@ -33,8 +33,11 @@ frmSendSch::frmSendSch(QWidget* parent, const QString& file_name, const Brivon1:
   panels_ = new PanelChoice(ui_->ComboSchID);
   file_ =
       new FileToSend(this,
-                     {u"Schedule File|*.sch|All|*.*"_s, Brivon1::IsScheduleFile, QString(),
-                      QString(), u"DialogBrowse"_s},
+                     {.filter = u"Schedule File|*.sch|All|*.*"_s,
+                      .check = Brivon1::IsScheduleFile,
+                      .browse_end = QString(),
+                      .send_end = QString(),
+                      .dialog_name = u"DialogBrowse"_s},
                      {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
   // The letter may be typed on: a transmission has taken its own at its beginning.
   session_ = new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ComboSchID, ui_->butBrowse},

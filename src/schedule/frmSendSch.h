@@ -17,8 +17,8 @@ class frmSendSch : public QDialog {
   Q_OBJECT
 
  public:
-  /// `file_name` is the file handed over by an editor; it may be empty. `ports` are for
-  /// SendingSession.
+  /// `file_name` is the file handed over by an editor; it may be empty. `ports` as
+  /// SendingSession takes them.
   explicit frmSendSch(QWidget* parent, const QString& file_name,
                       const Brivon1::PanelPorts* ports = nullptr);
   ~frmSendSch() override;

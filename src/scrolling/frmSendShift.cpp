@@ -40,8 +40,11 @@ frmSendShift::frmSendShift(QWidget* parent, const QString& file_name,
   panels_ = new PanelChoice(ui_->ComboID, Brivon1::ShortPanelListLine);
   ui_->ComboID->setCurrentIndex(ui_->ComboID->count() > 0 ? 0 : -1);
   file_ = new FileToSend(this,
-                         {u"Scrolling Message File|*.srl|All|*.*"_s, CheckScrollingFile, QString(),
-                          u"!"_s, u"CMDialog1"_s},
+                         {.filter = u"Scrolling Message File|*.srl|All|*.*"_s,
+                          .check = CheckScrollingFile,
+                          .browse_end = QString(),
+                          .send_end = u"!"_s,
+                          .dialog_name = u"CMDialog1"_s},
                          {ui_->butBrowse, ui_->lblFileName}, file_name);
   session_ = new SendingSession(
       this, {ui_->butSend, ui_->butDone, ui_->butBrowse, ui_->ComboID, ui_->txtLine}, ports);

@@ -19,8 +19,8 @@ class frmSendShift : public QDialog {
   Q_OBJECT
 
  public:
-  /// `file_name` is the file handed over by an editor; it may be empty. `ports` are for
-  /// SendingSession.
+  /// `file_name` is the file handed over by an editor; it may be empty. `ports` as
+  /// SendingSession takes them.
   explicit frmSendShift(QWidget* parent, const QString& file_name,
                         const Brivon1::PanelPorts* ports = nullptr);
   ~frmSendShift() override;

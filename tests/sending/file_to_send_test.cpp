@@ -103,6 +103,8 @@ const FileDialog kDialogs[] = {
      .send_end = "!",
      .tab_order = "ComboID txtLine butSend butDone butBrowse"}};
 
+void PrintTo(const FileDialog& dialog, std::ostream* out) { *out << dialog.name; }
+
 std::string FileDialogName(const testing::TestParamInfo<FileDialog>& dialog) {
   return dialog.param.name;
 }

@@ -143,8 +143,12 @@ TEST_P(PanelFaults, TheWholeProgramCanBeEndedWhileItSends) {
   EXPECT_EQ(bench_.Frames(), FirstFrame(1));
 }
 
-TEST_P(PanelFaults, TheProgramsEndWhileItConnectsSendsNothing) {
-  if (GetParam().line == LineKind::kSerial) GTEST_SKIP() << "a port is opened without a wait";
+class ConnectingWindows : public WindowOverLineTest {};
+
+INSTANTIATE_TEST_SUITE_P(All, ConnectingWindows, testing::ValuesIn(WindowsOverLines(IsOverTcp)),
+                         WindowOverLineName);
+
+TEST_P(ConnectingWindows, TheProgramsEndWhileItConnectsSendsNothing) {
   SendDialog dialog = Open();
   QTimer::singleShot(0, &dialog.window, [&] {
     QTimer::singleShot(0, &dialog.window, [] { QCoreApplication::exit(3); });

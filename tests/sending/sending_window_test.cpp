@@ -16,6 +16,27 @@ class SendingWindows : public WindowOverLineTest {};
 INSTANTIATE_TEST_SUITE_P(All, SendingWindows, testing::ValuesIn(WindowsOverLines()),
                          WindowOverLineName);
 
+class WindowsWithATextBox : public WindowOverLineTest {};
+
+INSTANTIATE_TEST_SUITE_P(All, WindowsWithATextBox,
+                         testing::ValuesIn(WindowsOverLines([](const WindowOverLine& pair) {
+                           return pair.window->text_box != nullptr;
+                         })),
+                         WindowOverLineName);
+
+class WindowsThatConnect : public WindowOverLineTest {};
+
+INSTANTIATE_TEST_SUITE_P(All, WindowsThatConnect, testing::ValuesIn(WindowsOverLines(IsOverTcp)),
+                         WindowOverLineName);
+
+class WindowsThatGoByTheSendMode : public WindowOverLineTest {};
+
+INSTANTIATE_TEST_SUITE_P(All, WindowsThatGoByTheSendMode,
+                         testing::ValuesIn(WindowsOverLines([](const WindowOverLine& pair) {
+                           return pair.window->lines.size() > 1;
+                         })),
+                         WindowOverLineName);
+
 TEST_P(SendingWindows, EveryByteArrivesAndTheWindowStaysOpenForTheNextSend) {
   SendDialog dialog = Open();
   EXPECT_EQ(dialog.Send(), Finished());
@@ -74,8 +95,7 @@ TEST_P(SendingWindows, WhileItSendsTheControlsAreLockedAndTheWindowStaysOpen) {
   EXPECT_FALSE(dialog.window.isVisible());
 }
 
-TEST_P(SendingWindows, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
-  if (window_.text_box == nullptr) GTEST_SKIP() << "nothing to type into";
+TEST_P(WindowsWithATextBox, ThePointerIsBusyOverEveryControlAndTheKeyboardComesBack) {
   SendDialog dialog = Open();
   auto* box = dialog.Find<QLineEdit>(window_.text_box);
   box->setFocus();
@@ -103,8 +123,7 @@ TEST_P(SendingWindows, ASecondPressWhileItSendsDoesNothing) {
   EXPECT_EQ(bench_.Frames(), window_.frames);
 }
 
-TEST_P(SendingWindows, TheControlsAreLockedBeforeTheLinkIsOpened) {
-  if (GetParam().line == LineKind::kSerial) GTEST_SKIP() << "a port is opened without a wait";
+TEST_P(WindowsThatConnect, TheControlsAreLockedBeforeTheLinkIsOpened) {
   SendDialog dialog = Open();
   bool locked = false;
   QTimer::singleShot(0, &dialog.window, [&] {
@@ -141,8 +160,7 @@ TEST_P(SendingWindows, TheControlsAreLockedUntilTheLinkIsClosed) {
   ExpectAtRest(dialog);
 }
 
-TEST_P(SendingWindows, InNeitherSendModeNothingIsSentAndNothingIsSaid) {
-  if (window_.lines.size() == 1) GTEST_SKIP() << "whatever the send mode";
+TEST_P(WindowsThatGoByTheSendMode, InNeitherSendModeNothingIsSentAndNothingIsSaid) {
   const QByteArray ini = bench_.Folder().Read(u"brivon.ini"_s);
   bench_.Folder().Configure(
       QByteArray(ini).replace("SendMode=RS232", "SendMode=rs232").replace("SendMode=TCPIP", ""));

@@ -159,13 +159,21 @@ const QList<SendingWindow>& SendingWindows() {
   return windows;
 }
 
-QList<WindowOverLine> WindowsOverLines() {
+QList<WindowOverLine> WindowsOverLines(bool (*holds)(const WindowOverLine& pair)) {
   QList<WindowOverLine> pairs;
   for (const SendingWindow& window : SendingWindows()) {
-    for (const LineKind line : window.lines) pairs.append({&window, line});
+    for (const LineKind line : window.lines) {
+      if (holds({&window, line})) pairs.append({&window, line});
+    }
   }
   return pairs;
 }
+
+QList<WindowOverLine> WindowsOverLines() {
+  return WindowsOverLines([](const WindowOverLine&) { return true; });
+}
+
+bool IsOverTcp(const WindowOverLine& pair) { return pair.line == LineKind::kTcp; }
 
 std::string WindowOverLineName(const testing::TestParamInfo<WindowOverLine>& info) {
   return info.param.window->name + std::string("Over") +

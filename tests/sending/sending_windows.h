@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <ostream>
 #include <string>
 
 #include <QDialog>
@@ -57,5 +58,13 @@ struct WindowOverLine {
   LineKind line;
 };
 
+/// As a test names its parameter.
+inline void PrintTo(const WindowOverLine& pair, std::ostream* out) { *out << pair.window->name; }
+
+/// Those of all pairs for which `holds`.
+QList<WindowOverLine> WindowsOverLines(bool (*holds)(const WindowOverLine& pair));
 QList<WindowOverLine> WindowsOverLines();
+/// Over a line whose opening takes a wait.
+bool IsOverTcp(const WindowOverLine& pair);
+
 std::string WindowOverLineName(const testing::TestParamInfo<WindowOverLine>& info);
