@@ -8,7 +8,6 @@ namespace Brivon1 {
 namespace {
 
 constexpr QChar kFirstCode = u'A';
-constexpr int kPlaces = 10;       // of codes, "A" to "J"
 constexpr int kFirstFeature = 2;  // the place that a language's list starts at
 
 QString EnglishName(const DisplayFeature& feature) { return QString::fromLatin1(feature.name); }
@@ -34,7 +33,7 @@ QStringList FeatureNames::Entries() const {
     for (const DisplayFeature& feature : kDisplayFeatures) entries.append(EnglishName(feature));
     return entries;
   }
-  for (int place = 0; place < kPlaces; ++place) {
+  for (int place = 0; place < ModuleLanguage::kFeatureCodes; ++place) {
     if (const auto entry = Entry(place)) entries.append(*entry);
   }
   return entries;
@@ -51,8 +50,7 @@ int FeatureNames::Preselected(const QString& text) const {
 
 std::optional<QString> FeatureNames::Entry(int place) const {
   if (file_) {
-    const auto entry = file_->Find(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(place));
-    if (entry) return entry;
+    if (const auto entry = file_->FeatureName(place)) return entry;
   }
   const QString english = FeatureNameAtCode(place);
   return english.isEmpty() ? std::nullopt : std::optional(english);
@@ -75,7 +73,7 @@ std::optional<QChar> FeatureNames::KnownCode(const QString& name) const {
 
 QChar FeatureNames::CodeOfEntry(const QString& chosen) const {
   if (!file_) return Code(chosen);
-  for (int place = 0; place < kPlaces; ++place) {
+  for (int place = 0; place < ModuleLanguage::kFeatureCodes; ++place) {
     if (Entry(place) == chosen) return QChar(kFirstCode.unicode() + place);
   }
   return kFirstCode;

@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 namespace ModuleLanguage {
 namespace {
 
-constexpr int kFeatureEntries = 10;
-
 bool language_active = false;
 
 QString Cut(const QString& text) {
@@ -47,6 +45,10 @@ QString LanguageFile::Value(const QString& section, const QString& key,
   return Find(section, key).value_or(Cut(missing));
 }
 
+std::optional<QString> LanguageFile::FeatureName(int place) const {
+  return Find(u"frmDelay"_s, u"ListFeature.List(%1)"_s.arg(place));
+}
+
 QString ReadLangString(const QString& section, const QString& key, const QString& missing) {
   return LanguageFile().Value(section, key, missing);
 }
@@ -67,10 +69,9 @@ QString TranslateMessage(const QString& text, const QString& missing) {
 QChar FeatureCodeFromName(const QString& name) { return FeatureCodeFromName(LanguageFile(), name); }
 
 QChar FeatureCodeFromName(const LanguageFile& file, const QString& name) {
-  for (int n = 0; n < kFeatureEntries; ++n) {
-    const QString key = u"ListFeature.List(%1)"_s.arg(n);
-    const auto entry = file.Find(u"frmDelay"_s, key);
-    if (entry && (*entry == name || AsStored(*entry) == name)) return QChar(u'A' + n);
+  for (int place = 0; place < kFeatureCodes; ++place) {
+    const auto entry = file.FeatureName(place);
+    if (entry && (*entry == name || AsStored(*entry) == name)) return QChar(u'A' + place);
   }
   return {};
 }

@@ -15,6 +15,9 @@ namespace ModuleLanguage {
 /// The characters of a text in the language file; the rest of a longer one is cut off.
 inline constexpr qsizetype kLongestValue = 255;
 
+/// How many codes of display features a language may name: "A" to "J".
+inline constexpr int kFeatureCodes = 10;
+
 /// The language flag. It is false until start-up sets it, once, for the whole run.
 bool IsLanguageActive();
 void SetLanguageActive(bool active);
@@ -33,6 +36,9 @@ class LanguageFile {
   /// The same, with `missing`, cut likewise, in place of what is missing.
   QString Value(const QString& section, const QString& key, const QString& missing) const;
 
+  /// The name of the display feature with code "A" + `place`; nothing where the file has none.
+  std::optional<QString> FeatureName(int place) const;
+
  private:
   Brivon1::IniFile file_;
   bool is_utf8_;
@@ -48,9 +54,9 @@ QString TranslateMessage(const QString& text);
 /// The same, but `missing` where the language file does not say what to show for `text`.
 QString TranslateMessage(const QString& text, const QString& missing);
 
-/// The code letter "A" to "J" of a display feature named in the user's language: the place of the
-/// first entry "ListFeature.List(0)" to "(9)" that equals `name`, as the language file has it or as
-/// a schedule file holds it. An empty QChar when none does.
+/// The code letter "A" to "J" of a display feature named in the user's language: that of the first
+/// LanguageFile::FeatureName() that equals `name`, as the language file has it or as a schedule
+/// file holds it. An empty QChar when none does.
 QChar FeatureCodeFromName(const QString& name);
 
 /// The same in a language file that has been read.

@@ -2,8 +2,8 @@
 // the dialogs' Ask(), which hands the answer over.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
+#include <QtGlobal>
 
 namespace Brivon1 {
 

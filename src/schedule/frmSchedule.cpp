@@ -31,8 +31,8 @@ using Brivon1::ScheduleSaveResult;
 using Brivon1::Sequence;
 using ModuleLanguage::TranslateMessage;
 
-/// Rows of the table, its heading included, from which on it is scrolled.
-constexpr int kRowsToScroll = 12;
+/// With fewer sequences left, the table is scrolled to its top.
+constexpr int kSequencesToScroll = 10;
 
 constexpr const char* kEmpty = "Empty schedule is not allowed!";
 constexpr const char* kExceeded = "Cannot Exceed 26 different message file!";
@@ -65,11 +65,11 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   file_ = new EditedFile(
       this, ui_->lblfilename, modified_,
-      {[this](const QString& path) { return HasSequences(kEmpty) && WriteFile(path); },
-       [this] { return HasSequences(kEmpty) ? AskForName() : QString(); }});
+      {[this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
+       [this] { return CheckNotEmpty(kEmpty) ? AskForName() : QString(); }});
   FillWeekdays(Brivon1::kWeekdays);
   ConnectButtons();
-  ConnectSlot();
+  ConnectTimeSlot();
   ConnectTable();
   ui_->GridSeqTable->LookBy(is_there);
   ui_->GridSeqTable->ShowSequences(schedule_, 1);
@@ -100,7 +100,7 @@ void frmSchedule::ConnectButtons() {
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
 }
 
-void frmSchedule::ConnectSlot() {
+void frmSchedule::ConnectTimeSlot() {
   connect(ui_->comboWeek, &QComboBox::currentIndexChanged, this, &frmSchedule::SetModified);
   IgnoreWheel(ui_->comboWeek);
   for (QLineEdit* box : {ui_->txtHour, ui_->txtMin}) {
@@ -129,7 +129,7 @@ void frmSchedule::changeEvent(QEvent* event) {
 
 void frmSchedule::Say(const QString& english) { ShowMessage(this, TranslateMessage(english)); }
 
-bool frmSchedule::HasSequences(const char* refusal) {
+bool frmSchedule::CheckNotEmpty(const char* refusal) {
   if (schedule_.Count() > 0) return true;
   Say(QLatin1String(refusal));
   return false;
@@ -194,7 +194,7 @@ bool frmSchedule::WriteFile(const QString& path, FailureWords words) {
 
 void frmSchedule::OpenSendDialog() {
   const bool may_send = file_->MayLeave([this](const QString& path) {
-    return HasSequences("Cannot Save: Empty Schedule!") &&
+    return CheckNotEmpty("Cannot Save: Empty Schedule!") &&
            WriteFile(path, &Brivon1::SaveFailureTextWhenSending);
   });
   if (!may_send) return;
@@ -295,7 +295,7 @@ void frmSchedule::DeleteSequence() {
   schedule_.Remove(position);
   // The sequence that moved up, or the one that is the last now.
   ShowEdit(std::clamp(position, 1, std::max(schedule_.Count(), 1)));
-  if (ui_->GridSeqTable->model()->rowCount() + 1 < kRowsToScroll) ui_->GridSeqTable->scrollToTop();
+  if (schedule_.Count() < kSequencesToScroll) ui_->GridSeqTable->scrollToTop();
 }
 
 void frmSchedule::ClearSequences() {

@@ -39,7 +39,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
 
  private:
   void ConnectButtons();
-  void ConnectSlot();
+  void ConnectTimeSlot();
   void ConnectTable();
   void FillWeekdays(const Brivon1::WeekdayNames& names);
 
@@ -54,8 +54,8 @@ class frmSchedule : public QDialog, public UnsavedWork {
   bool WriteFile(const QString& path, FailureWords words = &Brivon1::SaveFailureText);
   QString AskForName();
 
-  /// Whether there is something to save. Shows the English message `refusal` where there is not.
-  bool HasSequences(const char* refusal);
+  /// Whether there is a sequence to save. Where there is none, says so in the English `refusal`.
+  bool CheckNotEmpty(const char* refusal);
 
   void AddSequence();
   void InsertSequence();

@@ -20,16 +20,15 @@ void SequenceModel::Show(const QList<Brivon1::Sequence>& sequences) {
   const auto before = static_cast<int>(sequences_.size());
   const auto now = static_cast<int>(sequences.size());
   if (now > before) {
-    beginInsertRows({}, before + 1, now);
-    sequences_ = sequences;
+    beginInsertRows({}, before, now - 1);
+    sequences_.append(sequences.sliced(before));
     endInsertRows();
   } else if (now < before) {
-    beginRemoveRows({}, now + 1, before);
-    sequences_ = sequences;
+    beginRemoveRows({}, now, before - 1);
+    sequences_.resize(now);
     endRemoveRows();
-  } else {
-    sequences_ = sequences;
   }
+  sequences_ = sequences;
   const QStringList paths = Paths();
   missing_.intersect({paths.begin(), paths.end()});
   Q_EMIT dataChanged(index(0, 0), index(now, kColumns - 1));

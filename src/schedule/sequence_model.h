@@ -22,7 +22,7 @@ class SequenceModel : public QAbstractTableModel {
   /// Missing files take their grey from the palette of `table`.
   explicit SequenceModel(QWidget* table);
 
-  /// Shows these sequences. Rows come and go at the end, so that a view keeps its place.
+  /// Shows these sequences. Rows come and go above "End", so that a view keeps its place.
   void Show(const QList<Brivon1::Sequence>& sequences);
 
   /// The full paths of the message files, each once.
