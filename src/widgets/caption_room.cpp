@@ -45,7 +45,7 @@ class CaptionRoom : public QObject {
            Layout().totalMinimumHeightForWidth(Room().width()) <= Room().height();
   }
 
-  // Letters that were made smaller stay so: a window that changes its size by itself is no help.
+  // What got smaller stays so while the window is open, so that its letters do not jump.
   void Shrink() {
     while (!Fits() && scale_ * kSmallerScale >= kSmallestScale) {
       scale_ *= kSmallerScale;
@@ -54,7 +54,8 @@ class CaptionRoom : public QObject {
     }
   }
 
-  // What was reckoned with the former font.
+  // A list keeps the least size of its former font until its style changes, a layout what it
+  // reckoned.
   void ForgetSizes() {
     for (QComboBox* list : window_->findChildren<QComboBox*>()) {
       QEvent changed(QEvent::StyleChange);

@@ -16,11 +16,6 @@ namespace {
 
 constexpr int kWidest = 30;  // average characters in a line
 
-const QRegularExpression& Mark() {
-  static const QRegularExpression mark(u"&(.)"_s);
-  return mark;
-}
-
 qreal LongestWord(const QFontMetricsF& metrics, const QString& text) {
   qreal longest = 0;
   for (const QString& word : text.split(u' ', Qt::SkipEmptyParts)) {
@@ -39,6 +34,13 @@ qreal WrappedHeight(const QFont& font, const QString& text, qreal width) {
   return QFontMetricsF(font).boundingRect(space, WrapFlag(font, text, width), text).height();
 }
 
+// `caption` with the mark of its shortcut, which is the first one, as the toolkit draws it.
+QString WithOneMark(const QString& caption) {
+  static const QRegularExpression shortcut(u"^(?:[^&]|&&)*&[^&]"_s);
+  const auto length = shortcut.match(caption).capturedLength();
+  return caption.left(length) + WithoutShortcutMark(caption.mid(length)).replace(u'&', u"&&"_s);
+}
+
 int Widest(const QFont& font) {
   return static_cast<int>(QFontMetricsF(font).averageCharWidth() * kWidest);
 }
@@ -54,7 +56,10 @@ QFont Scaled(QFont font, qreal scale) {
   return font;
 }
 
-QString WithoutShortcutMark(QString caption) { return caption.replace(Mark(), u"\\1"_s); }
+QString WithoutShortcutMark(QString caption) {
+  static const QRegularExpression mark(u"&(.)"_s);
+  return caption.replace(mark, u"\\1"_s);
+}
 
 TextFit FitText(const QFont& font, const QString& text, const QSizeF& size) {
   TextFit broken{0, false, true};
@@ -84,8 +89,6 @@ int CaptionHeight(const QFont& font, const QString& text, int width) {
 void DrawCaption(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
                  const QString& caption, bool mnemonic) {
   const QString plain = mnemonic ? WithoutShortcutMark(caption) : caption;
-  // The toolkit would drop a mark at the end.
-  const bool ends_in_mark = mnemonic && QString(caption).remove(Mark()).endsWith(u'&');
   int flags = alignment.toInt() | WrapFlag(painter->font(), plain, area.width());
   if (mnemonic) flags |= Qt::TextShowMnemonic;
   QRectF seen = area;
@@ -96,7 +99,7 @@ void DrawCaption(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
   }
   painter->save();
   painter->setClipRect(seen, Qt::IntersectClip);
-  painter->drawText(seen, flags, ends_in_mark ? caption + u'&' : caption);
+  painter->drawText(seen, flags, mnemonic ? WithOneMark(caption) : caption);
   painter->restore();
 }
 

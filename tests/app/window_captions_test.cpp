@@ -3,7 +3,6 @@
 #include <memory>
 #include <ostream>
 #include <string>
-#include <tuple>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -35,6 +34,7 @@
 #include "support/program_folder.h"
 #include "widgets/caption_button.h"
 #include "widgets/elided_label.h"
+#include "widgets/fitted_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -74,53 +74,50 @@ const NamedWindow kTaskWindows[] = {
 };
 
 constexpr int kFontSizes[] = {9, 12, 14};
-const std::string kLanguages[] = {"english", "deutsch", "espanol"};
+constexpr const char* kLanguages[] = {"english", "deutsch", "espanol"};
 
-using Case = std::tuple<NamedWindow, int, std::string>;
-
-std::string CaseName(const testing::TestParamInfo<Case>& test) {
-  return std::string(std::get<0>(test.param).name) + "_" + std::to_string(std::get<1>(test.param)) +
-         "_" + std::get<2>(test.param);
-}
-
-class WindowCaptions : public testing::TestWithParam<Case> {
+class WindowCaptions : public testing::TestWithParam<NamedWindow> {
  protected:
-  WindowCaptions() {
-    QFont font = font_before_;
-    font.setPointSize(std::get<1>(GetParam()));
-    QApplication::setFont(font);
-    const QString language = QString::fromStdString(std::get<2>(GetParam()));
+  ~WindowCaptions() override { QApplication::setFont(font_before_); }
+
+  /// Opens the window in every font and language, and has it looked at.
+  void InEveryFontAndLanguage(const std::function<void(QWidget&)>& look) const {
+    for (const char* language : kLanguages) {
+      const TemporaryProgramFolder folder;
+      UseLanguage(folder, QString::fromLatin1(language));
+      for (const int size : kFontSizes) {
+        SCOPED_TRACE(std::string(language) + " in " + std::to_string(size));
+        QFont font = font_before_;
+        font.setPointSize(size);
+        QApplication::setFont(font);
+        const auto window = GetParam().create();
+        window->show();
+        QApplication::processEvents();
+        look(*window);
+      }
+    }
+  }
+
+ private:
+  static void UseLanguage(const TemporaryProgramFolder& folder, const QString& language) {
     QByteArray ini = "[Dimension Config]\r\nID001=4x96,Tri,192.168.10.1:80\r\n";
     if (language != u"english"_s) {
       QFile sample(u"" BRIVON_SAMPLES "/languages/%1/langSetting.INI"_s.arg(language));
       EXPECT_TRUE(sample.open(QIODevice::ReadOnly));
-      folder_.UseLanguage(sample.readAll());
+      folder.UseLanguage(sample.readAll());
       ini += "[Language]\r\nLanguage=2\r\n";
     }
-    folder_.Configure(ini);
-    window_ = std::get<0>(GetParam()).create();
-    window_->show();
-    QApplication::processEvents();
+    folder.Configure(ini);
   }
-
-  ~WindowCaptions() override {
-    window_.reset();
-    QApplication::setFont(font_before_);
-  }
-
-  /// Makes the window as small as it goes.
-  void MakeSmall() {
-    window_->resize(1, 1);
-    QApplication::processEvents();
-  }
-
-  void ExpectNoControlOverAnother() const;
-  void ExpectEveryCaptionWhole() const;
 
   const QFont font_before_ = QApplication::font();
-  TemporaryProgramFolder folder_;
-  std::unique_ptr<QWidget> window_;
 };
+
+// Makes the window as small as it goes.
+void MakeSmall(QWidget& window) {
+  window.resize(1, 1);
+  QApplication::processEvents();
+}
 
 // The controls of the window and of its frames that are seen.
 QList<QWidget*> VisibleParts(const QWidget& parent) {
@@ -131,9 +128,9 @@ QList<QWidget*> VisibleParts(const QWidget& parent) {
   return parts;
 }
 
-void WindowCaptions::ExpectNoControlOverAnother() const {
-  QList<QWidget*> parents = {window_.get()};
-  for (QGroupBox* frame : window_->findChildren<QGroupBox*>()) parents.append(frame);
+void ExpectNoControlOverAnother(QWidget& window) {
+  QList<QWidget*> parents = {&window};
+  for (QGroupBox* frame : window.findChildren<QGroupBox*>()) parents.append(frame);
   for (const QWidget* parent : parents) {
     const QList<QWidget*> parts = VisibleParts(*parent);
     for (qsizetype i = 0; i < parts.size(); ++i) {
@@ -181,79 +178,78 @@ QSize RoomOf(const QAbstractButton& button) {
   return button.size() - QSize(2 * kBorder, 2 * kBorder);
 }
 
-void WindowCaptions::ExpectEveryCaptionWhole() const {
-  for (const auto* button : window_->findChildren<QAbstractButton*>()) {
+void ExpectEveryCaptionWhole(const QWidget& window) {
+  for (const auto* button : window.findChildren<QAbstractButton*>()) {
     if (!button->isVisible() || button->text().isEmpty()) continue;
     EXPECT_TRUE(IsWhole(FontOf(*button), Qt::TextShowMnemonic, button->text(), RoomOf(*button)))
         << button->objectName().toStdString();
   }
-  for (const auto* label : window_->findChildren<QLabel*>()) {
+  for (const auto* label : window.findChildren<QLabel*>()) {
     const bool shows_data = qobject_cast<const ElidedLabel*>(label) != nullptr;
     if (!label->isVisible() || label->text().isEmpty() || shows_data) continue;
     // The launcher's labels may write their texts smaller.
     QFont font = label->font();
-    if (window_->layout() == nullptr) font.setPointSizeF(font.pointSizeF() * kSmallestScale);
+    if (window.layout() == nullptr) font.setPointSizeF(font.pointSizeF() * kSmallestScale);
     EXPECT_TRUE(IsWhole(font, 0, label->text(), label->size()))
         << label->objectName().toStdString();
   }
-  for (const auto* frame : window_->findChildren<QGroupBox*>()) {
+  for (const auto* frame : window.findChildren<QGroupBox*>()) {
     const int title = frame->fontMetrics().horizontalAdvance(frame->title());
     EXPECT_LE(title, frame->width()) << frame->objectName().toStdString();
   }
 }
 
 TEST_P(WindowCaptions, NothingIsCutAndNothingOverlaps) {
-  ExpectNoControlOverAnother();
-  ExpectEveryCaptionWhole();
-  MakeSmall();
-  ExpectNoControlOverAnother();
-  ExpectEveryCaptionWhole();
+  InEveryFontAndLanguage([](QWidget& window) {
+    ExpectNoControlOverAnother(window);
+    ExpectEveryCaptionWhole(window);
+    MakeSmall(window);
+    ExpectNoControlOverAnother(window);
+    ExpectEveryCaptionWhole(window);
+  });
 }
 
 TEST_P(WindowCaptions, TheButtonsOfARowHaveOneSizeOfLetters) {
-  const auto buttons = window_->findChildren<CaptionButton*>();
-  ASSERT_FALSE(buttons.isEmpty());
-  for (const CaptionButton* button : buttons) {
-    for (const CaptionButton* other : buttons) {
-      if (other->parent() != button->parent() || other->y() != button->y()) continue;
-      EXPECT_EQ(FontOf(*other).pointSizeF(), FontOf(*button).pointSizeF())
-          << other->objectName().toStdString() << button->objectName().toStdString();
+  InEveryFontAndLanguage([](QWidget& window) {
+    const auto buttons = window.findChildren<CaptionButton*>();
+    ASSERT_FALSE(buttons.isEmpty());
+    for (const CaptionButton* button : buttons) {
+      for (const CaptionButton* other : buttons) {
+        if (other->parent() != button->parent() || other->y() != button->y()) continue;
+        EXPECT_EQ(FontOf(*other).pointSizeF(), FontOf(*button).pointSizeF())
+            << other->objectName().toStdString() << button->objectName().toStdString();
+      }
     }
-  }
+  });
 }
 
 class TaskWindowCaptions : public WindowCaptions {};
 
 TEST_P(TaskWindowCaptions, EveryButtonIsWrittenInTheFontOfItsWindow) {
-  for (const CaptionButton* button : window_->findChildren<CaptionButton*>()) {
-    EXPECT_EQ(button->Fit().scale, 1) << button->objectName().toStdString();
-    EXPECT_EQ(button->font().pointSizeF(), window_->font().pointSizeF());
-  }
+  InEveryFontAndLanguage([](QWidget& window) {
+    for (const CaptionButton* button : window.findChildren<CaptionButton*>()) {
+      EXPECT_EQ(button->Fit().scale, 1) << button->objectName().toStdString();
+      EXPECT_EQ(button->font().pointSizeF(), window.font().pointSizeF());
+    }
+  });
 }
 
 TEST_P(TaskWindowCaptions, TheSmallestSizeIsWhatTheLayoutNeedsAndIsNoLargerThanTheScreen) {
-  MakeSmall();
-  const QLayout& layout = *window_->layout();
-  EXPECT_EQ(window_->width(), layout.totalMinimumSize().width());
-  EXPECT_EQ(window_->height(), layout.totalMinimumHeightForWidth(window_->width()));
-  const QSize screen = window_->screen()->availableSize();
-  EXPECT_LE(window_->width(), screen.width());
-  EXPECT_LE(window_->height(), screen.height());
+  InEveryFontAndLanguage([](QWidget& window) {
+    MakeSmall(window);
+    const QLayout& layout = *window.layout();
+    EXPECT_EQ(window.width(), layout.totalMinimumSize().width());
+    EXPECT_EQ(window.height(), layout.totalMinimumHeightForWidth(window.width()));
+    const QSize screen = window.screen()->availableSize();
+    EXPECT_LE(window.width(), screen.width());
+    EXPECT_LE(window.height(), screen.height());
+  });
 }
 
-INSTANTIATE_TEST_SUITE_P(Launcher, WindowCaptions,
-                         testing::Combine(testing::Values(kLauncher), testing::ValuesIn(kFontSizes),
-                                          testing::ValuesIn(kLanguages)),
-                         CaseName);
-INSTANTIATE_TEST_SUITE_P(Tasks, WindowCaptions,
-                         testing::Combine(testing::ValuesIn(kTaskWindows),
-                                          testing::ValuesIn(kFontSizes),
-                                          testing::ValuesIn(kLanguages)),
-                         CaseName);
-INSTANTIATE_TEST_SUITE_P(Tasks, TaskWindowCaptions,
-                         testing::Combine(testing::ValuesIn(kTaskWindows),
-                                          testing::ValuesIn(kFontSizes),
-                                          testing::ValuesIn(kLanguages)),
-                         CaseName);
+std::string WindowName(const testing::TestParamInfo<NamedWindow>& test) { return test.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(Launcher, WindowCaptions, testing::Values(kLauncher), WindowName);
+INSTANTIATE_TEST_SUITE_P(Tasks, WindowCaptions, testing::ValuesIn(kTaskWindows), WindowName);
+INSTANTIATE_TEST_SUITE_P(Tasks, TaskWindowCaptions, testing::ValuesIn(kTaskWindows), WindowName);
 
 }  // namespace

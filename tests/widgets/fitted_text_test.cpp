@@ -104,6 +104,13 @@ TEST(CaptionButtonTest, TheMarkOfAShortcutIsNotShown) {
             Picture("Message&&", LauncherSymbol::kExit));
 }
 
+TEST(CaptionButtonTest, OnlyTheFirstMarkIsTheShortcutAndUnderlined) {
+  EXPECT_EQ(Picture("R&&D &Me&ssage", LauncherSymbol::kExit),
+            Picture("R&&D &Message", LauncherSymbol::kExit));
+  EXPECT_NE(Picture("R&&D &Message", LauncherSymbol::kExit),
+            Picture("R&&D Message", LauncherSymbol::kExit));
+}
+
 // What the tool tip of `widget` says when the pointer rests on it.
 QString ToolTipOf(QWidget& widget) {
   QToolTip::hideText();
