@@ -110,14 +110,18 @@ void PageStrip::SetPages(const QList<int>& pages, std::optional<int> shown) {
   if (is_other && shown && !hasFocus()) scrollTo(model_->IndexOf(*shown));
 }
 
-int PageStrip::Arrange(int width) {
-  const QSize cell = model_->CellSize();
-  const int wanted = model_->rowCount() * cell.width() + 2 * frameWidth();
+int PageStrip::WidthOfPages() const {
+  return model_->rowCount() * model_->CellSize().width() + 2 * frameWidth();
+}
+
+int PageStrip::HeightOfPages() const { return model_->CellSize().height() + 2 * frameWidth(); }
+
+void PageStrip::Arrange(int width) {
+  const int wanted = WidthOfPages();
   const bool is_scrolled = wanted > width;
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
   setHorizontalScrollBarPolicy(is_scrolled ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-  setFixedSize(qMin(wanted, width), cell.height() + 2 * frameWidth() + (is_scrolled ? bar : 0));
-  return height();
+  setFixedSize(qMin(wanted, width), HeightOfPages() + (is_scrolled ? bar : 0));
 }
 
 void PageStrip::keyPressEvent(QKeyEvent* event) {

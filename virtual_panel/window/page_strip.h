@@ -20,8 +20,12 @@ class PageStrip : public QListView {
 
   // The pages, ascending, and the one that is shown.
   void SetPages(const QList<int>& pages, std::optional<int> shown);
-  // As wide as its pages need, at most `width`; returns its height.
-  int Arrange(int width);
+  int WidthOfPages() const;
+  // Without the scroll bar.
+  int HeightOfPages() const;
+  // As wide as its pages need, at most `width`. A scroll bar, if it needs one, lies below its
+  // pages.
+  void Arrange(int width);
 
  Q_SIGNALS:
   void Chosen(int page);

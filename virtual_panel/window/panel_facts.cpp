@@ -12,13 +12,29 @@ namespace {
 
 constexpr qsizetype kMostToolTipEntries = 20;
 constexpr qsizetype kMostToolTipCharacters = 600;
+constexpr int kHighestPage = 999;
+
+QString LastReceivedText(int page) { return u"showing page %1, last received"_s.arg(page); }
 
 QString ShownPageText(const Panel& panel, const QDateTime& now) {
   const auto shown = panel.ShownPage(now);
   if (panel.PlayingAt(now)) return u"showing page %1"_s.arg(*shown);
   if (panel.RunningPage(now)) return u"running page %1"_s.arg(*shown);
-  if (shown) return u"showing page %1, last received"_s.arg(*shown);
+  if (shown) return LastReceivedText(*shown);
   return u"no page shown"_s;
+}
+
+QString FactsText(const PanelDescription& description, const QDateTime& clock,
+                  const QString& shown_page, qsizetype page_count) {
+  const QStringList facts = {
+      u"ID %1"_s.arg(description.id, 3, 10, QLatin1Char('0')),
+      u"%1x%2"_s.arg(description.rows).arg(description.columns),
+      description.tri_colour ? u"Tri"_s : u"Mono"_s,
+      QLocale::c().toString(clock, u"ddd dd MMM yyyy HH:mm"_s),
+      shown_page,
+      page_count == 1 ? u"1 page stored"_s : u"%1 pages stored"_s.arg(page_count),
+  };
+  return facts.join(Separator());
 }
 
 }  // namespace
@@ -26,17 +42,8 @@ QString ShownPageText(const Panel& panel, const QDateTime& now) {
 QString Separator() { return u"   \u00B7   "_s; }
 
 QString Facts(const Panel& panel, const QDateTime& now) {
-  const PanelDescription& description = panel.Description();
-  const qsizetype count = panel.Memory().Pages().size();
-  const QStringList facts = {
-      u"ID %1"_s.arg(description.id, 3, 10, QLatin1Char('0')),
-      u"%1x%2"_s.arg(description.rows).arg(description.columns),
-      description.tri_colour ? u"Tri"_s : u"Mono"_s,
-      QLocale::c().toString(panel.Clock(now), u"ddd dd MMM yyyy HH:mm"_s),
-      ShownPageText(panel, now),
-      count == 1 ? u"1 page stored"_s : u"%1 pages stored"_s.arg(count),
-  };
-  return facts.join(Separator());
+  return FactsText(panel.Description(), panel.Clock(now), ShownPageText(panel, now),
+                   panel.Memory().Pages().size());
 }
 
 QString PlayingText(const std::optional<Playing>& playing) {
@@ -48,6 +55,22 @@ QString PlayingText(const std::optional<Playing>& playing) {
       EffectName(playing->feature),
   };
   return parts.join(Separator());
+}
+
+QString LongestFacts(const PanelDescription& description) {
+  const QDateTime clock(QDate(2088, 9, 22), QTime(20, 0));  // a Wednesday
+  return FactsText(description, clock, LastReceivedText(kHighestPage), PanelMemory::kMostPages);
+}
+
+QString LongestPlayingText() {
+  constexpr int kEntries = PanelMemory::kMostScheduleEntries;
+  QString longest;
+  for (char feature = 'A'; feature <= 'H'; ++feature) {
+    const QString text =
+        PlayingText(Playing{kLastScheduleLetter, kEntries, kEntries, kHighestPage, feature});
+    if (text.size() > longest.size()) longest = text;
+  }
+  return longest;
 }
 
 QString ScheduleCaption(char letter, const Schedule& schedule) {

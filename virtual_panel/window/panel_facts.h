@@ -18,6 +18,10 @@ QString Facts(const Panel& panel, const QDateTime& now);
 
 QString PlayingText(const std::optional<Playing>& playing);
 
+// As long as Facts and PlayingText can become, for the room that they need.
+QString LongestFacts(const PanelDescription& description);
+QString LongestPlayingText();
+
 // "B · Mon 08:30 · 2 entries".
 QString ScheduleCaption(char letter, const Schedule& schedule);
 

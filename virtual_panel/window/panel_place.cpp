@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QHBoxLayout>
+#include <QStyle>
 #include <QtMath>
 
 #include "engine/timer_wait.h"
@@ -12,6 +13,21 @@
 using namespace Qt::StringLiterals;
 
 namespace VirtualPanel {
+namespace {
+
+// Between two texts, or two lists, that stand side by side.
+constexpr int kGap = 18;
+
+// The height of a label of this text in this width.
+int HeightOf(const QLabel& like, const QString& text, int width) {
+  QLabel label(text);
+  label.setFont(like.font());
+  label.setWordWrap(true);
+  label.setTextInteractionFlags(like.textInteractionFlags());
+  return label.heightForWidth(width);
+}
+
+}  // namespace
 
 PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
     : QObject(parent),
@@ -29,7 +45,7 @@ PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
   scroll_->setAccessibleName(u"Panel %1"_s.arg(id));
   scroll_->setWidget(view_);
   MakeLabels();
-  MakePages();
+  MakeLists();
   connect(schedules_, &ScheduleButtons::Chosen, this,
           [this](char letter) { engine_->Play(id_, letter); });
 
@@ -46,7 +62,6 @@ PanelPlace::PanelPlace(PanelEngine* engine, int id, QObject* parent)
 void PanelPlace::MakeLabels() {
   facts_ = new QLabel;
   facts_->setObjectName(u"facts_%1"_s.arg(id_));
-  facts_->setWordWrap(true);
   playing_ = new QLabel;
   playing_->setObjectName(u"playing_%1"_s.arg(id_));
   playing_->hide();
@@ -54,35 +69,43 @@ void PanelPlace::MakeLabels() {
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setAlignment(Qt::AlignHCenter);
   }
+  texts_ = new QWidget;
+  auto* layout = new QHBoxLayout(texts_);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addStretch();
+  layout->addWidget(facts_);
+  layout->addWidget(playing_);
+  layout->addStretch();
 }
 
-void PanelPlace::MakePages() {
+void PanelPlace::MakeLists() {
   pages_ = new PageStrip([this](int page) {
     return PlainToolTip(PageText(ShownPanel().Memory().Pages().value(page), engine_->Clock(id_)));
   });
   pages_->setObjectName(u"pages_%1"_s.arg(id_));
   pages_->setAccessibleName(u"Stored pages of panel %1"_s.arg(id_));
   connect(pages_, &PageStrip::Chosen, this, [this](int page) { engine_->Run(id_, page); });
-  stored_ = new QWidget;
-  stored_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  auto* layout = new QHBoxLayout(stored_);
+  lists_ = new QWidget;
+  auto* layout = new QHBoxLayout(lists_);
   layout->setContentsMargins(0, 0, 0, 0);
   pages_caption_ = new QLabel(u"Pages"_s);
   pages_caption_->setObjectName(u"pages_caption_%1"_s.arg(id_));
   pages_caption_->setBuddy(pages_);
+  // At the top, so that nothing moves when a scroll bar comes below.
   layout->addStretch();
-  layout->addWidget(pages_caption_);
-  layout->addWidget(pages_);
+  layout->addWidget(pages_caption_, 0, Qt::AlignTop);
+  layout->addWidget(pages_, 0, Qt::AlignTop);
+  layout->addSpacing(kGap - layout->spacing());
+  layout->addWidget(schedules_, 0, Qt::AlignTop);
   layout->addStretch();
-  stored_->hide();
+  pages_caption_->hide();
+  pages_->hide();
 }
 
 void PanelPlace::AddTo(QVBoxLayout* layout) {
   layout->addWidget(scroll_);
-  layout->addWidget(facts_);
-  layout->addWidget(stored_);
-  layout->addWidget(playing_);
-  layout->addWidget(schedules_);
+  layout->addWidget(texts_);
+  layout->addWidget(lists_);
   layout->addStretch();
 }
 
@@ -93,7 +116,8 @@ bool PanelPlace::Refresh(const QDateTime& now) {
 
   const QList<int> pages = panel.Memory().Pages().keys();
   pages_->SetPages(pages, panel.ShownPage(now));
-  stored_->setHidden(pages.isEmpty());
+  pages_caption_->setHidden(pages.isEmpty());
+  pages_->setHidden(pages.isEmpty());
   bool is_other = pages.size() != std::exchange(page_count_, pages.size());
 
   const Schedules& schedules = panel.Memory().StoredSchedules();
@@ -117,16 +141,63 @@ void PanelPlace::StartTimers(const QDateTime& now) {
   }
 }
 
-int PanelPlace::ArrangeBelow(int width, int spacing) {
-  int height = facts_->heightForWidth(width) + 2 * spacing;
-  if (!stored_->isHidden()) {
-    const int caption_width = pages_caption_->sizeHint().width() + stored_->layout()->spacing();
-    height += pages_->Arrange(width - caption_width) + spacing;
+PanelPlace::Below PanelPlace::HeightBelow(int width, int spacing) const {
+  const int facts = HeightOf(*facts_, LongestFacts(ShownPanel().Description()), width);
+  const int playing = TextsFitOneLine(width) ? 0 : HeightOf(*playing_, LongestPlayingText(), width);
+  return {facts + playing + HeightOfLists() + 3 * spacing, facts + 2 * spacing};
+}
+
+void PanelPlace::ArrangeBelow(int width, bool keeps_room) {
+  ArrangeTexts(width, keeps_room);
+  ArrangeLists(width, keeps_room);
+}
+
+bool PanelPlace::TextsFitOneLine(int width) const {
+  const QFontMetrics metrics = facts_->fontMetrics();
+  return metrics.horizontalAdvance(LongestFacts(ShownPanel().Description())) + kGap +
+             metrics.horizontalAdvance(LongestPlayingText()) <
+         width;
+}
+
+void PanelPlace::ArrangeTexts(int width, bool keeps_room) {
+  const bool is_one_line = TextsFitOneLine(width);
+  auto* layout = static_cast<QBoxLayout*>(texts_->layout());
+  layout->setDirection(is_one_line ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  layout->setSpacing(is_one_line ? kGap : 0);
+  for (QLabel* label : {facts_, playing_}) label->setWordWrap(!is_one_line);
+  const int facts = HeightOf(*facts_, LongestFacts(ShownPanel().Description()), width);
+  const int playing = HeightOf(*playing_, LongestPlayingText(), width);
+  facts_->setFixedHeight(facts);
+  playing_->setFixedHeight(playing);
+  QSizePolicy policy = playing_->sizePolicy();
+  policy.setRetainSizeWhenHidden(keeps_room && !is_one_line);
+  playing_->setSizePolicy(policy);
+  const bool has_two = !is_one_line && (keeps_room || !playing_->isHidden());
+  texts_->setFixedHeight(facts + (has_two ? playing : 0));
+}
+
+int PanelPlace::HeightOfLists() const {
+  const int bar = lists_->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, lists_);
+  return qMax(pages_->HeightOfPages(), schedules_->HeightOfButtons()) + bar;
+}
+
+void PanelPlace::ArrangeLists(int width, bool keeps_room) {
+  const int caption = pages_caption_->sizeHint().width() + lists_->layout()->spacing();
+  const bool has_pages = !pages_->isHidden();
+  const bool has_schedules = !schedules_->isHidden();
+  int pages_room = width - caption;
+  int schedules_room = width;
+  if (has_pages && has_schedules) {
+    // What the one does not need is the other's; else each has half.
+    const int both = width - caption - kGap;
+    schedules_room = qMax(both / 2, both - pages_->WidthOfPages());
+    pages_room = both - qMin(schedules_room, schedules_->WidthOfButtons());
   }
-  if (!schedules_->isHidden()) {
-    height += playing_->sizeHint().height() + schedules_->Arrange(width) + 2 * spacing;
-  }
-  return height;
+  pages_caption_->setFixedHeight(pages_->HeightOfPages());
+  pages_->Arrange(pages_room);
+  schedules_->Arrange(schedules_room);
+  lists_->setFixedHeight(HeightOfLists());
+  lists_->setVisible(keeps_room || has_pages || has_schedules);
 }
 
 void PanelPlace::SetDotDistance(double distance, double room, int bar) {

@@ -31,8 +31,16 @@ class PanelPlace : public QObject {
   void SetSeen(bool is_seen) { view_->SetSeen(is_seen); }
   void SetScrollSpeed(int dots_per_second) { view_->SetScrollSpeed(dots_per_second); }
 
-  // Lays out what stands below the panel in this width, and returns the height that it takes.
-  int ArrangeBelow(int width, int spacing);
+  // The height that the place needs below the panel in this width: with all that it may ever hold,
+  // and with nothing but the line that says what the panel is.
+  struct Below {
+    int most = 0;
+    int least = 0;
+  };
+  Below HeightBelow(int width, int spacing) const;
+  // Lays out what stands below the panel in this width, with room for all that it may ever hold or
+  // for what there is.
+  void ArrangeBelow(int width, bool keeps_room);
   QSizeF SizeInDots() const { return PanelDots::SizeInDots(view_->Picture().shape); }
   // A panel that is wider than the room is scrolled, by a bar of this height.
   void SetDotDistance(double distance, double room, int bar);
@@ -45,17 +53,22 @@ class PanelPlace : public QObject {
 
  private:
   void MakeLabels();
-  void MakePages();
+  void MakeLists();
+  void ArrangeTexts(int width, bool keeps_room);
+  void ArrangeLists(int width, bool keeps_room);
+  bool TextsFitOneLine(int width) const;
+  int HeightOfLists() const;
   void StartTimers(const QDateTime& now);
   const Panel& ShownPanel() const { return *engine_->FindPanel(id_); }
 
   PanelEngine* engine_;
   int id_;
   PanelView* view_;
-  QScrollArea* scroll_;  // around the view
+  QScrollArea* scroll_;       // around the view
+  QWidget* texts_ = nullptr;  // around the two texts
   QLabel* facts_ = nullptr;
   QLabel* playing_ = nullptr;
-  QWidget* stored_ = nullptr;  // around the pages
+  QWidget* lists_ = nullptr;  // around the pages and the schedules
   QLabel* pages_caption_ = nullptr;
   PageStrip* pages_ = nullptr;
   qsizetype page_count_ = 0;

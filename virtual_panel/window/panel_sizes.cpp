@@ -17,10 +17,15 @@ constexpr double kMostDistance = 24;
 
 int PanelHeight(const QSizeF& dots, double distance) { return qCeil(dots.height() * distance); }
 
+int LeastHeight(const std::vector<QSizeF>& dots) {
+  int height = 0;
+  for (const QSizeF& size : dots) height += PanelHeight(size, kLeastDistance);
+  return height;
+}
+
 std::vector<double> DotDistances(const std::vector<QSizeF>& dots, const Room& room) {
   std::vector<double> distances(dots.size(), kLeastDistance);
-  int free_height = room.height;
-  for (std::size_t i = 0; i < dots.size(); ++i) free_height -= PanelHeight(dots[i], distances[i]);
+  int free_height = room.height - LeastHeight(dots);
   // If the panels must be scrolled anyway, they can have dots that are good to look at.
   if (free_height < 0) {
     for (std::size_t i = 0; i < dots.size(); ++i) {

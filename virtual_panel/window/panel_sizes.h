@@ -16,6 +16,9 @@ struct Room {
 // The height that a panel takes whose size in dots is `dots`.
 int PanelHeight(const QSizeF& dots, double distance);
 
+// The height that the panels take at least, all together.
+int LeastHeight(const std::vector<QSizeF>& dots);
+
 // The distance between two dots for each panel, by their sizes in dots. A panel that would need
 // smaller dots than can be read is wider than the room.
 std::vector<double> DotDistances(const std::vector<QSizeF>& dots, const Room& room);

@@ -160,12 +160,22 @@ void PanelWindow::Arrange() {
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   const int spacing = panels_->widget()->layout()->spacing();
   const int width = panels_->width() - bar;
-  int height = panels_->height();
+  PanelPlace::Below below;
   std::vector<QSizeF> dots;
-  for (PanelPlace* place : std::as_const(places_)) {
-    height -= place->ArrangeBelow(width, spacing);
+  for (const PanelPlace* place : std::as_const(places_)) {
+    const PanelPlace::Below height = place->HeightBelow(width, spacing);
+    below.most += height.most;
+    below.least += height.least;
     dots.push_back(place->SizeInDots());
   }
+  // What arrives finds its room kept, so that no panel gets smaller or moves. Only where the panels
+  // can be seen without scrolling as long as they hold nothing, the room is not kept: then what
+  // arrives is scrolled to. By what the panels hold, their size never changes.
+  const int free_height = panels_->height() - LeastHeight(dots);
+  const bool keeps_room = below.most <= free_height || below.least > free_height;
+  const int height = panels_->height() - (keeps_room ? below.most : below.least);
+  panels_->setVerticalScrollBarPolicy(keeps_room ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOn);
+  for (PanelPlace* place : std::as_const(places_)) place->ArrangeBelow(width, keeps_room);
   const auto distances =
       DotDistances(dots, {static_cast<double>(width), height, 1 / devicePixelRatioF()});
   for (qsizetype i = 0; i < places_.size(); ++i) {

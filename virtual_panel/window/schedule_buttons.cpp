@@ -1,8 +1,13 @@
 #include "window/schedule_buttons.h"
 
+#include <algorithm>
 #include <utility>
 
-#include <QGridLayout>
+#include <QCoreApplication>
+#include <QFocusEvent>
+#include <QHBoxLayout>
+#include <QScrollBar>
+#include <QStyle>
 
 #include "window/panel_facts.h"
 
@@ -10,20 +15,27 @@ using namespace Qt::StringLiterals;
 
 namespace VirtualPanel {
 
-ScheduleButtons::ScheduleButtons(int id, QWidget* parent) : QWidget(parent) {
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setAlignment(Qt::AlignHCenter);
+ScheduleButtons::ScheduleButtons(int id, QWidget* parent) : QScrollArea(parent) {
+  setObjectName(u"schedules_%1"_s.arg(id));
+  setAccessibleName(u"Schedules of panel %1"_s.arg(id));
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::NoFocus);  // its buttons have it
+  auto* buttons = new QWidget;
+  auto* layout = new QHBoxLayout(buttons);
+  layout->setContentsMargins(0, 0, 0, 0);
   // All of them from the start, so that the tab key goes by letter in whatever order they arrive.
   for (char letter = kFirstScheduleLetter; letter <= kLastScheduleLetter; ++letter) {
     const QLatin1Char name(letter);
-    auto* button = new QPushButton(this);
+    auto* button = new QPushButton(buttons);
     button->setObjectName(u"schedule_%1_%2"_s.arg(id).arg(name));
     button->setAccessibleDescription(u"Plays schedule %1 of panel %2"_s.arg(name).arg(id));
     button->setCheckable(true);    // pressed down while it plays
     button->setAutoDefault(true);  // the enter key presses it, as the space bar does
     button->hide();
+    button->installEventFilter(this);
+    layout->addWidget(button);
     connect(button, &QPushButton::clicked, this, [this, letter, button] {
       // Whether it is pressed down is for the panel to say.
       button->setChecked(true);
@@ -31,6 +43,9 @@ ScheduleButtons::ScheduleButtons(int id, QWidget* parent) : QWidget(parent) {
     });
     letters_.insert(letter, button);
   }
+  setWidget(buttons);
+  connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this,
+          &ScheduleButtons::ShowFocusedOrPlaying);
   hide();
 }
 
@@ -50,26 +65,46 @@ bool ScheduleButtons::SetSchedules(const Schedules& schedules,
     button->setVisible(is_there);
   }
   setVisible(!schedules.isEmpty());
+  const std::optional<char> letter = playing ? std::optional(playing->letter) : std::nullopt;
+  if (letter != std::exchange(playing_, letter)) ShowFocusedOrPlaying();
   return captions != std::exchange(captions_, captions);
 }
 
-int ScheduleButtons::Arrange(int width) {
-  auto* grid = static_cast<QGridLayout*>(layout());
-  while (QLayoutItem* item = grid->takeAt(0)) delete item;
-  QSize largest;
-  for (const QPushButton* button : std::as_const(letters_)) {
-    if (!button->isHidden()) largest = largest.expandedTo(button->sizeHint());
+int ScheduleButtons::WidthOfButtons() const { return widget()->layout()->sizeHint().width(); }
+
+int ScheduleButtons::HeightOfButtons() const { return letters_.first()->sizeHint().height(); }
+
+void ScheduleButtons::Arrange(int width) {
+  const int wanted = WidthOfButtons();
+  const bool is_scrolled = wanted > width;
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  setHorizontalScrollBarPolicy(is_scrolled ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+  setFixedSize(qMin(wanted, width), HeightOfButtons() + (is_scrolled ? bar : 0));
+}
+
+void ScheduleButtons::ShowFocusedOrPlaying() {
+  // Whoever looks for a schedule with the keyboard is not led away from it.
+  const auto focused = std::find_if(letters_.cbegin(), letters_.cend(),
+                                    [](const QPushButton* button) { return button->hasFocus(); });
+  if (focused != letters_.cend()) {
+    ensureWidgetVisible(*focused);
+  } else if (playing_) {
+    ensureWidgetVisible(letters_[*playing_]);
   }
-  if (largest.isEmpty()) return 0;
-  const int columns = qMax(1, (width + grid->spacing()) / (largest.width() + grid->spacing()));
-  int count = 0;
-  for (QPushButton* button : std::as_const(letters_)) {
-    if (button->isHidden()) continue;
-    grid->addWidget(button, count / columns, count % columns);
-    ++count;
+}
+
+bool ScheduleButtons::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    // A click must find its button where it is.
+    if (reason != Qt::MouseFocusReason) ensureWidgetVisible(static_cast<QWidget*>(watched));
   }
-  const int rows = (count + columns - 1) / columns;
-  return rows * largest.height() + (rows - 1) * grid->spacing();
+  return QScrollArea::eventFilter(watched, event);
+}
+
+void ScheduleButtons::wheelEvent(QWheelEvent* event) {
+  // Any wheel moves the line, as it does that of the pages.
+  QCoreApplication::sendEvent(horizontalScrollBar(), event);
 }
 
 }  // namespace VirtualPanel

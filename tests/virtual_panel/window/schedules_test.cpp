@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
+#include "support/wheel.h"
 #include "window_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +34,14 @@ class SchedulesTest : public WindowTest {
   static bool HasItsPlace(const QPushButton* button) {
     return button->isVisible() && button->width() >= button->sizeHint().width() &&
            button->height() >= button->sizeHint().height();
+  }
+
+  // Whether the list is narrower than its buttons, can be scrolled to all of them, and has its
+  // place.
+  static bool IsLaidOut(const ScheduleButtons* list) {
+    const int hidden = list->WidthOfButtons() - list->viewport()->width();
+    return hidden > 0 && list->horizontalScrollBar()->maximum() == hidden &&
+           list->parentWidget()->rect().contains(list->geometry());
   }
 
   // The letters whose buttons are pressed down.
@@ -178,12 +188,43 @@ TEST_F(SchedulesTest, TakesAnySchedulesInANarrowWindow) {
     const int left = widget->mapTo(&window_, QPoint()).x();
     return left >= 0 && left + widget->width() <= window_.width();
   };
-  EXPECT_TRUE(WaitUntil([&] { return HasItsPlace(Button(26, 'J')); }));
+  const auto* list = Find<ScheduleButtons>("schedules_26");
+  EXPECT_TRUE(WaitUntil([&] { return HasItsPlace(Button(26, 'J')) && IsLaidOut(list); }));
+  window_.activateWindow();
+  Button(26, 'A')->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Button(26, 'A')->hasFocus(); }));
   for (char letter = 'A'; letter <= 'J'; ++letter) {
+    EXPECT_TRUE(Button(26, letter)->hasFocus()) << letter;
     EXPECT_TRUE(lies_in_the_window(Button(26, letter))) << letter;
     EXPECT_TRUE(HasItsPlace(Button(26, letter))) << letter;
+    EXPECT_EQ(Button(26, letter)->visibleRegion().boundingRect(), Button(26, letter)->rect())
+        << letter;
+    QTest::keyClick(&window_, Qt::Key_Tab);
   }
-  EXPECT_GT(Button(26, 'J')->y(), Button(26, 'A')->y());
+  // The scroll bar lies below them.
+  EXPECT_TRUE(list->horizontalScrollBar()->isVisible());
+  EXPECT_GE(list->height(), Button(26, 'A')->height() + list->horizontalScrollBar()->height());
+  // The wheel moves them, as it moves the pages.
+  list->horizontalScrollBar()->setValue(0);
+  TurnWheel(list->viewport());
+  EXPECT_GT(list->horizontalScrollBar()->value(), 0);
+}
+
+TEST_F(SchedulesTest, TheOneThatPlaysCanBeSeenAmongTheOthers) {
+  window_.resize(800, 600);
+  QByteArray frames;
+  for (char letter = 'A'; letter <= 'J'; ++letter) {
+    frames += QByteArray("<ID1A><T") + letter + ">6120000105A\r\n";
+  }
+  Receive(frames);
+  ASSERT_TRUE(WaitUntil([&] { return IsLaidOut(Find<ScheduleButtons>("schedules_26")); }));
+  EXPECT_TRUE(Button(26, 'J')->visibleRegion().isEmpty());
+  engine_.Play(26, 'J');
+  WaitForRefresh();
+  EXPECT_EQ(Button(26, 'J')->visibleRegion().boundingRect(), Button(26, 'J')->rect());
+  engine_.Play(26, 'A');
+  WaitForRefresh();
+  EXPECT_EQ(Button(26, 'A')->visibleRegion().boundingRect(), Button(26, 'A')->rect());
 }
 
 }  // namespace
