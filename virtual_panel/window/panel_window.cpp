@@ -135,6 +135,13 @@ void PanelWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::WindowStateChange) TellWhetherSeen();
 }
 
+bool PanelWindow::focusNextPrevChild(bool next) {
+  if (!QMainWindow::focusNextPrevChild(next)) return false;
+  // The area of the panels scrolls by itself only to what is reached from within it.
+  if (panels_->isAncestorOf(focusWidget())) panels_->ensureWidgetVisible(focusWidget());
+  return true;
+}
+
 void PanelWindow::hideEvent(QHideEvent* event) {
   QMainWindow::hideEvent(event);
   TellWhetherSeen();

@@ -123,5 +123,38 @@ TEST_F(WindowTest, CopyingWithoutASelectionLeavesTheClipboard) {
   EXPECT_EQ(QApplication::clipboard()->text(), u"mine"_s);
 }
 
+TEST(ManyPanelsByKeyboard, WhatTheTabKeyReachesIsScrolledTo) {
+  QList<PanelDescription> panels;
+  for (int id = 1; id <= 40; ++id) panels.append({id, 4, 96, id % 2 == 0});
+  PanelEngine engine(panels);
+  PanelWindow window(&engine);
+  window.resize(910, 512);
+  window.show();
+  const QSignalSpy refreshed(&window, &PanelWindow::Refreshed);
+  engine.Receive("<ID00><L01><P007>x \r\n<ID00><TC>1083001405E\r\n");
+  ASSERT_TRUE(WaitUntil([&] { return refreshed.count() > 0; }));
+  window.activateWindow();
+  auto* traffic = window.findChild<QTableView*>(u"traffic"_s);
+  traffic->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return traffic->hasFocus(); }));
+  const auto is_whole = [](const QWidget* widget) {
+    return widget->visibleRegion().boundingRect() == widget->rect();
+  };
+  QTest::keyClick(traffic, Qt::Key_Backtab);
+  QWidget* last = QApplication::focusWidget();
+  EXPECT_EQ(last->objectName(), u"schedule_40_C"_s);
+  EXPECT_TRUE(WaitUntil([&] { return is_whole(last); }));
+  QTest::keyClick(last, Qt::Key_Tab);
+  ASSERT_TRUE(traffic->hasFocus());
+  QTest::keyClick(traffic, Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), u"panels"_s);
+  for (const char* name : {"pages_1", "schedule_1_C", "pages_2"}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    const QWidget* focused = QApplication::focusWidget();
+    EXPECT_EQ(focused->objectName(), QLatin1String(name));
+    EXPECT_TRUE(WaitUntil([&] { return is_whole(focused); })) << name;
+  }
+}
+
 }  // namespace
 }  // namespace VirtualPanel
