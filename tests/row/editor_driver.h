@@ -14,10 +14,10 @@
 
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/text.h"
 
 inline constexpr const char* kQuestion = "File not saved. Save it now?";
 
-inline QString Text(const char* text) { return QString::fromUtf8(text); }
 
 inline QByteArray EveryByte() {
   QByteArray all;

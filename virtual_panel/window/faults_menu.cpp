@@ -1,6 +1,7 @@
 #include "window/faults_menu.h"
 
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
@@ -72,11 +73,13 @@ void FaultsMenu::Toggle(const QString& name, bool is_wanted) {
 }
 
 void FaultsMenu::AskForFault() {
-  bool is_entered = false;
-  const QString name = QInputDialog::getText(parentWidget(), u"Fault"_s,
-                                             u"One of %1:"_s.arg(FaultNames().join(u", "_s)),
-                                             QLineEdit::Normal, QString(), &is_entered);
-  if (!is_entered) return;
+  QInputDialog dialog(parentWidget());
+  dialog.setWindowTitle(u"Fault"_s);
+  dialog.setLabelText(u"One of %1:"_s.arg(FaultNames().join(u", "_s)));
+  // The names in one line are wider than a small screen.
+  if (auto* label = dialog.findChild<QLabel*>()) label->setWordWrap(true);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString name = dialog.textValue();
   Faults faults = engine_->CurrentFaults();
   QString error;
   if (ParseFault(name.trimmed(), &faults, &error)) {

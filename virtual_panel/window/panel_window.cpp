@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "base/tool_tip_text.h"
+#include "window/elided_label.h"
 #include "window/faults_menu.h"
 #include "window/panel_sizes.h"
 
@@ -25,9 +26,8 @@ constexpr double kMostOfScreen = 0.9;
 
 // A label of the status line that is seen at once, and only while it is wanted.
 QLabel* MakeWarningLamp(const char* name) {
-  auto* lamp = new QLabel;
+  auto* lamp = new ElidedLabel;
   lamp->setObjectName(QLatin1String(name));
-  lamp->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lamp->setStyleSheet(
       u"background: #ffb000; color: black; padding: 1px 8px; border-radius: 3px;"_s);
   lamp->hide();
@@ -69,6 +69,8 @@ QWidget* PanelWindow::MakePanels() {
     places_.append(place);
   }
   panels_ = new QScrollArea;
+  panels_->setObjectName(u"panels"_s);
+  panels_->setAccessibleName(u"Panels"_s);
   panels_->setFrameShape(QFrame::NoFrame);
   panels_->setWidgetResizable(true);
   panels_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -78,10 +80,8 @@ QWidget* PanelWindow::MakePanels() {
 }
 
 void PanelWindow::MakeStatusLine() {
-  lines_ = new QLabel;
+  lines_ = new ElidedLabel;
   lines_->setObjectName(u"lines"_s);
-  lines_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  lines_->setTextFormat(Qt::PlainText);  // it names a file
   statusBar()->addWidget(lines_, 1);
   unwritten_files_ = MakeWarningLamp("unwritten_files");
   statusBar()->addPermanentWidget(unwritten_files_);
@@ -134,6 +134,13 @@ void PanelWindow::SetScrollSpeed(int dots_per_second) {
 void PanelWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) TellWhetherSeen();
+}
+
+bool PanelWindow::focusNextPrevChild(bool next) {
+  if (!QMainWindow::focusNextPrevChild(next)) return false;
+  // The area of the panels scrolls by itself only to what is reached from within it.
+  if (panels_->isAncestorOf(focusWidget())) panels_->ensureWidgetVisible(focusWidget());
+  return true;
 }
 
 void PanelWindow::hideEvent(QHideEvent* event) {

@@ -61,6 +61,8 @@ void TrafficTable::CopySelection() {
   for (int row = 0; row < model_->rowCount(); ++row) {
     if (selectionModel()->isRowSelected(row)) lines.append(model_->Line(row));
   }
+  // What is on the clipboard stays if there is nothing to copy.
+  if (lines.isEmpty()) return;
   QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 

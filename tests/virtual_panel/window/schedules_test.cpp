@@ -36,10 +36,12 @@ class SchedulesTest : public WindowTest {
            button->height() >= button->sizeHint().height();
   }
 
-  // Whether the list is narrower than its buttons and can be scrolled to all of them.
+  // Whether the list is narrower than its buttons, can be scrolled to all of them, and has its
+  // place.
   static bool IsLaidOut(const ScheduleButtons* list) {
     const int hidden = list->WidthOfButtons() - list->viewport()->width();
-    return hidden > 0 && list->horizontalScrollBar()->maximum() == hidden;
+    return hidden > 0 && list->horizontalScrollBar()->maximum() == hidden &&
+           list->parentWidget()->rect().contains(list->geometry());
   }
 
   // The letters whose buttons are pressed down.
