@@ -53,6 +53,8 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   setTabOrder(&ui_->rowArea->Surface(kMaxRows), ui_->Command3);
   ui_->butNew->setFocus();
   LoadCaptions(this);
+  ui_->rowArea->NameRows(ui_->labelRow->text(), ui_->lblGraphic->text(),
+                         WordsOf({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}));
   // Captions that take several lines leave room for all twelve rows.
   setMinimumHeight(layout()->totalMinimumHeightForWidth(minimumSizeHint().width()));
 }

@@ -35,11 +35,6 @@ void PageMessage::TypeAll(QByteArrayView characters) {
   Record(before);
 }
 
-void PageMessage::InsertGraphic(char letter) {
-  const char placeholder[] = {'~', letter};
-  TypeAll({placeholder, 2});
-}
-
 void PageMessage::Record(const PageRow& before) {
   if (!before.ShowsTheSameAs(Current())) history_.Record({current_row_, before});
 }

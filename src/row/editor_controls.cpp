@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QShortcut>
 
+#include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message) {
@@ -19,6 +20,15 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
                    [&message](int index) { message.ChooseSize(index); });
   QObject::connect(controls.blink, &QCheckBox::toggled, controls.blink,
                    [&message](bool checked) { message.ChooseBlink(checked); });
+}
+
+RowWords WordsOf(const AttributeControls& controls) {
+  RowWords words;
+  for (int n = 0; n < controls.colour->count(); ++n)
+    words.colours[n] = controls.colour->itemText(n);
+  for (int n = 0; n < controls.size->count(); ++n) words.sizes[n] = controls.size->itemText(n);
+  words.blinking = WithoutShortcutMark(controls.blink->text());
+  return words;
 }
 
 void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,

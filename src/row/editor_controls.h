@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+#include "row/row_accessible.h"
 #include "row/row_editing.h"
 
 class QCheckBox;
@@ -19,6 +20,9 @@ struct AttributeControls {
 
 /// Fills the lists and lets all three choose the attributes of `message`, which outlives them.
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message);
+
+/// What screen readers call the attributes: the captions of the controls as they are now.
+RowWords WordsOf(const AttributeControls& controls);
 
 /// Binds the usual keys of undo and redo in `window`.
 void AddUndoShortcuts(QWidget* window, const std::function<void()>& undo,

@@ -24,6 +24,7 @@
 #include "language/module_language.h"
 #include "page/dialog_results.h"
 #include "page/frmMsgEditor.h"
+#include "support/accessible_events.h"
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
@@ -586,7 +587,7 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
   EXPECT_EQ(Find<QLabel>("lblCol")->text(), Text("80"));
   EXPECT_TRUE(Row(2)->isVisible());
   EXPECT_FALSE(Row(3)->isVisible());
-  EXPECT_EQ(Row(1)->accessibleDescription(), Text("Hello"));
+  EXPECT_EQ(AccessibleText(Row(1)), Text("Hello"));
   EXPECT_FALSE(Asks());
   EXPECT_EQ(RowLines(), "<L01><SG><CD>Hello\r\n<L02><SA><CD>~A\r\n");
 }
@@ -1056,7 +1057,7 @@ TEST_F(MsgEditor, UndoAndRedoKeysTakeEditsBackAndMakeThemAgain) {
   QGuiApplication::clipboard()->setText(Text("paste"));
   Key(Qt::Key_V, Qt::ControlModifier);
   Key(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(Row(2)->accessibleDescription(), QString());
+  EXPECT_EQ(AccessibleText(Row(2)), QString());
   Key(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(window_.focusWidget(), Row(1));
   EXPECT_EQ(Cursor(1), 2);

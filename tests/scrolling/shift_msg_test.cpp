@@ -24,6 +24,7 @@
 
 #include "language/module_language.h"
 #include "scrolling/frmShiftMsg.h"
+#include "support/accessible_events.h"
 #include "support/full_disk.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
@@ -906,7 +907,7 @@ TEST_F(ShiftMsg, AnInputMethodIsToldWhereTheCursorGoes) {
 TEST_F(ShiftMsg, TheDrawingAreaIsNamedAndReadOutToWhoCannotSeeIt) {
   EXPECT_EQ(Picture()->accessibleName(), Text("Message"));
   Keys("Road works");
-  EXPECT_EQ(Picture()->accessibleDescription(), Text("Road works"));
+  EXPECT_EQ(AccessibleText(Picture()), Text("Road works"));
 }
 
 TEST_F(ShiftMsg, ControlCharactersTypedInAnEditorAreIgnoredAndNoEdit) {
