@@ -37,6 +37,7 @@ frmCommand::frmCommand(QWidget* parent) : QDialog(parent), ui_(std::make_unique<
   connect(ui_->ListCommand, &QListWidget::itemDoubleClicked, this, &frmCommand::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   LoadCaptions(this);
+  ui_->ListCommand->setAccessibleName(windowTitle());
 }
 
 frmCommand::~frmCommand() = default;

@@ -81,7 +81,9 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
 
   int characterCount() const override { return static_cast<int>(Row().Length()); }
   int cursorPosition() const override { return static_cast<int>(Row().Cursor()); }
-  void setCursorPosition(int position) override { Surface().PutCursor(position); }
+  void setCursorPosition(int position) override {
+    if (Surface().isVisible()) Surface().PutCursor(position);
+  }
 
   QString text(int start, int end) const override {
     const qsizetype first = std::clamp<qsizetype>(start, 0, Row().Length());

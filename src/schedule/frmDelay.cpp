@@ -8,6 +8,7 @@
 #include "page/dialog_results.h"
 #include "ui_frmDelay.h"
 #include "widgets/caption_loader.h"
+#include "widgets/fitted_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +25,8 @@ frmDelay::frmDelay(QWidget* parent)
   Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
   SetUpDelay();
   SetUpFeatures();
-  ui_->txtDelay->setAccessibleName(ui_->FrameDelay->title());
-  ui_->ListFeature->setAccessibleName(ui_->FrameFeature->title());
+  ui_->txtDelay->setAccessibleName(WithoutShortcutMark(ui_->FrameDelay->title()));
+  ui_->ListFeature->setAccessibleName(WithoutShortcutMark(ui_->FrameFeature->title()));
   connect(ui_->butOK, &QPushButton::clicked, this, &frmDelay::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmDelay::reject);
 }

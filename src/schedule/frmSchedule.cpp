@@ -18,6 +18,7 @@
 #include "widgets/caption_loader.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
+#include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
 
@@ -71,7 +72,7 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   UpdateButtons();
   ui_->butNew->setFocus();
   LoadCaptions(this);
-  ui_->GridSeqTable->setAccessibleName(ui_->FrameSchTable->title());
+  ui_->GridSeqTable->setAccessibleName(WithoutShortcutMark(ui_->FrameSchTable->title()));
   // Captions that take several lines leave room for the table's rows.
   setMinimumHeight(layout()->totalMinimumHeightForWidth(minimumSizeHint().width()));
 }

@@ -52,7 +52,7 @@ std::string AccessibleEvents::TakeAll() {
 
 void AccessibleEvents::Record(QAccessibleEvent& event) {
   const QString what = What(event);
-  if (what.isEmpty()) return;
+  if (what.isEmpty() || !event.object()->inherits("RowSurface")) return;
   const auto* widget = qobject_cast<QWidget*>(event.object());
   told_.append(u"%1: %2"_s.arg(widget == nullptr ? QString() : widget->accessibleName(), what));
 }

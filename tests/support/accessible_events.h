@@ -1,5 +1,5 @@
-// What screen readers are told of texts and cursors. The toolkit tells nobody anything unless a
-// reader is connected to the desktop; this stands in for one.
+// What screen readers are told of the rows in the editors. The toolkit tells nobody anything unless
+// a reader is connected to the desktop; this stands in for one.
 #pragma once
 
 #include <string>
