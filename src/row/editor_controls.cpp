@@ -24,9 +24,12 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
 
 RowWords WordsOf(const AttributeControls& controls) {
   RowWords words;
-  for (int n = 0; n < controls.colour->count(); ++n)
+  for (int n = 0; n < controls.colour->count(); ++n) {
     words.colours[n] = controls.colour->itemText(n);
-  for (int n = 0; n < controls.size->count(); ++n) words.sizes[n] = controls.size->itemText(n);
+  }
+  for (int n = 0; n < controls.size->count(); ++n) {
+    words.sizes[n] = controls.size->itemText(n);
+  }
   words.blinking = WithoutShortcutMark(controls.blink->text());
   return words;
 }

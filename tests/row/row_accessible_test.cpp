@@ -1,7 +1,11 @@
 // What a screen reader finds and hears of a row, while it is typed into by key.
 #include "row/row_accessible.h"
 
+#include <functional>
+#include <random>
+
 #include <QAccessible>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -197,6 +201,50 @@ TEST_F(RowAccessible, AnotherTextTellsWhatItReplaces) {
   row_ = other;
   surface_.RedrawRow();
   EXPECT_EQ(events_.TakeAll(), "Row 1: replace 3 'tform' by 'ce', cursor 0; Row 1: cursor 0");
+}
+
+TEST_F(RowAccessible, WhoFollowsWhatIsToldKnowsTheRow) {
+  std::mt19937 random(20240521);
+  static const QRegularExpression change(
+      u"(insert|remove) (\\d+) '(\\w+)'|replace (\\d+) '(\\w+)' by '(\\w+)'"_s);
+  QString followed;
+  for (int step = 0; step < 3000; ++step) {
+    switch (random() % 9) {
+      case 0:
+        Key(Qt::Key_Left);
+        break;
+      case 1:
+        Key(Qt::Key_Home);
+        break;
+      case 2:
+        Key(Qt::Key_Backspace);
+        break;
+      case 3:
+        Key(Qt::Key_Delete);
+        break;
+      case 4:
+        if (history_.CanUndo()) Undo();
+        break;
+      case 5:
+        if (history_.CanRedo()) Redo();
+        break;
+      default:
+        Keys(random() % 2 == 0 ? u"a"_s : u"bab"_s);
+    }
+    const QString told = QString::fromStdString(events_.TakeAll());
+    for (const QRegularExpressionMatch& match : change.globalMatch(told)) {
+      if (match.captured(1) == "insert"_L1) {
+        followed.insert(match.captured(2).toInt(), match.captured(3));
+        continue;
+      }
+      const bool replaced = match.captured(1).isEmpty();
+      const int position = match.captured(replaced ? 4 : 2).toInt();
+      const QString removed = match.captured(replaced ? 5 : 3);
+      ASSERT_EQ(followed.mid(position, removed.size()), removed);
+      followed.replace(position, removed.size(), match.captured(6));
+    }
+    ASSERT_EQ(followed, QString::fromLatin1(row_.Text())) << step;
+  }
 }
 
 TEST_F(RowAccessible, WhereNothingChangesNothingIsTold) {

@@ -31,5 +31,5 @@ class AccessibleEvents {
   QStringList told_;
 };
 
-/// The text that a screen reader finds in a widget; null where it finds no text at all.
+/// The text that a screen reader finds in a widget; a failure where it finds none.
 QString AccessibleText(QWidget* widget);
