@@ -2,6 +2,7 @@
 // character with its colour, size and blinking, and every change as it happens.
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>

@@ -2,6 +2,8 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include <QAbstractButton>
 #include <QAccessible>

@@ -1,4 +1,6 @@
 // What a screen reader finds and hears of the rows in the two editors.
+#include <string>
+
 #include <QAccessible>
 #include <QFile>
 #include <QTest>
