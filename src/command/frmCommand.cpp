@@ -38,6 +38,7 @@ frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
   connect(ui_->ListCommand, &QListWidget::itemDoubleClicked, this, &frmCommand::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   LoadCaptions(this);
+  ui_->ListCommand->setAccessibleName(windowTitle());
 }
 
 frmCommand::~frmCommand() = default;

@@ -9,6 +9,7 @@
 #include "store/panel_list.h"
 #include "ui_frmConfig.h"
 #include "widgets/caption_loader.h"
+#include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
 
@@ -39,8 +40,8 @@ frmConfig::frmConfig(QWidget* parent)
   connect(ui_->butOK, &QPushButton::clicked, this, &frmConfig::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmConfig::reject);
   LoadCaptions(this);
-  ui_->ListComPort->setAccessibleName(ui_->PanelSerial->title());
-  ui_->List1->setAccessibleName(ui_->FrameIDConfig->title());
+  ui_->ListComPort->setAccessibleName(WithoutShortcutMark(ui_->PanelSerial->title()));
+  ui_->List1->setAccessibleName(WithoutShortcutMark(ui_->FrameIDConfig->title()));
 }
 
 frmConfig::~frmConfig() = default;

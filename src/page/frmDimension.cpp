@@ -5,6 +5,7 @@
 #include "store/configuration_store.h"
 #include "ui_frmDimension.h"
 #include "widgets/caption_loader.h"
+#include "widgets/fitted_text.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +18,7 @@ frmDimension::frmDimension(QWidget* parent)
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmDimension::reject);
   connect(ui_->List1, &QListWidget::itemDoubleClicked, this, &frmDimension::accept);
   LoadCaptions(this);
-  ui_->List1->setAccessibleName(ui_->FrameDimension->title());
+  ui_->List1->setAccessibleName(WithoutShortcutMark(ui_->FrameDimension->title()));
 
   Brivon1::LoadConfiguration();
   dimensions_ = Brivon1::DistinctDimensions(Brivon1::Store());

@@ -47,6 +47,8 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   setTabOrder(&ui_->rowArea->Surface(kMaxRows), ui_->Command3);
   ui_->butNew->setFocus();
   LoadCaptions(this);
+  ui_->rowArea->NameRows(ui_->labelRow->text(), ui_->lblGraphic->text(),
+                         WordsOf({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}));
 }
 
 frmMsgEditor::~frmMsgEditor() = default;

@@ -37,11 +37,6 @@ void PageMessage::TypeAll(QByteArrayView characters) {
   RecordEdit(current_row_, before, Current());
 }
 
-void PageMessage::InsertGraphic(char letter) {
-  const char placeholder[] = {'~', letter};
-  TypeAll({placeholder, 2});
-}
-
 void PageMessage::PressMoveKey(MoveKey key) {
   if (key == MoveKey::kUp) return SetCurrentRow(current_row_ - 1);
   if (key == MoveKey::kDown) return SetCurrentRow(current_row_ + 1);

@@ -25,6 +25,9 @@ class PageMessage : public EditedMessage {
   static constexpr QByteArrayView kDate = "DD MMM YYYY";
   static constexpr QByteArrayView kTime = "HH:MM";
 
+  /// The placeholder of a graphic symbol, "~" and its letter.
+  static QByteArray Graphic(char letter) { return QByteArray("~").append(letter); }
+
   /// Starts an empty page of this size. The modified flag and the attributes stay as they are.
   void Begin(Dimension dimension);
 
@@ -56,8 +59,8 @@ class PageMessage : public EditedMessage {
   /// A key whose character cannot be stored: changes nothing, marks the page modified.
   void RefuseKey() { SetModified(true); }
 
-  /// Types the placeholder of a graphic symbol, "~" and its letter.
-  void InsertGraphic(char letter);
+  /// Types the placeholder of a graphic symbol.
+  void InsertGraphic(char letter) { TypeAll(Graphic(letter)); }
 
   /// Types the placeholder of the date or of the time.
   void InsertDate() { TypeAll(kDate); }

@@ -10,12 +10,15 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include "widgets/fitted_text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using Brivon1::kCellWidth;
 using Brivon1::kMaxRows;
+using Brivon1::PageMessage;
 
 constexpr int kFirstLeft = 5;
 constexpr int kRowDistance = kCellHeight + 4;
@@ -29,6 +32,13 @@ constexpr int kTallestNumber = 14;
 constexpr int kSight = 2 * kCellWidth;
 
 QString Numbered(QLatin1String name, int number) { return u"%1(%2)"_s.arg(name).arg(number); }
+
+/// A caption without what only the eye wants.
+QString SpokenCaption(const QString& caption) {
+  QString spoken = WithoutShortcutMark(caption).trimmed();
+  if (spoken.endsWith(u':')) spoken.chop(1);
+  return spoken.trimmed();
+}
 
 }  // namespace
 
@@ -78,6 +88,21 @@ void RowArea::Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar) {
     surfaces_[static_cast<std::size_t>(number - 1)] = surface;
   }
   UpdateScrollBar();
+}
+
+void RowArea::NameRows(const QString& row_caption, const QString& symbol_caption, RowWords words) {
+  const QString symbol = SpokenCaption(symbol_caption);
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    words.placeholders.append({PageMessage::Graphic(letter), symbol + u' ' + QLatin1Char(letter)});
+  }
+  words.placeholders.append({PageMessage::kDate.toByteArray(), u"Date"_s});
+  words.placeholders.append({PageMessage::kTime.toByteArray(), u"Time"_s});
+  const QString row = SpokenCaption(row_caption);
+  for (int number = 1; number <= kMaxRows; ++number) {
+    Surface(number).setAccessibleName(u"%1 %2"_s.arg(row).arg(number));
+    Surface(number).SetWords(words);
+  }
+  scroll_bar_->setAccessibleName(row);
 }
 
 void RowArea::LayOutRows() {

@@ -23,6 +23,10 @@ class RowArea : public QWidget {
   /// and sets the place, outlive this.
   void Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar);
 
+  /// Names the rows for screen readers as the window's captions do: `row_caption` stands in front
+  /// of the number, `symbol_caption` in front of a symbol's letter, `words` are the other names.
+  void NameRows(const QString& row_caption, const QString& symbol_caption, RowWords words);
+
   /// The surface of row `number`, counted from 1.
   RowSurface& Surface(int number) const { return *surfaces_[static_cast<std::size_t>(number - 1)]; }
 

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QShortcut>
 
+#include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
@@ -22,6 +23,18 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
                    [&message](bool checked) { message.ChooseBlink(checked); });
   QObject::connect(controls.blink, &QCheckBox::clicked, controls.blink, return_keyboard);
   for (QComboBox* list : {controls.colour, controls.size}) new ListGuard(list, return_keyboard);
+}
+
+RowWords WordsOf(const AttributeControls& controls) {
+  RowWords words;
+  for (int n = 0; n < controls.colour->count(); ++n) {
+    words.colours[n] = controls.colour->itemText(n);
+  }
+  for (int n = 0; n < controls.size->count(); ++n) {
+    words.sizes[n] = controls.size->itemText(n);
+  }
+  words.blinking = WithoutShortcutMark(controls.blink->text());
+  return words;
 }
 
 void AddUndoShortcuts(QWidget* window, Brivon1::EditedMessage& message,

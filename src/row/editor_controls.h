@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include "row/edited_message.h"
+#include "row/row_accessible.h"
 
 class QCheckBox;
 class QComboBox;
@@ -21,6 +22,9 @@ struct AttributeControls {
 /// has chosen types on: `return_keyboard` is called.
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
                        const std::function<void()>& return_keyboard);
+
+/// What screen readers call the attributes: the captions of the controls as they are now.
+RowWords WordsOf(const AttributeControls& controls);
 
 /// Binds the usual keys of undo and redo in `window`. `show` is called for an edit of `message`
 /// that was taken back or made again.

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -13,16 +15,12 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-#include "base/code_page.h"
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using Brivon1::kCellWidth;
 using Brivon1::MoveKey;
-
-constexpr qsizetype kLongestDescription = 1000;
 
 std::optional<MoveKey> MoveKeyOf(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers();
@@ -82,12 +80,12 @@ RowSurface::RowSurface(const Brivon1::PageRow& row, QWidget* parent) : QWidget(p
   setAttribute(Qt::WA_InputMethodEnabled);
   setFocusPolicy(Qt::ClickFocus);
   setCursor(Qt::IBeamCursor);
+  QAccessible::installFactory(MakeRowAccessible);
 }
 
 void RowSurface::RedrawRow(RowSpan span) {
   span_ = span;
-  setAccessibleDescription(Brivon1::CodePage::System().ToText(
-      QByteArrayView(row_.Text()).first(std::min(row_.Length(), kLongestDescription))));
+  TellRowChange(*this, std::exchange(told_, row_));
   updateMicroFocus();
   update();
 }
@@ -112,6 +110,18 @@ void RowSurface::SetBlinkingHidden(bool hidden) {
 }
 
 QRect RowSurface::CursorRectangle() const { return {CursorCell() * kCellWidth, 0, 1, kCellHeight}; }
+
+void RowSurface::PutCursor(qsizetype position) {
+  setFocus(Qt::MouseFocusReason);
+  const qsizetype wanted = std::clamp<qsizetype>(position, 0, row_.Length());
+  const qsizetype clicked = std::clamp(wanted, span_.first, span_.Behind(row_));
+  Q_EMIT Clicked(static_cast<double>(clicked - span_.first) * kCellWidth);
+  // A click does not reach what is out of sight, the keys do.
+  for (qsizetype from = -1; row_.Cursor() != wanted && row_.Cursor() != from;) {
+    from = row_.Cursor();
+    Q_EMIT MoveKeyPressed(from < wanted ? MoveKey::kRight : MoveKey::kLeft);
+  }
+}
 
 QVariant RowSurface::inputMethodQuery(Qt::InputMethodQuery query) const {
   switch (query) {

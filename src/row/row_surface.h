@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "row/draw_cell.h"
+#include "row/row_accessible.h"
 
 class RowSurface : public QWidget {
   Q_OBJECT
@@ -22,6 +23,18 @@ class RowSurface : public QWidget {
 
   /// Shows the blinking characters, or blank cells in their places.
   void SetBlinkingHidden(bool hidden);
+
+  const Brivon1::PageRow& Row() const { return row_; }
+
+  /// What is shown of the row.
+  RowSpan Span() const { return span_; }
+
+  /// What screen readers are told of the characters.
+  const RowWords& Words() const { return words_; }
+  void SetWords(const RowWords& words) { words_ = words; }
+
+  /// Puts the cursor in front of a character, and the keyboard to this row, as a click does.
+  void PutCursor(qsizetype position);
 
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -53,6 +66,8 @@ class RowSurface : public QWidget {
   void Paste();
 
   const Brivon1::PageRow& row_;
+  Brivon1::PageRow told_;  // what screen readers know of the row
+  RowWords words_;
   RowSpan span_;
   CursorLine cursor_line_ = CursorLine::kNone;
   bool blinking_hidden_ = false;

@@ -6,6 +6,7 @@
 #include "page/dialog_results.h"
 #include "ui_frmDelay.h"
 #include "widgets/caption_loader.h"
+#include "widgets/fitted_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +25,8 @@ frmDelay::frmDelay(QWidget* parent, const Brivon1::FeatureNames& features)
   ui_->ListFeature->addItems(features.Entries());
   ui_->ListFeature->setCurrentRow(features.Preselected(Brivon1::DialogText));
   LoadCaptions(this);
-  ui_->txtDelay->setAccessibleName(ui_->FrameDelay->title());
-  ui_->ListFeature->setAccessibleName(ui_->FrameFeature->title());
+  ui_->txtDelay->setAccessibleName(WithoutShortcutMark(ui_->FrameDelay->title()));
+  ui_->ListFeature->setAccessibleName(WithoutShortcutMark(ui_->FrameFeature->title()));
   connect(ui_->butOK, &QPushButton::clicked, this, &frmDelay::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmDelay::reject);
 }

@@ -17,6 +17,7 @@
 #include "widgets/caption_loader.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
+#include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
 
@@ -76,7 +77,7 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   UpdateButtons();
   ui_->butNew->setFocus();
   LoadCaptions(this);
-  ui_->GridSeqTable->setAccessibleName(ui_->FrameSchTable->title());
+  ui_->GridSeqTable->setAccessibleName(WithoutShortcutMark(ui_->FrameSchTable->title()));
 }
 
 frmSchedule::~frmSchedule() = default;

@@ -10,6 +10,7 @@
 #include "row/row_surface.h"
 #include "schedule/schedule_file.h"
 #include "scrolling/frmShiftMsg.h"
+#include "support/accessible_events.h"
 
 namespace {
 
@@ -36,7 +37,7 @@ TEST(RussianSystem, ItsLettersAreTypedInAnEditor) {
   for (const QChar letter : Text("Привет")) {
     QTest::sendKeyEvent(QTest::Click, surface, Qt::Key_unknown, letter, Qt::NoModifier);
   }
-  EXPECT_EQ(surface->accessibleDescription(), Text("Привет"));
+  EXPECT_EQ(AccessibleText(surface), Text("Привет"));
   EXPECT_EQ(window.findChild<QLabel*>(Text("lblPosition"))->text(), Text("6 of 6"));
 }
 

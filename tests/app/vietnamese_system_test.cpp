@@ -11,6 +11,7 @@
 #include "base/code_page.h"
 #include "row/row_surface.h"
 #include "scrolling/frmShiftMsg.h"
+#include "support/accessible_events.h"
 
 namespace {
 
@@ -44,24 +45,24 @@ TEST_F(VietnameseSystem, WorksInItsOwnCodePage) {
 
 TEST_F(VietnameseSystem, AnInputMethodsLetterStandsInThePlacesOfItsParts) {
   Commit("ế");
-  EXPECT_EQ(Surface()->accessibleDescription(), Text("ê\u0301"));
+  EXPECT_EQ(AccessibleText(Surface()), Text("ê\u0301"));
   EXPECT_EQ(Position(), Text("2 of 2"));
   QTest::keyClick(Surface(), Qt::Key_Backspace);
-  EXPECT_EQ(Surface()->accessibleDescription(), Text("ê"));
+  EXPECT_EQ(AccessibleText(Surface()), Text("ê"));
 }
 
 TEST_F(VietnameseSystem, AKeysLetterStandsInThePlacesOfItsParts) {
   QTest::sendKeyEvent(QTest::Click, Surface(), Qt::Key_unknown, Text("ậ"), Qt::NoModifier);
-  EXPECT_EQ(Surface()->accessibleDescription(), Text("â\u0323"));
+  EXPECT_EQ(AccessibleText(Surface()), Text("â\u0323"));
   EXPECT_EQ(Position(), Text("2 of 2"));
 }
 
 TEST_F(VietnameseSystem, APastedTextIsTheSameComposedAndDecomposed) {
   Paste(Text("Tiếng Việt"));
-  EXPECT_EQ(Surface()->accessibleDescription(), Text("Tiê\u0301ng Viê\u0323t"));
+  EXPECT_EQ(AccessibleText(Surface()), Text("Tiê\u0301ng Viê\u0323t"));
   EXPECT_EQ(Position(), Text("12 of 12"));
   Paste(Text("Tiếng Việt").normalized(QString::NormalizationForm_D));
-  EXPECT_EQ(Surface()->accessibleDescription(),
+  EXPECT_EQ(AccessibleText(Surface()),
             Text("Tiê\u0301ng Viê\u0323tTiê\u0301ng Viê\u0323t"));
 }
 

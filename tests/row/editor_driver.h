@@ -12,12 +12,12 @@
 
 #include <gtest/gtest.h>
 
+#include "support/accessible_events.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 #include "support/text.h"
 
 inline constexpr const char* kQuestion = "File not saved. Save it now?";
-
 
 inline QByteArray EveryByte() {
   QByteArray all;
@@ -78,7 +78,7 @@ class EditorDriver {
   QString FileName();
 
   /// The text that a row surface gives to a screen reader.
-  static QString ReadOut(const QWidget* surface) { return surface->accessibleDescription(); }
+  static QString ReadOut(QWidget* surface) { return AccessibleText(surface); }
 
   void Keys(const QString& text);
   void Keys(const char* text) { Keys(Text(text)); }
