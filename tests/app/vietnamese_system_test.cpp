@@ -62,8 +62,7 @@ TEST_F(VietnameseSystem, APastedTextIsTheSameComposedAndDecomposed) {
   EXPECT_EQ(AccessibleText(Surface()), Text("Tiê\u0301ng Viê\u0323t"));
   EXPECT_EQ(Position(), Text("12 of 12"));
   Paste(Text("Tiếng Việt").normalized(QString::NormalizationForm_D));
-  EXPECT_EQ(AccessibleText(Surface()),
-            Text("Tiê\u0301ng Viê\u0323tTiê\u0301ng Viê\u0323t"));
+  EXPECT_EQ(AccessibleText(Surface()), Text("Tiê\u0301ng Viê\u0323tTiê\u0301ng Viê\u0323t"));
 }
 
 TEST_F(VietnameseSystem, AFullMessageTakesNoHalfOfALetter) {
