@@ -89,7 +89,7 @@ int CaptionHeight(const QFont& font, const QString& text, int width) {
 void DrawCaption(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
                  const QString& caption, bool mnemonic) {
   const QString plain = mnemonic ? WithoutShortcutMark(caption) : caption;
-  int flags = alignment.toInt() | WrapFlag(painter->font(), plain, area.width());
+  int flags = static_cast<int>(alignment.toInt()) | WrapFlag(painter->font(), plain, area.width());
   if (mnemonic) flags |= Qt::TextShowMnemonic;
   QRectF seen = area;
   if (WrappedHeight(painter->font(), plain, area.width()) > area.height()) {
