@@ -61,8 +61,8 @@ class MemoryLine : public Link {
       busy_to_ = std::max(busy_to_, time_.Now() + answer.after_ms);
       due[busy_to_].append(answer);
     }
-    for (const auto& [at, answers] : due) {
-      After(at - time_.Now(), [this, answers] {
+    for (const auto& [at, due_then] : due) {
+      After(at - time_.Now(), [this, answers = due_then] {
         for (const VirtualPanel::Answer& answer : answers) Carry(answer);
       });
     }
