@@ -29,6 +29,10 @@ const Brivon1::Configuration& FreshStore() {
   return Brivon1::Store();
 }
 
+bool IsEnter(const QKeyEvent& press) {
+  return press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
+}
+
 }  // namespace
 
 frmConfig::frmConfig(QWidget* parent)
@@ -108,6 +112,7 @@ void frmConfig::SetUpPanels() {
     ui_->lblColumnsNote->setVisible(Brivon1::IsReadBackShort(text));
   });
   ui_->List1->installEventFilter(this);
+  ui_->ComboColorType->installEventFilter(this);
   FillList(std::nullopt);
   connect(ui_->butAdd, &QPushButton::clicked, this, &frmConfig::Add);
   connect(ui_->butRemove, &QPushButton::clicked, this, &frmConfig::Remove);
@@ -174,25 +179,33 @@ void frmConfig::Remove() {
   ShowSelected();
 }
 
+void frmConfig::AddTyped() {
+  if (!Add()) return;
+  ui_->txtID->setFocus();  // the next panel can be typed at once
+  ui_->txtID->selectAll();
+}
+
 void frmConfig::keyPressEvent(QKeyEvent* event) {
-  const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  const bool in_panel_box =
-      qobject_cast<QLineEdit*>(focusWidget()) != nullptr || focusWidget() == ui_->ComboColorType;
-  if (!is_enter || !in_panel_box) {
+  if (IsEnter(*event) && qobject_cast<QLineEdit*>(focusWidget()) != nullptr) {
+    AddTyped();
+  } else {
     QDialog::keyPressEvent(event);
-  } else if (Add()) {  // the next panel can be typed at once
-    ui_->txtID->setFocus();
-    ui_->txtID->selectAll();
   }
 }
 
 bool frmConfig::eventFilter(QObject* list, QEvent* event) {
   const auto* press =
       event->type() == QEvent::KeyPress ? static_cast<const QKeyEvent*>(event) : nullptr;
-  if (press == nullptr || press->key() != Qt::Key_Delete) return QDialog::eventFilter(list, event);
-  // A key that is held too long takes one panel out, not all.
-  if (!press->isAutoRepeat()) Remove();
-  return true;
+  if (press != nullptr && list == ui_->List1 && press->key() == Qt::Key_Delete) {
+    // A key that is held too long takes one panel out, not all.
+    if (!press->isAutoRepeat()) Remove();
+    return true;
+  }
+  if (press != nullptr && list == ui_->ComboColorType && IsEnter(*press)) {
+    AddTyped();  // before the box, which some desktops open by Enter
+    return true;
+  }
+  return QDialog::eventFilter(list, event);
 }
 
 void frmConfig::accept() {

@@ -45,6 +45,9 @@ class frmConfig : public QDialog {
 
   /// Adds the panel that the boxes describe; says so and returns false where it may not be added.
   bool Add();
+
+  /// Adds the panel that was typed, and waits for the next one.
+  void AddTyped();
   void Remove();
 
   const std::unique_ptr<Ui::frmConfig> ui_;

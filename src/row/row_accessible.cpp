@@ -177,6 +177,7 @@ QAccessibleInterface* MakeRowAccessible(const QString& /*class_name*/, QObject* 
 }
 
 void TellRowChange(RowSurface& surface, const PageRow& before) {
+  if (!QAccessible::isActive()) return;  // nobody reads along
   const PageRow& row = surface.Row();
   const int cursor = static_cast<int>(row.Cursor());
   const auto tell = [cursor](QAccessibleTextCursorEvent&& event) {

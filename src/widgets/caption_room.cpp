@@ -18,7 +18,7 @@ constexpr QSize kFrame(16, 40);
 
 class CaptionRoom : public QObject {
  public:
-  explicit CaptionRoom(QWidget* window) : QObject(window), window_(window), font_(window->font()) {
+  explicit CaptionRoom(QWidget* window) : QObject(window), window_(window) {
     window->installEventFilter(this);
   }
 
@@ -40,18 +40,28 @@ class CaptionRoom : public QObject {
   const QLayout& Layout() const { return *window_->layout(); }
   QSize Room() const { return window_->screen()->availableSize() - kFrame; }
 
+  bool FitsInWidth() const { return Layout().totalMinimumSize().width() <= Room().width(); }
   bool Fits() const {
-    return Layout().totalMinimumSize().width() <= Room().width() &&
-           Layout().totalMinimumHeightForWidth(Room().width()) <= Room().height();
+    return FitsInWidth() && Layout().totalMinimumHeightForWidth(Room().width()) <= Room().height();
   }
 
   // What got smaller stays so while the window is open, so that its letters do not jump.
   void Shrink() {
-    while (!Fits() && scale_ * kSmallerScale >= kSmallestScale) {
-      scale_ *= kSmallerScale;
-      window_->setFont(Scaled(font_, scale_));
-      ForgetSizes();
+    if (scale_ == 1) font_ = window_->font();
+    const qreal before = scale_;
+    const bool was_too_wide = !FitsInWidth();
+    while (is_shrinkable_ && !Fits() && scale_ * kSmallerScale >= kSmallestScale) {
+      SetScale(scale_ * kSmallerScale);
     }
+    if (!is_shrinkable_ || Fits()) return;
+    is_shrinkable_ = false;
+    if (!was_too_wide) SetScale(before);  // it is not the letters that are too high
+  }
+
+  void SetScale(qreal scale) {
+    scale_ = scale;
+    window_->setFont(scale == 1 ? font_ : Scaled(font_, scale));
+    ForgetSizes();
   }
 
   // A list keeps the least size of its former font until its style changes, a layout what it
@@ -85,8 +95,9 @@ class CaptionRoom : public QObject {
   }
 
   QWidget* window_;
-  QFont font_;
+  QFont font_;  // at scale 1
   qreal scale_ = 1;
+  bool is_shrinkable_ = true;
 };
 
 }  // namespace

@@ -76,6 +76,7 @@ TEST_F(SendScrolling, TheConfigurationNamesTheTcpIpModeTheMessageIsStillSentOver
     EXPECT_EQ(dialog.Send(), QStringList{kFinished}) << mode;
   }
   EXPECT_EQ(bench_.Frames(), QList<QByteArray>(3, "<ID12><L1><SA><CA>Road <CB>works\r\n"));
+  EXPECT_EQ(bench_.Openings(), 3);  // nor was a connection tried
 }
 
 TEST_F(SendScrolling, TxtLine0OnAnyPanelIsSentWithLine0WithoutAMessage) {

@@ -8,7 +8,9 @@
 
 using namespace Qt::StringLiterals;
 
-// The linker takes this one in place of the toolkit's, also for what the toolkit itself tells.
+// The linker takes these in place of the toolkit's, also for what the toolkit itself tells.
+bool QAccessible::isActive() { return AccessibleEvents::current_ != nullptr; }
+
 void QAccessible::updateAccessibility(QAccessibleEvent* event) {
   if (AccessibleEvents::current_ != nullptr) AccessibleEvents::current_->Record(*event);
 }

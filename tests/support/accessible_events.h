@@ -21,7 +21,8 @@ class AccessibleEvents {
   /// "Row 1: insert 2 'abc', cursor 5; Row 1: cursor 4; Row 1: description".
   std::string TakeAll();
 
-  /// The toolkit's own function, which hands an event to the connected readers.
+  /// The toolkit's own functions: whether a reader is connected, and what hands it an event.
+  friend bool QAccessible::isActive();
   friend void QAccessible::updateAccessibility(QAccessibleEvent* event);
 
  private:
