@@ -28,6 +28,12 @@ const Brivon1::Configuration& FreshStore() {
   return Brivon1::Store();
 }
 
+// Tab lands on the chosen option, as the arrow keys and the mouse keep it from then on; it would
+// land on the first one, for Space to choose it.
+void TabLandsOn(const QRadioButton* chosen, QRadioButton* option) {
+  option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 }  // namespace
 
 frmConfig::frmConfig(QWidget* parent)
@@ -63,6 +69,9 @@ void frmConfig::SetUpCommunication() {
                                                  {ui_->opt4800, 4800}, {ui_->opt9600, 9600}};
   for (const auto& [option, rate] : rates) {
     option->setChecked(draft_.Values().baud_rate == rate);
+    if (option->isChecked()) {
+      for (const auto& other : rates) TabLandsOn(option, other.first);
+    }
     connect(option, &QRadioButton::toggled, this, [this, rate = rate](bool chosen) {
       if (chosen) draft_.ChooseBaudRate(rate);
     });
