@@ -61,6 +61,10 @@ class ConfigurationDraft {
   /// be short enough to be read whole.
   AddResult Add(const PanelBoxes& boxes);
 
+  /// Whether `boxes` hold no more than what the draft has: the panel of their ID as it is, or what
+  /// the boxes hold before anything is entered.
+  bool Holds(const PanelBoxes& boxes) const;
+
   /// Clears the slot of a panel and returns the configured ID next to it: the one above, else the
   /// one below.
   std::optional<int> Remove(int id);

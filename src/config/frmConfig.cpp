@@ -34,6 +34,13 @@ void TabLandsOn(const QRadioButton* chosen, QRadioButton* option) {
   option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
+// A note keeps its place while it is hidden, so that nothing moves when it appears.
+void KeepPlace(QWidget* note) {
+  QSizePolicy place = note->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  note->setSizePolicy(place);
+}
+
 }  // namespace
 
 frmConfig::frmConfig(QWidget* parent)
@@ -42,11 +49,17 @@ frmConfig::frmConfig(QWidget* parent)
   SetUpCommunication();
   SetUpPorts();
   SetUpPanels();
+  SetUpNotes();
   connect(ui_->butOK, &QPushButton::clicked, this, &frmConfig::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmConfig::reject);
   LoadCaptions(this);
   ui_->ListComPort->setAccessibleName(ui_->PanelSerial->title());
   ui_->List1->setAccessibleName(ui_->FrameIDConfig->title());
+  const QString why =
+      TranslateMessage(u"Only the panels in the list are saved. Press \"%1\" to add this one."_s)
+          .replace(u"%1"_s, ui_->butAdd->text());
+  ui_->lblNotAdded->setToolTip(Brivon1::ToolTipText(why, Brivon1::LongLines::kBroken));
+  ui_->lblNotAdded->setAccessibleDescription(why);
 }
 
 frmConfig::~frmConfig() = default;
@@ -108,9 +121,7 @@ void frmConfig::SetUpPanels() {
   ui_->ComboColorType->addItems({u"Mono"_s, u"Tri"_s});
   IgnoreWheel(ui_->ComboColorType);
   ui_->txtIPAddress->GiveUpAt(ui_->butCancel);
-  QSizePolicy note_place = ui_->lblColumnsNote->sizePolicy();
-  note_place.setRetainSizeWhenHidden(true);
-  ui_->lblColumnsNote->setSizePolicy(note_place);
+  KeepPlace(ui_->lblColumnsNote);
   ui_->lblColumnsNote->hide();
   connect(ui_->txtcol, &QLineEdit::textChanged, this, [this](const QString& text) {
     ui_->lblColumnsNote->setVisible(Brivon1::IsReadBackShort(text));
@@ -132,6 +143,7 @@ void frmConfig::FillList(std::optional<int> id) {
     item->setData(Qt::UserRole, line_id);
     if (line_id == id) ui_->List1->setCurrentItem(item);
   }
+  ShowNotes();
 }
 
 std::optional<int> frmConfig::SelectedId() const {
@@ -152,7 +164,20 @@ void frmConfig::ShowSelected() {
   ui_->txtIPPortNo->setText(boxes.port);
 }
 
-bool frmConfig::Add() {
+void frmConfig::SetUpNotes() {
+  KeepPlace(ui_->lblNotAdded);
+  ui_->lblNotAdded->setText(TranslateMessage(u"Not added yet"_s));
+  for (QLineEdit* box : std::initializer_list<QLineEdit*>{ui_->txtID, ui_->txtRow, ui_->txtcol,
+                                                          ui_->txtIPAddress, ui_->txtIPPortNo}) {
+    connect(box, &QLineEdit::textChanged, this, &frmConfig::ShowNotes);
+  }
+  connect(ui_->ComboColorType, &QComboBox::currentIndexChanged, this, &frmConfig::ShowNotes);
+  ShowNotes();
+}
+
+void frmConfig::ShowNotes() { ui_->lblNotAdded->setVisible(!draft_.Holds(Boxes())); }
+
+Brivon1::PanelBoxes frmConfig::Boxes() const {
   Brivon1::PanelBoxes boxes;
   boxes.id = ui_->txtID->text();
   boxes.rows = ui_->txtRow->text();
@@ -160,6 +185,11 @@ bool frmConfig::Add() {
   boxes.colour_type = static_cast<qint16>(ui_->ComboColorType->currentIndex());
   boxes.address = ui_->txtIPAddress->text();
   boxes.port = ui_->txtIPPortNo->text();
+  return boxes;
+}
+
+bool frmConfig::Add() {
+  const Brivon1::PanelBoxes boxes = Boxes();
   switch (draft_.Add(boxes)) {
     case AddResult::kAdded:
       ui_->txtIPAddress->Check();  // the box shows the address as it was added

@@ -43,6 +43,14 @@ class frmConfig : public QDialog {
   /// Puts the values of the selected panel into the boxes.
   void ShowSelected();
 
+  /// What the boxes for a panel hold.
+  Brivon1::PanelBoxes Boxes() const;
+
+  void SetUpNotes();
+
+  /// Says what the boxes hold that the list does not.
+  void ShowNotes();
+
   /// Adds the panel that the boxes describe; says so and returns false where it may not be added.
   bool Add();
   void Remove();
