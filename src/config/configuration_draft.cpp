@@ -68,6 +68,8 @@ std::optional<QString> IpAddress(const QString& text) {
   return parts.join(u'.');
 }
 
+bool IsNoAddress(const QString& address) { return IpAddress(address) == kNoAddress; }
+
 bool IsReadBackShort(const QString& columns) {
   return WholeNumber(columns, kMostColumnsReadBack + 1, kMostColumns).has_value();
 }

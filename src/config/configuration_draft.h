@@ -38,6 +38,9 @@ enum class AddResult { kAdded, kInvalidAddress, kInvalidInput };
 /// has no leading zeros, which the system's name service would take for octal numbers.
 std::optional<QString> IpAddress(const QString& text);
 
+/// Whether `address` is the one of a panel that has none.
+bool IsNoAddress(const QString& address);
+
 /// Whether a panel with so many dot columns has more digits than the store reads back.
 bool IsReadBackShort(const QString& columns);
 

@@ -73,6 +73,7 @@ void frmConfig::SetUpCommunication() {
       draft_.ChooseMode(mode);
       ui_->txtIPAddress->setEnabled(mode == SendMode::kTcp);
       ui_->txtIPPortNo->setEnabled(mode == SendMode::kTcp);
+      ShowNotes();
     });
     option->setChecked(draft_.Values().Mode() == mode);
     if (option->isChecked()) option->setFocus();
@@ -166,7 +167,11 @@ void frmConfig::ShowSelected() {
 
 void frmConfig::SetUpNotes() {
   KeepPlace(ui_->lblNotAdded);
+  KeepPlace(ui_->lblNoAddress);
+  KeepPlace(ui_->lblNoLink);
   ui_->lblNotAdded->setText(TranslateMessage(u"Not added yet"_s));
+  ui_->lblNoAddress->setText(TranslateMessage(u"No address yet"_s));
+  ui_->lblNoLink->setText(TranslateMessage(u"No link is chosen yet"_s));
   for (QLineEdit* box : std::initializer_list<QLineEdit*>{ui_->txtID, ui_->txtRow, ui_->txtcol,
                                                           ui_->txtIPAddress, ui_->txtIPPortNo}) {
     connect(box, &QLineEdit::textChanged, this, &frmConfig::ShowNotes);
@@ -175,7 +180,30 @@ void frmConfig::SetUpNotes() {
   ShowNotes();
 }
 
-void frmConfig::ShowNotes() { ui_->lblNotAdded->setVisible(!draft_.Holds(Boxes())); }
+void frmConfig::ShowNotes() {
+  const SendMode mode = draft_.Values().Mode();
+  const bool lacks_address =
+      mode == SendMode::kTcp && Brivon1::IsNoAddress(ui_->txtIPAddress->text());
+  ui_->lblNotAdded->setVisible(!draft_.Holds(Boxes()));
+  ui_->lblNoLink->setVisible(mode == SendMode::kNone);
+  ui_->lblNoAddress->setVisible(lacks_address);
+  ui_->txtIPAddress->setAccessibleDescription(lacks_address ? ui_->lblNoAddress->text()
+                                                            : QString());
+  MarkMissingAddresses();
+}
+
+void frmConfig::MarkMissingAddresses() {
+  const bool over_network = draft_.Values().Mode() == SendMode::kTcp;
+  const QString mark = TranslateMessage(u"No address yet"_s);
+  for (int line = 0; line < ui_->List1->count(); ++line) {
+    QListWidgetItem* item = ui_->List1->item(line);
+    const int id = item->data(Qt::UserRole).toInt();
+    const bool marked = over_network && Brivon1::IsNoAddress(draft_.Boxes(id).address);
+    const QString text = marked ? mark : QString();
+    item->setToolTip(Brivon1::ToolTipText(text, Brivon1::LongLines::kBroken));
+    item->setData(Qt::AccessibleDescriptionRole, text);
+  }
+}
 
 Brivon1::PanelBoxes frmConfig::Boxes() const {
   Brivon1::PanelBoxes boxes;

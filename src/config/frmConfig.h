@@ -48,8 +48,11 @@ class frmConfig : public QDialog {
 
   void SetUpNotes();
 
-  /// Says what the boxes hold that the list does not.
+  /// Says what the boxes hold that the list does not, and what a transmission would lack.
   void ShowNotes();
+
+  /// Marks the panels that a network would not reach.
+  void MarkMissingAddresses();
 
   /// Adds the panel that the boxes describe; says so and returns false where it may not be added.
   bool Add();

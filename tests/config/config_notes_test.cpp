@@ -101,4 +101,61 @@ TEST_F(ConfigNotesTest, NothingMovesWhenTheLineBesideAddAppears) {
   EXPECT_LT(Find<QWidget>("lblNotAdded")->geometry().right(), add.left());
 }
 
+TEST_F(ConfigNotesTest, WhileNoLinkIsChosenALineBelowTheOptionsSaysSo) {
+  Open("");
+  EXPECT_TRUE(IsSaid("lblNoLink"));
+  EXPECT_EQ(Find<QLabel>("lblNoLink")->text(), Text("No link is chosen yet"));
+  EXPECT_GT(Find<QLabel>("lblNoLink")->y(), Option("optRS232")->geometry().bottom());
+  const int before = Find<QWidget>("FrameComm")->y();
+  Click("optRS232");
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(IsSaid("lblNoLink"));
+  EXPECT_EQ(Find<QWidget>("FrameComm")->y(), before);
+  Open(kTwoPanels);
+  EXPECT_FALSE(IsSaid("lblNoLink"));
+}
+
+TEST_F(ConfigNotesTest, OverTcpTheAddressOfAPanelThatHasNoneIsMarkedInTheBoxes) {
+  Open(kTwoPanels);
+  EXPECT_EQ(Box("txtIPAddress")->text(), Text("0.0.0.0"));
+  EXPECT_TRUE(IsSaid("lblNoAddress"));
+  EXPECT_EQ(Find<QLabel>("lblNoAddress")->text(), Text("No address yet"));
+  EXPECT_EQ(Box("txtIPAddress")->accessibleDescription(), Text("No address yet"));
+  Type("txtIPAddress", "10.0.0.1");
+  EXPECT_FALSE(IsSaid("lblNoAddress"));
+  EXPECT_EQ(Box("txtIPAddress")->accessibleDescription(), QString());
+  Type("txtIPAddress", "00.0.0.0");
+  EXPECT_TRUE(IsSaid("lblNoAddress"));
+  Click("optRS232");
+  EXPECT_FALSE(IsSaid("lblNoAddress"));
+  Click("optTCPIP");
+  EXPECT_TRUE(IsSaid("lblNoAddress"));
+  Open("");  // neither link
+  EXPECT_FALSE(IsSaid("lblNoAddress"));
+}
+
+TEST_F(ConfigNotesTest, OverTcpTheLineOfAPanelWithoutAnAddressIsMarked) {
+  Open(
+      "[Dimension Config]\r\nID001=4x96,Tri,0.0.0.0:80\r\nID002=4x96,Tri\r\n"
+      "ID003=4x96,Tri,10.0.0.3:80\r\n[Communication]\r\nSendMode=TCPIP\r\n");
+  const auto marks = [this](int role) {
+    QStringList found;
+    for (int row = 0; row < List()->count(); ++row) {
+      found.append(List()->item(row)->data(role).toString());
+    }
+    return found;
+  };
+  const QString mark = Text("No address yet");
+  for (const int role : {int{Qt::ToolTipRole}, int{Qt::AccessibleDescriptionRole}}) {
+    EXPECT_EQ(marks(role), (QStringList{mark, mark, QString()}));
+    Click("optRS232");
+    EXPECT_EQ(marks(role), (QStringList{QString(), QString(), QString()}));
+    Click("optTCPIP");
+    EXPECT_EQ(marks(role), (QStringList{mark, mark, QString()}));
+  }
+  TypePanel("4", "4", "96");
+  Click("butAdd");
+  EXPECT_EQ(marks(Qt::ToolTipRole), (QStringList{mark, mark, QString(), mark}));
+}
+
 }  // namespace
