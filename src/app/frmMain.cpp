@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "app/blocked_clicks.h"
 #include "app/launcher_layout.h"
 #include "app/session_end.h"
 #include "base/code_page.h"
@@ -78,5 +79,6 @@ void frmMain::Open(const TaskWindow& task) {
   if (open_window_ != nullptr) return;  // one window at a time, however the click came
   const std::unique_ptr<QDialog> window = task.create();
   open_window_ = window.get();
+  const BlockedClicks clicks(this, window.get());
   window->exec();
 }

@@ -41,6 +41,18 @@ bool NeedsPage(PanelCommand command) {
   return command == PanelCommand::kDeletePage || command == PanelCommand::kRunPage;
 }
 
+bool Deletes(PanelCommand command) {
+  return command == PanelCommand::kDeleteAll || command == PanelCommand::kDeletePage;
+}
+
+QString WhatItDeletes(PanelCommand command, int id) {
+  if (!Deletes(command)) return {};
+  if (command == PanelCommand::kDeleteAll) {
+    return id == 0 ? u"Deletes every page of all panels"_s : u"Deletes every page of %1"_s;
+  }
+  return id == 0 ? u"Deletes one page of all panels"_s : u"Deletes one page of %1"_s;
+}
+
 bool IsPageNumber(const QString& text) {
   const int page = LeadingNumber(text.toUtf8(), 0, kHighestPage + 1);
   return page >= 1 && page <= kHighestPage;

@@ -21,6 +21,13 @@ inline constexpr std::array<const char*, 5> kCommandNames = {"Polling", "Set Clo
 /// Whether a command wants a page number.
 bool NeedsPage(PanelCommand command);
 
+/// Whether a command takes pages out of a panel.
+bool Deletes(PanelCommand command);
+
+/// What a command that deletes is about to do on panel `id`, in English, with "%1" in the place of
+/// the panel's name; empty for the other commands. ID 0 addresses all panels and has no name.
+QString WhatItDeletes(PanelCommand command, int id);
+
 /// Whether `text` begins with a page number that a command may name, 1 to 120.
 bool IsPageNumber(const QString& text);
 

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QPushButton>
 
+#include "command/command_rows.h"
 #include "language/module_language.h"
 #include "page/frmPage.h"
 #include "panel_line/waits.h"
@@ -30,18 +31,44 @@ frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
   for (const char* name : Brivon1::kCommandNames) {
     ui_->ListCommand->addItem(QString::fromLatin1(name));
   }
+  ui_->ListCommand->setItemDelegate(new CommandRows(ui_->ListCommand));
   panels_ = new PanelChoice(ui_->ComboID);
   ui_->ComboID->setCurrentIndex(ui_->ComboID->count() > 0 ? 0 : -1);
   session_ =
       new SendingSession(this, {ui_->butSend, ui_->butDone, ui_->ListCommand, ui_->ComboID}, ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmCommand::Send);
   connect(ui_->ListCommand, &QListWidget::itemDoubleClicked, this, &frmCommand::Send);
+  connect(ui_->ListCommand, &QListWidget::itemSelectionChanged, this,
+          &frmCommand::ShowWhatItDeletes);
+  connect(ui_->ComboID, &QComboBox::currentIndexChanged, this, &frmCommand::ShowWhatItDeletes);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
+  // The line keeps its place, so that no row moves under the pointer.
+  QSizePolicy line_place = ui_->lblWhatItDeletes->sizePolicy();
+  line_place.setRetainSizeWhenHidden(true);
+  ui_->lblWhatItDeletes->setSizePolicy(line_place);
+  ShowWhatItDeletes();
   LoadCaptions(this);
   ui_->ListCommand->setAccessibleName(windowTitle());
 }
 
 frmCommand::~frmCommand() = default;
+
+std::optional<PanelCommand> frmCommand::SelectedCommand() const {
+  const QList<QListWidgetItem*> selected = ui_->ListCommand->selectedItems();
+  if (selected.isEmpty()) return std::nullopt;
+  return static_cast<PanelCommand>(ui_->ListCommand->row(selected.first()));
+}
+
+void frmCommand::ShowWhatItDeletes() {
+  const auto command = SelectedCommand();
+  const auto panel = panels_->Selected();
+  const bool deletes = command && panel && Brivon1::Deletes(*command);
+  ui_->lblWhatItDeletes->setVisible(deletes);
+  if (!deletes) return;
+  const QString text = TranslateMessage(Brivon1::WhatItDeletes(*command, panel->id));
+  const QString name = u"ID%1"_s.arg(panel->id, 3, 10, '0'_L1);
+  ui_->lblWhatItDeletes->setText(QString(text).replace(u"%1"_s, name));
+}
 
 void frmCommand::Send() {
   const auto panel = panels_->Selected();
@@ -59,11 +86,10 @@ void frmCommand::Send() {
 }
 
 void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
-  const int row = ui_->ListCommand->currentRow();
-  if (row < 0) return;
-  const auto command = static_cast<PanelCommand>(row);
+  const auto command = SelectedCommand();
+  if (!command) return;
   QString page;
-  if (Brivon1::NeedsPage(command)) {
+  if (Brivon1::NeedsPage(*command)) {
     const auto text = frmPage::Ask(this);
     if (!text) return;
     page = *text;
@@ -74,7 +100,7 @@ void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
     }
   }
   const Brivon1::CommandReport report =
-      Brivon1::CarryOutCommand(line, command, id, page, QDateTime::currentDateTime());
+      Brivon1::CarryOutCommand(line, *command, id, page, QDateTime::currentDateTime());
   QStringList text;
   for (const QString& piece : report.text) text.append(TranslateMessage(piece));
   ShowMessage(this, text.join(QLatin1Char(' ')),

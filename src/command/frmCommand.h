@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QDialog>
 
@@ -23,6 +24,12 @@ class frmCommand : public QDialog {
   ~frmCommand() override;
 
  private:
+  /// The command whose row is selected; the keyboard alone, resting on a row, selects none.
+  std::optional<Brivon1::PanelCommand> SelectedCommand() const;
+
+  /// Says what the selected command will do where it deletes.
+  void ShowWhatItDeletes();
+
   void Send();
   void CarryOut(Brivon1::OpenLine& line, int id);
 

@@ -28,6 +28,33 @@ void WriteNumber(IniFile& file, QByteArrayView key, int number, int written) {
   file.SetValue(kCommunicationSection, key, QByteArray::number(number));
 }
 
+/// What boxes describe: a panel, or why it is none.
+struct BoxedPanel {
+  AddResult result;
+  std::size_t slot = 0;
+  PanelEntry entry = {};
+};
+
+BoxedPanel ReadBoxes(const PanelBoxes& boxes) {
+  // The address first: pressing the button has left its box.
+  const auto address = IpAddress(boxes.address);
+  if (!address) return {AddResult::kInvalidAddress};
+  const auto id = WholeNumber(boxes.id, 0, kHighestPanelId);
+  const auto rows = WholeNumber(boxes.rows, 1, kMaxRows);
+  const auto columns = WholeNumber(boxes.columns, 1, kMostColumns);
+  const QString port = boxes.port.isEmpty() ? QString::number(kDefaultTcpPort) : boxes.port;
+  if (!id || !rows || !columns || !WholeNumber(port, 1, kHighestTcpPort)) {
+    return {AddResult::kInvalidInput};
+  }
+  PanelEntry entry;
+  entry.rows = static_cast<qint16>(*rows);
+  entry.columns = static_cast<qint16>(*columns);
+  entry.colour_type = boxes.colour_type;
+  entry.address = (*address + u':' + port).toLatin1();
+  if (PanelValue(entry).size() > kLongestPanelValue) return {AddResult::kInvalidInput};
+  return {AddResult::kAdded, static_cast<std::size_t>(*id), entry};
+}
+
 }  // namespace
 
 std::optional<QString> IpAddress(const QString& text) {
@@ -40,6 +67,8 @@ std::optional<QString> IpAddress(const QString& text) {
   }
   return parts.join(u'.');
 }
+
+bool IsNoAddress(const QString& address) { return IpAddress(address) == kNoAddress; }
 
 bool IsReadBackShort(const QString& columns) {
   return WholeNumber(columns, kMostColumnsReadBack + 1, kMostColumns).has_value();
@@ -66,24 +95,18 @@ void ConfigurationDraft::ChooseMode(SendMode mode) {
 }
 
 AddResult ConfigurationDraft::Add(const PanelBoxes& boxes) {
-  // The address first: pressing the button has left its box.
-  const auto address = IpAddress(boxes.address);
-  if (!address) return AddResult::kInvalidAddress;
+  const BoxedPanel panel = ReadBoxes(boxes);
+  if (panel.result == AddResult::kAdded) values_.panels[panel.slot] = panel.entry;
+  return panel.result;
+}
+
+bool ConfigurationDraft::Holds(const PanelBoxes& boxes) const {
+  if (boxes == PanelBoxes()) return true;
   const auto id = WholeNumber(boxes.id, 0, kHighestPanelId);
-  const auto rows = WholeNumber(boxes.rows, 1, kMaxRows);
-  const auto columns = WholeNumber(boxes.columns, 1, kMostColumns);
-  const QString port = boxes.port.isEmpty() ? QString::number(kDefaultTcpPort) : boxes.port;
-  if (!id || !rows || !columns || !WholeNumber(port, 1, kHighestTcpPort)) {
-    return AddResult::kInvalidInput;
-  }
-  PanelEntry entry;
-  entry.rows = static_cast<qint16>(*rows);
-  entry.columns = static_cast<qint16>(*columns);
-  entry.colour_type = boxes.colour_type;
-  entry.address = (*address + u':' + port).toLatin1();
-  if (PanelValue(entry).size() > kLongestPanelValue) return AddResult::kInvalidInput;
-  values_.panels[static_cast<std::size_t>(*id)] = entry;
-  return AddResult::kAdded;
+  if (!id || !values_.panels[static_cast<std::size_t>(*id)].IsConfigured()) return false;
+  if (boxes == Boxes(*id)) return true;  // also of an entry that Add() would not take
+  const BoxedPanel panel = ReadBoxes(boxes);
+  return panel.result == AddResult::kAdded && panel.entry == values_.panels[panel.slot];
 }
 
 std::optional<int> ConfigurationDraft::Remove(int id) {

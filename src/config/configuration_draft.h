@@ -38,6 +38,9 @@ enum class AddResult { kAdded, kInvalidAddress, kInvalidInput };
 /// has no leading zeros, which the system's name service would take for octal numbers.
 std::optional<QString> IpAddress(const QString& text);
 
+/// Whether `address` is the one of a panel that has none.
+bool IsNoAddress(const QString& address);
+
 /// Whether a panel with so many dot columns has more digits than the store reads back.
 bool IsReadBackShort(const QString& columns);
 
@@ -60,6 +63,10 @@ class ConfigurationDraft {
   /// is empty. Nothing changes unless every box holds what it may, and the value in the file would
   /// be short enough to be read whole.
   AddResult Add(const PanelBoxes& boxes);
+
+  /// Whether `boxes` hold no more than what the draft has: the panel of their ID as it is, or what
+  /// the boxes hold before anything is entered.
+  bool Holds(const PanelBoxes& boxes) const;
 
   /// Clears the slot of a panel and returns the configured ID next to it: the one above, else the
   /// one below.

@@ -33,6 +33,19 @@ bool IsEnter(const QKeyEvent& press) {
   return press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
 }
 
+// Tab lands on the chosen option, as the arrow keys and the mouse keep it from then on; it would
+// land on the first one, for Space to choose it.
+void TabLandsOn(const QRadioButton* chosen, QRadioButton* option) {
+  option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+// A note keeps its place while it is hidden, so that nothing moves when it appears.
+void KeepPlace(QWidget* note) {
+  QSizePolicy place = note->sizePolicy();
+  place.setRetainSizeWhenHidden(true);
+  note->setSizePolicy(place);
+}
+
 }  // namespace
 
 frmConfig::frmConfig(QWidget* parent)
@@ -41,11 +54,17 @@ frmConfig::frmConfig(QWidget* parent)
   SetUpCommunication();
   SetUpPorts();
   SetUpPanels();
+  SetUpNotes();
   connect(ui_->butOK, &QPushButton::clicked, this, &frmConfig::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmConfig::reject);
   LoadCaptions(this);
   ui_->ListComPort->setAccessibleName(WithoutShortcutMark(ui_->PanelSerial->title()));
   ui_->List1->setAccessibleName(WithoutShortcutMark(ui_->FrameIDConfig->title()));
+  const QString why =
+      TranslateMessage(u"Only the panels in the list are saved. Press \"%1\" to add this one."_s)
+          .replace(u"%1"_s, WithoutShortcutMark(ui_->butAdd->text()));
+  ui_->lblNotAdded->setToolTip(Brivon1::ToolTipText(why, Brivon1::LongLines::kBroken));
+  ui_->lblNotAdded->setAccessibleDescription(why);
 }
 
 frmConfig::~frmConfig() = default;
@@ -59,6 +78,7 @@ void frmConfig::SetUpCommunication() {
       draft_.ChooseMode(mode);
       ui_->txtIPAddress->setEnabled(mode == SendMode::kTcp);
       ui_->txtIPPortNo->setEnabled(mode == SendMode::kTcp);
+      ShowNotes();
     });
     option->setChecked(draft_.Values().Mode() == mode);
     if (option->isChecked()) option->setFocus();
@@ -68,6 +88,9 @@ void frmConfig::SetUpCommunication() {
                                                  {ui_->opt4800, 4800}, {ui_->opt9600, 9600}};
   for (const auto& [option, rate] : rates) {
     option->setChecked(draft_.Values().baud_rate == rate);
+    if (option->isChecked()) {
+      for (const auto& other : rates) TabLandsOn(option, other.first);
+    }
     connect(option, &QRadioButton::toggled, this, [this, rate = rate](bool chosen) {
       if (chosen) draft_.ChooseBaudRate(rate);
     });
@@ -104,9 +127,7 @@ void frmConfig::SetUpPanels() {
   ui_->ComboColorType->addItems({u"Mono"_s, u"Tri"_s});
   IgnoreWheel(ui_->ComboColorType);
   ui_->txtIPAddress->GiveUpAt(ui_->butCancel);
-  QSizePolicy note_place = ui_->lblColumnsNote->sizePolicy();
-  note_place.setRetainSizeWhenHidden(true);
-  ui_->lblColumnsNote->setSizePolicy(note_place);
+  KeepPlace(ui_->lblColumnsNote);
   ui_->lblColumnsNote->hide();
   connect(ui_->txtcol, &QLineEdit::textChanged, this, [this](const QString& text) {
     ui_->lblColumnsNote->setVisible(Brivon1::IsReadBackShort(text));
@@ -129,6 +150,7 @@ void frmConfig::FillList(std::optional<int> id) {
     item->setData(Qt::UserRole, line_id);
     if (line_id == id) ui_->List1->setCurrentItem(item);
   }
+  ShowNotes();
 }
 
 std::optional<int> frmConfig::SelectedId() const {
@@ -149,7 +171,47 @@ void frmConfig::ShowSelected() {
   ui_->txtIPPortNo->setText(boxes.port);
 }
 
-bool frmConfig::Add() {
+void frmConfig::SetUpNotes() {
+  KeepPlace(ui_->lblNotAdded);
+  KeepPlace(ui_->lblNoAddress);
+  KeepPlace(ui_->lblNoLink);
+  ui_->lblNotAdded->setText(TranslateMessage(u"Not added yet"_s));
+  ui_->lblNoAddress->setText(TranslateMessage(u"No address yet"_s));
+  ui_->lblNoLink->setText(TranslateMessage(u"No link is chosen yet"_s));
+  for (QLineEdit* box : std::initializer_list<QLineEdit*>{ui_->txtID, ui_->txtRow, ui_->txtcol,
+                                                          ui_->txtIPAddress, ui_->txtIPPortNo}) {
+    connect(box, &QLineEdit::textChanged, this, &frmConfig::ShowNotes);
+  }
+  connect(ui_->ComboColorType, &QComboBox::currentIndexChanged, this, &frmConfig::ShowNotes);
+  ShowNotes();
+}
+
+void frmConfig::ShowNotes() {
+  const SendMode mode = draft_.Values().Mode();
+  const bool lacks_address =
+      mode == SendMode::kTcp && Brivon1::IsNoAddress(ui_->txtIPAddress->text());
+  ui_->lblNotAdded->setVisible(!draft_.Holds(Boxes()));
+  ui_->lblNoLink->setVisible(mode == SendMode::kNone);
+  ui_->lblNoAddress->setVisible(lacks_address);
+  ui_->txtIPAddress->setAccessibleDescription(lacks_address ? ui_->lblNoAddress->text()
+                                                            : QString());
+  MarkMissingAddresses();
+}
+
+void frmConfig::MarkMissingAddresses() {
+  const bool over_network = draft_.Values().Mode() == SendMode::kTcp;
+  const QString mark = TranslateMessage(u"No address yet"_s);
+  for (int line = 0; line < ui_->List1->count(); ++line) {
+    QListWidgetItem* item = ui_->List1->item(line);
+    const int id = item->data(Qt::UserRole).toInt();
+    const bool marked = over_network && Brivon1::IsNoAddress(draft_.Boxes(id).address);
+    const QString text = marked ? mark : QString();
+    item->setToolTip(Brivon1::ToolTipText(text, Brivon1::LongLines::kBroken));
+    item->setData(Qt::AccessibleDescriptionRole, text);
+  }
+}
+
+Brivon1::PanelBoxes frmConfig::Boxes() const {
   Brivon1::PanelBoxes boxes;
   boxes.id = ui_->txtID->text();
   boxes.rows = ui_->txtRow->text();
@@ -157,6 +219,11 @@ bool frmConfig::Add() {
   boxes.colour_type = static_cast<qint16>(ui_->ComboColorType->currentIndex());
   boxes.address = ui_->txtIPAddress->text();
   boxes.port = ui_->txtIPPortNo->text();
+  return boxes;
+}
+
+bool frmConfig::Add() {
+  const Brivon1::PanelBoxes boxes = Boxes();
   switch (draft_.Add(boxes)) {
     case AddResult::kAdded:
       ui_->txtIPAddress->Check();  // the box shows the address as it was added

@@ -43,6 +43,17 @@ class frmConfig : public QDialog {
   /// Puts the values of the selected panel into the boxes.
   void ShowSelected();
 
+  /// What the boxes for a panel hold.
+  Brivon1::PanelBoxes Boxes() const;
+
+  void SetUpNotes();
+
+  /// Says what the boxes hold that the list does not, and what a transmission would lack.
+  void ShowNotes();
+
+  /// Marks the panels that a network would not reach.
+  void MarkMissingAddresses();
+
   /// Adds the panel that the boxes describe; says so and returns false where it may not be added.
   bool Add();
 

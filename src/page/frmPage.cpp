@@ -10,6 +10,7 @@ frmPage::frmPage(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::fr
   ui_->setupUi(this);
   Brivon1::DialogAccepted = false;  // also where the program's end closes the dialog
   ui_->txtPage->setText(u"001"_s);
+  ui_->txtPage->selectAll();  // what is typed takes its place
   connect(ui_->butOk, &QPushButton::clicked, this, &frmPage::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmPage::reject);
   LoadCaptions(this);

@@ -45,6 +45,7 @@ std::optional<frmDelay::Properties> frmDelay::Ask(QWidget* parent, const Propert
 void frmDelay::SetUpDelay() {
   static const QRegularExpression digits(u"[0-9]*"_s);
   ui_->txtDelay->setText(delay_.LastValidText());
+  ui_->txtDelay->selectAll();  // what is typed takes its place
   ui_->txtDelay->setValidator(new QRegularExpressionValidator(digits, ui_->txtDelay));
   ui_->txtDelay->installEventFilter(this);
   connect(ui_->txtDelay, &QLineEdit::textChanged, this, &frmDelay::OnDelayChanged);

@@ -156,6 +156,17 @@ TEST_F(Commands, PageNumberOfDeleteAndRunIsCheckedAgainst1To120) {
   EXPECT_FALSE(IsPageNumber(u"99999999999999999999"_s));
 }
 
+TEST_F(Commands, WhatDeletesSaysWhatOfAPanelAndOfAllPanels) {
+  EXPECT_EQ(WhatItDeletes(PanelCommand::kDeleteAll, 1), u"Deletes every page of %1"_s);
+  EXPECT_EQ(WhatItDeletes(PanelCommand::kDeletePage, 1), u"Deletes one page of %1"_s);
+  EXPECT_EQ(WhatItDeletes(PanelCommand::kDeleteAll, 0), u"Deletes every page of all panels"_s);
+  EXPECT_EQ(WhatItDeletes(PanelCommand::kDeletePage, 0), u"Deletes one page of all panels"_s);
+  for (const auto command :
+       {PanelCommand::kPolling, PanelCommand::kSetClock, PanelCommand::kRunPage}) {
+    EXPECT_EQ(WhatItDeletes(command, 1), QString());
+  }
+}
+
 TEST_F(Commands, OnlyDeletePageAndRunPageNeedAPage) {
   EXPECT_FALSE(NeedsPage(PanelCommand::kPolling));
   EXPECT_FALSE(NeedsPage(PanelCommand::kSetClock));

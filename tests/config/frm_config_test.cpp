@@ -146,6 +146,33 @@ TEST_F(ConfigDialogTest, TabGoesThroughTheControlsInTheirOrder) {
   }
 }
 
+TEST_F(ConfigDialogTest, TabLandsOnTheChosenBaudRateAndTheArrowsMoveIt) {
+  Open(kTwoPanels);
+  Box("txtIPPortNo")->setFocus();
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(window_->focusWidget(), Option("opt4800"));
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(Option("opt4800")->isChecked());
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(window_->focusWidget(), Ports());
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Backtab);
+  EXPECT_EQ(window_->focusWidget(), Option("opt4800"));
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Down);
+  EXPECT_TRUE(Option("opt9600")->isChecked());
+  EXPECT_EQ(window_->focusWidget(), Option("opt9600"));
+  Box("txtIPPortNo")->setFocus();
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(window_->focusWidget(), Option("opt9600"));
+}
+
+TEST_F(ConfigDialogTest, TabReachesABaudRateWhereNoneIsChosen) {
+  Open("[Communication]\r\nSendMode=TCPIP\r\nBaudrate=38400\r\n");
+  Box("txtIPPortNo")->setFocus();
+  QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(window_->focusWidget(), Option("Opt300"));
+  EXPECT_FALSE(Option("Opt300")->isChecked());
+}
+
 TEST_F(ConfigDialogTest, EveryBoxHasANameForThoseWhoDoNotSeeIt) {
   Open("");
   EXPECT_EQ(Ports()->accessibleName(), Text("Serial Port"));

@@ -29,10 +29,17 @@ class PageDialogTest : public SmallDialogTest {
 TEST_F(PageDialogTest, ItShows001WithTheCaretAtItsEnd) {
   EXPECT_EQ(Page()->text(), Text("001"));
   EXPECT_EQ(Page()->cursorPosition(), 3);
-  EXPECT_FALSE(Page()->hasSelectedText());
   EXPECT_EQ(window_.focusWidget(), Page());
+  QTest::keyClick(Page(), Qt::Key_End);
   QTest::keyClicks(Page(), Text("5"));
   EXPECT_EQ(Page()->text(), Text("0015"));
+}
+
+TEST_F(PageDialogTest, WhatIsTypedTakesThePlaceOfWhatStandsThere) {
+  EXPECT_EQ(Page()->selectedText(), Text("001"));
+  QTest::keyClicks(Page(), Text("7"));
+  QTest::keyClick(Page(), Qt::Key_Return);
+  EXPECT_EQ(Brivon1::DialogText, Text("7"));
 }
 
 TEST_F(PageDialogTest, ItShowsItsCaptions) {

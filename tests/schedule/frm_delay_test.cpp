@@ -50,6 +50,16 @@ TEST_F(DelayDialogTest, TypingZeroIntoAnEmptyDelayFieldRestoresTheLastValidDelay
   EXPECT_EQ(Delay()->cursorPosition(), 2);
 }
 
+TEST_F(DelayDialogTest, WhatIsTypedTakesThePlaceOfWhatStandsThere) {
+  Brivon1::DialogDelay = 8;
+  Open();
+  EXPECT_EQ(Delay()->selectedText(), Text("8"));
+  EXPECT_EQ(Delay()->cursorPosition(), 1);
+  Type("5");
+  QTest::keyClick(Delay(), Qt::Key_Return);
+  EXPECT_EQ(Brivon1::DialogDelay, 5);
+}
+
 TEST_F(DelayDialogTest, Typing100After10TurnsTheFieldBackTo10) {
   Open();
   Empty();
