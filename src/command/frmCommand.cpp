@@ -37,6 +37,11 @@ frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
   connect(ui_->butSend, &QPushButton::clicked, this, &frmCommand::Send);
   connect(ui_->ListCommand, &QListWidget::itemDoubleClicked, this, &frmCommand::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
+  // The file's own section has no text for the frame; that of a window that has one says the same.
+  if (ModuleLanguage::IsLanguageActive()) {
+    ui_->FrameStatus->setTitle(ModuleLanguage::ReadLangString(
+        u"frmSendMsg"_s, u"frmSendMsg.FrameStatus"_s, ui_->FrameStatus->title()));
+  }
   LoadCaptions(this);
 }
 
@@ -53,11 +58,11 @@ void frmCommand::Send() {
   const auto no_status = [](const QString&) {};
   auto line = sending.Open(panel->endpoint, no_status, CommandStyle(QMessageBox::Warning));
   if (!line) return;
-  CarryOut(*line, panel->id);
+  CarryOut(sending, *line, panel->id);
   Brivon1::WaitTicks(line->timer, kLastBytesTime);
 }
 
-void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
+void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {
   const int row = ui_->ListCommand->currentRow();
   if (row < 0) return;
   const auto command = static_cast<PanelCommand>(row);
@@ -76,7 +81,10 @@ void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
       Brivon1::CarryOutCommand(line, command, id, page, QDateTime::currentDateTime());
   QStringList text;
   for (const QString& piece : report.text) text.append(TranslateMessage(piece));
-  ShowMessage(this, text.join(QLatin1Char(' ')),
-              CommandStyle(report.succeeded ? QMessageBox::Information : QMessageBox::Warning,
-                           report.title));
+  const QString shown = text.join(QLatin1Char(' '));
+  if (report.succeeded) {
+    sending.ShowResult(shown, CommandStyle(QMessageBox::Information, report.title));
+  } else {
+    sending.ShowFailure(line, id, shown, CommandStyle(QMessageBox::Warning, report.title));
+  }
 }

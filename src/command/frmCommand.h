@@ -24,7 +24,7 @@ class frmCommand : public QDialog {
 
  private:
   void Send();
-  void CarryOut(Brivon1::OpenLine& line, int id);
+  void CarryOut(Sending& sending, Brivon1::OpenLine& line, int id);
 
   std::unique_ptr<Ui::frmCommand> ui_;
   PanelChoice* panels_;
