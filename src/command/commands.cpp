@@ -17,6 +17,8 @@ QString Title() { return u"Command"_s; }
 bool SendWithPauses(OpenLine& line, int id, const QByteArray& frame) {
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
     if (!MaySend(line.link, line.timer)) break;
+    line.progress.attempt = attempt;
+    line.Report();
     line.link.Write(frame);
     if (WaitForAck(line.link, line.timer, id)) {
       return HasArrived(line, id);
@@ -68,6 +70,8 @@ CommandReport CarryOutCommand(OpenLine& line, PanelCommand command, int id, cons
       }
       return {{u"Command is sent successfully!"_s}, Title(), true};
     case PanelCommand::kSetClock:
+      line.progress.attempt = line.progress.attempts = 1;
+      line.Report();
       line.link.Write(SetClockFrame(now));
       if (line.configuration.Mode() != SendMode::kSerial) {
         return {{u"Set Clock Finished!"_s}, Title(), true};

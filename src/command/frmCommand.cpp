@@ -47,6 +47,11 @@ frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
   line_place.setRetainSizeWhenHidden(true);
   ui_->lblWhatItDeletes->setSizePolicy(line_place);
   ShowWhatItDeletes();
+  // The file's own section has no text for the frame; that of a window that has one says the same.
+  if (ModuleLanguage::IsLanguageActive()) {
+    ui_->FrameStatus->setTitle(ModuleLanguage::ReadLangString(
+        u"frmSendMsg"_s, u"frmSendMsg.FrameStatus"_s, ui_->FrameStatus->title()));
+  }
   LoadCaptions(this);
   ui_->ListCommand->setAccessibleName(windowTitle());
 }
@@ -81,11 +86,11 @@ void frmCommand::Send() {
   const auto no_status = [](const QString&) {};
   auto line = sending.Open(panel->endpoint, no_status, CommandStyle(QMessageBox::Warning));
   if (!line) return;
-  CarryOut(*line, panel->id);
+  CarryOut(sending, *line, panel->id);
   Brivon1::WaitTicks(line->timer, kLastBytesTime);
 }
 
-void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
+void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {
   const auto command = SelectedCommand();
   if (!command) return;
   QString page;
@@ -103,7 +108,10 @@ void frmCommand::CarryOut(Brivon1::OpenLine& line, int id) {
       Brivon1::CarryOutCommand(line, *command, id, page, QDateTime::currentDateTime());
   QStringList text;
   for (const QString& piece : report.text) text.append(TranslateMessage(piece));
-  ShowMessage(this, text.join(QLatin1Char(' ')),
-              CommandStyle(report.succeeded ? QMessageBox::Information : QMessageBox::Warning,
-                           report.title));
+  const QString shown = text.join(QLatin1Char(' '));
+  if (report.succeeded) {
+    sending.ShowResult(shown, CommandStyle(QMessageBox::Information, report.title));
+  } else {
+    sending.ShowFailure(line, id, shown, CommandStyle(QMessageBox::Warning, report.title));
+  }
 }

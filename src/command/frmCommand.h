@@ -31,7 +31,7 @@ class frmCommand : public QDialog {
   void ShowWhatItDeletes();
 
   void Send();
-  void CarryOut(Brivon1::OpenLine& line, int id);
+  void CarryOut(Sending& sending, Brivon1::OpenLine& line, int id);
 
   std::unique_ptr<Ui::frmCommand> ui_;
   PanelChoice* panels_;

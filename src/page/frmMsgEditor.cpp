@@ -14,6 +14,7 @@
 #include "row/editor_controls.h"
 #include "ui_frmMsgEditor.h"
 #include "widgets/caption_loader.h"
+#include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
@@ -88,6 +89,7 @@ void frmMsgEditor::ConnectButtons() {
   connect(ui_->Command4, &QPushButton::clicked, this,
           [this] { ui_->rowArea->MoveRows(-kShiftPixels); });
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  LetEnterPressButtons(this);
   AddUndoShortcuts(this, page_, [this] { ResumeTyping(); });
 }
 

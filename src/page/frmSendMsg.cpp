@@ -92,6 +92,9 @@ void frmSendMsg::SendFile() {
   auto line = sending.Open(panel->endpoint, show_status);
   if (!line) return;
   const bool sent = Brivon1::SendMessageFile(*line, path, panel->id, page, panel_dimension);
-  ShowMessage(this,
-              TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
+  if (sent) {
+    sending.ShowResult(TranslateMessage(u"Transmission finished!"_s));
+  } else {
+    sending.ShowFailure(*line, panel->id, TranslateMessage(u"Transmission failure!"_s));
+  }
 }

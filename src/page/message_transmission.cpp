@@ -64,13 +64,15 @@ bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArr
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type);
   if (!frames) return false;
+  line.progress.rows = panel.rows;
   for (qsizetype row = 0; row < frames->size(); ++row) {
-    const QString progress = u" Sending Line %1"_s.arg(row + 1);
+    line.progress.row = static_cast<int>(row) + 1;
+    const QString status = u" Sending Line %1"_s.arg(row + 1);
     DiscardInput(line.link);
-    if (!SendUntilAcknowledged(line, id, frames->at(row), [&] { line.status(progress); })) {
+    if (!SendUntilAcknowledged(line, id, frames->at(row), [&] { line.status(status); })) {
       return false;
     }
-    line.status(progress + u" <--- Ack"_s);
+    line.status(status + u" <--- Ack"_s);
   }
   if (!HasArrived(line, id)) return false;
   WaitTicks(line.timer, line.configuration.delay_period);

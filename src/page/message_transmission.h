@@ -22,7 +22,7 @@ std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, cons
 /// Sends a page message file to panel `id` as page `page` (the digits as they go on the wire).
 /// Every frame is built before the first byte leaves. True when all rows were acknowledged; false
 /// for a refused file, with nothing sent, and at the first row without an acknowledgement, with no
-/// further row sent. Shows no message.
+/// further row sent. Shows no message. The line's progress tells the row that it has come to.
 bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArray& page,
                      Dimension panel);
 

@@ -60,6 +60,11 @@ class TcpSocket : public PanelLink {
   virtual bool IsConnected() const = 0;
 };
 
+/// The operator's wish to end a transmission before its end. It holds until it is taken back.
+struct StopRequest {
+  bool made = false;
+};
+
 /// The timer of a window that sends, with the counters that its ticks advance.
 class TickTimer {
  public:
@@ -86,6 +91,7 @@ class TickTimer {
   bool waiting = false;          ///< True while WaitTicks runs.
   qint16 last_ack_status = 0;    ///< 1 acknowledged, 0 a wrong answer, -1 no answer in time.
   bool program_ends = false;     ///< Set by the first wait that the program's end cut short.
+  StopRequest stop;              ///< Made by the operator; whoever begins a transmission clears it.
 };
 
 class MillisecondClock {

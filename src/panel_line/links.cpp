@@ -16,19 +16,22 @@ bool OpenSerialPort(SerialPort& port, const Configuration& configuration) {
   return true;
 }
 
-bool CloseSerialPort(SerialPort& port, MillisecondClock& clock) {
-  DrainLink(port, clock);
+bool CloseSerialPort(SerialPort& port, MillisecondClock& clock, const StopRequest& stop,
+                     const std::function<void(qint64 milliseconds)>& left) {
+  DrainLink(port, clock, stop, left);
   port.Close();
   return true;
 }
 
-bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port) {
+bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port,
+                 const StopRequest& stop) {
   socket.Connect(host, port);
-  return WaitMilliseconds(clock, kConnectTime) && socket.IsConnected();
+  return WaitMilliseconds(clock, kConnectTime, stop) && socket.IsConnected();
 }
 
-bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock) {
-  DrainLink(socket, clock);
+bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock, const StopRequest& stop,
+                  const std::function<void(qint64 milliseconds)>& left) {
+  DrainLink(socket, clock, stop, left);
   socket.Close();
   return true;
 }

@@ -2,6 +2,8 @@
 // connection to a panel's own address.
 #pragma once
 
+#include <functional>
+
 #include "panel_line/link.h"
 #include "store/configuration_store.h"
 
@@ -17,14 +19,18 @@ QByteArray SerialSettings(int baud_rate);
 /// control lines that are configured for it. False on any error.
 bool OpenSerialPort(SerialPort& port, const Configuration& configuration);
 
-/// Closes the port, if it is open, when everything written to it has left; always true.
-bool CloseSerialPort(SerialPort& port, MillisecondClock& clock);
+/// Closes the port, if it is open, when everything written to it has left, or with `stop` at once;
+/// always true. `left` is told how long that takes, as DrainLink() tells it.
+bool CloseSerialPort(SerialPort& port, MillisecondClock& clock, const StopRequest& stop = {},
+                     const std::function<void(qint64 milliseconds)>& left = {});
 
 /// Requests a connection to `host`:`port`, waits kConnectTime, and returns whether it stands then;
-/// false when the program ends before.
-bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port);
+/// false when the program ends before or a stop is asked for.
+bool OpenTcpLink(TcpSocket& socket, MillisecondClock& clock, const QString& host, int port,
+                 const StopRequest& stop = {});
 
-/// Closes the socket, unless it is closed, when everything written to it has left; always true.
-bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock);
+/// Closes the socket, unless it is closed, as CloseSerialPort() does; always true.
+bool CloseTcpLink(TcpSocket& socket, MillisecondClock& clock, const StopRequest& stop = {},
+                  const std::function<void(qint64 milliseconds)>& left = {});
 
 }  // namespace Brivon1

@@ -17,7 +17,7 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
   } else if (mode == SendMode::kTcp && endpoint.IsUsable()) {
     link_ = &ports_.tcp;
     is_open = OpenTcpLink(ports_.tcp, ports_.clock, CodePage::System().ToText(endpoint.host),
-                          endpoint.port);
+                          endpoint.port, ports_.timer.stop);
   } else {
     failure_reason_ = u"No usable network address is configured for this panel."_s;
     return false;
@@ -29,10 +29,10 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
   return is_open;
 }
 
-void PanelConnection::Close() {
+void PanelConnection::Close(const std::function<void(qint64 milliseconds)>& left) {
   ports_.timer.Disable();
-  CloseSerialPort(ports_.serial, ports_.clock);
-  CloseTcpLink(ports_.tcp, ports_.clock);
+  CloseSerialPort(ports_.serial, ports_.clock, ports_.timer.stop, left);
+  CloseTcpLink(ports_.tcp, ports_.clock, ports_.timer.stop, left);
 }
 
 }  // namespace Brivon1

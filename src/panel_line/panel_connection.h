@@ -2,6 +2,8 @@
 // mode of the configuration.
 #pragma once
 
+#include <functional>
+
 #include <QString>
 
 #include "panel_line/link.h"
@@ -23,11 +25,12 @@ class PanelConnection {
   explicit PanelConnection(const PanelPorts& ports) : ports_(ports) {}
 
   /// Opens the serial port, or connects to `endpoint`, as `mode` says. False when that fails; also
-  /// for an unusable endpoint and for kNone, which opens nothing.
+  /// for an unusable endpoint, for kNone, which opens nothing, and when a stop is asked for.
   bool Open(SendMode mode, const Configuration& configuration, const TcpEndpoint& endpoint);
 
-  /// Closes whatever is open when everything written to it has left.
-  void Close();
+  /// Closes whatever is open when everything written to it has left, or the timer's stop is made.
+  /// `left` is told how long that takes, as DrainLink() tells it.
+  void Close(const std::function<void(qint64 milliseconds)>& left = {});
 
   /// The link that Open() opened last.
   PanelLink& Link() { return *link_; }

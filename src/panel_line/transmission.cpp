@@ -21,8 +21,11 @@ void DiscardInput(PanelLink& link) {
 
 bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
                            const std::function<void()>& before, int sending_time) {
+  line.progress.attempt = 0;
   for (int attempt = 1; attempt <= kAttempts; ++attempt) {
     if (!MaySend(line.link, line.timer)) break;
+    line.progress.attempt = attempt;
+    line.Report();
     before();
     line.link.Write(frame);
     if (sending_time > 0) WaitTicks(line.timer, sending_time);
@@ -33,7 +36,14 @@ bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
 
 bool HasArrived(OpenLine& line, int id) {
   if (id != 0 && line.link.Unsent() == 0) return true;
-  return MaySend(line.link, line.timer) && DrainLink(line.link, line.clock);
+  if (!MaySend(line.link, line.timer)) return false;
+  const auto report = [&line](qint64 milliseconds) {
+    line.progress.milliseconds_left = milliseconds;
+    line.Report();
+  };
+  const bool has_arrived = DrainLink(line.link, line.clock, line.timer.stop, report);
+  line.progress.milliseconds_left = -1;
+  return has_arrived;
 }
 
 }  // namespace Brivon1

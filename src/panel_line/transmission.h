@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "panel_line/link.h"
+#include "panel_line/progress.h"
 #include "store/configuration_store.h"
 
 namespace Brivon1 {
@@ -22,6 +23,13 @@ struct OpenLine {
   MillisecondClock& clock;
   Configuration configuration;  ///< As it was when the line was opened.
   StatusLabel status;
+  ShowProgress show_progress = {};  ///< Empty where nobody looks.
+  Progress progress = {};           ///< As it was shown last; after a failure, where it ended.
+
+  /// Shows `progress`, which the caller has changed.
+  void Report() const {
+    if (show_progress) show_progress(progress);
+  }
 };
 
 /// Throws away what has been received and not read: bytes left over from an earlier exchange would
@@ -30,7 +38,8 @@ void DiscardInput(PanelLink& link);
 
 /// Sends `frame` up to five times without a pause, until panel `id` acknowledges it. `before` is
 /// called ahead of every attempt. Between sending and waiting for the acknowledgement,
-/// `sending_time` milliseconds of ticks are left to the frame. A lost line ends the attempts.
+/// `sending_time` milliseconds of ticks are left to the frame. A lost line or a stop ends the
+/// attempts, a stop not before the one in progress. Each attempt is reported.
 bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
                            const std::function<void()>& before, int sending_time = 0);
 

@@ -13,11 +13,16 @@ bool SleepUntilEvent(TickTimer& timer) {
   return !timer.program_ends;
 }
 
-/// How long `bytes` may take to leave, in milliseconds: ten bits each, a quarter more for a line
-/// that leaves gaps between them, and two seconds for one that is slow to begin.
+/// How long `bytes` take to leave, in milliseconds, ten bits each.
+qint64 SendingTime(qint64 bytes, int bits_per_second) {
+  return bytes * 10 * 1000 / bits_per_second;
+}
+
+/// How long they may take: a quarter more for a line that leaves gaps between them, and two seconds
+/// for one that is slow to begin.
 qint64 LongestDrain(qint64 bytes, int bits_per_second) {
   constexpr qint64 kGrace = 2000;
-  const qint64 sending = bytes * 10 * 1000 / bits_per_second;
+  const qint64 sending = SendingTime(bytes, bits_per_second);
   return sending + sending / 4 + kGrace;
 }
 
@@ -59,25 +64,27 @@ bool WaitForAck(PanelLink& link, TickTimer& timer, int id) {
 }
 
 bool MaySend(const PanelLink& link, const TickTimer& timer) {
-  return !link.IsLost() && !timer.program_ends;
+  return !link.IsLost() && !timer.program_ends && !timer.stop.made;
 }
 
 void WaitTicks(TickTimer& timer, int milliseconds) {
   timer.wait_tick_counter = 0;
   timer.waiting = true;
   timer.Enable();
-  while (timer.wait_tick_counter < milliseconds && SleepUntilEvent(timer)) {
+  while (timer.wait_tick_counter < milliseconds && !timer.stop.made && SleepUntilEvent(timer)) {
   }
   timer.Disable();
   timer.waiting = false;
 }
 
-bool DrainLink(PanelLink& link, MillisecondClock& clock) {
+bool DrainLink(PanelLink& link, MillisecondClock& clock, const StopRequest& stop,
+               const std::function<void(qint64 milliseconds)>& left_for) {
   constexpr qint64 kBetweenLooks = 10;  // nothing says that the system's buffer is empty
   const qint64 end = clock.Milliseconds() + LongestDrain(link.Unsent(), link.Speed());
   while (link.Unsent() > 0) {
+    if (left_for) left_for(SendingTime(link.Unsent(), link.Speed()));
     const qint64 left = end - clock.Milliseconds();
-    if (left <= 0 || !clock.WaitForEvent(std::min(left, kBetweenLooks))) {
+    if (stop.made || left <= 0 || !clock.WaitForEvent(std::min(left, kBetweenLooks))) {
       link.Close();
       return false;
     }
@@ -85,12 +92,16 @@ bool DrainLink(PanelLink& link, MillisecondClock& clock) {
   return !link.IsLost();
 }
 
-bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds) {
+bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds, const StopRequest& stop) {
   const qint64 noted = clock.Milliseconds();
   for (qint64 passed = 0; passed < milliseconds; passed = clock.Milliseconds() - noted) {
-    if (!clock.WaitForEvent(milliseconds - passed)) return false;
+    if (stop.made) return false;
+    // Nothing wakes the clock when a stop is asked for.
+    if (!clock.WaitForEvent(std::min<qint64>(milliseconds - passed, TickTimer::kInterval))) {
+      return false;
+    }
   }
-  return true;
+  return !stop.made;
 }
 
 }  // namespace Brivon1

@@ -15,6 +15,7 @@
 #include "store/configuration_store.h"
 #include "ui_frmSchedule.h"
 #include "widgets/caption_loader.h"
+#include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
 #include "widgets/fitted_text.h"
@@ -99,6 +100,7 @@ void frmSchedule::ConnectButtons() {
   connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::DeleteSequence);
   connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::ClearSequences);
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  LetEnterPressButtons(this);
 }
 
 void frmSchedule::ConnectTimeSlot() {

@@ -76,6 +76,9 @@ void frmSendSch::Send() {
   auto line = sending.Open(panel->endpoint, show_status);
   if (!line) return;
   const bool sent = Brivon1::SendScheduleFile(*line, path, panel->id, letter, show_text);
-  ShowMessage(this, sent ? SentText(line->configuration.Mode())
-                         : TranslateMessage(u"Transmission failure!"_s));
+  if (sent) {
+    sending.ShowResult(SentText(line->configuration.Mode()));
+  } else {
+    sending.ShowFailure(*line, panel->id, TranslateMessage(u"Transmission failure!"_s));
+  }
 }

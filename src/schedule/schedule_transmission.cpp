@@ -136,15 +136,22 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
     return false;
   }
 
+  line.progress.files = static_cast<int>(plan->files.size());
   for (qsizetype index = 0; index < plan->files.size(); ++index) {
     const QString& name = plan->files.at(index);
+    line.progress.file = static_cast<int>(index) + 1;
+    line.progress.file_name = name;
+    line.progress.row = line.progress.attempt = 0;
     if (SendMessageFile(line, FindFile(InProgramFolder(name)), id, PageOf(*letter, index),
                         plan->head.dimension)) {
       continue;
     }
+    // Who asked for a stop is told so by who opened the line.
+    if (line.timer.stop.made) return false;
     show_text(TranslateMessage(u"Error in sending"_s) + QLatin1Char(' ') + name + QLatin1Char('!'));
     return false;
   }
+  line.progress.row = line.progress.rows = line.progress.attempt = 0;
   for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
     WaitTicks(line.timer, line.configuration.delay_period);
   }

@@ -94,6 +94,9 @@ void frmSendShift::SendFile(const Order& order) {
   auto line = sending.OpenSerial(show_status);
   if (!line) return;
   const bool sent = Brivon1::SendScrollingFile(*line, order.path, order.panel, order.line);
-  ShowMessage(this,
-              TranslateMessage(sent ? u"Transmission finished!"_s : u"Transmission failure!"_s));
+  if (sent) {
+    sending.ShowResult(TranslateMessage(u"Transmission finished!"_s));
+  } else {
+    sending.ShowFailure(*line, order.panel, TranslateMessage(u"Transmission failure!"_s));
+  }
 }

@@ -10,6 +10,7 @@
 #include "store/configuration_store.h"
 #include "ui_frmShiftMsg.h"
 #include "widgets/caption_room.h"
+#include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
@@ -53,6 +54,7 @@ void frmShiftMsg::ConnectButtons() {
   connect(ui_->butSend, &QPushButton::clicked, this, &frmShiftMsg::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmShiftMsg::reject);
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  LetEnterPressButtons(this);
 }
 
 void frmShiftMsg::ConnectMessage() {

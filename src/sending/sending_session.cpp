@@ -6,22 +6,29 @@
 
 #include "language/module_language.h"
 #include "panel_line/window_ports.h"
+#include "sending/sending_words.h"
 
 using namespace Qt::StringLiterals;
 
 using Brivon1::OpenLine;
 using Brivon1::PanelPorts;
+using Brivon1::Progress;
 using Brivon1::SendMode;
 using Brivon1::StatusLabel;
 using Brivon1::TcpEndpoint;
+using ModuleLanguage::TranslateMessage;
 
 SendingSession::SendingSession(QDialog* window, QList<QWidget*> locked_controls,
                                const PanelPorts* ports)
     : QObject(window),
       window_(window),
+      view_(window->findChild<ProgressView*>()),
       locked_controls_(std::move(locked_controls)),
       connection_(ports != nullptr ? *ports : (new Brivon1::WindowPorts(this))->Ports()) {
   window->installEventFilter(this);
+  if (view_ != nullptr) {
+    connect(view_, &ProgressView::StopPressed, this, &SendingSession::RequestStop);
+  }
 }
 
 bool SendingSession::eventFilter(QObject* object, QEvent* event) {
@@ -29,6 +36,7 @@ bool SendingSession::eventFilter(QObject* object, QEvent* event) {
   if (is_sending_ && object == window_) {
     const bool is_escape = event->type() == QEvent::KeyPress &&
                            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (is_escape) RequestStop();
     if (is_escape || event->type() == QEvent::Close) {
       event->ignore();
       return true;
@@ -37,8 +45,15 @@ bool SendingSession::eventFilter(QObject* object, QEvent* event) {
   return QObject::eventFilter(object, event);
 }
 
+void SendingSession::RequestStop() {
+  if (!is_sending_) return;
+  connection_.Timer().stop.made = true;
+  if (view_ != nullptr) view_->ShowStopping();
+}
+
 void SendingSession::Lock() {
   is_sending_ = true;
+  connection_.Timer().stop = {};
   focus_ = window_->focusWidget();
   for (QWidget* control : window_->findChildren<QWidget*>()) {
     if (!control->isWindow() && control->testAttribute(Qt::WA_SetCursor)) {
@@ -48,9 +63,17 @@ void SendingSession::Lock() {
   }
   window_->setCursor(Qt::WaitCursor);
   for (QWidget* control : locked_controls_) control->setEnabled(false);
+  if (view_ != nullptr) view_->Begin();
+}
+
+void SendingSession::ShowLastBytes(qint64 milliseconds_left) {
+  if (view_ == nullptr) return;
+  view_->Begin();
+  view_->Show({.milliseconds_left = milliseconds_left});
 }
 
 void SendingSession::Unlock() {
+  if (view_ != nullptr) view_->End();
   for (QWidget* control : locked_controls_) control->setEnabled(true);
   window_->unsetCursor();
   for (const auto& [control, cursor] : std::exchange(own_pointers_, {})) {
@@ -66,7 +89,8 @@ Sending::Sending(SendingSession* session) : session_(session->IsSending() ? null
 
 Sending::~Sending() {
   if (session_ == nullptr) return;
-  session_->connection_.Close();
+  session_->connection_.Close(
+      [this](qint64 milliseconds_left) { session_->ShowLastBytes(milliseconds_left); });
   session_->Unlock();
 }
 
@@ -84,15 +108,44 @@ std::optional<OpenLine> Sending::Open(SendMode mode, const TcpEndpoint& endpoint
   if (mode == SendMode::kNone) return std::nullopt;
   Brivon1::PanelConnection& connection = session_->connection_;
   const Brivon1::Configuration configuration = Brivon1::Store();
-  if (connection.Open(mode, configuration, endpoint)) {
-    return OpenLine{connection.Link(), connection.Timer(), connection.Clock(), configuration,
-                    status};
+  ProgressView* view = session_->view_;
+  if (view != nullptr) view->ShowText(TranslateMessage(u"Connecting to the panel"_s));
+  const bool is_open = connection.Open(mode, configuration, endpoint);
+  if (connection.Timer().stop.made) {
+    ShowAborted(ArrivedText({}, 0), failure_style);
+    return std::nullopt;
+  }
+  if (is_open) {
+    const auto show_progress = [view](const Progress& progress) {
+      if (view != nullptr) view->Show(progress);
+    };
+    return OpenLine{
+        connection.Link(), connection.Timer(), connection.Clock(), configuration, status,
+        show_progress};
   }
   failure_style.informative = connection.FailureReason();
-  ShowMessage(session_->window_,
-              ModuleLanguage::TranslateMessage(mode == SendMode::kSerial
-                                                   ? u"Fail to initialize communication port!"_s
-                                                   : u"Cannot create TCP link!"_s),
-              failure_style);
+  ShowResult(
+      TranslateMessage(mode == SendMode::kSerial ? u"Fail to initialize communication port!"_s
+                                                 : u"Cannot create TCP link!"_s),
+      failure_style);
   return std::nullopt;
+}
+
+void Sending::ShowResult(const QString& text, const MessageBoxStyle& style) {
+  if (session_->view_ != nullptr) session_->view_->End();
+  ShowMessage(session_->window_, text, style);
+}
+
+void Sending::ShowFailure(const OpenLine& line, int id, const QString& text,
+                          MessageBoxStyle style) {
+  if (line.timer.stop.made) {
+    ShowAborted(ArrivedText(line.progress, id), style);
+  } else {
+    ShowResult(text, style);
+  }
+}
+
+void Sending::ShowAborted(const QString& arrived, MessageBoxStyle style) {
+  style.informative = arrived;
+  ShowResult(TranslateMessage(u"Aborted!"_s), style);
 }

@@ -1,5 +1,5 @@
 // What the windows that send share: each has ports of its own, and while it sends its controls are
-// locked, the pointer is busy and the window stays open.
+// locked, the pointer is busy, the window stays open, and the operator may stop it.
 #pragma once
 
 #include <optional>
@@ -12,6 +12,7 @@
 
 #include "panel_line/panel_connection.h"
 #include "panel_line/transmission.h"
+#include "sending/progress_view.h"
 #include "store/panel_list.h"
 #include "widgets/message_boxes.h"
 
@@ -20,12 +21,15 @@ class SendingSession : public QObject {
   Q_OBJECT
 
  public:
-  /// `locked_controls` are disabled while the window sends. `ports` outlive the session; without
-  /// any it has the real ones.
+  /// `locked_controls` are disabled while the window sends, and a ProgressView of the window shows
+  /// how far it has come. `ports` outlive the session; without any it has the real ones.
   SendingSession(QDialog* window, QList<QWidget*> locked_controls,
                  const Brivon1::PanelPorts* ports = nullptr);
 
   bool IsSending() const { return is_sending_; }
+
+  /// Ends the transmission after the attempt in progress; does nothing while none runs.
+  void RequestStop();
 
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -34,8 +38,10 @@ class SendingSession : public QObject {
 
   void Lock();
   void Unlock();
+  void ShowLastBytes(qint64 milliseconds_left);
 
   QDialog* window_;
+  ProgressView* view_;  // null in a window without one
   QList<QWidget*> locked_controls_;
   QList<QPair<QPointer<QWidget>, QCursor>> own_pointers_;  // of controls that have one
   QPointer<QWidget> focus_;
@@ -56,7 +62,8 @@ class [[nodiscard]] Sending {
   explicit operator bool() const { return session_ != nullptr; }
 
   /// Opens the line by the configured send mode. Nothing where that fails, after the message about
-  /// it in `failure_style`; nothing without a message in neither mode.
+  /// it in `failure_style`; nothing without a message in neither mode. What the line reports of its
+  /// progress is shown.
   std::optional<Brivon1::OpenLine> Open(const Brivon1::TcpEndpoint& endpoint,
                                         const Brivon1::StatusLabel& status,
                                         const MessageBoxStyle& failure_style = {});
@@ -64,11 +71,20 @@ class [[nodiscard]] Sending {
   /// The same for the serial line, whatever the configured send mode.
   std::optional<Brivon1::OpenLine> OpenSerial(const Brivon1::StatusLabel& status);
 
+  /// Shows how a transmission over an open line has ended: with `text`.
+  void ShowResult(const QString& text, const MessageBoxStyle& style = {});
+
+  /// The same for one to panel `id` that has not succeeded; where the operator has stopped it, that
+  /// is said in place of `text`, with what has arrived by then.
+  void ShowFailure(const Brivon1::OpenLine& line, int id, const QString& text,
+                   MessageBoxStyle style = {});
+
  private:
   std::optional<Brivon1::OpenLine> Open(Brivon1::SendMode mode,
                                         const Brivon1::TcpEndpoint& endpoint,
                                         const Brivon1::StatusLabel& status,
                                         MessageBoxStyle failure_style);
+  void ShowAborted(const QString& arrived, MessageBoxStyle style);
 
   SendingSession* session_;
 };

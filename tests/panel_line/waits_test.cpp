@@ -1,5 +1,7 @@
 #include "panel_line/waits.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "support/virtual_time.h"
@@ -247,6 +249,55 @@ TEST_F(Waits, TheEndOfTheProgramEndsTheDrainAndGivesTheRestUp) {
   EXPECT_FALSE(DrainLink(link_, clock_));
   EXPECT_EQ(time_.Now(), 0);
   EXPECT_EQ(time_.Timeline().last(), u"@0 close"_s);
+}
+
+TEST_F(Waits, AStopEndsTheDrainAtTheNextLookAndGivesTheRestUp) {
+  link_.SendAt(300);
+  link_.Write(QByteArray(960, 'x'));
+  StopRequest stop;
+  time_.Schedule(55, [&stop] { stop.made = true; });
+  EXPECT_FALSE(DrainLink(link_, clock_, stop));
+  EXPECT_EQ(time_.Now(), 55);
+  EXPECT_EQ(time_.Timeline().last(), u"@55 close"_s);
+}
+
+TEST_F(Waits, ADrainTellsHowLongTheRestNeeds) {
+  link_.SendAt(9600);
+  link_.Write(QByteArray(96, 'x'));
+  QList<qint64> told;
+  EXPECT_TRUE(DrainLink(link_, clock_, {}, [&told](qint64 left) { told.append(left); }));
+  EXPECT_EQ(told.value(0), 100);
+  EXPECT_EQ(told.size(), 10);
+  EXPECT_TRUE(std::is_sorted(told.rbegin(), told.rend()));
+}
+
+TEST_F(Waits, AStopEndsAPause) {
+  time_.Schedule(250, [this] { timer_.stop.made = true; });
+  WaitTicks(timer_, 30000);
+  EXPECT_EQ(time_.Now(), 250);
+  EXPECT_FALSE(timer_.waiting);
+}
+
+TEST_F(Waits, AStopLeavesAnAcknowledgementItsTime) {
+  timer_.stop.made = true;
+  link_.AnswerAfter(1000, "<ID1A>\r\n");
+  link_.Write("x");
+  EXPECT_TRUE(WaitForAck(link_, timer_, 26));
+  EXPECT_FALSE(WaitForAck(link_, timer_, 26));
+  EXPECT_EQ(time_.Now(), 1000 + 1100);
+}
+
+TEST_F(Waits, AfterAStopNothingMoreMayBeSent) {
+  EXPECT_TRUE(MaySend(link_, timer_));
+  timer_.stop.made = true;
+  EXPECT_FALSE(MaySend(link_, timer_));
+}
+
+TEST_F(Waits, AStopEndsTheWaitForAConnectionWithinATick) {
+  StopRequest stop;
+  time_.Schedule(30, [&stop] { stop.made = true; });
+  EXPECT_FALSE(WaitMilliseconds(clock_, 500, stop));
+  EXPECT_LE(time_.Now(), 130);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The controls around the rows of every editor: lists, tab order, keys.
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -54,7 +55,7 @@ TEST_P(RowEditor, AWheelOverAListChoosesNothing) {
   EXPECT_FALSE(Asks());
 }
 
-TEST_P(RowEditor, ReturnPressesNoButtonFromAnywhere) {
+TEST_P(RowEditor, ReturnPressesNoButtonFromAnywhereElse) {
   {
     const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });
     const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* w) { w->close(); });
@@ -62,6 +63,7 @@ TEST_P(RowEditor, ReturnPressesNoButtonFromAnywhere) {
     const MessageBoxReader boxes;
     for (QWidget* widget : window_.findChildren<QWidget*>()) {
       if ((widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isVisible()) continue;
+      if (qobject_cast<QPushButton*>(widget) != nullptr) continue;
       widget->setFocus();
       QTest::keyClick(widget, Qt::Key_Return);
       QTest::keyClick(widget, Qt::Key_Enter);

@@ -1,0 +1,103 @@
+#include "sending/progress_view.h"
+
+#include <algorithm>
+
+#include <QGridLayout>
+#include <QKeySequence>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "language/module_language.h"
+#include "sending/sending_words.h"
+#include "widgets/elided_label.h"
+
+using namespace Qt::StringLiterals;
+
+using Brivon1::Progress;
+using ModuleLanguage::TranslateMessage;
+
+namespace {
+
+void KeepItsRoom(QWidget* control) {
+  QSizePolicy policy = control->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  control->setSizePolicy(policy);
+}
+
+/// How many of all frames have arrived, and how many there are.
+struct Frames {
+  int arrived = 0;
+  int all = 0;
+};
+
+Frames FramesOf(const Progress& progress) {
+  const int schedule = progress.files > 0 ? 1 : 0;
+  if (progress.rows == 0) return {};  // a single frame arrives or does not
+  const int all = std::max(progress.files, 1) * progress.rows + schedule;
+  return {std::max(progress.file - 1, 0) * progress.rows + std::max(progress.row - 1, 0), all};
+}
+
+}  // namespace
+
+ProgressView::ProgressView(QWidget* parent)
+    : QWidget(parent),
+      bar_(new QProgressBar(this)),
+      text_(new ElidedLabel(this)),
+      stop_(new QPushButton(TranslateMessage(u"Stop"_s), this)) {
+  bar_->setObjectName(u"barProgress"_s);
+  text_->setObjectName(u"lblProgress"_s);
+  stop_->setObjectName(u"butStop"_s);
+  bar_->setTextVisible(false);
+  bar_->setAccessibleName(TranslateMessage(u"Progress"_s));
+  stop_->setToolTip(QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText));
+  // The keyboard stays where it is: Enter pressed once more must not end what it has begun. The
+  // button's key is Escape.
+  stop_->setFocusPolicy(Qt::NoFocus);
+  stop_->setAutoDefault(false);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  auto* layout = new QGridLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(bar_, 0, 0);
+  layout->addWidget(stop_, 0, 1);
+  layout->addWidget(text_, 1, 0, 1, 2);
+  layout->setColumnStretch(0, 1);
+  connect(stop_, &QPushButton::clicked, this, &ProgressView::StopPressed);
+  for (QWidget* control : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(stop_)}) {
+    KeepItsRoom(control);
+    control->hide();
+  }
+}
+
+void ProgressView::Begin() {
+  if (!stop_->isHidden()) return;
+  bar_->setRange(0, 0);
+  bar_->show();
+  stop_->setEnabled(true);
+  stop_->setCursor(Qt::ArrowCursor);
+  stop_->show();
+}
+
+void ProgressView::End() {
+  bar_->hide();
+  stop_->hide();
+  stop_->unsetCursor();
+  text_->clear();
+}
+
+void ProgressView::Show(const Progress& progress) {
+  const Frames frames = FramesOf(progress);
+  if (frames.all > 0) {
+    bar_->setRange(0, frames.all);
+    bar_->setValue(frames.arrived);
+  } else if (progress.files > 0) {
+    bar_->setValue(bar_->maximum() - 1);  // what is left is the schedule
+  }
+  text_->setText(ProgressText(progress));
+}
+
+void ProgressView::ShowStopping() {
+  stop_->setEnabled(false);
+  ShowText(TranslateMessage(u"Stopping after this attempt"_s));
+}
+
+void ProgressView::ShowText(const QString& text) { text_->setText(text); }

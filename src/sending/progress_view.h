@@ -1,0 +1,38 @@
+// How far a transmission has come, and the button that ends it: the part of every window that sends
+// which is seen only while it does. Its room is always kept, so that nothing moves.
+#pragma once
+
+#include <QWidget>
+
+#include "panel_line/progress.h"
+
+class ElidedLabel;
+class QProgressBar;
+class QPushButton;
+
+class ProgressView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ProgressView(QWidget* parent = nullptr);
+
+  /// A transmission begins and ends; one that has begun is not begun again.
+  void Begin();
+  void End();
+
+  void Show(const Brivon1::Progress& progress);
+
+  /// Shows a step of which nobody knows how long it takes.
+  void ShowText(const QString& text);
+
+  /// Shows that a stop has been asked for, which need not be asked for again.
+  void ShowStopping();
+
+ Q_SIGNALS:
+  void StopPressed();
+
+ private:
+  QProgressBar* bar_;
+  ElidedLabel* text_;
+  QPushButton* stop_;
+};

@@ -1,0 +1,78 @@
+#include "sending/sending_words.h"
+
+#include <algorithm>
+
+#include "language/module_language.h"
+
+using namespace Qt::StringLiterals;
+
+using Brivon1::Progress;
+using ModuleLanguage::TranslateMessage;
+
+namespace {
+
+constexpr int kSecond = 1000;
+
+bool IsSchedule(const Progress& progress) { return progress.rows == 0 && progress.files > 0; }
+
+bool HasBegun(const Progress& progress) {
+  return progress.attempt > 0 || progress.row > 1 || progress.file > 1 || IsSchedule(progress);
+}
+
+QString LastBytes(qint64 milliseconds) {
+  const qint64 seconds = (milliseconds + kSecond - 1) / kSecond;
+  return TranslateMessage(u"The last bytes are leaving, %1 s left"_s).arg(seconds);
+}
+
+}  // namespace
+
+QString ProgressText(const Progress& progress) {
+  if (progress.milliseconds_left >= 0) return LastBytes(progress.milliseconds_left);
+  if (IsSchedule(progress)) {
+    return TranslateMessage(u"Schedule, attempt %1 of %2"_s)
+        .arg(progress.attempt)
+        .arg(progress.attempts);
+  }
+  if (progress.rows == 0) {
+    return TranslateMessage(u"Attempt %1 of %2"_s).arg(progress.attempt).arg(progress.attempts);
+  }
+  if (progress.files == 0) {
+    return TranslateMessage(u"Row %1 of %2, attempt %3 of %4"_s)
+        .arg(progress.row)
+        .arg(progress.rows)
+        .arg(progress.attempt)
+        .arg(progress.attempts);
+  }
+  // The name comes last: it may hold what looks like a place for a number.
+  return TranslateMessage(u"File %1 of %2, row %3 of %4, attempt %5 of %6: %7"_s)
+      .arg(progress.file)
+      .arg(progress.files)
+      .arg(progress.row)
+      .arg(progress.rows)
+      .arg(progress.attempt)
+      .arg(progress.attempts)
+      .arg(progress.file_name);
+}
+
+QString ArrivedText(const Progress& progress, int id) {
+  if (!HasBegun(progress)) return TranslateMessage(u"Nothing has been sent."_s);
+  if (id == 0) {
+    return TranslateMessage(
+        u"ID 0 is all panels together, and they do not answer: how much has arrived is not known."_s);
+  }
+  if (IsSchedule(progress)) {
+    return TranslateMessage(u"All %1 files have arrived. The schedule has not."_s)
+        .arg(progress.files);
+  }
+  if (progress.rows == 0) return TranslateMessage(u"The panel has not acknowledged it."_s);
+  const int arrived = std::max(progress.row - 1, 0);
+  const QString rows = TranslateMessage(u"%1 of %2 rows have arrived, %3 have not."_s)
+                           .arg(arrived)
+                           .arg(progress.rows)
+                           .arg(progress.rows - arrived);
+  if (progress.files == 0) return rows;
+  return TranslateMessage(u"%1 of %2 files have arrived. The schedule has not."_s)
+             .arg(progress.file - 1)
+             .arg(progress.files) +
+         u'\n' + progress.file_name + u": "_s + rows;
+}

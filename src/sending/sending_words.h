@@ -1,0 +1,13 @@
+// What the windows that send say of a transmission beside the message that ends it.
+#pragma once
+
+#include <QString>
+
+#include "panel_line/progress.h"
+
+/// How far it has come, in one line.
+QString ProgressText(const Brivon1::Progress& progress);
+
+/// What of a transmission to panel `id` that has ended before its end is on the panel, and what is
+/// not.
+QString ArrivedText(const Brivon1::Progress& progress, int id);
