@@ -89,7 +89,7 @@ void BlinkTickInTheWindow(benchmark::State& state) {
   FullEditor editor;
   Times times;
   // One tick hides the characters; the next one, which shows them, has more to draw.
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     editor.BlinkTick();
     times.Take([&] { editor.BlinkTick(); });
   }
@@ -112,7 +112,7 @@ void BlinkTickOfEveryCharacter(benchmark::State& state) {
     }
   };
   Times times;
-  for (auto _ : state) times.Take(draw);
+  for ([[maybe_unused]] const auto round : state) times.Take(draw);
   ReportTimes(state, times, PlainMilliseconds(kCharacters, kRows), 16);
 }
 BENCHMARK(BlinkTickOfEveryCharacter)->Unit(benchmark::kMillisecond);
@@ -120,7 +120,7 @@ BENCHMARK(BlinkTickOfEveryCharacter)->Unit(benchmark::kMillisecond);
 void KeyPressInTheWindow(benchmark::State& state) {
   FullEditor editor;
   Times times;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     // A full row takes no character before it has lost one.
     times.Take([&] { editor.Press(Qt::Key_Backspace); });
     times.Take([&] { editor.Press(Qt::Key_M); });

@@ -57,7 +57,7 @@ void ReportKeys(benchmark::State& state, Times& times) {
 void TypingAtTheEnd(benchmark::State& state) {
   FullEditor editor;
   Times times;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     editor.Press(Qt::Key_Backspace);
     times.Take([&] { editor.Press(Qt::Key_M); });
   }
@@ -69,7 +69,7 @@ void TypingInTheMiddle(benchmark::State& state) {
   FullEditor editor;
   editor.Press(Qt::Key_Left, kCharacters / 2);
   Times times;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     editor.Press(Qt::Key_Delete);
     times.Take([&] { editor.Press(Qt::Key_M); });
     editor.Press(Qt::Key_Left);
@@ -82,7 +82,7 @@ void DeletingAtTheStart(benchmark::State& state) {
   FullEditor editor;
   editor.Press(Qt::Key_Home);
   Times times;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     times.Take([&] { editor.Press(Qt::Key_Delete); });
     editor.Press(Qt::Key_M);
     editor.Press(Qt::Key_Home);
@@ -95,7 +95,7 @@ void Scrolling(benchmark::State& state) {
   FullEditor editor;
   Times times;
   int left = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     // Only steps that move the span: back to the end before its start is reached.
     if (left == 0) {
       editor.Press(Qt::Key_End);

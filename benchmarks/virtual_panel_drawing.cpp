@@ -50,8 +50,10 @@ PanelPicture FullPicture() {
 /// One plain rectangle for each dot; the median of some fillings, in milliseconds.
 double PlainMilliseconds(const QSize& size, int pitch) {
   QImage image(size, QImage::Format_RGB32);
+  constexpr int kTimes = 11;
   std::vector<double> milliseconds;
-  for (int time = 0; time < 11; ++time) {
+  milliseconds.reserve(kTimes);
+  for (int time = 0; time < kTimes; ++time) {
     milliseconds.push_back(Microseconds([&] {
                              QPainter painter(&image);
                              for (int y = 0; y < size.height(); y += pitch) {
@@ -79,7 +81,7 @@ void EveryDot(benchmark::State& state) {
   const int pitch = static_cast<int>(state.range(0));
   QImage image((PanelDots::SizeInDots(kLargest) * pitch).toSize(), QImage::Format_RGB32);
   std::vector<double> milliseconds;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     milliseconds.push_back(Microseconds([&] {
                              QPainter painter(&image);
                              DrawPanel(&painter, image.size(), picture, kScrolledMs);
@@ -98,7 +100,7 @@ void EveryDotOfAPageThatEnters(benchmark::State& state) {
   constexpr int kPitch = 2;
   QImage image((PanelDots::SizeInDots(kLargest) * kPitch).toSize(), QImage::Format_RGB32);
   std::vector<double> milliseconds;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     milliseconds.push_back(Microseconds([&] {
                              QPainter painter(&image);
                              DrawPanel(&painter, image.size(), picture, kScrolledMs);
@@ -156,7 +158,7 @@ void BlinkTickInTheWindow(benchmark::State& state) {
   LargestPanel panel;
   std::vector<double> milliseconds;
   // One tick hides the characters; the next one, which shows them, has more to draw.
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     panel.Pass(PanelDots::kBlinkMs);
     panel.Blink();
     panel.Pass(PanelDots::kBlinkMs);
@@ -169,7 +171,7 @@ BENCHMARK(BlinkTickInTheWindow)->Unit(benchmark::kMillisecond);
 void ScrollTickInTheWindow(benchmark::State& state) {
   LargestPanel panel;
   std::vector<double> milliseconds;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto round : state) {
     panel.Pass(34);
     milliseconds.push_back(Microseconds([&] { panel.Scroll(); }) / 1000);
   }

@@ -61,7 +61,7 @@ std::optional<char> CodePage::ToByte(QChar character) const {
 }
 
 std::optional<QByteArray> CodePage::ToBytes(QStringView text) const {
-  if (const auto bytes = BytesAsWritten(text)) return bytes;
+  if (auto bytes = BytesAsWritten(text)) return bytes;
   QByteArray bytes;
   while (!text.isEmpty()) {
     const QStringView letter = text.first(LetterLength(text));

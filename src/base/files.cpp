@@ -91,7 +91,7 @@ QString FindFile(const QString& path) {
   // Longer ones name nothing, and composing takes its time.
   if (path.size() > kLongestPath || FileExists(path)) return path;
   for (const auto form : {QString::NormalizationForm_C, QString::NormalizationForm_D}) {
-    const QString other = path.normalized(form);
+    QString other = path.normalized(form);
     if (other != path && FileExists(other)) return other;
   }
   return path;
