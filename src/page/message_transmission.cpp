@@ -4,6 +4,7 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "language/further_texts.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
@@ -11,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+using ModuleLanguage::TranslateText;
 
 constexpr qsizetype kLeadingCodeLength = 5;
 constexpr qint16 kFewestColumns = 5;
@@ -60,19 +63,21 @@ std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, cons
 
 bool SendMessageFile(Transmission& transmission, const QString& path, int id,
                      const QByteArray& page, Dimension panel) {
-  transmission.status(u"Reading "_s + path);
+  transmission.status(TranslateText(u"Reading %1"_s).arg(path));
   const qint16 colour_type =
       transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type);
   if (!frames) return false;
   for (qsizetype line = 0; line < frames->size(); ++line) {
-    const QString progress = u" Sending Line %1"_s.arg(line + 1);
+    const auto progress = [&](const QString& text) {
+      transmission.status(TranslateText(text).arg(line + 1));
+    };
     DiscardInput(transmission.link);
     if (!SendUntilAcknowledged(transmission, id, frames->at(line),
-                               [&] { transmission.status(progress); })) {
+                               [&] { progress(u" Sending Line %1"_s); })) {
       return false;
     }
-    transmission.status(progress + u" <--- Ack"_s);
+    progress(u" Sending Line %1 <--- Ack"_s);
   }
   if (!HasArrived(transmission, id)) return false;
   WaitTicks(transmission.timer, transmission.configuration.delay_period);

@@ -10,6 +10,8 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include "language/further_texts.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -73,7 +75,7 @@ void RowArea::Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar) {
   for (int number = 1; number <= kMaxRows; ++number) {
     auto* surface = new RowSurface(page.Row(number), clipped_);
     surface->setObjectName(Numbered("Picture1"_L1, number));
-    surface->setAccessibleName(u"Row %1"_s.arg(number));
+    surface->setAccessibleName(ModuleLanguage::TranslateText(u"Row %1"_s).arg(number));
     surface->hide();
     surfaces_[static_cast<std::size_t>(number - 1)] = surface;
   }

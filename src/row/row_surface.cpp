@@ -14,6 +14,7 @@
 #include <QPainter>
 
 #include "base/code_page.h"
+#include "language/further_texts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -160,7 +161,8 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
 void RowSurface::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  QAction* paste = menu->addAction(u"Paste"_s, this, &RowSurface::Paste);
+  QAction* paste =
+      menu->addAction(ModuleLanguage::TranslateText(u"Paste"_s), this, &RowSurface::Paste);
   paste->setShortcut(QKeySequence::Paste);
   paste->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;

@@ -10,6 +10,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "language/display_feature.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/message_transmission.h"
 #include "panel_line/framing.h"
@@ -149,12 +150,12 @@ bool SendScheduleFile(Transmission& transmission, const QString& path, int id,
   for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
     WaitTicks(transmission.timer, transmission.configuration.delay_period);
   }
-  transmission.status(u"Schedule--->"_s);
+  transmission.status(ModuleLanguage::TranslateText(u"Schedule--->"_s));
   DiscardInput(transmission.link);
   const bool sent =
       SendUntilAcknowledged(transmission, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
       HasArrived(transmission, id);
-  if (sent) transmission.status(u"<--- Ack"_s);
+  if (sent) transmission.status(ModuleLanguage::TranslateText(u"<--- Ack"_s));
   return sent;
 }
 

@@ -10,6 +10,7 @@
 #include "language/module_language.h"
 #include "scrolling/scrolling_transmission.h"
 #include "ui_frmSendShift.h"
+#include "widgets/caption_loader.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/message_boxes.h"
 
@@ -38,6 +39,7 @@ frmSendShift::frmSendShift(QWidget* parent, const QString& file_name)
   connect(ui_->butBrowse, &QPushButton::clicked, this, &frmSendShift::Browse);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendShift::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
+  LoadCaptions(this);
   (file_name.isEmpty() ? static_cast<QWidget*>(ui_->butBrowse) : ui_->ComboID)->setFocus();
 }
 

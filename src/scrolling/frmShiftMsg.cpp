@@ -5,12 +5,14 @@
 #include <QTimer>
 
 #include "base/file_checks.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "row/editor_controls.h"
 #include "scrolling/frmSendShift.h"
 #include "scrolling/scrolling_file.h"
 #include "store/configuration_store.h"
 #include "ui_frmShiftMsg.h"
+#include "widgets/caption_loader.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
 #include "widgets/message_boxes.h"
@@ -21,6 +23,7 @@ namespace {
 
 using Brivon1::ScrollingMessage;
 using ModuleLanguage::TranslateMessage;
+using ModuleLanguage::TranslateText;
 
 constexpr int kCursorMilliseconds = 500;
 constexpr int kBlinkMilliseconds = 500;
@@ -37,7 +40,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   blink_timer_->setObjectName(u"Timer2"_s);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
   surface_->setObjectName(u"Picture1"_s);
-  surface_->setAccessibleName(u"Message"_s);
+  surface_->setAccessibleName(TranslateText(u"Message"_s));
   surface_->setFocusPolicy(Qt::StrongFocus);
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
@@ -50,6 +53,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ConnectTimers();
   file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ShowEdit();
+  LoadCaptions(this);
   ReturnKeyboardToMessage();
 }
 
@@ -148,9 +152,8 @@ void frmShiftMsg::TypeText(const QString& text) {
 
 void frmShiftMsg::ShowEdit() {
   surface_->RedrawRow({message_.FirstVisible(), ScrollingMessage::kSpan});
-  QString position = u"%1 of %2"_s.arg(message_.Row().Cursor()).arg(message_.Row().Length());
-  if (message_.IsFull()) position += u" (full)"_s;
-  ui_->lblPosition->setText(position);
+  const QString position = TranslateText(message_.IsFull() ? u"%1 of %2 (full)"_s : u"%1 of %2"_s);
+  ui_->lblPosition->setText(position.arg(message_.Row().Cursor()).arg(message_.Row().Length()));
   // The cursor is seen at once wherever it has come to, and blinks from there on.
   SetCursorShown(true);
   cursor_timer_->start();

@@ -2,6 +2,7 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "language/further_texts.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
@@ -9,6 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+using ModuleLanguage::TranslateText;
 
 /// The time that a frame is given to leave the line before its acknowledgement is waited for.
 constexpr int kSendingTime = 300;
@@ -37,13 +40,13 @@ bool SendScrollingFile(Transmission& transmission, const QString& path, int id, 
   if (!text) return false;
   const qint16 colour_type =
       transmission.configuration.panels[static_cast<std::size_t>(id)].colour_type;
-  transmission.status(u"Sending --->"_s);
+  transmission.status(TranslateText(u"Sending --->"_s));
   if (!SendUntilAcknowledged(
           transmission, id, ScrollingFrame(*text, id, line, colour_type), [] {}, kSendingTime) ||
       !HasArrived(transmission, id)) {
     return false;
   }
-  transmission.status(u"<--- Ack"_s);
+  transmission.status(TranslateText(u"<--- Ack"_s));
   WaitTicks(transmission.timer, transmission.configuration.delay_period);
   return true;
 }

@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QScopeGuard>
 
-#include "base/code_page.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "widgets/ignore_wheel.h"
 
@@ -14,9 +14,9 @@ using Brivon1::SendMode;
 
 void FillPanelList(QComboBox* list, QByteArray (*line)(int id, const Brivon1::PanelEntry& entry)) {
   list->clear();
-  for (const QByteArray& entry : Brivon1::PanelListLines(Brivon1::Store(), line)) {
-    list->addItem(Brivon1::CodePage::System().ToText(entry), entry);
-  }
+  const QList<QByteArray> entries = Brivon1::PanelListLines(Brivon1::Store(), line);
+  const QStringList shown = ModuleLanguage::ShownPanelLines(entries);
+  for (qsizetype i = 0; i < entries.size(); ++i) list->addItem(shown[i], entries[i]);
   list->setCurrentIndex(-1);
   IgnoreWheel(list);
 }

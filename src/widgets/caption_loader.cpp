@@ -11,7 +11,9 @@
 #include <QWidget>
 
 #include "language/caption_tables.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
+#include "widgets/plain_tool_tip.h"
 
 namespace {
 
@@ -21,12 +23,17 @@ using ModuleLanguage::CaptionRow;
 using ModuleLanguage::CaptionTable;
 using ModuleLanguage::LanguageFile;
 
-// Gives one window the texts of its section.
+// Gives one window the texts of the file's sections.
 class Loader {
  public:
-  Loader(QWidget* window, const CaptionTable& table)
-      : window_(window), section_(QString::fromLatin1(table.window)) {}
+  explicit Loader(QWidget* window) : window_(window) {}
 
+  void Load(const CaptionTable& table, const char* section) {
+    section_ = QString::fromLatin1(section);
+    for (const CaptionRow& row : table.rows) Load(row);
+  }
+
+ private:
   void Load(const CaptionRow& row) {
     switch (row.kind) {
       case CaptionKind::kWindow:
@@ -46,10 +53,19 @@ class Loader {
       case CaptionKind::kTableHeading:
         LoadHeadings(row);
         break;
+      case CaptionKind::kToolTip:
+        if (auto* control = Find<QWidget>(row)) {
+          control->setToolTip(PlainToolTip(Text(row, 0, control->toolTip())));
+        }
+        break;
+      case CaptionKind::kName:
+        if (auto* control = Find<QWidget>(row)) {
+          control->setAccessibleName(Text(row, 0, control->accessibleName()));
+        }
+        break;
     }
   }
 
- private:
   QString Text(const CaptionRow& row, int n, const QString& current) const {
     return file_.Value(section_, CaptionKey(row, n), current);
   }
@@ -109,9 +125,12 @@ void UsePlainButtons(QWidget* window) {
 
 void LoadCaptions(QWidget* window) {
   if (!ModuleLanguage::IsLanguageActive()) return;
-  const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName());
-  if (table == nullptr) return;
-  Loader loader(window, *table);
-  for (const CaptionRow& row : table->rows) loader.Load(row);
-  if (table->plain_buttons) UsePlainButtons(window);
+  Loader loader(window);
+  if (const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName())) {
+    loader.Load(*table, table->window);
+    if (table->plain_buttons) UsePlainButtons(window);
+  }
+  if (const CaptionTable* table = ModuleLanguage::FindFurtherCaptions(window->objectName())) {
+    loader.Load(*table, ModuleLanguage::kFurtherSection);
+  }
 }
