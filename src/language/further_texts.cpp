@@ -32,6 +32,8 @@ constexpr FurtherText kTexts[] = {
     {"txtDrive", "Drive Not Available!", "schedule, Send"},
     {"txtLetter", "Please enter A-J", "sending a schedule, a wrong letter"},
     {"txtEmptySch", "Empty Schedule File!", "sending a schedule without messages"},
+    {"txtSchSent", "Schedules file is sent successfully through network",
+     "a schedule was sent over TCP/IP, where msgSendSchOK is missing"},
     {"txtDimension", "Dimension Not Match", "sending a schedule; \": \" and a file's name follow"},
     {"txtLineEmpty", "Invalid Line No.!", "sending a scrolling message, no line entered"},
     {"txtLineRange", "Line No. Not Valid!", "sending a scrolling message, no such line"},
