@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -33,6 +34,7 @@
 #include "scrolling/frmShiftMsg.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
+#include "support/wait_until.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/message_boxes.h"
 
@@ -175,12 +177,13 @@ const NamedWindow kWindows[] = {
     Named<frmSendShift>("frmSendShift", QString()),
 };
 
+constexpr const char* kPanels =
+    "[Dimension Config]\r\nID001=4x96,Mono,192.168.0.1:2101\r\nID002=12x192,Tri\r\n";
+
 class BracketedTest : public testing::Test {
  protected:
   BracketedTest() {
-    folder_.Configure(
-        "[Dimension Config]\r\nID001=4x96,Mono,192.168.0.1:2101\r\nID002=12x192,Tri\r\n"
-        "[Language]\r\nLanguage=2\r\n");
+    folder_.Configure(QByteArray(kPanels) + "[Language]\r\nLanguage=2\r\n");
     folder_.UseLanguage(BracketedLanguage());
     QCoreApplication::installTranslator(&translator_);
   }
@@ -214,6 +217,58 @@ TEST_F(BracketedTest, TheWalkNamesAForgottenText) {
   EXPECT_EQ(ForgottenIn(window), "");
   window.findChild<QWidget*>(u"butOk"_s)->setToolTip(u"Take it"_s);
   EXPECT_EQ(ForgottenIn(window), "Take it");
+}
+
+TEST_F(BracketedTest, AScheduleIsShownInTheLanguage) {
+  folder_.Write(u"a.sch"_s,
+                "*** Brivon Schedule File ***\r\nWeek = 3\r\nHour = 08\r\nMin = 30\r\nRow = 4\r\n"
+                "Col = 96\r\nNo of Sequence = 1\r\n12.msg\r\n5\r\nAppear\r\n");
+  frmSchedule window(nullptr, [](const QString&) { return false; });
+  const FileChooser chooser(folder_.Path(u"a.sch"_s));
+  window.findChild<QAbstractButton*>(u"butOpen"_s)->click();
+  EXPECT_EQ(window.findChild<QComboBox*>(u"comboWeek"_s)->currentText(), u"«Tuesday»"_s);
+  const auto missing = [&] { return TextsOf(window).contains(u"«File not found»"_s); };
+  EXPECT_TRUE(WaitUntil(missing));
+  EXPECT_EQ(ForgottenIn(window), folder_.Path(u"a.sch"_s).toStdString() + "\n12.msg\nAppear")
+      << "what the file says";
+}
+
+TEST_F(BracketedTest, TheMenuOfAMessageIsTranslated) {
+  frmShiftMsg window(nullptr);
+  auto* surface = window.findChild<QWidget*>(u"Picture1"_s);
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QCoreApplication::sendEvent(surface, &event);
+  EXPECT_EQ(ForgottenIn(*surface->findChild<QMenu*>()), "");
+}
+
+TEST_F(BracketedTest, TheReasonWhyAPortCannotBeOpenedIsTranslated) {
+  folder_.Configure(
+      "[Dimension Config]\r\nID001=4x96,Mono\r\n[Communication]\r\nSendMode=RS232\r\n"
+      "[Serial Ports]\r\nCom2=/dev/no-such-port\r\n");
+  frmCommand window(nullptr);
+  MessageBoxReader boxes;
+  window.findChild<QAbstractButton*>(u"butSend"_s)->click();
+  ASSERT_EQ(boxes.Seen().size(), 1);
+  EXPECT_EQ(boxes.Seen()[0].text, u"«Fail to initialize communication port!»"_s);
+  EXPECT_EQ(boxes.Seen()[0].title, u"«Command»"_s);
+  EXPECT_EQ(boxes.Seen()[0].informative, u"/dev/no-such-port: «No such file or directory»"_s);
+}
+
+// The captions that stand in .ui files: what the template says is what the window shows anyway.
+TEST_P(EveryTextTest, TheTemplateChangesNothing) {
+  QFile file(QStringLiteral(BRIVON_SAMPLES "/languages/english/langSetting.INI"));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  QCoreApplication::removeTranslator(&translator_);
+  const auto sorted_texts = [] {
+    QStringList texts = TextsOf(*GetParam().create());
+    texts.sort();  // the effects are listed in the order of their codes
+    return texts.join(u'\n').toStdString();
+  };
+  folder_.UseLanguage(file.readAll());
+  const std::string translated = sorted_texts();
+  ModuleLanguage::SetLanguageActive(false);
+  folder_.Configure(kPanels);
+  EXPECT_EQ(translated, sorted_texts());
 }
 
 TEST_F(BracketedTest, TheSaveQuestionIsTranslatedWithItsButtons) {
