@@ -22,6 +22,8 @@
 #include "app/frmMain.h"
 #include "command/frmCommand.h"
 #include "config/frmConfig.h"
+#include "language/caption_tables.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "page/frmMsgEditor.h"
@@ -211,6 +213,21 @@ TEST_P(EveryTextTest, NothingThatTheWindowShowsIsOutsideTheLanguageFile) {
 
 INSTANTIATE_TEST_SUITE_P(Windows, EveryTextTest, testing::ValuesIn(kWindows),
                          [](const auto& test) { return std::string(test.param.name); });
+
+TEST_P(EveryTextTest, FurtherCaptionsOf200CharactersMakeItNoWiderThanTheScreen) {
+  const ModuleLanguage::CaptionTable* table =
+      ModuleLanguage::FindFurtherCaptions(QString::fromLatin1(GetParam().name));
+  if (table == nullptr) return;  // its captions are all published ones
+  QString content = u"[Texts]\r\n"_s;
+  for (const QString& key : ModuleLanguage::CaptionKeys(*table)) {
+    content += key + u'=' + u"Beschriftung "_s.repeated(16).left(200) + u"\r\n"_s;
+  }
+  folder_.UseLanguage(content.toUtf8());
+  const auto window = GetParam().create();
+  window->show();
+  EXPECT_LE(window->width(), 800);
+  EXPECT_LE(window->minimumSizeHint().width(), 800);
+}
 
 TEST_F(BracketedTest, TheWalkNamesAForgottenText) {
   frmPage window(nullptr);
