@@ -1,5 +1,7 @@
 // The files that are shipped as samples: complete, and read by the program as they are meant.
 #include <map>
+#include <string>
+#include <vector>
 
 #include <QDir>
 #include <QFile>
@@ -72,10 +74,10 @@ std::map<QString, QStringList> ExpectedKeys() {
   return keys;
 }
 
-class SampleLanguageTest : public testing::TestWithParam<const char*> {
+class SampleLanguageTest : public testing::TestWithParam<std::string> {
  protected:
   QByteArray Content() const {
-    return Sample(u"languages/%1/langSetting.INI"_s.arg(QLatin1String(GetParam())));
+    return Sample(u"languages/%1/langSetting.INI"_s.arg(QString::fromStdString(GetParam())));
   }
 };
 
@@ -177,9 +179,20 @@ TEST(LanguageTemplateTest, EveryFurtherTextStandsThereAsTheProgramHasIt) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest,
-                         testing::Values("deutsch", "english", "espanol"),
-                         [](const auto& test) { return std::string(test.param); });
+// Whatever languages there are.
+std::vector<std::string> Languages() {
+  std::vector<std::string> names;
+  const QDir folder(QStringLiteral(BRIVON_SAMPLES "/languages"));
+  for (const QString& name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    names.push_back(name.toStdString());
+  }
+  return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::ValuesIn(Languages()),
+                         [](const auto& test) { return test.param; });
+
+TEST(SampleLanguagesTest, ThereAreAtLeastThree) { EXPECT_GE(Languages().size(), 3U); }
 
 TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   TemporaryProgramFolder folder;
