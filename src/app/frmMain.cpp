@@ -12,6 +12,7 @@
 #include "store/ini_file.h"
 #include "ui_frmMain.h"
 #include "widgets/caption_loader.h"
+#include "widgets/toolkit_language.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ frmMain::frmMain(std::vector<TaskWindow> windows)
                            .Integer("Language", "Language", kEnglish);
   if (language == kLanguageFile) {
     ModuleLanguage::SetLanguageActive(true);
+    UseToolkitLanguage(this);
     LoadCaptions(this);
     resize(Brivon1::kTranslatedWidth / Brivon1::kTwipsPerPixel, height());
   }

@@ -5,6 +5,7 @@
 
 #include "base/code_page.h"
 #include "base/tool_tip_text.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "store/panel_list.h"
 #include "ui_frmConfig.h"
@@ -18,6 +19,7 @@ using namespace Qt::StringLiterals;
 using Brivon1::AddResult;
 using Brivon1::SendMode;
 using ModuleLanguage::TranslateMessage;
+using ModuleLanguage::TranslateText;
 
 namespace {
 
@@ -99,7 +101,7 @@ void frmConfig::SetUpCommunication() {
 
 void frmConfig::SetUpPorts() {
   for (qint16 port = 1; port <= kPorts; ++port) {
-    auto* item = new QListWidgetItem(u"Com %1"_s.arg(port), ui_->ListComPort);
+    auto* item = new QListWidgetItem(TranslateText(u"Com %1"_s).arg(port), ui_->ListComPort);
     const QString device = Brivon1::SerialDevice(draft_.Values(), port);
     item->setToolTip(Brivon1::ToolTipText(device, Brivon1::LongLines::kWhole));
     item->setData(Qt::AccessibleDescriptionRole, device);
@@ -124,7 +126,7 @@ void frmConfig::SetUpPanels() {
   ui_->txtID->SetBounds(0, Brivon1::kHighestPanelId);
   ui_->txtRow->SetBounds(1, Brivon1::kMaxRows);
   ui_->txtcol->SetBounds(1, Brivon1::kMostColumns);
-  ui_->ComboColorType->addItems({u"Mono"_s, u"Tri"_s});
+  ui_->ComboColorType->addItems({TranslateText(u"Mono"_s), TranslateText(u"Tri"_s)});
   IgnoreWheel(ui_->ComboColorType);
   ui_->txtIPAddress->GiveUpAt(ui_->butCancel);
   KeepPlace(ui_->lblColumnsNote);
@@ -144,9 +146,11 @@ void frmConfig::SetUpPanels() {
 void frmConfig::FillList(std::optional<int> id) {
   const QSignalBlocker blocker(ui_->List1);
   ui_->List1->clear();
-  for (const QByteArray& line : Brivon1::PanelListLines(draft_.Values())) {
-    auto* item = new QListWidgetItem(Brivon1::CodePage::System().ToText(line), ui_->List1);
-    const int line_id = Brivon1::ReadPanelListLine(line).id;
+  const QList<QByteArray> lines = Brivon1::PanelListLines(draft_.Values());
+  const QStringList shown = ModuleLanguage::ShownPanelLines(lines);
+  for (qsizetype i = 0; i < lines.size(); ++i) {
+    auto* item = new QListWidgetItem(shown[i], ui_->List1);
+    const int line_id = Brivon1::ReadPanelListLine(lines[i]).id;
     item->setData(Qt::UserRole, line_id);
     if (line_id == id) ui_->List1->setCurrentItem(item);
   }

@@ -18,6 +18,8 @@ enum class CaptionKind {
   kFeatureList,   ///< The display features, one for each code: the window lists its FeatureNames.
   kDialogTitle,   ///< The title of a file dialog, kept in a variable.
   kTableHeading,  ///< The headings of a table's columns from column 1 on.
+  kToolTip,       ///< The tool tip of one control.
+  kName,          ///< The accessible name of one control, which screen readers speak.
 };
 
 /// One line of a window's table.

@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "language/caption_tables.h"
+#include "language/further_texts.h"
 #include "store/configuration_store.h"
 
 using namespace Qt::StringLiterals;
@@ -63,7 +64,7 @@ QString TranslateMessage(const QString& text, const QString& missing) {
                             missing);
     }
   }
-  return missing;
+  return TranslateText(text, missing);
 }
 
 QChar FeatureCodeFromName(const QString& name) { return FeatureCodeFromName(LanguageFile(), name); }

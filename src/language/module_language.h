@@ -48,7 +48,8 @@ class LanguageFile {
 QString ReadLangString(const QString& section, const QString& key, const QString& missing);
 
 /// The text to show for an English message: the language file's where the flag is set and the
-/// message is a known one, else `text` itself. Letters must match in case.
+/// message is a known one, else `text` itself. Letters must match in case. The published messages
+/// come first, then FurtherTexts().
 QString TranslateMessage(const QString& text);
 
 /// The same, but `missing` where the language file does not say what to show for `text`.

@@ -4,6 +4,7 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "language/further_texts.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
@@ -11,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+using ModuleLanguage::TranslateText;
 
 constexpr qsizetype kLeadingCodeLength = 5;
 constexpr qint16 kFewestColumns = 5;
@@ -60,19 +63,22 @@ std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, cons
 
 bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArray& page,
                      Dimension panel) {
-  line.status(u"Reading "_s + path);
+  line.status(TranslateText(u"Reading %1"_s).arg(path));
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type);
   if (!frames) return false;
   line.progress.rows = panel.rows;
   for (qsizetype row = 0; row < frames->size(); ++row) {
     line.progress.row = static_cast<int>(row) + 1;
-    const QString status = u" Sending Line %1"_s.arg(row + 1);
+    const auto show_status = [&](const QString& text) {
+      line.status(TranslateText(text).arg(row + 1));
+    };
     DiscardInput(line.link);
-    if (!SendUntilAcknowledged(line, id, frames->at(row), [&] { line.status(status); })) {
+    if (!SendUntilAcknowledged(line, id, frames->at(row),
+                               [&] { show_status(u" Sending Line %1"_s); })) {
       return false;
     }
-    line.status(status + u" <--- Ack"_s);
+    show_status(u" Sending Line %1 <--- Ack"_s);
   }
   if (!HasArrived(line, id)) return false;
   WaitTicks(line.timer, line.configuration.delay_period);

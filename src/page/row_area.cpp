@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 
+#include "language/further_texts.h"
 #include "widgets/fitted_text.h"
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,7 @@ namespace {
 using Brivon1::kCellWidth;
 using Brivon1::kMaxRows;
 using Brivon1::PageMessage;
+using ModuleLanguage::TranslateText;
 
 constexpr int kFirstLeft = 5;
 constexpr int kRowDistance = kCellHeight + 4;
@@ -32,6 +34,8 @@ constexpr int kTallestNumber = 14;
 constexpr int kSight = 2 * kCellWidth;
 
 QString Numbered(QLatin1String name, int number) { return u"%1(%2)"_s.arg(name).arg(number); }
+
+QString RowName(const QString& row, int number) { return u"%1 %2"_s.arg(row).arg(number); }
 
 /// A caption without what only the eye wants.
 QString SpokenCaption(const QString& caption) {
@@ -83,7 +87,7 @@ void RowArea::Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar) {
   for (int number = 1; number <= kMaxRows; ++number) {
     auto* surface = new RowSurface(page.Row(number), clipped_);
     surface->setObjectName(Numbered("Picture1"_L1, number));
-    surface->setAccessibleName(u"Row %1"_s.arg(number));
+    surface->setAccessibleName(RowName(u"Row"_s, number));
     surface->hide();
     surfaces_[static_cast<std::size_t>(number - 1)] = surface;
   }
@@ -95,11 +99,11 @@ void RowArea::NameRows(const QString& row_caption, const QString& symbol_caption
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     words.placeholders.append({PageMessage::Graphic(letter), symbol + u' ' + QLatin1Char(letter)});
   }
-  words.placeholders.append({PageMessage::kDate.toByteArray(), u"Date"_s});
-  words.placeholders.append({PageMessage::kTime.toByteArray(), u"Time"_s});
+  words.placeholders.append({PageMessage::kDate.toByteArray(), TranslateText(u"Date"_s)});
+  words.placeholders.append({PageMessage::kTime.toByteArray(), TranslateText(u"Time"_s)});
   const QString row = SpokenCaption(row_caption);
   for (int number = 1; number <= kMaxRows; ++number) {
-    Surface(number).setAccessibleName(u"%1 %2"_s.arg(row).arg(number));
+    Surface(number).setAccessibleName(RowName(row, number));
     Surface(number).SetWords(words);
   }
   scroll_bar_->setAccessibleName(row);

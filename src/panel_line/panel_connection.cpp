@@ -1,6 +1,7 @@
 #include "panel_line/panel_connection.h"
 
 #include "base/code_page.h"
+#include "language/further_texts.h"
 #include "panel_line/links.h"
 
 using namespace Qt::StringLiterals;
@@ -19,7 +20,8 @@ bool PanelConnection::Open(SendMode mode, const Configuration& configuration,
     is_open = OpenTcpLink(ports_.tcp, ports_.clock, CodePage::System().ToText(endpoint.host),
                           endpoint.port, ports_.timer.stop);
   } else {
-    failure_reason_ = u"No usable network address is configured for this panel."_s;
+    failure_reason_ =
+        ModuleLanguage::TranslateText(u"No usable network address is configured for this panel."_s);
     return false;
   }
   if (!is_open) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include "base/text.h"
+#include "language/further_texts.h"
 #include "panel_line/waiting_input.h"
 #include "panel_line/waiting_output.h"
 
@@ -14,13 +15,17 @@ using namespace Qt::StringLiterals;
 namespace Brivon1 {
 namespace {
 
+using ModuleLanguage::TranslateText;
+
 QString OpenFailure(const QString& device, const QString& system_reason) {
-  QString reason = device + u": "_s + system_reason;
+  QString reason = device + u": "_s + TranslateText(system_reason);
   const QFileInfo file(device);
   const bool group_may = file.permission(QFile::ReadGroup | QFile::WriteGroup);
   if (file.exists() && (!file.isReadable() || !file.isWritable()) && group_may) {
-    reason += u"\nThe group \"%1\" may use this port: add your user to it and log in again."_s.arg(
-        file.group());
+    reason +=
+        u'\n' + TranslateText(
+                    u"The group \"%1\" may use this port: add your user to it and log in again."_s)
+                    .arg(file.group());
   }
   return reason;
 }

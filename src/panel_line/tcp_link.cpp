@@ -4,6 +4,7 @@
 
 #include <QNetworkProxy>
 
+#include "language/further_texts.h"
 #include "panel_line/links.h"
 #include "panel_line/waiting_input.h"
 #include "panel_line/waiting_output.h"
@@ -11,6 +12,8 @@
 using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
+
+using ModuleLanguage::TranslateText;
 
 TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this)) {
   socket_->setObjectName(u"Winsock1"_s);
@@ -70,7 +73,8 @@ QString TcpLink::FailureReason() const {
   const bool is_trying = socket_->state() == QAbstractSocket::HostLookupState ||
                          socket_->state() == QAbstractSocket::ConnectingState;
   return endpoint_ + u": "_s +
-         (is_trying ? u"no answer within %1 ms"_s.arg(kConnectTime) : socket_->errorString());
+         (is_trying ? TranslateText(u"no answer within %1 ms"_s).arg(kConnectTime)
+                    : TranslateText(socket_->errorString()));
 }
 
 }  // namespace Brivon1

@@ -15,6 +15,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "language/further_texts.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -170,7 +172,8 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
 void RowSurface::contextMenuEvent(QContextMenuEvent* event) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  QAction* paste = menu->addAction(u"Paste"_s, this, &RowSurface::Paste);
+  QAction* paste =
+      menu->addAction(ModuleLanguage::TranslateText(u"Paste"_s), this, &RowSurface::Paste);
   paste->setShortcut(QKeySequence::Paste);
   paste->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;

@@ -7,6 +7,7 @@
 
 #include "base/code_page.h"
 #include "language/display_feature.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "schedule/frmDelay.h"
@@ -32,6 +33,7 @@ using Brivon1::Schedule;
 using Brivon1::ScheduleSaveResult;
 using Brivon1::Sequence;
 using ModuleLanguage::TranslateMessage;
+using ModuleLanguage::TranslateText;
 
 /// With fewer sequences left, the table is scrolled to its top.
 constexpr int kSequencesToScroll = 10;
@@ -85,7 +87,7 @@ frmSchedule::~frmSchedule() = default;
 
 void frmSchedule::FillWeekdays(const Brivon1::WeekdayNames& names) {
   ui_->comboWeek->clear();
-  for (const char* name : names) ui_->comboWeek->addItem(QLatin1String(name));
+  for (const char* name : names) ui_->comboWeek->addItem(TranslateText(QLatin1String(name)));
 }
 
 void frmSchedule::ConnectButtons() {

@@ -20,9 +20,10 @@ namespace {
 
 QString SentText(SendMode mode) {
   if (mode == SendMode::kSerial) return TranslateMessage(u"Transmission finished!"_s);
-  // The English text has no translation of its own; the language file has one that says the same.
-  return TranslateMessage(u"Schedule file download done!"_s,
-                          u"Schedules file is sent successfully through network"_s);
+  // The language file's published text that says the same comes first.
+  return TranslateMessage(
+      u"Schedule file download done!"_s,
+      TranslateMessage(u"Schedules file is sent successfully through network"_s));
 }
 
 }  // namespace

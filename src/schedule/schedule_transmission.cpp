@@ -10,6 +10,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "language/display_feature.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/message_transmission.h"
 #include "panel_line/framing.h"
@@ -155,11 +156,11 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
   for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
     WaitTicks(line.timer, line.configuration.delay_period);
   }
-  line.status(u"Schedule--->"_s);
+  line.status(ModuleLanguage::TranslateText(u"Schedule--->"_s));
   DiscardInput(line.link);
   const bool sent = SendUntilAcknowledged(line, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
                     HasArrived(line, id);
-  if (sent) line.status(u"<--- Ack"_s);
+  if (sent) line.status(ModuleLanguage::TranslateText(u"<--- Ack"_s));
   return sent;
 }
 

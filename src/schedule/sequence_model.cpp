@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "base/code_page.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "schedule/schedule_file.h"
 #include "store/configuration_store.h"
@@ -14,7 +15,8 @@ using namespace Qt::StringLiterals;
 SequenceModel::SequenceModel(QWidget* table)
     : QAbstractTableModel(table),
       table_(*table),
-      headings_{QString(), u"Message File"_s, u"Delay"_s, u"Feature"_s} {}
+      headings_{QString(), u"Message File"_s, u"Delay"_s, u"Feature"_s},
+      end_(ModuleLanguage::TranslateText(u"End"_s)) {}
 
 void SequenceModel::Show(const QList<Brivon1::Sequence>& sequences) {
   const auto before = static_cast<int>(sequences_.size());
@@ -67,7 +69,7 @@ int SequenceModel::columnCount(const QModelIndex& parent) const {
 }
 
 QString SequenceModel::Text(int row, int column) const {
-  if (row == sequences_.size()) return column == kNumber ? u"End"_s : QString();
+  if (row == sequences_.size()) return column == kNumber ? end_ : QString();
   const Brivon1::Sequence& sequence = sequences_[row];
   switch (column) {
     case kNumber:

@@ -48,6 +48,7 @@ class SequenceModel : public QAbstractTableModel {
 
   const QWidget& table_;
   QStringList headings_;  // of all columns
+  QString end_;           // stands in the last row
   QList<Brivon1::Sequence> sequences_;
   QSet<QString> missing_;  // the paths that were missing when they were looked for last
 };

@@ -15,11 +15,25 @@ constexpr int kBehindBox = 14;  // between a box and the next text
 constexpr int kBoxCharacters = 4;
 constexpr int kBoxMargin = 14;  // frame and margins of a box
 
+/// A text that is longer gives way where the window is narrow.
+constexpr int kUsualCharacters = 80;
+
 }  // namespace
 
 QStringList TimeLabel::Pieces() const {
   static const QRegularExpression gap(u" {2,}"_s);
   return text().split(gap);
+}
+
+QStringList TimeLabel::ShownPieces() const {
+  QStringList pieces = Pieces();
+  const int missing = sizeHint().width() - width();
+  if (missing <= 0) return pieces;
+  int room = -missing;
+  for (const QString& piece : pieces) room += fontMetrics().horizontalAdvance(piece);
+  const int share = std::max(0, room) / static_cast<int>(pieces.size());
+  for (QString& piece : pieces) piece = fontMetrics().elidedText(piece, Qt::ElideRight, share);
+  return pieces;
 }
 
 QList<QWidget*> TimeLabel::Boxes() const {
@@ -40,9 +54,15 @@ QSize TimeLabel::sizeHint() const {
   return size;
 }
 
+QSize TimeLabel::minimumSizeHint() const {
+  const QSize size = sizeHint();
+  return {std::min(size.width(), kUsualCharacters * fontMetrics().averageCharWidth()),
+          size.height()};
+}
+
 void TimeLabel::resizeEvent(QResizeEvent* event) {
   QLabel::resizeEvent(event);
-  const QStringList pieces = Pieces();
+  const QStringList pieces = ShownPieces();
   int x = 0;
   for (qsizetype i = 0; const auto& box : Boxes()) {
     x += fontMetrics().horizontalAdvance(pieces.value(i++)) + kGap;
@@ -56,7 +76,7 @@ void TimeLabel::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
   const QList<QWidget*> boxes = Boxes();
   int x = 0;
-  for (qsizetype i = 0; const QString& piece : Pieces()) {
+  for (qsizetype i = 0; const QString& piece : ShownPieces()) {
     const QRect area(x, 0, fontMetrics().horizontalAdvance(piece), height());
     painter.drawItemText(area, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), piece,
                          foregroundRole());

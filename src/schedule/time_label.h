@@ -13,7 +13,7 @@ class TimeLabel : public QLabel {
   using QLabel::QLabel;
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -21,6 +21,7 @@ class TimeLabel : public QLabel {
 
  private:
   QStringList Pieces() const;
+  QStringList ShownPieces() const;  // cut where there is no room for all of them
   QList<QWidget*> Boxes() const;
   int BoxWidth() const;
 };

@@ -10,7 +10,7 @@
 #include "language/module_language.h"
 #include "scrolling/scrolling_transmission.h"
 #include "ui_frmSendShift.h"
-#include "widgets/caption_room.h"
+#include "widgets/caption_loader.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -50,7 +50,7 @@ frmSendShift::frmSendShift(QWidget* parent, const QString& file_name,
       this, {ui_->butSend, ui_->butDone, ui_->butBrowse, ui_->ComboID, ui_->txtLine}, ports);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendShift::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
-  GiveCaptionsRoom(this);
+  LoadCaptions(this);
   (file_name.isEmpty() ? static_cast<QWidget*>(ui_->butBrowse) : ui_->ComboID)->setFocus();
 }
 

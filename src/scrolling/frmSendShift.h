@@ -1,5 +1,5 @@
 // The dialog that sends one scrolling message file to one line of one panel. It sends over the
-// serial line only, whatever the configured send mode; its captions are always English.
+// serial line only, whatever the configured send mode.
 #pragma once
 
 #include <memory>

@@ -3,13 +3,14 @@
 #include <utility>
 
 #include "base/file_checks.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "row/editor_controls.h"
 #include "scrolling/frmSendShift.h"
 #include "scrolling/scrolling_file.h"
 #include "store/configuration_store.h"
 #include "ui_frmShiftMsg.h"
-#include "widgets/caption_room.h"
+#include "widgets/caption_loader.h"
 #include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
@@ -21,6 +22,7 @@ namespace {
 
 using Brivon1::ScrollingMessage;
 using ModuleLanguage::TranslateMessage;
+using ModuleLanguage::TranslateText;
 
 }  // namespace
 
@@ -29,7 +31,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ui_->setupUi(this);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
   surface_->setObjectName(u"Picture1"_s);
-  surface_->setAccessibleName(u"Message"_s);
+  surface_->setAccessibleName(TranslateText(u"Message"_s));
   surface_->setFocusPolicy(Qt::StrongFocus);
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
@@ -40,7 +42,8 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ConnectButtons();
   ConnectMessage();
   file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
-  GiveCaptionsRoom(this);
+  LoadCaptions(this);
+  surface_->SetWords(WordsOf({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}));
   ResumeTyping();
 }
 
@@ -128,9 +131,8 @@ void frmShiftMsg::TypeText(const QString& text) {
 
 void frmShiftMsg::ShowEdit() {
   surface_->RedrawRow({message_.FirstVisible(), ScrollingMessage::kSpan});
-  QString position = u"%1 of %2"_s.arg(message_.Row().Cursor()).arg(message_.Row().Length());
-  if (message_.IsFull()) position += u" (full)"_s;
-  ui_->lblPosition->setText(position);
+  const QString position = TranslateText(message_.IsFull() ? u"%1 of %2 (full)"_s : u"%1 of %2"_s);
+  ui_->lblPosition->setText(position.arg(message_.Row().Cursor()).arg(message_.Row().Length()));
   timers_->ShowCursor();
 }
 

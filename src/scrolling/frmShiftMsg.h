@@ -1,5 +1,5 @@
 // The scrolling message editor: composes one line of text that a panel scrolls across one of its
-// rows, every character with its own size, colour and blinking. Its captions are always English.
+// rows, every character with its own size, colour and blinking.
 #pragma once
 
 #include <memory>

@@ -2,6 +2,7 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "language/further_texts.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
@@ -9,6 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+using ModuleLanguage::TranslateText;
 
 /// The time that a frame is given to leave the line before its acknowledgement is waited for.
 constexpr int kSendingTime = 300;
@@ -37,13 +40,13 @@ bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_num
   const std::optional<QByteArray> text = ScrollingFileText(path);
   if (!text) return false;
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
-  line.status(u"Sending --->"_s);
+  line.status(TranslateText(u"Sending --->"_s));
   if (!SendUntilAcknowledged(
           line, id, ScrollingFrame(*text, id, line_number, colour_type), [] {}, kSendingTime) ||
       !HasArrived(line, id)) {
     return false;
   }
-  line.status(u"<--- Ack"_s);
+  line.status(TranslateText(u"<--- Ack"_s));
   WaitTicks(line.timer, line.configuration.delay_period);
   return true;
 }

@@ -10,7 +10,9 @@
 #include <QTableView>
 #include <QWidget>
 
+#include "base/tool_tip_text.h"
 #include "language/caption_tables.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "widgets/caption_room.h"
 
@@ -22,12 +24,17 @@ using ModuleLanguage::CaptionRow;
 using ModuleLanguage::CaptionTable;
 using ModuleLanguage::LanguageFile;
 
-// Gives one window the texts of its section.
+// Gives one window the texts of the file's sections.
 class Loader {
  public:
-  Loader(QWidget* window, const CaptionTable& table)
-      : window_(window), section_(QString::fromLatin1(table.window)) {}
+  explicit Loader(QWidget* window) : window_(window) {}
 
+  void Load(const CaptionTable& table, const char* section) {
+    section_ = QString::fromLatin1(section);
+    for (const CaptionRow& row : table.rows) Load(row);
+  }
+
+ private:
   void Load(const CaptionRow& row) {
     switch (row.kind) {
       case CaptionKind::kWindow:
@@ -47,10 +54,20 @@ class Loader {
       case CaptionKind::kTableHeading:
         LoadHeadings(row);
         break;
+      case CaptionKind::kToolTip:
+        if (auto* control = Find<QWidget>(row)) {
+          const QString tip = Text(row, 0, control->toolTip());
+          control->setToolTip(Brivon1::ToolTipText(tip, Brivon1::LongLines::kWhole));
+        }
+        break;
+      case CaptionKind::kName:
+        if (auto* control = Find<QWidget>(row)) {
+          control->setAccessibleName(Text(row, 0, control->accessibleName()));
+        }
+        break;
     }
   }
 
- private:
   QString Text(const CaptionRow& row, int n, const QString& current) const {
     return file_.Value(section_, CaptionKey(row, n), current);
   }
@@ -111,9 +128,12 @@ void UsePlainButtons(QWidget* window) {
 void LoadCaptions(QWidget* window) {
   GiveCaptionsRoom(window);
   if (!ModuleLanguage::IsLanguageActive()) return;
-  const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName());
-  if (table == nullptr) return;
-  Loader loader(window, *table);
-  for (const CaptionRow& row : table->rows) loader.Load(row);
-  if (table->plain_buttons) UsePlainButtons(window);
+  Loader loader(window);
+  if (const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName())) {
+    loader.Load(*table, table->window);
+    if (table->plain_buttons) UsePlainButtons(window);
+  }
+  if (const CaptionTable* table = ModuleLanguage::FindFurtherCaptions(window->objectName())) {
+    loader.Load(*table, ModuleLanguage::kFurtherSection);
+  }
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "base/files.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "store/configuration_store.h"
 #include "widgets/message_boxes.h"
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using ModuleLanguage::TranslateMessage;
+using ModuleLanguage::TranslateText;
 
 constexpr qsizetype kLongestPath = 100;
 
@@ -24,7 +26,9 @@ QStringList NameFilters(const QString& filter) {
     // "*.*" means every file, also one without a point in its name.
     const QString pattern = parts[i + 1] == "*.*"_L1 ? u"*"_s : parts[i + 1];
     const QString shown = QLatin1Char('(') + pattern + QLatin1Char(')');
-    filters.append(parts[i].endsWith(shown) ? parts[i] : parts[i] + QLatin1Char(' ') + shown);
+    const bool has_pattern = parts[i].endsWith(shown);
+    const QString kind = has_pattern ? parts[i].chopped(shown.size()) : parts[i];
+    filters.append(TranslateText(kind) + (has_pattern ? shown : QLatin1Char(' ') + shown));
   }
   return filters;
 }

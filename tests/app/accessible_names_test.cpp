@@ -18,6 +18,7 @@
 #include "command/frmCommand.h"
 #include "config/frmConfig.h"
 #include "language/caption_tables.h"
+#include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "page/frmMsgEditor.h"
 #include "page/frmPage.h"
@@ -33,7 +34,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The control that shows a control's caption, or in quotation marks a name that no caption gives.
+/// The control that shows a control's caption, or in quotation marks a name that no caption gives,
+/// in English.
 using Captions = std::map<QString, QString>;
 
 struct Window {
@@ -97,11 +99,23 @@ QList<QWidget*> ControlsOf(const QWidget& window) {
   return controls;
 }
 
+/// Those names in the German sample.
+const std::map<QString, QString> kGermanNames = {
+    {u"Shift rows right"_s, u"Zeilen nach rechts schieben"_s},
+    {u"Shift rows left"_s, u"Zeilen nach links schieben"_s},
+    {u"Message"_s, u"Meldung"_s},
+    {u"Hour"_s, u"Stunde"_s},
+    {u"Minute"_s, u"Minute"_s},
+};
+
 /// What a window shows, without the "&" that marks the shortcut.
 QString Shown(QString caption) { return caption.remove(u'&'); }
 
 QString CaptionIn(const QWidget& window, const QString& name) {
-  if (name.startsWith(u'\'')) return name.sliced(1).chopped(1);
+  if (name.startsWith(u'\'')) {
+    const QString english = name.sliced(1).chopped(1);
+    return ModuleLanguage::IsLanguageActive() ? kGermanNames.at(english) : english;
+  }
   if (name == window.objectName()) return window.windowTitle();
   if (const auto* label = window.findChild<QLabel*>(name)) return Shown(label->text());
   const auto* box = window.findChild<QGroupBox*>(name);
@@ -186,7 +200,7 @@ TEST_F(AccessibleNames, InAnotherLanguageEveryControlIsCalledByItsCaption) {
   UseGerman(false);
   ExpectNames();
   EXPECT_EQ(NameIn<frmCommand>("ListCommand"), "Befehle an die Anzeige");
-  EXPECT_EQ(NameIn<frmCommand>("ComboID"), "Adresse");
+  EXPECT_EQ(NameIn<frmCommand>("ComboID"), "Nummer der Anzeige");
   EXPECT_EQ(NameIn<frmConfig>("List1"), "Anzeigen");
   EXPECT_EQ(NameIn<frmMsgEditor>("Picture1(7)"), "Zeilen 7");
 }

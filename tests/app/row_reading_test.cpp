@@ -120,6 +120,17 @@ TEST_F(RowReading, APageSpeaksTheLanguageOfItsWindow) {
   EXPECT_EQ(editor.Attributes("Picture1(1)", 0), u"font-family:Grün, Normal fett, Blinkend;"_s);
   EXPECT_EQ(editor.Attributes("Picture1(2)", 0), u"font-family:Rot auf Grün, Normal;"_s);
   EXPECT_EQ(editor.Accessible("Picture1(2)").text(QAccessible::Description), u"Symbol A"_s);
+  editor.Open(Page("<L01>ab HH:MM\r\n<L02>DD MMM YYYY\r\n"));
+  EXPECT_EQ(editor.Accessible("Picture1(1)").text(QAccessible::Description), u"ab Uhrzeit"_s);
+  EXPECT_EQ(editor.Accessible("Picture1(2)").text(QAccessible::Description), u"Datum"_s);
+}
+
+TEST_F(RowReading, AScrollingMessageSpeaksTheLanguageOfItsWindow) {
+  folder_.UseLanguage(German());
+  Editor<frmShiftMsg> editor;
+  editor.Open(ScrollingMessage("<SG><CB>Hello"));
+  EXPECT_EQ(editor.Accessible("Picture1").text(QAccessible::Name), u"Meldung"_s);
+  EXPECT_EQ(editor.Attributes("Picture1", 0), u"font-family:Grün, Normal fett, Blinkend;"_s);
 }
 
 TEST_F(RowReading, AScrollingMessageIsToldWholeAndAsItChanges) {

@@ -1,14 +1,19 @@
 // The files that are shipped as samples: complete, and read by the program as they are meant.
 #include <map>
+#include <string>
+#include <vector>
 
 #include <QDir>
 #include <QFile>
+#include <QLocale>
+#include <QSet>
 #include <QStringList>
 
 #include <gtest/gtest.h>
 
 #include "language/caption_tables.h"
 #include "language/display_feature.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/message_file.h"
 #include "schedule/schedule_file.h"
@@ -53,6 +58,13 @@ std::map<QString, QStringList> ExpectedKeys() {
       keys[QString::fromLatin1(table.window)].append(key);
     }
   }
+  for (const auto& table : ModuleLanguage::FurtherCaptions())
+    keys[u"Texts"_s] += CaptionKeys(table);
+  for (const auto& text : ModuleLanguage::FurtherTexts()) {
+    keys[u"Texts"_s].append(QString::fromLatin1(text.key));
+  }
+  keys[u"Texts"_s].removeDuplicates();  // some spellings share a key
+  keys[u"Language"_s] = QStringList{u"Locale"_s};
   for (const auto& message : ModuleLanguage::Messages()) {
     QStringList& list = keys[QString::fromLatin1(message.section)];
     list.append(QString::fromLatin1(message.key));
@@ -62,17 +74,17 @@ std::map<QString, QStringList> ExpectedKeys() {
   return keys;
 }
 
-class SampleLanguageTest : public testing::TestWithParam<const char*> {
+class SampleLanguageTest : public testing::TestWithParam<std::string> {
  protected:
   QByteArray Content() const {
-    return Sample(u"languages/%1/langSetting.INI"_s.arg(QLatin1String(GetParam())));
+    return Sample(u"languages/%1/langSetting.INI"_s.arg(QString::fromStdString(GetParam())));
   }
 };
 
 TEST_P(SampleLanguageTest, NoKeyIsMissingAndNoneIsUnknown) {
   const auto expected = ExpectedKeys();
   const auto found = KeysIn(Content());
-  EXPECT_EQ(expected.size(), 11U);
+  EXPECT_EQ(expected.size(), 13U);
   EXPECT_EQ(found.size(), expected.size());
   for (const auto& [section, keys] : expected) {
     ASSERT_TRUE(found.contains(section)) << section.toStdString();
@@ -105,8 +117,82 @@ TEST_P(SampleLanguageTest, EveryFeatureNameLeadsToItsOwnCode) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::Values("deutsch", "espanol"),
-                         [](const auto& test) { return std::string(test.param); });
+TEST_P(SampleLanguageTest, EveryLineEndsWithCrLf) {
+  EXPECT_GT(Content().count('\n'), 300);
+  EXPECT_EQ(Content().count('\n'), Content().count("\r\n"));
+}
+
+TEST_P(SampleLanguageTest, EveryTextHasThePlacesOfItsValues) {
+  TemporaryProgramFolder folder;
+  folder.UseLanguage(Content());
+  const ModuleLanguage::LanguageFile file;
+  for (const auto& text : ModuleLanguage::FurtherTexts()) {
+    const QString english = QString::fromLatin1(text.text);
+    const QString value = file.Value(u"Texts"_s, QString::fromLatin1(text.key), QString());
+    for (const QString& place : {u"%1"_s, u"%2"_s}) {
+      EXPECT_EQ(value.count(place), english.count(place)) << text.key;
+    }
+    EXPECT_EQ(value.count(u'%'), english.count(u'%')) << text.key;
+  }
+}
+
+TEST_P(SampleLanguageTest, TheLocaleIsALanguage) {
+  TemporaryProgramFolder folder;
+  folder.UseLanguage(Content());
+  const QString name = ModuleLanguage::ReadLangString(u"Language"_s, u"Locale"_s, QString());
+  EXPECT_NE(QLocale(name).language(), QLocale::C) << name.toStdString();
+}
+
+// The lines of the template that stand above the keys.
+std::map<QString, QString> CommentsIn(const QByteArray& content) {
+  std::map<QString, QString> comments;
+  QString above;
+  for (const QString& whole : QString::fromUtf8(content).split(u'\n')) {
+    const QString line = whole.trimmed();
+    if (line.contains(u'=') && !line.startsWith(u';')) {
+      comments[line.section(u'=', 0, 0)] = above.startsWith(u"; "_s) ? above.mid(2) : QString();
+    }
+    above = line;
+  }
+  return comments;
+}
+
+TEST(LanguageTemplateTest, EveryKeySaysWhereItsTextIsSeen) {
+  const auto comments = CommentsIn(Sample(u"languages/english/langSetting.INI"_s));
+  EXPECT_GT(comments.size(), 300U);
+  for (const auto& [key, comment] : comments) EXPECT_FALSE(comment.isEmpty()) << key.toStdString();
+  for (const auto& text : ModuleLanguage::FurtherTexts()) {
+    EXPECT_EQ(comments.at(QString::fromLatin1(text.key)), QLatin1String(text.seen)) << text.key;
+  }
+}
+
+TEST(LanguageTemplateTest, EveryFurtherTextStandsThereAsTheProgramHasIt) {
+  TemporaryProgramFolder folder;
+  folder.UseLanguage(Sample(u"languages/english/langSetting.INI"_s));
+  const ModuleLanguage::LanguageFile file;
+  QSet<QString> seen;
+  for (const auto& text : ModuleLanguage::FurtherTexts()) {
+    const QString key = QString::fromLatin1(text.key);
+    if (seen.contains(key)) continue;  // another spelling of the same text
+    seen.insert(key);
+    EXPECT_EQ(file.Value(u"Texts"_s, key, QString()), QLatin1String(text.text));
+  }
+}
+
+// Whatever languages there are.
+std::vector<std::string> Languages() {
+  std::vector<std::string> names;
+  const QDir folder(QStringLiteral(BRIVON_SAMPLES "/languages"));
+  for (const QString& name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    names.push_back(name.toStdString());
+  }
+  return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, SampleLanguageTest, testing::ValuesIn(Languages()),
+                         [](const auto& test) { return test.param; });
+
+TEST(SampleLanguagesTest, ThereAreAtLeastThree) { EXPECT_GE(Languages().size(), 3U); }
 
 TEST(SampleConfigurationTest, TheSampleConfiguresTwoPanelsOnOneAddress) {
   TemporaryProgramFolder folder;

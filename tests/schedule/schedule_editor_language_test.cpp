@@ -45,6 +45,19 @@ TEST_F(GermanScheduleEditor, TextsComeFromTheLanguageFile) {
   EXPECT_EQ(dialog_.title, Text("Meldung"));
 }
 
+TEST_F(GermanScheduleEditor, ALineOfTheTimeThatIsTooLongKeepsBothBoxesInSight) {
+  const QByteArray words = QByteArray("Stunde ").repeated(12).trimmed();
+  folder_.UseLanguage("[Texts]\nfrmSchedule.Label3=" + words + "    " + words + "    jede\n");
+  Window().resize(1, 1);
+  const auto* line = Find<QLabel>("Label3");
+  const QRect hour = Find<QLineEdit>("txtHour")->geometry();
+  const QRect minute = Find<QLineEdit>("txtMin")->geometry();
+  EXPECT_TRUE(line->rect().contains(hour));
+  EXPECT_TRUE(line->rect().contains(minute));
+  EXPECT_LT(hour.right(), minute.left());
+  EXPECT_LE(Window().width(), 800);
+}
+
 TEST_F(GermanScheduleEditor, LongCaptionsLeaveTheTableItsRoom) {
   QByteArray texts = "[frmSchedule]\n";
   for (const char* name : {"butNew", "butSaveAs", "labelRow", "labelCol", "butAdd", "butClear"}) {
