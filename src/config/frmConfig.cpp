@@ -1,5 +1,7 @@
 #include "config/frmConfig.h"
 
+#include <initializer_list>
+
 #include <QKeyEvent>
 #include <QSignalBlocker>
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QHelpEvent>
+#include <QImage>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -92,6 +93,20 @@ qreal CaptionButton::Scale() const {
   return scale;
 }
 
+QList<QColor> CaptionButton::Grounds(const QStyleOptionButton& option) const {
+  constexpr int kEvery = 4;  // pixels, within which a style's shades hardly differ
+  QImage drawn(size(), QImage::Format_RGB32);
+  drawn.fill(option.palette.color(QPalette::Window));
+  QPainter painter(&drawn);
+  style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+  const QRect area = SymbolArea().toRect() & drawn.rect();
+  QList<QColor> grounds;
+  for (int y = area.top(); y <= area.bottom(); y += kEvery) {
+    grounds.append(drawn.pixelColor(area.center().x(), y));
+  }
+  return grounds;
+}
+
 void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
   QStyleOptionButton option;
@@ -100,8 +115,14 @@ void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
   painter.drawControl(QStyle::CE_PushButton, option);
 
   const QColor line = option.palette.color(QPalette::ButtonText);
-  const QColor accent = isEnabled() ? option.palette.color(QPalette::Highlight) : line;
-  DrawLauncherSymbol(&painter, symbol_, SymbolArea(), line, accent);
+  QColor outline = line;
+  QColor accent = line;
+  if (isEnabled() && !SymbolArea().isEmpty()) {
+    const QList<QColor> grounds = Grounds(option);
+    outline = ReadableOn(grounds, line);
+    accent = ReadableOn(grounds, option.palette.color(QPalette::Highlight));
+  }
+  DrawLauncherSymbol(&painter, symbol_, SymbolArea(), outline, accent);
   painter.setPen(line);
   painter.setFont(Scaled(font(), Scale()));
   DrawCaption(&painter, CaptionArea(), Qt::AlignCenter, text(), true);

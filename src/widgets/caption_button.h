@@ -2,10 +2,14 @@
 // all buttons of its row with them. A large one can show a symbol with its caption.
 #pragma once
 
+#include <QColor>
+#include <QList>
 #include <QPushButton>
 
 #include "widgets/fitted_text.h"
 #include "widgets/launcher_symbols.h"
+
+class QStyleOptionButton;
 
 class CaptionButton : public QPushButton {
   Q_OBJECT
@@ -36,6 +40,9 @@ class CaptionButton : public QPushButton {
   QRectF Inside() const;
   QRectF SymbolArea() const;
   QRectF CaptionArea() const;
+
+  /// The shades of the button behind its symbol, as its style draws them.
+  QList<QColor> Grounds(const QStyleOptionButton& option) const;
 
   LauncherSymbol symbol_ = LauncherSymbol::kNone;
 };

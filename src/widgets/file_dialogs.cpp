@@ -2,12 +2,16 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QScreen>
 #include <QStringList>
+#include <QTreeView>
 
 #include "base/files.h"
 #include "language/further_texts.h"
 #include "language/module_language.h"
 #include "store/configuration_store.h"
+#include "widgets/file_types.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -18,6 +22,12 @@ using ModuleLanguage::TranslateMessage;
 using ModuleLanguage::TranslateText;
 
 constexpr qsizetype kLongestPath = 100;
+
+// In letters: beside the places and the other columns a long name can be read.
+constexpr int kLettersAcross = 140;
+constexpr int kLinesDown = 30;
+
+constexpr QSize kFrame(16, 40);  // what a desktop puts around a window
 
 QStringList NameFilters(const QString& filter) {
   const QStringList parts = filter.split(QLatin1Char('|'));
@@ -33,8 +43,22 @@ QStringList NameFilters(const QString& filter) {
   return filters;
 }
 
+// Gives size, type and date what they need, and the name all the rest.
+void FitColumns(const QFileDialog& dialog) {
+  auto* files = dialog.findChild<QTreeView*>(u"treeView"_s);
+  if (files == nullptr) return;
+  QHeaderView* header = files->header();
+  header->setStretchLastSection(false);
+  for (int column = 0; column < header->count(); ++column) {
+    header->showSection(column);
+    header->setSectionResizeMode(
+        column, column == 0 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+  }
+}
+
 QString RunDialog(QWidget* window, const QString& name, const QString& title, const QString& filter,
                   int preselected, QFileDialog::AcceptMode mode) {
+  FileTypes types;
   QFileDialog dialog(window, TranslateMessage(title), Brivon1::ProgramFolder());
   dialog.setObjectName(name);
   dialog.setOption(QFileDialog::DontUseNativeDialog);
@@ -44,6 +68,13 @@ QString RunDialog(QWidget* window, const QString& name, const QString& title, co
   const QStringList filters = NameFilters(filter);
   dialog.setNameFilters(filters);
   dialog.selectNameFilter(filters.value(preselected - 1));
+  dialog.setIconProvider(&types);
+  dialog.setViewMode(QFileDialog::Detail);
+  FitColumns(dialog);
+  const QFontMetrics letters = dialog.fontMetrics();
+  const QSize wanted(kLettersAcross * letters.averageCharWidth(), kLinesDown * letters.height());
+  dialog.resize(
+      dialog.size().expandedTo(wanted).boundedTo(dialog.screen()->availableSize() - kFrame));
   if (dialog.exec() != QDialog::Accepted) return {};
   return QDir::toNativeSeparators(dialog.selectedFiles().value(0));
 }

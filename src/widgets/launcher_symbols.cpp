@@ -1,5 +1,8 @@
 #include "widgets/launcher_symbols.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -69,7 +72,46 @@ void DrawExit(QPainter* painter, const QColor& accent) {
   painter->drawLine(QPointF(16, 3), QPointF(16, 14));
 }
 
+constexpr double kContrast = 3.05;  // 3:1, and what the rounding of colours takes
+
+constexpr int kShades = 32;
+
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+double LeastContrast(const QColor& colour, const QList<QColor>& grounds) {
+  double least = Contrast(Qt::black, Qt::white);
+  for (const QColor& ground : grounds) least = std::min(least, Contrast(colour, ground));
+  return least;
+}
+
+QColor Mixed(const QColor& from, const QColor& to, int shade) {
+  const auto part = [shade](int a, int b) { return a + (b - a) * shade / kShades; };
+  return QColor(part(from.red(), to.red()), part(from.green(), to.green()),
+                part(from.blue(), to.blue()));
+}
+
 }  // namespace
+
+QColor ReadableOn(const QList<QColor>& grounds, const QColor& wanted) {
+  const bool is_darker = LeastContrast(Qt::black, grounds) > LeastContrast(Qt::white, grounds);
+  const QColor away = is_darker ? Qt::black : Qt::white;
+  int shade = 0;
+  while (shade < kShades && LeastContrast(Mixed(wanted, away, shade), grounds) < kContrast) {
+    ++shade;
+  }
+  return Mixed(wanted, away, shade);
+}
 
 void DrawLauncherSymbol(QPainter* painter, LauncherSymbol symbol, const QRectF& area,
                         const QColor& line, const QColor& accent) {

@@ -3,11 +3,16 @@
 #pragma once
 
 #include <QColor>
+#include <QList>
 #include <QRectF>
 
 class QPainter;
 
 enum class LauncherSymbol { kNone, kMessage, kScrolling, kSchedule, kConfig, kCommand, kExit };
+
+/// `wanted`, made darker or lighter where it has not a contrast of 3:1 against all of `grounds`,
+/// the shades that it is drawn on.
+QColor ReadableOn(const QList<QColor>& grounds, const QColor& wanted);
 
 /// Draws a symbol into the square `area`: its outline in `line`, what it holds in `accent`.
 void DrawLauncherSymbol(QPainter* painter, LauncherSymbol symbol, const QRectF& area,

@@ -1,5 +1,7 @@
 #include "widgets/message_boxes.h"
 
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QLabel>
 #include <QWidget>
 
@@ -14,6 +16,20 @@ void UsePlainText(QMessageBox& box) {
   for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
 }
 
+// What a desktop puts beside a window's title: a symbol, three buttons and the room between them.
+constexpr int kBesideTitle = 160;
+
+/// Makes `box` so wide that its title is not cut.
+void MakeRoomForTitle(QMessageBox& box) {
+  auto* layout = qobject_cast<QGridLayout*>(box.layout());
+  if (layout == nullptr) return;
+  QFont font = box.font();
+  font.setBold(true);  // as most desktops write a title
+  const int title = QFontMetrics(font).horizontalAdvance(box.windowTitle());
+  layout->addItem(new QSpacerItem(title + kBesideTitle, 0, QSizePolicy::Minimum),
+                  layout->rowCount(), 0, 1, layout->columnCount());
+}
+
 }  // namespace
 
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style) {
@@ -21,6 +37,7 @@ void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& st
                   QMessageBox::Ok, window);
   box.setInformativeText(style.informative);
   UsePlainText(box);
+  MakeRoomForTitle(box);
   box.exec();
 }
 
@@ -33,6 +50,7 @@ SaveAnswer AskToSave(QWidget* window) {
                   ModuleLanguage::TranslateMessage(u"File not saved. Save it now?"_s),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, window);
   UsePlainText(box);
+  MakeRoomForTitle(box);
   box.setDefaultButton(QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::Cancel);
   switch (box.exec()) {
