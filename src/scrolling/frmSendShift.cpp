@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "language/module_language.h"
 #include "scrolling/scrolling_transmission.h"
+#include "sending/sending_words.h"
 #include "ui_frmSendShift.h"
 #include "widgets/caption_loader.h"
 #include "widgets/message_boxes.h"
@@ -48,6 +49,7 @@ frmSendShift::frmSendShift(QWidget* parent, const QString& file_name,
                          {ui_->butBrowse, ui_->lblFileName}, file_name);
   session_ = new SendingSession(
       this, {ui_->butSend, ui_->butDone, ui_->butBrowse, ui_->ComboID, ui_->txtLine}, ports);
+  session_->ShowNote(SerialNote(Brivon1::Store()));
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSendShift::Send);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
   LoadCaptions(this);

@@ -43,9 +43,12 @@ ProgressView::ProgressView(QWidget* parent)
     : QWidget(parent),
       bar_(new QProgressBar(this)),
       text_(new ElidedLabel(this)),
+      note_(new ElidedLabel(this)),
       stop_(new QPushButton(TranslateMessage(u"Stop"_s), this)) {
   bar_->setObjectName(u"barProgress"_s);
   text_->setObjectName(u"lblProgress"_s);
+  note_->setObjectName(u"lblNote"_s);
+  note_->hide();
   stop_->setObjectName(u"butStop"_s);
   bar_->setTextVisible(false);
   bar_->setAccessibleName(TranslateMessage(u"Progress"_s));
@@ -60,6 +63,7 @@ ProgressView::ProgressView(QWidget* parent)
   layout->addWidget(bar_, 0, 0);
   layout->addWidget(stop_, 0, 1);
   layout->addWidget(text_, 1, 0, 1, 2);
+  layout->addWidget(note_, 2, 0, 1, 2);
   layout->setColumnStretch(0, 1);
   connect(stop_, &QPushButton::clicked, this, &ProgressView::StopPressed);
   for (QWidget* control : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(stop_)}) {
@@ -93,6 +97,11 @@ void ProgressView::Show(const Progress& progress) {
     bar_->setValue(bar_->maximum() - 1);  // what is left is the schedule
   }
   text_->setText(ProgressText(progress));
+}
+
+void ProgressView::SetNote(const QString& note) {
+  note_->setText(note);
+  note_->setVisible(!note.isEmpty());
 }
 
 void ProgressView::ShowStopping() {

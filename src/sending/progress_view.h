@@ -1,5 +1,6 @@
 // How far a transmission has come, and the button that ends it: the part of every window that sends
-// which is seen only while it does. Its room is always kept, so that nothing moves.
+// which is seen only while it does. Its room is always kept, so that nothing moves. Below it may
+// stand a note on what is to be known before anything is sent.
 #pragma once
 
 #include <QWidget>
@@ -25,6 +26,9 @@ class ProgressView : public QWidget {
   /// Shows a step of which nobody knows how long it takes.
   void ShowText(const QString& text);
 
+  /// Shows a note from now on.
+  void SetNote(const QString& note);
+
   /// Shows that a stop has been asked for, which need not be asked for again.
   void ShowStopping();
 
@@ -34,5 +38,6 @@ class ProgressView : public QWidget {
  private:
   QProgressBar* bar_;
   ElidedLabel* text_;
+  ElidedLabel* note_;
   QPushButton* stop_;
 };

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include <QKeyEvent>
+#include <QPushButton>
+#include <QShortcut>
 
 #include "language/module_language.h"
 #include "panel_line/window_ports.h"
@@ -29,6 +31,17 @@ SendingSession::SendingSession(QDialog* window, QList<QWidget*> locked_controls,
   if (view_ != nullptr) {
     connect(view_, &ProgressView::StopPressed, this, &SendingSession::RequestStop);
   }
+  ShowNote(LinkNote(Brivon1::Store()));
+  if (auto* send = window->findChild<QPushButton*>(u"butSend"_s)) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      connect(new QShortcut(Qt::CTRL | key, window), &QShortcut::activated, send,
+              &QPushButton::click);
+    }
+  }
+}
+
+void SendingSession::ShowNote(const QString& note) {
+  if (view_ != nullptr) view_->SetNote(note);
 }
 
 bool SendingSession::eventFilter(QObject* object, QEvent* event) {

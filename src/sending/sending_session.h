@@ -22,11 +22,15 @@ class SendingSession : public QObject {
 
  public:
   /// `locked_controls` are disabled while the window sends, and a ProgressView of the window shows
-  /// how far it has come. `ports` outlive the session; without any it has the real ones.
+  /// how far it has come. Ctrl+Return sends from everywhere in the window. `ports` outlive the
+  /// session; without any it has the real ones.
   SendingSession(QDialog* window, QList<QWidget*> locked_controls,
                  const Brivon1::PanelPorts* ports = nullptr);
 
   bool IsSending() const { return is_sending_; }
+
+  /// Shows `note` in the window in place of the one about the configured link.
+  void ShowNote(const QString& note);
 
   /// Ends the transmission after the attempt in progress; does nothing while none runs.
   void RequestStop();

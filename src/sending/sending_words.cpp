@@ -26,6 +26,17 @@ QString LastBytes(qint64 milliseconds) {
 
 }  // namespace
 
+QString LinkNote(const Brivon1::Configuration& configuration) {
+  if (configuration.Mode() != Brivon1::SendMode::kNone) return {};
+  return TranslateMessage(u"No link is chosen: Config, Communication Selection"_s);
+}
+
+QString SerialNote(const Brivon1::Configuration& configuration) {
+  return TranslateMessage(u"Sent over Com %1, %2"_s)
+      .arg(configuration.com_port)
+      .arg(Brivon1::SerialDevice(configuration, configuration.com_port));
+}
+
 QString ProgressText(const Progress& progress) {
   if (progress.milliseconds_left >= 0) return LastBytes(progress.milliseconds_left);
   if (IsSchedule(progress)) {

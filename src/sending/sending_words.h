@@ -4,6 +4,14 @@
 #include <QString>
 
 #include "panel_line/progress.h"
+#include "store/configuration_store.h"
+
+/// What is to be known of the configured link before anything is sent; empty where there is
+/// nothing.
+QString LinkNote(const Brivon1::Configuration& configuration);
+
+/// Which serial port a window uses that sends over no other link.
+QString SerialNote(const Brivon1::Configuration& configuration);
 
 /// How far it has come, in one line.
 QString ProgressText(const Brivon1::Progress& progress);
