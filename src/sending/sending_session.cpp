@@ -154,6 +154,7 @@ void Sending::ShowFailure(const OpenLine& line, int id, const QString& text,
   if (line.timer.stop.made) {
     ShowAborted(ArrivedText(line.progress, id), style);
   } else {
+    style.informative = FailureText(line.progress, id);
     ShowResult(text, style);
   }
 }

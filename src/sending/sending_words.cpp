@@ -87,3 +87,14 @@ QString ArrivedText(const Progress& progress, int id) {
              .arg(progress.files) +
          u'\n' + progress.file_name + u": "_s + rows;
 }
+
+QString FailureText(const Progress& progress, int id) {
+  if (!HasBegun(progress)) return {};
+  QString text;
+  if (id != 0 && progress.attempt == progress.attempts) {
+    text = TranslateMessage(u"No response from display panel. Please check connection."_s) + u'\n' +
+           TranslateMessage(u"Panel ID %1 was tried %2 times."_s).arg(id).arg(progress.attempts) +
+           u'\n';
+  }
+  return text + ArrivedText(progress, id);
+}

@@ -19,3 +19,7 @@ QString ProgressText(const Brivon1::Progress& progress);
 /// What of a transmission to panel `id` that has ended before its end is on the panel, and what is
 /// not.
 QString ArrivedText(const Brivon1::Progress& progress, int id);
+
+/// Why a transmission to panel `id` over an open line has failed, what to do, and what is on the
+/// panel; empty where nothing has been sent.
+QString FailureText(const Brivon1::Progress& progress, int id);

@@ -105,6 +105,22 @@ TEST_P(ProgressOfAConnection, SaysThatItConnects) {
   EXPECT_EQ(shown, u"Connecting to the panel"_s);
 }
 
+TEST_P(ProgressOfAWindow, OfASilentPanelIsSaidWithTheFailureAndWhatToDo) {
+  bench_.Fail({.silent = true});
+  SendDialog dialog = Open();
+  const MessageBoxReader boxes;
+  dialog.Click("butSend");
+  ASSERT_EQ(boxes.Texts(), Failed());
+  const QString said = boxes.Seen().last().informative;
+  EXPECT_TRUE(
+      said.startsWith(u"No response from display panel. Please check connection.\n"
+                      "Panel ID %1 was tried 5 times.\n"_s.arg(window_.panel.id)))
+      << said.toStdString();
+  if (window_.name == std::string("Page")) {
+    EXPECT_TRUE(said.endsWith(u"\n0 of 4 rows have arrived, 4 have not."_s)) << said.toStdString();
+  }
+}
+
 TEST(ProgressText, GivesTheSecondsThatTheLastBytesNeed) {
   EXPECT_EQ(ProgressText({.milliseconds_left = 1}), u"The last bytes are leaving, 1 s left"_s);
   EXPECT_EQ(ProgressText({.milliseconds_left = 61000}), u"The last bytes are leaving, 61 s left"_s);
