@@ -46,17 +46,28 @@ frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
   QSizePolicy line_place = ui_->lblWhatItDeletes->sizePolicy();
   line_place.setRetainSizeWhenHidden(true);
   ui_->lblWhatItDeletes->setSizePolicy(line_place);
+  ui_->lblWhatItDeletes->setText(TranslateMessage(ui_->lblWhatItDeletes->text()));
   ShowWhatItDeletes();
   // The file's own section has no text for the frame; that of a window that has one says the same.
   if (ModuleLanguage::IsLanguageActive()) {
     ui_->FrameStatus->setTitle(ModuleLanguage::ReadLangString(
         u"frmSendMsg"_s, u"frmSendMsg.FrameStatus"_s, ui_->FrameStatus->title()));
   }
+  KeepCommandsInSight();
   LoadCaptions(this);
   ui_->ListCommand->setAccessibleName(windowTitle());
 }
 
 frmCommand::~frmCommand() = default;
+
+void frmCommand::KeepCommandsInSight() {
+  QListWidget* list = ui_->ListCommand;
+  int height = 2 * list->frameWidth();
+  for (int row = 0; row < list->count(); ++row) {
+    height += list->sizeHintForRow(row) + 2 * list->spacing();
+  }
+  list->setMinimumHeight(height);
+}
 
 std::optional<PanelCommand> frmCommand::SelectedCommand() const {
   const QList<QListWidgetItem*> selected = ui_->ListCommand->selectedItems();

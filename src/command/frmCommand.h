@@ -30,6 +30,7 @@ class frmCommand : public QDialog {
   /// Says what the selected command will do where it deletes.
   void ShowWhatItDeletes();
 
+  void KeepCommandsInSight();
   void Send();
   void CarryOut(Sending& sending, Brivon1::OpenLine& line, int id);
 

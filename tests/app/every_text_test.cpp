@@ -92,7 +92,7 @@ class BracketingTranslator : public QTranslator {
 QString Forgotten(QString text) {
   static const QRegularExpression bracketed(u"«[^«»]*»"_s);
   static const QRegularExpression word(u"\\p{L}[\\p{L}\\p{N}]"_s);
-  text.remove(bracketed);
+  while (text.contains(bracketed)) text.remove(bracketed);  // from the inside out
   text.remove(Brivon1::ProgramFolder());
   for (const QString& same : kTheSameEverywhere) text.remove(same);
   return text.contains(word) ? text : QString();
