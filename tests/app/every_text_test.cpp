@@ -261,14 +261,14 @@ TEST_F(BracketedTest, TheMenuOfAMessageIsTranslated) {
 TEST_F(BracketedTest, TheReasonWhyAPortCannotBeOpenedIsTranslated) {
   folder_.Configure(
       "[Dimension Config]\r\nID001=4x96,Mono\r\n[Communication]\r\nSendMode=RS232\r\n"
-      "[Serial Ports]\r\nCom2=/dev/no-such-port\r\n");
+      "[Serial Ports]\r\nCom2=/dev/no-translated-port\r\n");
   frmCommand window(nullptr);
   MessageBoxReader boxes;
   window.findChild<QAbstractButton*>(u"butSend"_s)->click();
   ASSERT_EQ(boxes.Seen().size(), 1);
   EXPECT_EQ(boxes.Seen()[0].text, u"«Fail to initialize communication port!»"_s);
   EXPECT_EQ(boxes.Seen()[0].title, u"«Command»"_s);
-  EXPECT_EQ(boxes.Seen()[0].informative, u"/dev/no-such-port: «No such file or directory»"_s);
+  EXPECT_EQ(boxes.Seen()[0].informative, u"/dev/no-translated-port: «No such file or directory»"_s);
 }
 
 // The captions that stand in .ui files: what the template says is what the window shows anyway.

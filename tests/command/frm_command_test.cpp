@@ -293,12 +293,12 @@ TEST_F(CommandWindowAlone, DoneClosesTheWindow) {
 TEST_F(CommandWindowAlone, NoPortIsAnExclamation) {
   folder_.Configure(
       "[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n[Communication]\r\nSendMode=RS232\r\n"
-      "[Serial Ports]\r\nCom2=/dev/no-such-port\r\n");
+      "[Serial Ports]\r\nCom2=/dev/no-command-port\r\n");
   CommandWindow command;
   const MessageBoxReader boxes;
   command.DoubleClick(0);
   ExpectBox(boxes, u"Fail to initialize communication port!"_s, QMessageBox::Warning);
-  EXPECT_EQ(boxes.Seen().value(0).informative, u"/dev/no-such-port: No such file or directory"_s);
+  EXPECT_EQ(boxes.Seen().value(0).informative, u"/dev/no-command-port: No such file or directory"_s);
   EXPECT_TRUE(command.IsReady());
 }
 
