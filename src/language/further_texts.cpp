@@ -127,8 +127,7 @@ constexpr FurtherText kTexts[] = {
     // File types
     {"txtBrivonPage", "Brivon page", "file dialogs, the type of a .msg file"},
     {"txtBrivonSchedule", "Brivon schedule", "file dialogs, the type of a .sch file"},
-    {"txtBrivonScrolling", "Brivon scrolling message",
-     "file dialogs, the type of a .srl file"},
+    {"txtBrivonScrolling", "Brivon scrolling message", "file dialogs, the type of a .srl file"},
     // Names that a screen reader speaks
     {"txtDate", "Date", "what stands for the date in a page, for screen readers"},
     {"txtTime", "Time", "what stands for the time in a page, for screen readers"},

@@ -7,7 +7,7 @@
 namespace Brivon1 {
 
 /// What a panel may send while nobody reads, in bytes.
-inline constexpr qint64 kReadBuffer = 64 * 1024;
+inline constexpr qint64 kReadBuffer = qint64{64} * 1024;
 
 /// A panel beside the PC answers within a millisecond: the first read behind a frame waits for
 /// that, which is cheaper than a round through the event loop.

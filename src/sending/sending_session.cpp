@@ -120,7 +120,7 @@ std::optional<OpenLine> Sending::Open(SendMode mode, const TcpEndpoint& endpoint
                                       const StatusLabel& status, MessageBoxStyle failure_style) {
   if (mode == SendMode::kNone) return std::nullopt;
   Brivon1::PanelConnection& connection = session_->connection_;
-  const Brivon1::Configuration configuration = Brivon1::Store();
+  Brivon1::Configuration configuration = Brivon1::Store();
   ProgressView* view = session_->view_;
   if (view != nullptr) view->ShowText(TranslateMessage(u"Connecting to the panel"_s));
   const bool is_open = connection.Open(mode, configuration, endpoint);
@@ -133,7 +133,7 @@ std::optional<OpenLine> Sending::Open(SendMode mode, const TcpEndpoint& endpoint
       if (view != nullptr) view->Show(progress);
     };
     return OpenLine{
-        connection.Link(), connection.Timer(), connection.Clock(), configuration, status,
+        connection.Link(), connection.Timer(), connection.Clock(), std::move(configuration), status,
         show_progress};
   }
   failure_style.informative = connection.FailureReason();

@@ -12,6 +12,7 @@ QSize CaptionBox::minimumSizeHint() const {
   // What the toolkit wants for a longer title, and nothing else does.
   const int beyond =
       std::max(0, fontMetrics().horizontalAdvance(title()) - CaptionWidth(font(), title()));
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): that of the layout alone
   const int width = std::max(QWidget::minimumSizeHint().width(), least.width() - beyond);
   return {width, least.height()};
 }

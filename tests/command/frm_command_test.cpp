@@ -298,7 +298,8 @@ TEST_F(CommandWindowAlone, NoPortIsAnExclamation) {
   const MessageBoxReader boxes;
   command.DoubleClick(0);
   ExpectBox(boxes, u"Fail to initialize communication port!"_s, QMessageBox::Warning);
-  EXPECT_EQ(boxes.Seen().value(0).informative, u"/dev/no-command-port: No such file or directory"_s);
+  EXPECT_EQ(boxes.Seen().value(0).informative,
+            u"/dev/no-command-port: No such file or directory"_s);
   EXPECT_TRUE(command.IsReady());
 }
 

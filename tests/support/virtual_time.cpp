@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kBitMillisecondsOfAByte = 10 * 1000;
+constexpr qint64 kBitMillisecondsOfAByte = qint64{10} * 1000;
 
 }  // namespace
 

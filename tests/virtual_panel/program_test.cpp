@@ -102,7 +102,8 @@ TEST_F(ProgramTest, RefusesBadUseInWords) {
   EXPECT_EQ(Refusal(Words("--headless --panel 1:4x96:tri --panel 1:2x48:tri")),
             u"virtual_panel: panel \"1:2x48:tri\": there is a panel 1 already\n"_s);
   EXPECT_TRUE(Refusal(Words("--headless --tcp nowhere:x")).contains(u"nowhere:x"_s));
-  EXPECT_TRUE(Refusal(Words("--headless --serial /dev/no-program-port")).contains(u"no-program-port"_s));
+  EXPECT_TRUE(
+      Refusal(Words("--headless --serial /dev/no-program-port")).contains(u"no-program-port"_s));
   EXPECT_TRUE(Refusal(Words("--headless --fault loud")).contains(u"\"loud\""_s));
   EXPECT_TRUE(Refusal(Words("--headless --clock-answer 9")).contains(u"no such panel"_s));
   EXPECT_TRUE(Refusal(Words("--headless --log /no/such/folder/log")).contains(u"/no/such"_s));

@@ -28,7 +28,7 @@ QList<Answer> Answering::AnswerWith(const QByteArray& acknowledgement) {
   int time = faults_.late_ms;
   if (!acknowledgement.isEmpty() && !IsSwallowed()) {
     const QByteArray bytes = Spoiled(acknowledgement);
-    const qsizetype pieces = qBound(qsizetype(1), qsizetype(faults_.pieces), bytes.size());
+    const qsizetype pieces = qBound(qsizetype{1}, qsizetype{faults_.pieces}, bytes.size());
     for (qsizetype piece = 0; piece < pieces; ++piece) {
       const qsizetype begin = bytes.size() * piece / pieces;
       const qsizetype end = bytes.size() * (piece + 1) / pieces;
