@@ -76,8 +76,11 @@ CommandReport CarryOutCommand(OpenLine& line, PanelCommand command, int id, cons
       if (line.configuration.Mode() != SendMode::kSerial) {
         return {{u"Set Clock Finished!"_s}, Title(), true};
       }
-      WaitForAck(line.link, line.timer, id);
-      if (id == 0) HasArrived(line, id);  // what is said does not depend on it
+      // Only a stop changes what is said.
+      if (!(WaitForAck(line.link, line.timer, id) && (id != 0 || HasArrived(line, id))) &&
+          line.timer.stop.made) {
+        return TransmissionError();
+      }
       return {{u"Set clock is done!"_s}, Title(), true};
     case PanelCommand::kDeleteAll:
       if (!SendWithPauses(line, id, DeleteAllFrame(id))) return TransmissionError();

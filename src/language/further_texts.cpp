@@ -117,8 +117,6 @@ constexpr FurtherText kTexts[] = {
     {"txtUnknown",
      "ID 0 is all panels together, and they do not answer: how much has arrived is not known.",
      "sending to ID 0, stopped or failed"},
-    {"txtAllFiles", "All %1 files have arrived. The schedule has not.",
-     "sending a schedule, stopped or failed"},
     {"txtSomeFiles", "%1 of %2 files have arrived. The schedule has not.",
      "sending a schedule, stopped or failed"},
     {"txtSomeRows", "%1 of %2 rows have arrived, %3 have not.", "sending, stopped or failed"},

@@ -15,7 +15,8 @@ struct Progress {
   int file = 0;  ///< The message file of a schedule that is being sent, from 1, or was sent last.
   int files = 0;
   QString file_name = {};
-  int attempt = 0;  ///< At the frame, from 1; 0 before its first one.
+  bool is_schedule = false;  ///< Whether the files have arrived and their schedule is being sent.
+  int attempt = 0;           ///< At the frame, from 1; 0 before its first one.
   int attempts = kAttempts;
   qint64 milliseconds_left = -1;  ///< Until what was written has left; -1 where nobody knows.
 };

@@ -153,6 +153,7 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
     return false;
   }
   line.progress.row = line.progress.rows = line.progress.attempt = 0;
+  line.progress.is_schedule = true;
   for (int pause = 0; pause < kPausesAheadOfTheSchedule; ++pause) {
     WaitTicks(line.timer, line.configuration.delay_period);
   }

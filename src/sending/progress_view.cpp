@@ -75,6 +75,7 @@ ProgressView::ProgressView(QWidget* parent)
 void ProgressView::Begin() {
   if (!stop_->isHidden()) return;
   bar_->setRange(0, 0);
+  seconds_left_ = -1;
   bar_->show();
   stop_->setEnabled(true);
   stop_->setCursor(Qt::ArrowCursor);
@@ -88,12 +89,19 @@ void ProgressView::End() {
   text_->clear();
 }
 
+bool ProgressView::CanStop() const { return stop_->isVisible() && stop_->isEnabled(); }
+
 void ProgressView::Show(const Progress& progress) {
+  // A line that drains is looked at a hundred times a second.
+  const qint64 seconds_left =
+      progress.milliseconds_left < 0 ? -1 : (progress.milliseconds_left + 999) / 1000;
+  if (seconds_left >= 0 && seconds_left == seconds_left_) return;
+  seconds_left_ = seconds_left;
   const Frames frames = FramesOf(progress);
   if (frames.all > 0) {
     bar_->setRange(0, frames.all);
     bar_->setValue(frames.arrived);
-  } else if (progress.files > 0) {
+  } else if (progress.is_schedule) {
     bar_->setValue(bar_->maximum() - 1);  // what is left is the schedule
   }
   text_->setText(ProgressText(progress));

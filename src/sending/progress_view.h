@@ -21,6 +21,9 @@ class ProgressView : public QWidget {
   void Begin();
   void End();
 
+  /// Whether "Stop" can be pressed now.
+  bool CanStop() const;
+
   void Show(const Brivon1::Progress& progress);
 
   /// Shows a step of which nobody knows how long it takes.
@@ -40,4 +43,5 @@ class ProgressView : public QWidget {
   ElidedLabel* text_;
   ElidedLabel* note_;
   QPushButton* stop_;
+  qint64 seconds_left_ = -1;  // as shown; -1 where none are
 };

@@ -59,7 +59,7 @@ bool SendingSession::eventFilter(QObject* object, QEvent* event) {
 }
 
 void SendingSession::RequestStop() {
-  if (!is_sending_) return;
+  if (!is_sending_ || (view_ != nullptr && !view_->CanStop())) return;
   connection_.Timer().stop.made = true;
   if (view_ != nullptr) view_->ShowStopping();
 }
@@ -129,6 +129,7 @@ std::optional<OpenLine> Sending::Open(SendMode mode, const TcpEndpoint& endpoint
     return std::nullopt;
   }
   if (is_open) {
+    if (view != nullptr) view->ShowText({});
     const auto show_progress = [view](const Progress& progress) {
       if (view != nullptr) view->Show(progress);
     };
@@ -154,7 +155,7 @@ void Sending::ShowFailure(const OpenLine& line, int id, const QString& text,
   if (line.timer.stop.made) {
     ShowAborted(ArrivedText(line.progress, id), style);
   } else {
-    style.informative = FailureText(line.progress, id);
+    style.informative = FailureText(line.progress, id, line.timer.last_ack_status);
     ShowResult(text, style);
   }
 }

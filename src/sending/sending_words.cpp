@@ -13,15 +13,19 @@ namespace {
 
 constexpr int kSecond = 1000;
 
-bool IsSchedule(const Progress& progress) { return progress.rows == 0 && progress.files > 0; }
-
 bool HasBegun(const Progress& progress) {
-  return progress.attempt > 0 || progress.row > 1 || progress.file > 1 || IsSchedule(progress);
+  return progress.attempt > 0 || progress.row > 1 || progress.file > 1 || progress.is_schedule;
 }
 
 QString LastBytes(qint64 milliseconds) {
   const qint64 seconds = (milliseconds + kSecond - 1) / kSecond;
   return TranslateMessage(u"The last bytes are leaving, %1 s left"_s).arg(seconds);
+}
+
+QString FilesArrived(int arrived, int all) {
+  return TranslateMessage(u"%1 of %2 files have arrived. The schedule has not."_s)
+      .arg(arrived)
+      .arg(all);
 }
 
 }  // namespace
@@ -39,7 +43,7 @@ QString SerialNote(const Brivon1::Configuration& configuration) {
 
 QString ProgressText(const Progress& progress) {
   if (progress.milliseconds_left >= 0) return LastBytes(progress.milliseconds_left);
-  if (IsSchedule(progress)) {
+  if (progress.is_schedule) {
     return TranslateMessage(u"Schedule, attempt %1 of %2"_s)
         .arg(progress.attempt)
         .arg(progress.attempts);
@@ -71,10 +75,7 @@ QString ArrivedText(const Progress& progress, int id) {
     return TranslateMessage(
         u"ID 0 is all panels together, and they do not answer: how much has arrived is not known."_s);
   }
-  if (IsSchedule(progress)) {
-    return TranslateMessage(u"All %1 files have arrived. The schedule has not."_s)
-        .arg(progress.files);
-  }
+  if (progress.is_schedule) return FilesArrived(progress.files, progress.files);
   if (progress.rows == 0) return TranslateMessage(u"The panel has not acknowledged it."_s);
   const int arrived = std::max(progress.row - 1, 0);
   const QString rows = TranslateMessage(u"%1 of %2 rows have arrived, %3 have not."_s)
@@ -82,19 +83,20 @@ QString ArrivedText(const Progress& progress, int id) {
                            .arg(progress.rows)
                            .arg(progress.rows - arrived);
   if (progress.files == 0) return rows;
-  return TranslateMessage(u"%1 of %2 files have arrived. The schedule has not."_s)
-             .arg(progress.file - 1)
-             .arg(progress.files) +
-         u'\n' + progress.file_name + u": "_s + rows;
+  return FilesArrived(progress.file - 1, progress.files) + u'\n' + progress.file_name + u": "_s +
+         rows;
 }
 
-QString FailureText(const Progress& progress, int id) {
+QString FailureText(const Progress& progress, int id, int last_ack_status) {
   if (!HasBegun(progress)) return {};
-  QString text;
-  if (id != 0 && progress.attempt == progress.attempts) {
-    text = TranslateMessage(u"No response from display panel. Please check connection."_s) + u'\n' +
-           TranslateMessage(u"Panel ID %1 was tried %2 times."_s).arg(id).arg(progress.attempts) +
-           u'\n';
+  QStringList lines;
+  if (id != 0 && progress.attempt == progress.attempts && last_ack_status != 1) {
+    if (last_ack_status < 0) {
+      lines.append(TranslateMessage(u"No response from display panel. Please check connection."_s));
+    }
+    lines.append(
+        TranslateMessage(u"Panel ID %1 was tried %2 times."_s).arg(id).arg(progress.attempts));
   }
-  return text + ArrivedText(progress, id);
+  lines.append(ArrivedText(progress, id));
+  return lines.join(u'\n');
 }

@@ -21,5 +21,5 @@ QString ProgressText(const Brivon1::Progress& progress);
 QString ArrivedText(const Brivon1::Progress& progress, int id);
 
 /// Why a transmission to panel `id` over an open line has failed, what to do, and what is on the
-/// panel; empty where nothing has been sent.
-QString FailureText(const Brivon1::Progress& progress, int id);
+/// panel; empty where nothing has been sent. `last_ack_status` is the TickTimer's.
+QString FailureText(const Brivon1::Progress& progress, int id, int last_ack_status);

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QContextMenuEvent>

@@ -161,7 +161,7 @@ TEST_P(StopOfASchedule, BehindItsFilesLeavesThemOnThePanel) {
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), kAborted);
   EXPECT_EQ(boxes.Seen().value(0).informative,
-            u"All 1 files have arrived. The schedule has not."_s);
+            u"1 of 1 files have arrived. The schedule has not."_s);
   EXPECT_EQ(bench_.Frames(), window_.frames.first(2));
 }
 
