@@ -62,7 +62,9 @@ TEST_F(FileListTest, TheProgramsFilesAreNamedByTheirSuffixWhateverIsInThem) {
   QDir(folder_.Path(QString())).mkdir(u"e.msg"_s);
   WithList(5, [&](QTreeView& list) {
     for (const auto& [name, type] : files) {
-      const auto is_named = [&] { return Cell(list, name, kType).data() == type; };
+      const auto is_named = [&list, &file = name, &shown = type] {
+        return Cell(list, file, kType).data() == shown;
+      };
       EXPECT_TRUE(QTest::qWaitFor(is_named)) << name.toStdString();
     }
     EXPECT_NE(Cell(list, u"e.msg"_s, kType).data(), u"Brivon page"_s);

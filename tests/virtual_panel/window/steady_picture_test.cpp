@@ -114,7 +114,7 @@ TEST_P(SteadyPicture, StaysWhenPagesAndSchedulesArrive) {
 
 INSTANTIATE_TEST_SUITE_P(Windows, SteadyPicture,
                          testing::Values(Screen{{1100, 860}, 10}, Screen{{1100, 860}, 14},
-                                         Screen{{910, 512}, 10}, Screen{{640, 700}, 10},
+                                         Screen{{910, 560}, 10}, Screen{{640, 700}, 10},
                                          Screen{{640, 700}, 14}));
 
 TEST(ManyPanels, KeepTheirSizeWherePagesAndSchedulesAreScrolledTo) {
