@@ -91,9 +91,9 @@ struct CellFont {
 };
 
 const CellFont& FontOf(char size) {
-  static const std::array<CellFont, Brivon1::kSizeNames.size()> kFonts = {
+  static const std::array<CellFont, Brivon1::kSizeNames.size()> fonts = {
       CellFont('A'), CellFont('B'), CellFont('C'), CellFont('D')};
-  return kFonts[size >= 'A' && size <= 'D' ? static_cast<std::size_t>(size - 'A') : 0];
+  return fonts[size >= 'A' && size <= 'D' ? static_cast<std::size_t>(size - 'A') : 0];
 }
 
 /// Draws a cell at (0, 0), letter by letter.
