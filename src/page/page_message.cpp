@@ -29,12 +29,14 @@ PageRow& PageMessage::GoToRow(int number) {
   return Current();
 }
 
-void PageMessage::TypeAll(QByteArrayView characters) {
+qsizetype PageMessage::TypeAll(QByteArrayView characters) {
   // A page of no rows has no place for a character either.
   const qsizetype places = Rows() > 0 ? MaxCharsPerRow() : 0;
   const PageRow before = Current();
-  if (TypeAllInto(Current(), characters, CurrentAttributes(), places)) SetModified(true);
+  const TypingResult result = TypeAllInto(Current(), characters, CurrentAttributes(), places);
+  if (result.is_typing) SetModified(true);
   RecordEdit(current_row_, before, Current());
+  return result.left_out;
 }
 
 void PageMessage::PressMoveKey(MoveKey key) {

@@ -8,6 +8,15 @@ Attributes PageRow::AttributesAt(qsizetype position) const {
   return {size_[position], colour_[position], blink_[position]};
 }
 
+PageRow PageRow::First(qsizetype characters) const {
+  PageRow first(last_column_);
+  first.text_ = text_.left(characters);
+  first.size_ = size_.left(characters);
+  first.colour_ = colour_.left(characters);
+  first.blink_ = blink_.left(characters);
+  return first;
+}
+
 void PageRow::SetCursor(qsizetype column) {
   // A file may hold a longer row than its cursor reaches.
   cursor_ = std::clamp<qsizetype>(column, 0, std::min(Length(), last_column_));

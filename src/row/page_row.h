@@ -38,6 +38,10 @@ class PageRow {
            blink_ == other.blink_;
   }
 
+  /// The row's first `characters` characters, the cursor in front of them; all of it where it has
+  /// no more.
+  PageRow First(qsizetype characters) const;
+
   /// The number of characters in front of the cursor.
   qsizetype Cursor() const { return cursor_; }
 

@@ -77,19 +77,21 @@ qsizetype PreviousWord(const PageRow& row) {
 
 }  // namespace
 
-bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
-                 qsizetype most) {
-  bool is_typing = false;
+TypingResult TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                         qsizetype most) {
+  TypingResult result;
   bool is_cut = false;
   while (!characters.isEmpty()) {
     const QByteArrayView letter = FirstLetter(characters);
     characters = characters.sliced(letter.size());
     is_cut = letter.front() != kBackspace && (is_cut || row.Length() + letter.size() > most);
     for (const char character : letter) {
-      if (TypeInto(row, character, attributes, !is_cut)) is_typing = true;
+      const bool is_typing = TypeInto(row, character, attributes, !is_cut);
+      if (is_typing) result.is_typing = true;
+      if (is_typing && is_cut && character != kEnter) ++result.left_out;
     }
   }
-  return is_typing;
+  return result;
 }
 
 void PressKeyIn(PageRow& row, MoveKey key) {
@@ -147,6 +149,10 @@ TypedBytes BytesOf(const QString& text) {
     typed.bytes += bytes.value_or(QByteArray());
     return bytes.has_value();
   };
+  const auto refuse = [&](QStringView characters) {
+    typed.refused = true;
+    typed.missing += characters;
+  };
   QStringView rest = text;
   while (!rest.isEmpty()) {
     const QStringView written = rest.first(LetterLength(rest));
@@ -155,7 +161,7 @@ TypedBytes BytesOf(const QString& text) {
       if (const auto byte = code_page.ToByte(written.front())) {
         typed.bytes.append(*byte);
       } else if (!type(written)) {
-        typed.refused = true;
+        refuse(written);
       }
       continue;
     }
@@ -163,7 +169,7 @@ TypedBytes BytesOf(const QString& text) {
     if (type(letter)) continue;
     // Of a letter that the code page lacks, what it has.
     for (const QChar character : letter) {
-      if (!type(QStringView(&character, 1))) typed.refused = true;
+      if (!type(QStringView(&character, 1))) refuse(QStringView(&character, 1));
     }
   }
   return typed;

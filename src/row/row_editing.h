@@ -32,13 +32,18 @@ enum class MoveKey {
   kDeleteWord
 };
 
+/// What became of characters that were typed.
+struct TypingResult {
+  bool is_typing = false;  ///< Whether any of them was typing.
+  qsizetype left_out = 0;  ///< How many found no room.
+};
+
 /// The typing rule: Backspace removes, Enter does nothing, any other control character is no typing
 /// at all; whatever else is inserted at the cursor if the row has room, which takes `most`
 /// characters in all. A letter and the marks behind it are inserted whole or not at all, and behind
-/// a letter without room no other one is: a text is cut at its end, not in its middle. Whether any
-/// character was typing.
-bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
-                 qsizetype most);
+/// a letter without room no other one is: a text is cut at its end, not in its middle.
+TypingResult TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                         qsizetype most);
 
 /// What the keys do within a row; those that lead to another row do nothing. A word is what a text
 /// field takes for one: letters and digits, or the other characters between them.
@@ -56,6 +61,7 @@ QString PastedText(const QString& text);
 struct TypedBytes {
   QByteArray bytes;
   bool refused = false;
+  QString missing{};  ///< These characters.
 };
 
 TypedBytes BytesOf(const QString& text);
