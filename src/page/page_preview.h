@@ -47,6 +47,9 @@ class PagePreview : public QWidget {
   /// row stays in sight where it is in that of the rows.
   void Follow(const Sight& sight);
 
+  /// What was shown last.
+  const PanelDots::PanelPicture& Picture() const { return picture_; }
+
   /// The distance of two dots.
   double Pitch() const;
 
