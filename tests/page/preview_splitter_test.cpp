@@ -35,7 +35,7 @@ class PreviewSplitterTest : public testing::Test {
     splitter_.addWidget(rows_);
     splitter_.addWidget(preview_);
     SetHeight(500);
-    splitter_.show();
+    window_.show();
   }
 
   void SetHeight(int height) {
@@ -55,7 +55,8 @@ class PreviewSplitterTest : public testing::Test {
     QTest::mouseRelease(handle, Qt::LeftButton, Qt::NoModifier, middle);
   }
 
-  PreviewSplitter splitter_;
+  QWidget window_;
+  PreviewSplitter splitter_{&window_};
   Pane* rows_ = new Pane(300, 100);
   Pane* preview_ = new Pane(80, 40);
 };
