@@ -1,7 +1,9 @@
 #include "page/row_area.h"
 
 #include <algorithm>
+#include <cstdlib>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -9,6 +11,9 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include "language/further_texts.h"
 #include "widgets/fitted_text.h"
@@ -25,13 +30,25 @@ using ModuleLanguage::TranslateText;
 constexpr int kFirstLeft = 5;
 constexpr int kRowDistance = kCellHeight + 4;
 constexpr int kTop = 4;
-constexpr int kAreaHeight = kTop + kMaxRows * kRowDistance;
-constexpr int kUsualWidth = RowWidth(60);
+constexpr int kLeastRows = 3;
 constexpr int kLeastWidth = RowWidth(20);
 constexpr int kTallestNumber = 14;
 
 /// What stays in sight beside the cursor, in pixels.
 constexpr int kSight = 2 * kCellWidth;
+
+/// Where row `number` begins in the page, and the height of a page of `rows` rows.
+constexpr int TopOf(int number) { return kTop + (number - 1) * kRowDistance; }
+constexpr int HeightOf(int rows) { return TopOf(rows + 1); }
+
+/// Lets `bar` show that of `whole` pixels `seen` are in sight, from `place` on.
+void ShowPlace(QScrollBar& bar, int whole, int seen, int place) {
+  const QSignalBlocker blocker(bar);
+  bar.setRange(0, std::max(0, whole - seen));
+  bar.setPageStep(seen);
+  bar.setValue(place);
+  bar.setEnabled(bar.maximum() > 0);
+}
 
 QString Numbered(QLatin1String name, int number) { return u"%1(%2)"_s.arg(name).arg(number); }
 
@@ -47,35 +64,48 @@ QString SpokenCaption(const QString& caption) {
 }  // namespace
 
 RowArea::RowArea(QWidget* parent)
-    : QWidget(parent), clip_(new QFrame(this)), clipped_(new QWidget(clip_)), left_(kFirstLeft) {
+    : QWidget(parent),
+      clip_(new QFrame(this)),
+      clipped_(new QWidget(clip_)),
+      gutter_(new QWidget(this)),
+      vertical_bar_(new QScrollBar(Qt::Vertical, this)),
+      left_(kFirstLeft) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   clip_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   auto* frame_layout = new QHBoxLayout(clip_);
   frame_layout->setContentsMargins(0, 0, 0, 0);
   frame_layout->addWidget(clipped_);
-  clipped_->setMinimumSize(kLeastWidth, kAreaHeight);
+  clipped_->setMinimumWidth(kLeastWidth);
   clipped_->installEventFilter(this);
 
-  auto* gutter = new QWidget(this);
-  QFont font = gutter->font();
+  QFont font = gutter_->font();
   font.setPixelSize(std::min(kTallestNumber, QFontInfo(font).pixelSize()));
-  gutter->setFont(font);
-  const int frame = clip_->frameWidth();
-  const int width = QFontMetrics(font).horizontalAdvance(u" 12 "_s);
-  gutter->setFixedSize(width, kAreaHeight + 2 * frame);
+  gutter_->setFont(font);
+  gutter_->setFixedWidth(QFontMetrics(font).horizontalAdvance(u" 12 "_s));
   for (int number = 1; number <= kMaxRows; ++number) {
-    auto* label = new QLabel(QString::number(number), gutter);
+    auto* label = new QLabel(QString::number(number), gutter_);
     label->setObjectName(Numbered("lblRowNumber"_L1, number));
     label->setAlignment(Qt::AlignCenter);
-    label->setGeometry(0, frame + kTop + (number - 1) * kRowDistance, width, kCellHeight);
     label->hide();
     numbers_[static_cast<std::size_t>(number - 1)] = label;
   }
 
+  vertical_bar_->setObjectName(u"scrollPage"_s);
+  vertical_bar_->setSingleStep(kRowDistance);
+  vertical_bar_->hide();
+  connect(vertical_bar_, &QScrollBar::valueChanged, this, &RowArea::SetTop);
+
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(gutter, 0, Qt::AlignTop);
-  layout->addWidget(clip_, 1, Qt::AlignTop);
-  clipped_->resize(kUsualWidth, kAreaHeight);
+  layout->setSpacing(0);
+  const int frame = clip_->frameWidth();
+  auto* gutter_layout = new QVBoxLayout;  // cuts the numbers where the frame cuts the rows
+  const int space = style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing);
+  gutter_layout->setContentsMargins(0, frame, space, frame);
+  gutter_layout->addWidget(gutter_);
+  layout->addLayout(gutter_layout);
+  layout->addWidget(clip_, 1);
+  layout->addWidget(vertical_bar_);
 }
 
 void RowArea::Build(const Brivon1::PageMessage& page, QScrollBar& scroll_bar) {
@@ -107,6 +137,7 @@ void RowArea::NameRows(const QString& row_caption, const QString& symbol_caption
     Surface(number).SetWords(words);
   }
   scroll_bar_->setAccessibleName(row);
+  vertical_bar_->setAccessibleName(row);
 }
 
 void RowArea::LayOutRows() {
@@ -115,12 +146,36 @@ void RowArea::LayOutRows() {
     const bool shown = number <= page_->Rows();
     numbers_[static_cast<std::size_t>(number - 1)]->setVisible(shown);
     surface.setVisible(shown);
-    surface.setGeometry(kFirstLeft, kTop + (number - 1) * kRowDistance,
-                        RowWidth(page_->MaxCharsPerRow()), kCellHeight);
+    surface.resize(RowWidth(page_->MaxCharsPerRow()), kCellHeight);
     surface.RedrawRow();
   }
   SetLeft(kFirstLeft);
+  SetTop(0);
+  FitHeight();
   MarkCurrentRow();
+}
+
+int RowArea::RowsToShow() const {
+  return page_ != nullptr && page_->Rows() > 0 ? page_->Rows() : kMaxRows;
+}
+
+QSize RowArea::SizeFor(int rows) const {
+  return {layout()->minimumSize().width(), HeightOf(rows) + 2 * clip_->frameWidth()};
+}
+
+QSize RowArea::sizeHint() const { return SizeFor(RowsToShow()); }
+
+QSize RowArea::minimumSizeHint() const { return SizeFor(std::min(RowsToShow(), kLeastRows)); }
+
+void RowArea::FitHeight() {
+  setMaximumHeight(sizeHint().height());
+  vertical_bar_->setVisible(height() < sizeHint().height());
+  updateGeometry();
+}
+
+void RowArea::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  vertical_bar_->setVisible(height() < sizeHint().height());
 }
 
 void RowArea::MoveRows(int pixels) { SetLeft(left_ + pixels); }
@@ -131,14 +186,24 @@ void RowArea::SetLeft(int left) {
   UpdateScrollBar();
 }
 
+void RowArea::SetTop(int top) {
+  top_ = top;
+  for (int number = 1; number <= kMaxRows; ++number) {
+    const int y = TopOf(number) - top_;
+    Surface(number).move(left_, y);
+    numbers_[static_cast<std::size_t>(number - 1)]->setGeometry(0, y, gutter_->width(),
+                                                                kCellHeight);
+  }
+  UpdateScrollBar();
+}
+
 void RowArea::UpdateScrollBar() {
   if (page_ == nullptr) return;
-  const int page_width = page_->Rows() > 0 ? 2 * kFirstLeft + RowWidth(page_->MaxCharsPerRow()) : 0;
-  const QSignalBlocker blocker(scroll_bar_);
-  scroll_bar_->setRange(0, std::max(0, page_width - clipped_->width()));
-  scroll_bar_->setPageStep(clipped_->width());
-  scroll_bar_->setValue(kFirstLeft - left_);
-  scroll_bar_->setEnabled(scroll_bar_->maximum() > 0);
+  const bool is_page = page_->Rows() > 0;
+  const int page_width = is_page ? 2 * kFirstLeft + RowWidth(page_->MaxCharsPerRow()) : 0;
+  const int page_height = is_page ? HeightOf(page_->Rows()) : 0;
+  ShowPlace(*scroll_bar_, page_width, clipped_->width(), kFirstLeft - left_);
+  ShowPlace(*vertical_bar_, page_height, clipped_->height(), top_);
 }
 
 void RowArea::MarkCurrentRow() {
@@ -157,6 +222,7 @@ int RowArea::LastLeft(int width) const {
 }
 
 void RowArea::FollowCursor() {
+  FollowRow();
   const int width = clipped_->width();
   const int cursor = static_cast<int>(page_->Row(page_->CurrentRow()).Cursor()) * kCellWidth;
   const bool in_sight = cursor + left_ >= 0 && cursor + left_ < width;
@@ -167,12 +233,35 @@ void RowArea::FollowCursor() {
   SetLeft(std::clamp(left, LastLeft(width), kFirstLeft));
 }
 
+void RowArea::FollowRow() {
+  const int height = clipped_->height();
+  // From the one where the row is the last in sight to the one where it is the first.
+  const int most = TopOf(page_->CurrentRow()) - kTop;
+  const int least = std::min(HeightOf(page_->CurrentRow()) - height, most);
+  const int end = std::max(0, HeightOf(page_->Rows()) - height);
+  SetTop(std::clamp(std::clamp(top_, least, most), 0, end));
+}
+
 bool RowArea::eventFilter(QObject* object, QEvent* event) {
   if (object == clipped_ && event->type() == QEvent::Resize && page_ != nullptr) {
     // A page that was shown to its end is not torn from the border of a wider area.
     const int width_before = static_cast<QResizeEvent*>(event)->oldSize().width();
     const bool at_end = left_ <= kFirstLeft && left_ >= LastLeft(width_before);
     SetLeft(at_end ? std::max(left_, LastLeft(clipped_->width())) : left_);
+    FollowRow();
   }
   return QWidget::eventFilter(object, event);
+}
+
+void RowArea::wheelEvent(QWheelEvent* event) {
+  const QPoint turned = event->angleDelta();
+  const bool is_sideways = std::abs(turned.x()) > std::abs(turned.y());
+  const bool moves_sideways = is_sideways || event->modifiers().testFlag(Qt::ShiftModifier) ||
+                              vertical_bar_->maximum() == 0;
+  // With its modifiers the bar would turn whole pages, and with both directions none.
+  QWheelEvent turn(event->position(), event->globalPosition(), event->pixelDelta(),
+                   is_sideways ? QPoint(turned.x(), 0) : QPoint(0, turned.y()), event->buttons(),
+                   Qt::NoModifier, event->phase(), event->inverted());
+  QCoreApplication::sendEvent(moves_sideways ? scroll_bar_ : vertical_bar_, &turn);
+  event->setAccepted(turn.isAccepted());
 }

@@ -1,5 +1,6 @@
 // The part of the page editor that shows the rows: twelve surfaces inside a clipping area, so that
-// a page wider than the screen can be moved through, and the row numbers beside them.
+// a page wider or higher than its window can be moved through, and the row numbers beside them. It
+// takes the height of the page's rows where there is room, and a few rows' where there is not.
 #pragma once
 
 #include <array>
@@ -42,12 +43,30 @@ class RowArea : public QWidget {
   /// Moves the surfaces as far as it takes to show the cursor of the current row.
   void FollowCursor();
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
+  /// The rows that there is to be room for: the page's, or all before there is a page.
+  int RowsToShow() const;
+
+  /// The size with `rows` rows in sight.
+  QSize SizeFor(int rows) const;
+
+  /// Asks for the height of the page's rows, and shows the vertical bar where that is not given.
+  void FitHeight();
+
   void SetLeft(int left);
+  void SetTop(int top);
   void UpdateScrollBar();
+
+  /// Scrolls to the current row.
+  void FollowRow();
 
   /// Where the surfaces' left edge stands when an area of `width` shows the end of the page.
   int LastLeft(int width) const;
@@ -56,7 +75,10 @@ class RowArea : public QWidget {
   QScrollBar* scroll_bar_ = nullptr;
   QFrame* clip_;
   QWidget* clipped_;
+  QWidget* gutter_;
+  QScrollBar* vertical_bar_;
   std::array<RowSurface*, Brivon1::kMaxRows> surfaces_{};
   std::array<QLabel*, Brivon1::kMaxRows> numbers_{};
   int left_;
+  int top_ = 0;  // of the page, what is scrolled out of sight above
 };

@@ -16,6 +16,7 @@
 #include "store/configuration_store.h"
 #include "ui_frmSchedule.h"
 #include "widgets/caption_loader.h"
+#include "widgets/caption_room.h"
 #include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/file_shortcuts.h"
@@ -37,6 +38,8 @@ using ModuleLanguage::TranslateText;
 
 /// With fewer sequences left, the table is scrolled to its top.
 constexpr int kSequencesToScroll = 10;
+
+constexpr int kRowsOnLowScreen = 4;
 
 constexpr const char* kEmpty = "Empty schedule is not allowed!";
 constexpr const char* kExceeded = "Cannot Exceed 26 different message file!";
@@ -80,6 +83,7 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   UpdateButtons();
   ui_->butNew->setFocus();
   LoadCaptions(this);
+  if (IsScreenTooLow(*this)) ui_->GridSeqTable->SetLeastRows(kRowsOnLowScreen);
   ui_->GridSeqTable->setAccessibleName(WithoutShortcutMark(ui_->FrameSchTable->title()));
 }
 

@@ -266,8 +266,38 @@ TEST_F(MsgEditor, ThereIsRoomForTwelveRowsHoweverLongTheCaptionsAre) {
   EXPECT_GE(area->visibleRegion().boundingRect().height(), 12 * 24 + 4);
   window.resize(window.minimumSizeHint());
   QCoreApplication::processEvents();
-  EXPECT_GE(area->visibleRegion().boundingRect().height(), 12 * 24 + 4);
-  EXPECT_LE(window.height(), 700);
+  EXPECT_GE(area->visibleRegion().boundingRect().height(), 3 * 24 + 4);
+  EXPECT_LE(window.height(), 500);
+}
+
+TEST_F(MsgEditor, InALowWindowTheRowsScrollAndTheOneWithTheCursorIsInSight) {
+  New(12, 80);
+  const int high = window_.height();
+  window_.resize(window_.width(), 1);
+  QCoreApplication::processEvents();
+  EXPECT_LE(window_.height(), high - 8 * 24);
+  const auto in_sight = [&](int row) {
+    return Row(row)->visibleRegion().boundingRect() == Row(row)->rect();
+  };
+  EXPECT_TRUE(in_sight(1));
+  EXPECT_FALSE(in_sight(12));
+  for (int row = 1; row <= 12; ++row) {
+    EXPECT_TRUE(in_sight(row)) << row;
+    Key(Qt::Key_Down);
+  }
+  Row(1)->setFocus();
+  EXPECT_TRUE(in_sight(1));
+  Open(WriteMessage("two.msg", "<L01>\r\n<L02>\r\n"));
+  EXPECT_TRUE(in_sight(1));
+  EXPECT_TRUE(in_sight(2));
+}
+
+TEST_F(MsgEditor, APageOfFewRowsLeavesTheRestOfTheWindowFree) {
+  New(12, 80);
+  const int twelve = Row(1)->parentWidget()->height();
+  New(4, 80);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Row(1)->parentWidget()->height(), twelve - 8 * 24);
 }
 
 TEST_F(MsgEditor, CaptionsThatAreMuchLongerAreStillThereWhole) {

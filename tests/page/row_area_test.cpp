@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "page/page_of.h"
+#include "support/wheel.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,14 @@ class RowAreaTest : public testing::Test {
     area_.show();
     area_.LayOutRows();
   }
+
+  /// The part of row `number` that is in sight.
+  QRect InSight(int number) {
+    const RowSurface& row = area_.Surface(number);
+    return row.geometry() & row.parentWidget()->rect();
+  }
+
+  QScrollBar& VerticalBar() { return *area_.findChild<QScrollBar*>(u"scrollPage"_s); }
 
   int Left() { return area_.Surface(1).x(); }
   int Clip() { return area_.Surface(1).parentWidget()->width(); }
@@ -48,6 +57,7 @@ TEST_F(RowAreaTest, ShowsAsManySurfacesAsThePageHasRowsAndHidesTheOthers) {
   }
   page_.Begin({12, 96});
   area_.LayOutRows();
+  area_.resize(area_.sizeHint());
   EXPECT_TRUE(area_.Surface(12).isVisible());
   EXPECT_EQ(area_.Surface(12).width(), 19 * 12 + 5);
   EXPECT_LE(area_.Surface(12).geometry().bottom(), area_.Surface(12).parentWidget()->height());
@@ -60,6 +70,64 @@ TEST_F(RowAreaTest, AWidePageDoesNotWidenTheArea) {
   area_.LayOutRows();
   EXPECT_EQ(area_.minimumSizeHint().width(), narrow);
   EXPECT_EQ(area_.width(), 500);
+}
+
+TEST_F(RowAreaTest, ThePageTakesTheHeightOfItsRowsAndNoMore) {
+  Show(12, 80);
+  const int twelve = area_.sizeHint().height();
+  EXPECT_EQ(area_.maximumHeight(), twelve);
+  EXPECT_TRUE(area_.Surface(12).parentWidget()->rect().contains(area_.Surface(12).geometry()));
+  page_.Begin({4, 80});
+  area_.LayOutRows();
+  EXPECT_EQ(area_.sizeHint().height(), twelve - 8 * 24);
+  EXPECT_EQ(area_.maximumHeight(), area_.sizeHint().height());
+  EXPECT_EQ(area_.height(), area_.sizeHint().height());
+  page_.Begin({1, 80});
+  area_.LayOutRows();
+  EXPECT_EQ(area_.minimumSizeHint().height(), twelve - 11 * 24);
+}
+
+TEST_F(RowAreaTest, ALowAreaScrollsAndKeepsTheCurrentRowInSight) {
+  Show(12, 80);
+  EXPECT_FALSE(VerticalBar().isVisible());
+  EXPECT_LE(area_.minimumSizeHint().height(), 4 * 24);
+  area_.resize(500, area_.minimumSizeHint().height());
+  EXPECT_TRUE(VerticalBar().isVisible());
+  for (const MoveKey key : {MoveKey::kDown, MoveKey::kUp}) {
+    for (int step = 0; step < 12; ++step) {
+      area_.FollowCursor();
+      const int row = page_.CurrentRow();
+      ASSERT_EQ(InSight(row).height(), 20) << row;
+      const auto* number = area_.findChild<QLabel*>(u"lblRowNumber(%1)"_s.arg(row));
+      EXPECT_EQ(number->mapTo(&area_, QPoint()).y(),
+                area_.Surface(row).mapTo(&area_, QPoint()).y());
+      page_.PressMoveKey(key);
+    }
+  }
+  EXPECT_EQ(area_.Surface(1).y(), 4);
+  EXPECT_EQ(VerticalBar().value(), 0);
+}
+
+TEST_F(RowAreaTest, TheVerticalScrollBarMovesThePageToItsEnds) {
+  Show(12, 80);
+  area_.resize(500, 150);
+  VerticalBar().setValue(VerticalBar().maximum());
+  EXPECT_EQ(area_.Surface(12).geometry().bottom() + 5, area_.Surface(12).parentWidget()->height());
+  EXPECT_TRUE(InSight(1).isEmpty());
+  VerticalBar().setValue(0);
+  EXPECT_EQ(area_.Surface(1).y(), 4);
+}
+
+TEST_F(RowAreaTest, AnAreaThatGetsLowerKeepsTheCurrentRowInSight) {
+  Show(12, 80);
+  page_.SetCurrentRow(12);
+  area_.FollowCursor();
+  area_.resize(500, 120);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(InSight(12).height(), 20);
+  area_.resize(500, 1000);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(area_.Surface(1).y(), 4);
 }
 
 TEST_F(RowAreaTest, RowsMoveWithoutBound) {
@@ -123,6 +191,31 @@ TEST_F(RowAreaTest, TheScrollBarShowsAndSetsThePlace) {
   area_.LayOutRows();
   EXPECT_FALSE(bar_.isEnabled());
   EXPECT_EQ(bar_.value(), 0);
+}
+
+TEST_F(RowAreaTest, TheWheelMovesALowPageUpAndDownAndWithShiftSideways) {
+  Show(12, 3000);
+  area_.resize(500, 120);
+  TurnWheel(&area_.Surface(1));
+  EXPECT_EQ(area_.Surface(1).y(), 4 - 3 * 24);
+  EXPECT_EQ(Left(), 5);
+  TurnWheel(&area_.Surface(2), Qt::NoScrollPhase, Qt::ShiftModifier);
+  EXPECT_EQ(area_.Surface(1).y(), 4 - 3 * 24);
+  EXPECT_EQ(Left(), 5 - 3 * 12);
+  EXPECT_EQ(bar_.value(), 3 * 12);
+}
+
+TEST_F(RowAreaTest, TheWheelMovesAWidePageSidewaysWhereAllRowsAreInSight) {
+  Show(2, 3000);
+  TurnWheel(&area_.Surface(1));
+  EXPECT_EQ(Left(), 5 - 3 * 12);
+  TurnWheel(area_.Surface(1).parentWidget(), Qt::NoScrollPhase, Qt::ShiftModifier);
+  EXPECT_EQ(Left(), 5 - 6 * 12);
+  EXPECT_EQ(area_.Surface(1).y(), 4);
+  page_.Begin({2, 80});
+  area_.LayOutRows();
+  TurnWheel(&area_.Surface(1));
+  EXPECT_EQ(Left(), 5);
 }
 
 TEST_F(RowAreaTest, AWiderAreaShowsMoreOfThePage) {
