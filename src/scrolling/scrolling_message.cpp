@@ -4,11 +4,6 @@
 #include <utility>
 
 namespace Brivon1 {
-namespace {
-
-constexpr int kTheOneRow = 1;
-
-}  // namespace
 
 void ScrollingMessage::Begin() { TakeOver(PageRow(PageRow::kEveryColumn)); }
 
@@ -28,6 +23,16 @@ void ScrollingMessage::TypeAll(QByteArrayView characters) {
   Finish(before);
 }
 
+void ScrollingMessage::ShowEditedRow(const PageRow& before) {
+  if (row_.Length() < before.Length()) LookBackAfter(before);
+  FollowCursor();
+}
+
+qsizetype ScrollingMessage::ColumnAt(double x) const {
+  // A mouse beside the span reaches one character more.
+  return first_visible_ + std::clamp<qsizetype>(NearestBoundary(x), -1, kSpan + 1);
+}
+
 void ScrollingMessage::ShowRestoredRow() {
   LookBack();
   FollowCursor();
@@ -36,7 +41,7 @@ void ScrollingMessage::ShowRestoredRow() {
 void ScrollingMessage::PressMoveKey(MoveKey key) {
   const PageRow before = row_;
   PressKeyIn(row_, key);
-  if (key == MoveKey::kBackspaceWord) LookBackAfter(before);
+  if (row_.Length() < before.Length()) LookBackAfter(before);
   Finish(before);
 }
 

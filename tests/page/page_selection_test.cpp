@@ -1,0 +1,240 @@
+// What is done with the selected characters of a page, with several lines that are pasted, and with
+// a row as a whole.
+#include <gtest/gtest.h>
+
+#include "page/page_of.h"
+#include "page/row_width.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Brivon1::LeftOut;
+using Brivon1::MoveKey;
+using Brivon1::PageMessage;
+using Brivon1::PageRow;
+
+/// Chosen attributes, by place in the lists.
+void Choose(PageMessage& page, int size, int colour = 0) {
+  page.ChooseSize(size);
+  page.ChooseColour(colour);
+}
+
+QByteArrayList Texts(const PageMessage& page) {
+  QByteArrayList texts;
+  for (int number = 1; number <= page.Rows(); ++number) texts.append(page.Row(number).Text());
+  return texts;
+}
+
+TEST(PageSelection, SeveralLinesGoOnIntoTheFollowingRowsAsOneEdit) {
+  PageMessage page = PageOf(4, 40);
+  page.SetCurrentRow(3);
+  Type(page, "end");
+  page.SetCurrentRow(2);
+  Type(page, "[]");
+  page.PressMoveKey(MoveKey::kLeft);
+  const LeftOut left_out = page.Paste(u"one\r\ntwo \nthree\n"_s);
+  EXPECT_EQ(left_out, LeftOut{});
+  EXPECT_EQ(Texts(page), QByteArrayList({"", "[one]", "two end", "three"}));
+  EXPECT_EQ(page.CurrentRow(), 4);
+  EXPECT_EQ(page.Row(4).Cursor(), 5);
+  EXPECT_TRUE(page.IsModified());
+  page.Undo();
+  EXPECT_EQ(Texts(page), QByteArrayList({"", "[]", "end", ""}));
+  EXPECT_EQ(page.CurrentRow(), 2);
+  EXPECT_EQ(page.Row(2).Cursor(), 1);
+  page.Redo();
+  EXPECT_EQ(Texts(page), QByteArrayList({"", "[one]", "two end", "three"}));
+  EXPECT_EQ(page.CurrentRow(), 4);
+}
+
+TEST(PageSelection, APasteCountsWhatItLeavesOutAndWhy) {
+  PageMessage page = PageOf(2, 25);  // five places
+  EXPECT_EQ(page.Paste(u"1234567\nab\u9053cd\nno row\n"_s), (LeftOut{2 + 6, 1}));
+  EXPECT_EQ(Texts(page), QByteArrayList({"12345", "abcd"}));
+  page.SetModified(false);
+  EXPECT_EQ(page.Paste(u"\u9053\u9053"_s), (LeftOut{0, 2}));
+  EXPECT_TRUE(page.IsModified());  // as a refused key
+  page.Undo();
+  EXPECT_EQ(Texts(page), QByteArrayList({"", ""}));
+  EXPECT_EQ(PageOf(0, 25).Paste(u"a\nb"_s), (LeftOut{2, 0}));
+}
+
+TEST(PageSelection, APasteTakesThePlaceOfTheSelectionAndCountsIt) {
+  PageMessage page = PageOf(1, 25);
+  Type(page, "abcde");
+  page.Select(1, 1, 3);
+  EXPECT_EQ(page.Paste(u"XYZ"_s), (LeftOut{1, 0}));
+  EXPECT_EQ(page.Row(1).Text(), "aXYde");
+  page.Select(1, 1, 3);
+  EXPECT_EQ(page.Paste(u"\u9053"_s), (LeftOut{0, 1}));
+  EXPECT_EQ(page.Row(1).SelectionLength(), 2);
+}
+
+TEST(PageSelection, PastedCharactersKeepTheirAttributesAndObeyTheTypingRule) {
+  PageMessage page = PageOf(2, 20);
+  Choose(page, 3, 15);
+  page.ChooseBlink(true);
+  Type(page, "abc");
+  const PageRow copied = page.Row(1);
+  Choose(page, 0);
+  page.ChooseBlink(false);
+  EXPECT_EQ(page.Paste(copied), (LeftOut{2, 0}));
+  EXPECT_EQ(Shown(page.Row(1)), "abca|DDDD|PPPP|BBBB");
+  page.Undo();
+  EXPECT_EQ(page.Row(1).Text(), "abc");
+}
+
+TEST(PageSelection, AnotherRowEndsIt) {
+  PageMessage page = PageOf(2, 80);
+  Type(page, "abc");
+  page.Select(1, 0, 2);
+  page.SetCurrentRow(1);
+  EXPECT_TRUE(page.Row(1).HasSelection());
+  page.SetCurrentRow(2);
+  EXPECT_FALSE(page.Row(1).HasSelection());
+  page.Select(1, 0, 2);
+  page.PressMoveKey(MoveKey::kUp);
+  EXPECT_FALSE(page.Row(1).HasSelection());
+}
+
+TEST(PageSelection, DeletingItMarksThePageWhereDeleteAloneDoesNot) {
+  PageMessage page = PageOf(1, 80);
+  Type(page, "abcd");
+  page.Select(1, 3, 1);
+  page.SetModified(false);
+  page.PressMoveKey(MoveKey::kDelete);
+  EXPECT_EQ(page.Row(1).Text(), "ad");
+  EXPECT_TRUE(page.IsModified());
+  page.SetModified(false);
+  page.PressMoveKey(MoveKey::kDelete);
+  EXPECT_EQ(page.Row(1).Text(), "a");
+  EXPECT_FALSE(page.IsModified());
+}
+
+TEST(PageSelection, AChoiceForItIsOneEditThatKeepsIt) {
+  PageMessage page = PageOf(1, 80);
+  Type(page, "abcd");
+  page.Select(1, 1, 3);
+  page.SetModified(false);
+  EXPECT_TRUE(page.ChooseColour(1));
+  EXPECT_TRUE(page.IsModified());
+  EXPECT_EQ(Shown(page.Row(1)), "abcd|AAAA|ABBA|NNNN");
+  EXPECT_EQ(page.Row(1).SelectionLength(), 2);
+  EXPECT_TRUE(page.ChooseBlink(true));
+  EXPECT_TRUE(page.ChooseSize(2));
+  EXPECT_EQ(Shown(page.Row(1)), "abcd|ACCA|ABBA|NBBN");
+  EXPECT_EQ(page.CurrentAttributes(), (Brivon1::Attributes{'C', 'B', 'B'}));
+  page.Undo();
+  page.Undo();
+  EXPECT_EQ(Shown(page.Row(1)), "abcd|AAAA|ABBA|NNNN");
+  EXPECT_FALSE(page.Row(1).HasSelection());
+}
+
+TEST(PageSelection, ASizeThatThePanelHasNoRoomForIsRefusedWhole) {
+  PageMessage page = PageOf(1, 40);  // eight places of five dots
+  Choose(page, 1);
+  Type(page, "12345678");
+  page.Select(1, 0, 8);
+  page.SetModified(false);
+  EXPECT_FALSE(page.ChooseSize(0));
+  EXPECT_EQ(Shown(page.Row(1)), "12345678|BBBBBBBB|AAAAAAAA|NNNNNNNN");
+  EXPECT_EQ(page.CurrentAttributes().size, 'B');
+  EXPECT_EQ(page.Row(1).SelectionLength(), 8);
+  EXPECT_FALSE(page.IsModified());
+  EXPECT_TRUE(page.ChooseSize(3));
+  EXPECT_TRUE(page.ChooseColour(9));
+  EXPECT_EQ(page.Row(1).Size(), "DDDDDDDD");
+}
+
+TEST(PageSelection, ARowThatIsTooWideMayBeMadeNarrowerButNotWider) {
+  PageMessage page = PageOf(1, 40);
+  Type(page, "1234567");  // 42 dots
+  page.ChooseSize(1);
+  Type(page, "8");
+  page.Select(1, 7, 8);
+  EXPECT_FALSE(page.ChooseSize(0));
+  page.Select(1, 0, 1);
+  EXPECT_TRUE(page.ChooseSize(2));
+  page.Select(1, 0, 8);
+  EXPECT_TRUE(page.ChooseSize(3));
+  EXPECT_EQ(page.Row(1).Size(), "DDDDDDDD");
+}
+
+TEST(PageSelection, ClearingARowIsOneEdit) {
+  PageMessage page = PageOf(1, 80);
+  EXPECT_FALSE(page.ClearRow());
+  EXPECT_FALSE(page.IsModified());
+  Type(page, "abc");
+  page.SetModified(false);
+  EXPECT_TRUE(page.ClearRow());
+  EXPECT_EQ(page.Row(1).Text(), "");
+  EXPECT_TRUE(page.IsModified());
+  page.Undo();
+  EXPECT_EQ(page.Row(1).Text(), "abc");
+}
+
+TEST(PageSelection, CentringTakesTheDotsOfTheSizes) {
+  PageMessage page = PageOf(3, 96);
+  Type(page, "abcd");  // 24 of 96 dots: 36 in front, six normal blanks
+  EXPECT_TRUE(page.CanCentreRow());
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(page.Row(1).Text(), "      abcd");
+  EXPECT_EQ(page.Row(1).Cursor(), 10);
+  EXPECT_FALSE(page.CanCentreRow());
+  EXPECT_FALSE(page.CentreRow());
+  page.Undo();
+  EXPECT_EQ(page.Row(1).Text(), "abcd");
+
+  page.SetCurrentRow(2);
+  Choose(page, 3, 9);
+  Type(page, "   abcd");  // lit ground: the blanks are seen, 35 dots of 96
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(Shown(page.Row(2)), "         abcd|DDDDDDDDDDDDD|AAAAAAJJJJJJJ|NNNNNNNNNNNNN");
+
+  page.SetCurrentRow(3);
+  Choose(page, 0);
+  page.InsertGraphic('A');  // six dots: 45 in front are seven or eight blanks
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(page.Row(3).Text(), "        ~A");
+}
+
+TEST(PageSelection, CentringReplacesTheDarkBlanksInFrontAndCountsNoneBehind) {
+  PageMessage page = PageOf(1, 60);
+  Type(page, "         ab ");  // twelve places: all taken
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(page.Row(1).Text(), "    ab ");
+  EXPECT_EQ(page.Row(1).Cursor(), 7);
+}
+
+TEST(PageSelection, CentringNeverGoesBeyondWhatTheRowHolds) {
+  PageMessage page = PageOf(2, 60);
+  Type(page, "123456789012");
+  EXPECT_FALSE(page.CanCentreRow());
+  EXPECT_FALSE(page.CentreRow());
+  EXPECT_EQ(page.Row(1).Text(), "123456789012");
+  page.SetCurrentRow(2);
+  Type(page, "a         b");  // eleven characters, 66 of 60 dots
+  EXPECT_FALSE(page.CentreRow());
+  page.ClearRow();
+  Type(page, "a         ");
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(page.Row(2).Text(), "  a         ");
+  page.ClearRow();
+  Type(page, "   ");
+  EXPECT_FALSE(page.CentreRow());
+}
+
+TEST(RowWidth, ASymbolIsOneCharacterAndCompressedOnesAreNarrower) {
+  PageMessage page = PageOf(1, 200);
+  Type(page, "ab~C");
+  EXPECT_EQ(DotsOf(page.Row(1)), 18);
+  Choose(page, 1);
+  Type(page, "d~");
+  EXPECT_EQ(DotsOf(page.Row(1)), 28);
+  Choose(page, 1, 1);
+  Type(page, "E");  // of another colour: no symbol
+  EXPECT_EQ(DotsOf(page.Row(1)), 33);
+}
+
+}  // namespace
