@@ -55,7 +55,8 @@ void ScrollingMessage::Finish(const PageRow& before) {
 }
 
 void ScrollingMessage::LookBackAfter(const PageRow& before) {
-  if (row_.Cursor() < before.Cursor()) LookBack();
+  const bool was_removed = before.HasSelection() && row_.Length() < before.Length();
+  if (was_removed || row_.Cursor() < before.Cursor()) LookBack();
 }
 
 void ScrollingMessage::LookBack() {

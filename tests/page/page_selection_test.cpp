@@ -1,9 +1,16 @@
 // What is done with the selected characters of a page, with several lines that are pasted, and with
 // a row as a whole.
+#include <string>
+
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
+#include "page/message_file.h"
 #include "page/page_of.h"
 #include "page/row_width.h"
+#include "panel_dots/dot_matrix.h"
+#include "row/random_edits.h"
 
 using namespace Qt::StringLiterals;
 
@@ -225,6 +232,18 @@ TEST(PageSelection, CentringNeverGoesBeyondWhatTheRowHolds) {
   EXPECT_FALSE(page.CentreRow());
 }
 
+TEST(RowWidth, IsThatOfThePanelsCharacters) {
+  PageMessage page = PageOf(1, 500);
+  Type(page, "ab~C");
+  page.InsertTime();
+  Choose(page, 3);
+  page.InsertDate();
+  Type(page, "~Z~");
+  const QDateTime clock(QDate(2024, 5, 21), QTime(7, 30));
+  EXPECT_EQ(DotsOf(page.Row(1)),
+            ColumnsOf(PanelDots::ParseCells("<SA><CA>ab<GC><DT><SD><DD><GZ>~"), clock));
+}
+
 TEST(RowWidth, ASymbolIsOneCharacterAndCompressedOnesAreNarrower) {
   PageMessage page = PageOf(1, 200);
   Type(page, "ab~C");
@@ -235,6 +254,74 @@ TEST(RowWidth, ASymbolIsOneCharacterAndCompressedOnesAreNarrower) {
   Choose(page, 1, 1);
   Type(page, "E");  // of another colour: no symbol
   EXPECT_EQ(DotsOf(page.Row(1)), 33);
+}
+
+// The rows of a page, each with its attributes.
+std::string AllRows(const PageMessage& page) {
+  std::string rows;
+  for (int number = 1; number <= Brivon1::kMaxRows; ++number) {
+    rows += Shown(page.Row(number)) + '/';
+  }
+  return rows;
+}
+
+TEST(PageSelection, RandomEditsStayWithinTheirRoomAndAllCanBeTakenBack) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(u"random.msg"_s);
+  for (unsigned seed = 1; seed <= 40; ++seed) {
+    RandomEdits edits(seed);
+    PageMessage page = PageOf(3, 48);  // nine places
+    Type(page, "first");
+    const Brivon1::PageRows rows = {page.Row(1), page.Row(1), page.Row(1)};
+    page.TakeOver({3, 48}, rows);
+    const std::string first = AllRows(page);
+    for (int edit = 0; edit < 400; ++edit) {
+      const QByteArray sizes = page.EditedRow().Size();
+      const bool fitted = DotsOf(page.EditedRow()) <= 48;
+      const QByteArray text = page.EditedRow().Text();
+      const int number = page.CurrentRow();
+      switch (edits.Below(4)) {
+        case 0:
+          page.PressMoveKey(edits.Key());
+          break;
+        case 1:
+          page.TypeAll(QByteArray(1, static_cast<char>(edits.Below(256))));
+          break;
+        case 2:
+          page.Click(1 + edits.Below(3), edits.Below(200));
+          break;
+        default:
+          edits.Edit(page, 3);
+      }
+      for (int row = 1; row <= Brivon1::kMaxRows; ++row) {
+        ExpectEqualLengths(page.Row(row));
+        ASSERT_LE(page.Row(row).Length(), row <= 3 ? 9 : 0);
+        ASSERT_TRUE(row == page.CurrentRow() || !page.Row(row).HasSelection());
+      }
+      ASSERT_LE(page.EditedRow().SelectionEnd(), page.EditedRow().Length());
+      // Another size of the same characters alone never makes a row that fits too wide.
+      const bool resized = page.CurrentRow() == number && page.EditedRow().Text() == text &&
+                           page.EditedRow().Size() != sizes;
+      if (resized && fitted) {
+        ASSERT_LE(DotsOf(page.EditedRow()), 48) << seed << ' ' << edit;
+      }
+    }
+    const std::string last = AllRows(page);
+    ASSERT_EQ(Brivon1::SaveMessageFile(path, page), Brivon1::SaveResult::kSaved);
+    PageMessage saved;
+    saved.TakeOver({3, 48}, Brivon1::LoadMessageFile(path)->rows);
+    EXPECT_EQ(AllRows(saved), last) << "what is saved is what is shown";
+    while (page.Redo()) {
+    }
+    const std::string redone = AllRows(page);
+    int undone = 0;
+    while (page.Undo()) ++undone;
+    EXPECT_EQ(AllRows(page), first) << seed;
+    EXPECT_GT(undone, 20);
+    while (page.Redo()) {
+    }
+    EXPECT_EQ(AllRows(page), redone) << seed;
+  }
 }
 
 }  // namespace
