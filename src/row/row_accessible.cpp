@@ -58,6 +58,7 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.editable = true;
+    state.selectableText = true;
     return state;
   }
 

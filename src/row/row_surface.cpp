@@ -20,7 +20,7 @@ using Brivon1::RowCommand;
 
 /// A selection has a frame in a colour that no character has, and behind its characters a ground
 /// that is nearly black, so that they keep their own colours.
-constexpr QColor kSelectionGround{24, 32, 48};
+constexpr QColor kSelectionGround{34, 34, 34};
 constexpr QColor kSelectionFrame{120, 180, 255};
 
 void DrawFrame(QPainter& painter, const QRect& cells) {
@@ -202,7 +202,13 @@ void RowSurface::paintEvent(QPaintEvent* event) {
   const QRect selected = SelectionRectangle();
   if (!selected.isEmpty()) painter.fillRect(selected, kSelectionGround);
   DrawRow(painter, row_, exposed, blinking_hidden_, span_);
-  if (!selected.isEmpty()) DrawFrame(painter, selected);
+  if (!selected.isEmpty()) {
+    // It stays open where the selection goes on out of sight.
+    const bool goes_on_left = row_.SelectionBegin() < span_.first;
+    const bool goes_on_right = row_.SelectionEnd() > span_.Behind(row_);
+    DrawFrame(painter,
+              selected.adjusted(goes_on_left ? -1 : 0, 0, goes_on_right ? kRowMargin + 1 : 0, 0));
+  }
   if (cursor_line_ != CursorLine::kNone) {
     DrawCursorLine(painter, CursorCell(), cursor_line_ == CursorLine::kShown);
   }
@@ -244,7 +250,8 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
 }
 
 void RowSurface::mouseMoveEvent(QMouseEvent* event) {
-  if (dragging_) Q_EMIT Dragged(event->position().x());
+  const bool held = event->buttons().testFlag(Qt::LeftButton);
+  if (dragging_ && held) Q_EMIT Dragged(event->position().x());
 }
 
 void RowSurface::mouseReleaseEvent(QMouseEvent* event) {

@@ -111,6 +111,7 @@ TEST_F(RowAccessible, IsAnEditableTextThatHasItsNameAndItsText) {
   EXPECT_EQ(Accessible().text(QAccessible::Name), u"Row 1"_s);
   EXPECT_EQ(Accessible().text(QAccessible::Value), u"Road works"_s);
   EXPECT_TRUE(Accessible().state().editable);
+  EXPECT_TRUE(Accessible().state().selectableText);
   EXPECT_TRUE(Accessible().state().focusable);
   EXPECT_FALSE(Accessible().state().multiLine);
   EXPECT_EQ(Text().characterCount(), 10);
