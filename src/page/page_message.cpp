@@ -48,10 +48,12 @@ PageRow PageMessage::Centred(const PageRow& row) const {
   return CentredRow(row, Columns(), Places());
 }
 
-void PageMessage::TypeAll(QByteArrayView characters) {
+qsizetype PageMessage::TypeAll(QByteArrayView characters) {
   const PageRow before = Current();
-  if (TypeAllInto(Current(), characters, CurrentAttributes(), Places())) SetModified(true);
+  const TypingResult result = TypeAllInto(Current(), characters, CurrentAttributes(), Places());
+  if (result.is_typing) SetModified(true);
   RecordEdit(current_row_, before, Current());
+  return result.left_out;
 }
 
 void PageMessage::PressMoveKey(MoveKey key) {

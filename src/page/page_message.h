@@ -56,8 +56,8 @@ class PageMessage : public EditedMessage {
   void SetCurrentRow(int number);
 
   /// Types characters into the current row by the typing rule; Undo() takes them back together.
-  /// Typing marks the page modified, whatever the effect.
-  void TypeAll(QByteArrayView characters);
+  /// Typing marks the page modified, whatever the effect. How many characters found no room.
+  qsizetype TypeAll(QByteArrayView characters);
 
   /// A key whose character cannot be stored: changes nothing, marks the page modified.
   void RefuseKey() { SetModified(true); }

@@ -93,10 +93,10 @@ bool EditedMessage::CanCentreRow() const {
   return !Centred(EditedRow()).ShowsTheSameAs(EditedRow());
 }
 
-LeftOut EditedMessage::Paste(const QString& text) {
+PasteLoss EditedMessage::Paste(const QString& text) {
   const int first = EditedNumber();
   const PastedText pasted = PastedLines(text, LastNumber() - first + 1);
-  LeftOut left_out{pasted.left_over, 0};
+  PasteLoss loss{pasted.left_over};
   std::vector<RowState> edited;
   bool is_typing = false;
   for (int at = 0; at < pasted.lines.size(); ++at) {
@@ -104,32 +104,26 @@ LeftOut EditedMessage::Paste(const QString& text) {
     PageRow& row = GoToRow(first + at);
     const PageRow before = row;
     if (at > 0) row.Home();
-    const qsizetype kept = row.Length() - row.SelectionLength();
-    if (TypeAllInto(row, typed.bytes, attributes_, Places())) is_typing = true;
-    left_out.no_byte += typed.refused;
-    left_out.no_room += typed.bytes.size();
-    if (!row.HasSelection()) left_out.no_room -= row.Length() - kept;
+    const TypingResult result = TypeAllInto(row, typed.bytes, attributes_, Places());
     ShowEditedRow(before);
+    is_typing = is_typing || result.is_typing || typed.refused;
+    loss.no_room += result.left_out;
+    loss.missing += typed.missing;
     if (!row.ShowsTheSameAs(before)) edited.push_back({first + at, before});
   }
-  if (is_typing || left_out.no_byte > 0) MarkTyped();
+  if (is_typing) MarkTyped();
   if (!edited.empty()) {
     history_.Record(std::move(edited));
     SetModified(true);
   }
-  return left_out;
+  return loss;
 }
 
-LeftOut EditedMessage::Paste(const PageRow& characters) {
-  qsizetype inserted = 0;
-  bool is_typing = false;
-  Edit([&](PageRow& row) {
-    const qsizetype kept = row.Length() - row.SelectionLength();
-    is_typing = TypeAllInto(row, characters, Places());
-    if (!row.HasSelection()) inserted = row.Length() - kept;
-  });
-  if (is_typing) MarkTyped();
-  return {characters.Length() - inserted, 0};
+PasteLoss EditedMessage::Paste(const PageRow& characters) {
+  TypingResult result;
+  Edit([&](PageRow& row) { result = TypeAllInto(row, characters, Places()); });
+  if (result.is_typing) MarkTyped();
+  return {result.left_out};
 }
 
 bool EditedMessage::Undo() {

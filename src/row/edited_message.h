@@ -3,7 +3,7 @@
 // save.
 #pragma once
 
-#include <QList>
+#include <QString>
 
 #include "row/edit_history.h"
 #include "row/page_row.h"
@@ -11,12 +11,12 @@
 
 namespace Brivon1 {
 
-/// How many characters a paste has left out, and why.
-struct LeftOut {
-  qsizetype no_room = 0;
-  qsizetype no_byte = 0;  ///< The code page lacks them.
+/// What a paste has left out, and why.
+struct PasteLoss {
+  qsizetype no_room = 0;  ///< How many characters found no room.
+  QString missing{};      ///< Characters that the code page lacks.
 
-  bool operator==(const LeftOut&) const = default;
+  bool operator==(const PasteLoss&) const = default;
 };
 
 class EditedMessage {
@@ -58,8 +58,8 @@ class EditedMessage {
 
   /// Pastes a text, or characters with their own attributes, as one edit by the typing rule: a
   /// second line goes to the beginning of the following row, and so on.
-  LeftOut Paste(const QString& text);
-  LeftOut Paste(const PageRow& characters);
+  PasteLoss Paste(const QString& text);
+  PasteLoss Paste(const PageRow& characters);
 
   /// Takes the last edit back, or makes it again: its row, of several one of them, becomes the
   /// current one and the message modified. False, and nothing happens, without such an edit.

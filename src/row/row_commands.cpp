@@ -18,9 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Brivon1::LeftOut;
 using Brivon1::MoveKey;
 using Brivon1::PageRow;
+using Brivon1::PasteLoss;
 using Brivon1::RowCommand;
 using ModuleLanguage::TranslateText;
 
@@ -33,13 +33,14 @@ std::optional<PageRow> ClipOf(const QMimeData& data) {
   return Brivon1::ReadRowClip(data.data(ClipType()));
 }
 
-QString TextOf(const LeftOut& left_out) {
+QString TextOf(const PasteLoss& loss) {
   QStringList reasons;
-  if (left_out.no_room > 0) {
-    reasons += TranslateText(u"Left out, no room: %1"_s).arg(left_out.no_room);
+  if (loss.no_room > 0) {
+    reasons += TranslateText(u"Left out, no room: %1"_s).arg(loss.no_room);
   }
-  if (left_out.no_byte > 0) {
-    reasons += TranslateText(u"Left out, not in the code page: %1"_s).arg(left_out.no_byte);
+  if (!loss.missing.isEmpty()) {
+    const qsizetype count = loss.missing.toUcs4().size();
+    reasons += TranslateText(u"Left out, not in the code page: %1"_s).arg(count);
   }
   return reasons.join(u'\n');
 }
@@ -180,11 +181,11 @@ void RowCommands::Copy(const PageRow& characters) {
 void RowCommands::Paste() {
   const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
   const auto clip = ClipOf(data);
-  const LeftOut left_out = clip ? message_.Paste(*clip) : message_.Paste(data.text());
+  const PasteLoss loss = clip ? message_.Paste(*clip) : message_.Paste(data.text());
   Show();
-  if (left_out == LeftOut{}) return;
-  Q_EMIT PasteCut(left_out.no_room, left_out.no_byte);
-  Q_EMIT Said(TextOf(left_out));
+  if (loss == PasteLoss{}) return;
+  Q_EMIT PasteCut(loss.no_room, loss.missing);
+  Q_EMIT Said(TextOf(loss));
 }
 
 void RowCommands::Show() {

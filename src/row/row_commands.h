@@ -31,8 +31,8 @@ class RowCommands : public QObject {
   void SayTooWide();
 
  Q_SIGNALS:
-  /// A paste has left characters out: for want of room, or because the code page lacks them.
-  void PasteCut(qsizetype no_room, qsizetype no_byte);
+  /// A paste has left characters out: so many for want of room, and those that the code page lacks.
+  void PasteCut(qsizetype no_room, const QString& missing);
 
   /// What the operator should be told, in his language.
   void Said(const QString& text);

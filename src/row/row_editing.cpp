@@ -54,9 +54,9 @@ bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool h
 
 /// The typing rule. `attributes_at` gives those of the character at a position.
 template <typename AttributesAt>
-bool TypeLetters(PageRow& row, QByteArrayView characters, const AttributesAt& attributes_at,
-                 qsizetype most) {
-  bool is_typing = false;
+TypingResult TypeLetters(PageRow& row, QByteArrayView characters, const AttributesAt& attributes_at,
+                         qsizetype most) {
+  TypingResult result;
   bool is_cut = false;
   for (qsizetype at = 0; at < characters.size();) {
     const QByteArrayView letter = FirstLetter(characters.sliced(at));
@@ -66,17 +66,19 @@ bool TypeLetters(PageRow& row, QByteArrayView characters, const AttributesAt& at
     if (row.HasSelection()) {
       if (is_backspace) {
         row.RemoveSelection();
-        is_typing = true;
+        result.is_typing = true;
         ++at;
         continue;
       }
       if (!is_cut && !IsControlCharacter(letter.front())) row.RemoveSelection();
     }
     for (const char character : letter) {
-      if (TypeInto(row, character, attributes_at(at++), !is_cut)) is_typing = true;
+      const bool is_typing = TypeInto(row, character, attributes_at(at++), !is_cut);
+      if (is_typing) result.is_typing = true;
+      if (is_typing && is_cut && character != kEnter) ++result.left_out;
     }
   }
-  return is_typing;
+  return result;
 }
 
 /// The start of the next word, or the row's end.
@@ -105,13 +107,13 @@ qsizetype PreviousWord(const PageRow& row) {
 
 }  // namespace
 
-bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
-                 qsizetype most) {
+TypingResult TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                         qsizetype most) {
   return TypeLetters(
       row, characters, [&](qsizetype /*at*/) -> const Attributes& { return attributes; }, most);
 }
 
-bool TypeAllInto(PageRow& row, const PageRow& characters, qsizetype most) {
+TypingResult TypeAllInto(PageRow& row, const PageRow& characters, qsizetype most) {
   return TypeLetters(
       row, characters.Text(), [&](qsizetype at) { return characters.AttributesAt(at); }, most);
 }
@@ -231,6 +233,10 @@ TypedBytes BytesOf(const QString& text) {
     typed.bytes += bytes.value_or(QByteArray());
     return bytes.has_value();
   };
+  const auto refuse = [&](QStringView characters) {
+    typed.refused = true;
+    typed.missing += characters;
+  };
   QStringView rest = text;
   while (!rest.isEmpty()) {
     const QStringView written = rest.first(LetterLength(rest));
@@ -239,7 +245,7 @@ TypedBytes BytesOf(const QString& text) {
       if (const auto byte = code_page.ToByte(written.front())) {
         typed.bytes.append(*byte);
       } else if (!type(written)) {
-        ++typed.refused;
+        refuse(written);
       }
       continue;
     }
@@ -247,7 +253,7 @@ TypedBytes BytesOf(const QString& text) {
     if (type(letter)) continue;
     // Of a letter that the code page lacks, what it has.
     for (const QChar character : letter) {
-      if (!type(QStringView(&character, 1))) ++typed.refused;
+      if (!type(QStringView(&character, 1))) refuse(QStringView(&character, 1));
     }
   }
   return typed;

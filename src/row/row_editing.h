@@ -33,6 +33,12 @@ enum class MoveKey {
   kDeleteWord
 };
 
+/// What became of characters that were typed.
+struct TypingResult {
+  bool is_typing = false;  ///< Whether any of them was typing.
+  qsizetype left_out = 0;  ///< How many found no room.
+};
+
 /// What can be done with a row beside typing and moving in it.
 enum class RowCommand {
   kUndo,
@@ -51,12 +57,12 @@ enum class RowCommand {
 /// characters in all. A letter and the marks behind it are inserted whole or not at all, and behind
 /// a letter without room no other one is: a text is cut at its end, not in its middle. What is
 /// typed takes the place of the selected characters, and Backspace removes them; without room
-/// nothing of them is lost. Whether any character was typing.
-bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
-                 qsizetype most);
+/// nothing of them is lost.
+TypingResult TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                         qsizetype most);
 
 /// The same for characters that bring their own attributes.
-bool TypeAllInto(PageRow& row, const PageRow& characters, qsizetype most);
+TypingResult TypeAllInto(PageRow& row, const PageRow& characters, qsizetype most);
 
 /// What the keys do within a row; those that lead to another row do nothing. A word is what a text
 /// field takes for one: letters and digits, or the other characters between them. A selection is
@@ -90,10 +96,11 @@ struct PastedText {
 PastedText PastedLines(const QString& text, qsizetype most);
 
 /// A typed text in the system's code page, its letters composed as far as the page has them, and
-/// how many characters it had that are without a byte there, which are left out.
+/// whether it had characters without a byte there, which are left out.
 struct TypedBytes {
   QByteArray bytes;
-  qsizetype refused = 0;
+  bool refused = false;
+  QString missing{};  ///< These characters.
 };
 
 TypedBytes BytesOf(const QString& text);

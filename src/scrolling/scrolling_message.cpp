@@ -16,11 +16,13 @@ void ScrollingMessage::TakeOver(PageRow row) {
   SetModified(false);
 }
 
-void ScrollingMessage::TypeAll(QByteArrayView characters) {
+qsizetype ScrollingMessage::TypeAll(QByteArrayView characters) {
   const PageRow before = row_;
-  TypeAllInto(row_, characters, CurrentAttributes(), kMostCharacters);
+  const qsizetype left_out =
+      TypeAllInto(row_, characters, CurrentAttributes(), kMostCharacters).left_out;
   LookBackAfter(before);
   Finish(before);
+  return left_out;
 }
 
 void ScrollingMessage::ShowEditedRow(const PageRow& before) {

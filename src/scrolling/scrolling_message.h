@@ -37,8 +37,8 @@ class ScrollingMessage : public EditedMessage {
   bool IsFull() const { return row_.Length() >= kMostCharacters; }
 
   /// Types characters by the typing rule; Undo() takes them back together. Marks the message
-  /// modified if it has changed.
-  void TypeAll(QByteArrayView characters);
+  /// modified if it has changed. How many characters found no room.
+  qsizetype TypeAll(QByteArrayView characters);
 
   /// What a key does that moves or deletes; up and down do nothing.
   void PressMoveKey(MoveKey key);

@@ -71,28 +71,28 @@ TEST(RowSelection, EveryEditOfTheRowEndsIt) {
 TEST(RowSelection, TypingReplacesItAndBackspaceRemovesIt) {
   PageRow row = RowOf("abcdef");
   row.Select(1, 4);
-  EXPECT_TRUE(TypeAllInto(row, "XY", kLoud, 6));
+  EXPECT_TRUE(TypeAllInto(row, "XY", kLoud, 6).is_typing);
   EXPECT_EQ(Shown(row), "aXYef|ACCAA|APPAA|NBBNN");
   row.Select(5, 3);
-  EXPECT_TRUE(TypeAllInto(row, "\b", kPlain, 6));
+  EXPECT_TRUE(TypeAllInto(row, "\b", kPlain, 6).is_typing);
   EXPECT_EQ(Selected(row), "aXY|");
 }
 
 TEST(RowSelection, WhatIsRefusedLeavesIt) {
   PageRow row = RowOf("abcdef");
   row.Select(1, 3);
-  EXPECT_TRUE(TypeAllInto(row, "\r", kPlain, 6));
-  EXPECT_FALSE(TypeAllInto(row, "\t\x1b", kPlain, 6));
-  EXPECT_TRUE(TypeAllInto(row, "X", kPlain, 4));  // the row is longer than it may be
+  EXPECT_TRUE(TypeAllInto(row, "\r", kPlain, 6).is_typing);
+  EXPECT_FALSE(TypeAllInto(row, "\t\x1b", kPlain, 6).is_typing);
+  EXPECT_TRUE(TypeAllInto(row, "X", kPlain, 4).is_typing);  // the row is longer than it may be
   EXPECT_EQ(Selected(row), "a[bc]|def");
-  EXPECT_TRUE(TypeAllInto(row, "X", kPlain, 5));
+  EXPECT_TRUE(TypeAllInto(row, "X", kPlain, 5).is_typing);
   EXPECT_EQ(Selected(row), "aX|def");
 }
 
 TEST(RowSelection, AFullRowTakesAsMuchAsWasSelected) {
   PageRow row = RowOf("abcdef");
   row.Select(0, 2);
-  TypeAllInto(row, "12345", kPlain, 6);
+  EXPECT_EQ(TypeAllInto(row, "12345", kPlain, 6).left_out, 3);
   EXPECT_EQ(Selected(row), "12|cdef");
 }
 
