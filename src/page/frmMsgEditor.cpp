@@ -39,6 +39,8 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
                          {[this](const QString& path) { return WriteFile(path); },
                           [this] { return AskForName(); }, EditedFile::AfterYes::kStillModified});
   ui_->rowArea->Build(page_, *ui_->scrollRows);
+  commands_ = new RowCommands(
+      this, page_, [this] { ShowEdits(); }, [this] { ReturnKeyboardToRow(); });
   FillLists();
   ConnectButtons();
   ConnectRows();
@@ -57,7 +59,8 @@ frmMsgEditor::~frmMsgEditor() = default;
 
 void frmMsgEditor::FillLists() {
   const auto return_keyboard = [this] { ReturnKeyboardToRow(); };
-  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_, return_keyboard);
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_, *commands_,
+                    return_keyboard);
   new ListGuard(ui_->ComboGraphic, return_keyboard);
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     ui_->ComboGraphic->addItem(QString(QLatin1Char(letter)));
@@ -91,7 +94,10 @@ void frmMsgEditor::ConnectButtons() {
           [this] { ui_->rowArea->MoveRows(-kShiftPixels); });
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
   LetEnterPressButtons(this);
-  AddUndoShortcuts(this, page_, [this] { ResumeTyping(); });
+  AddUndoShortcuts(this, page_, [this] {
+    ShowEdits();
+    ReturnKeyboardToRow();
+  });
 }
 
 void frmMsgEditor::ConnectRows() {
@@ -103,7 +109,11 @@ void frmMsgEditor::ConnectRows() {
             [this, row](Brivon1::MoveKey key) { PressMoveKey(row, key); });
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
     connect(&surface, &RowSurface::KeyboardEntered, this, [this, row] { EnterRow(row); });
+    commands_->Serve(surface, row);
   }
+  connect(commands_, &RowCommands::Said, this, [this](const QString& text) {
+    ShowBesideCursor(ui_->rowArea->Surface(page_.CurrentRow()), text);
+  });
   connect(timers_, &BlinkTimers::CursorBlinked, this, &frmMsgEditor::ShowCursor);
   connect(timers_, &BlinkTimers::CharactersBlinked, this, &frmMsgEditor::HideBlinking);
 }
@@ -198,8 +208,13 @@ void frmMsgEditor::EnterRow(int row) {
 void frmMsgEditor::ShowEdit() {
   ui_->rowArea->MarkCurrentRow();
   ui_->rowArea->FollowCursor();
-  ui_->rowArea->Surface(page_.CurrentRow()).RedrawRow();
+  ui_->rowArea->RedrawCurrentRow();
   timers_->ShowCursor();
+}
+
+void frmMsgEditor::ShowEdits() {
+  ui_->rowArea->RedrawRows();
+  ShowEdit();
 }
 
 void frmMsgEditor::ResumeTyping() {

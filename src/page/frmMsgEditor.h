@@ -8,6 +8,7 @@
 
 #include "page/page_message.h"
 #include "row/blink_timers.h"
+#include "row/row_commands.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
@@ -53,6 +54,9 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   /// Shows what became of the current row, its cursor first of all.
   void ShowEdit();
 
+  /// The same where several rows may have changed.
+  void ShowEdits();
+
   /// The same where the keyboard may be elsewhere: it goes back to the row.
   void ResumeTyping();
 
@@ -64,4 +68,5 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   EditedFile* file_;
   BlinkTimers* timers_;
   Brivon1::PageMessage page_;
+  RowCommands* commands_;
 };

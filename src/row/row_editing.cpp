@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/code_page.h"
 
@@ -51,6 +52,35 @@ bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool h
   return true;
 }
 
+/// The typing rule. `attributes_at` gives those of the character at a position.
+template <typename AttributesAt>
+TypingResult TypeLetters(PageRow& row, QByteArrayView characters, const AttributesAt& attributes_at,
+                         qsizetype most) {
+  TypingResult result;
+  bool is_cut = false;
+  for (qsizetype at = 0; at < characters.size();) {
+    const QByteArrayView letter = FirstLetter(characters.sliced(at));
+    const bool is_backspace = letter.front() == kBackspace;
+    const qsizetype kept = row.Length() - row.SelectionLength();
+    is_cut = !is_backspace && (is_cut || kept + letter.size() > most);
+    if (row.HasSelection()) {
+      if (is_backspace) {
+        row.RemoveSelection();
+        result.is_typing = true;
+        ++at;
+        continue;
+      }
+      if (!is_cut && !IsControlCharacter(letter.front())) row.RemoveSelection();
+    }
+    for (const char character : letter) {
+      const bool is_typing = TypeInto(row, character, attributes_at(at++), !is_cut);
+      if (is_typing) result.is_typing = true;
+      if (is_typing && is_cut && character != kEnter) ++result.left_out;
+    }
+  }
+  return result;
+}
+
 /// The start of the next word, or the row's end.
 qsizetype NextWord(const PageRow& row) {
   const QString text = CodePage::System().ToText(row.Text());
@@ -77,22 +107,32 @@ qsizetype PreviousWord(const PageRow& row) {
 
 }  // namespace
 
-bool TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
-                 qsizetype most) {
-  bool is_typing = false;
-  bool is_cut = false;
-  while (!characters.isEmpty()) {
-    const QByteArrayView letter = FirstLetter(characters);
-    characters = characters.sliced(letter.size());
-    is_cut = letter.front() != kBackspace && (is_cut || row.Length() + letter.size() > most);
-    for (const char character : letter) {
-      if (TypeInto(row, character, attributes, !is_cut)) is_typing = true;
-    }
-  }
-  return is_typing;
+TypingResult TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
+                         qsizetype most) {
+  return TypeLetters(
+      row, characters, [&](qsizetype /*at*/) -> const Attributes& { return attributes; }, most);
+}
+
+TypingResult TypeAllInto(PageRow& row, const PageRow& characters, qsizetype most) {
+  return TypeLetters(
+      row, characters.Text(), [&](qsizetype at) { return characters.AttributesAt(at); }, most);
 }
 
 void PressKeyIn(PageRow& row, MoveKey key) {
+  if (row.HasSelection()) {
+    switch (key) {
+      case MoveKey::kLeft:
+        return row.SetCursor(row.SelectionBegin());
+      case MoveKey::kRight:
+        return row.SetCursor(row.SelectionEnd());
+      case MoveKey::kDelete:
+      case MoveKey::kBackspaceWord:
+      case MoveKey::kDeleteWord:
+        return row.RemoveSelection();
+      default:
+        row.EndSelection();
+    }
+  }
   switch (key) {
     case MoveKey::kEnd:
       return row.End();
@@ -121,11 +161,46 @@ void PressKeyIn(PageRow& row, MoveKey key) {
   }
 }
 
+bool MovesWithin(MoveKey key) {
+  switch (key) {
+    case MoveKey::kEnd:
+    case MoveKey::kHome:
+    case MoveKey::kLeft:
+    case MoveKey::kRight:
+    case MoveKey::kWordLeft:
+    case MoveKey::kWordRight:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void SelectByKeyIn(PageRow& row, MoveKey key) {
+  if (!MovesWithin(key)) return;
+  const qsizetype anchor = row.Anchor();
+  row.EndSelection();
+  PressKeyIn(row, key);
+  row.Select(anchor, row.Cursor());
+}
+
+void SelectWordIn(PageRow& row, qsizetype position) {
+  if (position < 0 || position >= row.Length()) return;
+  const QString text = CodePage::System().ToText(row.Text());
+  const CharacterKind kind = KindOf(text[position]);
+  qsizetype begin = position;
+  while (begin > 0 && KindOf(text[begin - 1]) == kind) --begin;
+  qsizetype end = position + 1;
+  while (end < text.size() && KindOf(text[end]) == kind) ++end;
+  row.Select(begin, end);
+}
+
 qsizetype NearestBoundary(double x) {
   return static_cast<qsizetype>(std::round(x + kCellWidth / 2.0)) / kCellWidth;
 }
 
-QString PastedText(const QString& text) {
+qsizetype CellAt(double x) { return static_cast<qsizetype>(std::floor(x / kCellWidth)); }
+
+PastedText PastedLines(const QString& text, qsizetype most) {
   const auto is_line_end = [](QChar c) {
     return c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QChar::LineSeparator ||
            c == QChar::ParagraphSeparator;
@@ -133,10 +208,21 @@ QString PastedText(const QString& text) {
   const auto is_key = [](QChar c) {
     return c.unicode() < 0x80 && IsControlCharacter(c.toLatin1());
   };
-  const auto end = std::find_if(text.begin(), text.end(), is_line_end);
-  QString line = text.left(end - text.begin());
-  line.removeIf(is_key);
-  return line;
+  PastedText pasted;
+  auto begin = text.begin();
+  do {
+    const auto end = std::find_if(begin, text.end(), is_line_end);
+    QString line(begin, end - begin);
+    line.removeIf(is_key);
+    pasted.lines.append(std::move(line));
+    if (end == text.end()) return pasted;
+    const bool is_pair =
+        *end == QLatin1Char('\r') && end + 1 != text.end() && *(end + 1) == QLatin1Char('\n');
+    begin = end + (is_pair ? 2 : 1);
+  } while (begin != text.end() && pasted.lines.size() < most);
+  pasted.left_over =
+      std::count_if(begin, text.end(), [&](QChar c) { return !is_line_end(c) && !is_key(c); });
+  return pasted;
 }
 
 TypedBytes BytesOf(const QString& text) {
@@ -147,6 +233,10 @@ TypedBytes BytesOf(const QString& text) {
     typed.bytes += bytes.value_or(QByteArray());
     return bytes.has_value();
   };
+  const auto refuse = [&](QStringView characters) {
+    typed.refused = true;
+    typed.missing += characters;
+  };
   QStringView rest = text;
   while (!rest.isEmpty()) {
     const QStringView written = rest.first(LetterLength(rest));
@@ -155,7 +245,7 @@ TypedBytes BytesOf(const QString& text) {
       if (const auto byte = code_page.ToByte(written.front())) {
         typed.bytes.append(*byte);
       } else if (!type(written)) {
-        typed.refused = true;
+        refuse(written);
       }
       continue;
     }
@@ -163,7 +253,7 @@ TypedBytes BytesOf(const QString& text) {
     if (type(letter)) continue;
     // Of a letter that the code page lacks, what it has.
     for (const QChar character : letter) {
-      if (!type(QStringView(&character, 1))) typed.refused = true;
+      if (!type(QStringView(&character, 1))) refuse(QStringView(&character, 1));
     }
   }
   return typed;

@@ -61,8 +61,14 @@ void frmShiftMsg::ConnectButtons() {
 }
 
 void frmShiftMsg::ConnectMessage() {
-  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_,
-                    [this] { surface_->setFocus(); });
+  const auto return_keyboard = [this] { surface_->setFocus(); };
+  commands_ = new RowCommands(
+      this, message_, [this] { ShowEdit(); }, return_keyboard);
+  commands_->Serve(*surface_, message_.EditedNumber());
+  connect(commands_, &RowCommands::Said, surface_,
+          [this](const QString& text) { ShowBesideCursor(*surface_, text); });
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_, *commands_,
+                    return_keyboard);
   connect(surface_, &RowSurface::Typed, this, &frmShiftMsg::TypeText);
   connect(surface_, &RowSurface::MoveKeyPressed, this, [this](Brivon1::MoveKey key) {
     message_.PressMoveKey(key);
