@@ -122,6 +122,11 @@ constexpr FurtherText kTexts[] = {
     {"txtSomeRows", "%1 of %2 rows have arrived, %3 have not.", "sending, stopped or failed"},
     {"txtNotAcknowledged", "The panel has not acknowledged it.", "sending, stopped or failed"},
     {"txtTried", "Panel ID %1 was tried %2 times.", "sending failed"},
+    // F1
+    {"txtNoManual", "The manual is missing.", "F1, there is no manual"},
+    {"txtManualPlace", "It should be here: %1", "F1, there is no manual; %1 is its path"},
+    {"txtNoBrowser", "No program opens the manual.", "F1, there is no browser"},
+    {"txtManualIsHere", "It is here: %1", "F1, there is no browser; %1 is the manual's path"},
     // File types
     {"txtBrivonPage", "Brivon page", "file dialogs, the type of a .msg file"},
     {"txtBrivonSchedule", "Brivon schedule", "file dialogs, the type of a .sch file"},

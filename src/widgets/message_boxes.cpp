@@ -1,5 +1,7 @@
 #include "widgets/message_boxes.h"
 
+#include <memory>
+
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QLabel>
@@ -30,15 +32,27 @@ void MakeRoomForTitle(QMessageBox& box) {
                   layout->rowCount(), 0, 1, layout->columnCount());
 }
 
+std::unique_ptr<QMessageBox> MakeBox(QWidget* window, const QString& text,
+                                     const MessageBoxStyle& style) {
+  auto box = std::make_unique<QMessageBox>(
+      style.icon, style.title.isEmpty() ? window->windowTitle() : style.title, text,
+      QMessageBox::Ok, window);
+  box->setInformativeText(style.informative);
+  UsePlainText(*box);
+  MakeRoomForTitle(*box);
+  return box;
+}
+
 }  // namespace
 
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style) {
-  QMessageBox box(style.icon, style.title.isEmpty() ? window->windowTitle() : style.title, text,
-                  QMessageBox::Ok, window);
-  box.setInformativeText(style.informative);
-  UsePlainText(box);
-  MakeRoomForTitle(box);
-  box.exec();
+  MakeBox(window, text, style)->exec();
+}
+
+void ShowMessageBeside(QWidget* window, const QString& text, const MessageBoxStyle& style) {
+  QMessageBox* box = MakeBox(window, text, style).release();  // its window owns it
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
 }
 
 SaveAnswer AskToSave(QWidget* window) {

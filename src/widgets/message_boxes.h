@@ -17,6 +17,9 @@ struct MessageBoxStyle {
 /// Shows `text` with one OK button and returns when it was pressed.
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style = {});
 
+/// The same, but returns at once: whatever the window is doing goes on beneath the box.
+void ShowMessageBeside(QWidget* window, const QString& text, const MessageBoxStyle& style = {});
+
 enum class SaveAnswer { kYes, kNo, kCancel };
 
 /// Asks whether unsaved work is to be saved; Escape and the close box mean Cancel, and so does a
