@@ -124,9 +124,9 @@ constexpr FurtherText kTexts[] = {
     {"txtTried", "Panel ID %1 was tried %2 times.", "sending failed"},
     // F1
     {"txtNoManual", "The manual is missing.", "F1, there is no manual"},
-    {"txtManualPlace", "It should be here: %1", "F1, there is no manual; %1 is its path"},
+    {"txtManualPlace", "It should be here:", "F1, there is no manual; its path follows"},
     {"txtNoBrowser", "No program opens the manual.", "F1, there is no browser"},
-    {"txtManualIsHere", "It is here: %1", "F1, there is no browser; %1 is the manual's path"},
+    {"txtManualIsHere", "It is here:", "F1, there is no browser; the path of the manual follows"},
     // File types
     {"txtBrivonPage", "Brivon page", "file dialogs, the type of a .msg file"},
     {"txtBrivonSchedule", "Brivon schedule", "file dialogs, the type of a .sch file"},

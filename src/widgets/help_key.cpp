@@ -18,16 +18,16 @@ namespace {
 void ShowProblem(QWidget* window, const QString& text, const QString& where) {
   MessageBoxStyle style;
   style.icon = QMessageBox::Warning;
-  style.informative = TranslateText(where).replace(u"%1"_s, ManualPath());
+  style.informative = TranslateText(where) + u'\n' + ManualPath();
   ShowMessageBeside(window, TranslateText(text), style);
 }
 
 void OpenManual(QWidget* window) {
   const QString manual = ManualPath();
   if (!QFileInfo(manual).isFile()) {
-    ShowProblem(window, u"The manual is missing."_s, u"It should be here: %1"_s);
+    ShowProblem(window, u"The manual is missing."_s, u"It should be here:"_s);
   } else if (!QDesktopServices::openUrl(ChapterUrl(manual, ManualChapter(window->objectName())))) {
-    ShowProblem(window, u"No program opens the manual."_s, u"It is here: %1"_s);
+    ShowProblem(window, u"No program opens the manual."_s, u"It is here:"_s);
   }
 }
 

@@ -1,14 +1,17 @@
 // The manual as it is made with the program, and F1, which opens it.
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
-#include <vector>
 
+#include <QAbstractButton>
+#include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTest>
 #include <QUrl>
 
@@ -27,6 +30,7 @@
 #include "scrolling/frmSendShift.h"
 #include "scrolling/frmShiftMsg.h"
 #include "support/message_box_reader.h"
+#include "support/panel_bench.h"
 #include "support/program_folder.h"
 #include "support/shown_window.h"
 #include "support/wait_until.h"
@@ -122,7 +126,7 @@ TEST_P(F1, SaysWhereTheManualShouldBeWhereItIsMissing) {
   EXPECT_EQ(boxes.Texts(), QStringList{u"The manual is missing."_s});
   ASSERT_EQ(boxes.Seen().size(), 1);
   EXPECT_EQ(boxes.Seen()[0].informative,
-            u"It should be here: "_s + folder_.Path(u"manual/manual.html"_s));
+            u"It should be here:\n"_s + folder_.Path(u"manual/manual.html"_s));
   EXPECT_EQ(boxes.Seen()[0].title, window->windowTitle());
   EXPECT_EQ(boxes.Seen()[0].icon, QMessageBox::Warning);
   EXPECT_EQ(browser.Opened(), QList<QUrl>());
@@ -130,6 +134,25 @@ TEST_P(F1, SaysWhereTheManualShouldBeWhereItIsMissing) {
 
 INSTANTIATE_TEST_SUITE_P(Windows, F1, testing::ValuesIn(kWindows),
                          [](const auto& test) { return std::string(test.param.name); });
+
+TEST(ManualWhileSending, F1DoesNotHoldTheTransmissionUp) {
+  VirtualBench bench(LineKind::kTcp, {{1, 4, 96, true}});
+  VirtualPanel::Faults slow;
+  QString error;
+  ASSERT_TRUE(VirtualPanel::ParseFault(u"late:700"_s, &slow, &error));
+  bench.Fail(slow);
+  const QString page = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(4, 96));
+  MessageBoxReader boxes;
+  frmSendMsg dialog(nullptr, page, bench.Ports());
+  dialog.show();
+  ActivateWindow(&dialog);
+  dialog.findChild<QComboBox*>(u"ComboID"_s)->setCurrentIndex(0);
+  dialog.findChild<QLineEdit*>(u"txtPage"_s)->setText(u"7"_s);
+  bench.Time().Schedule(2000, [&] { PressF1(dialog); });
+  dialog.findChild<QAbstractButton*>(u"butSend"_s)->click();
+  EXPECT_EQ(bench.Frames().size(), 4);
+  EXPECT_EQ(boxes.Texts(), QStringList({u"The manual is missing."_s, u"Transmission finished!"_s}));
+}
 
 #ifdef BRIVON_MANUAL
 
