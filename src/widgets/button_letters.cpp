@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
+#include <QStringList>
 #include <QTextDocumentFragment>
 #include <QToolTip>
 #include <QWidget>
@@ -29,7 +30,7 @@ namespace {
 QChar LetterOf(const QKeySequence& keys) {
   if (keys.count() != 1 || keys[0].keyboardModifiers() != Qt::AltModifier) return {};
   const int key = keys[0].key();
-  return key < Qt::Key_Escape && key <= 0xFFFF ? QChar(static_cast<char16_t>(key)) : QChar();
+  return key <= 0xFFFF ? QChar(static_cast<char16_t>(key)) : QChar();
 }
 
 class ButtonLetters : public QObject {
@@ -56,7 +57,8 @@ class ButtonLetters : public QObject {
  private:
   void LookAtWindow(const QEvent& event) {
     if (event.type() == QEvent::Show || event.type() == QEvent::LayoutRequest) {
-      GiveLetters();
+      const QList<QAbstractButton*> buttons = Buttons();
+      if (event.type() == QEvent::Show || TextsOf(buttons) != texts_) GiveLetters(buttons);
     } else if (event.type() == QEvent::ShortcutOverride) {
       is_held_ = static_cast<const QKeyEvent&>(event).isAutoRepeat();
     }
@@ -92,8 +94,14 @@ class ButtonLetters : public QObject {
     return letters;
   }
 
-  void GiveLetters() {
-    const QList<QAbstractButton*> buttons = Buttons();
+  static QStringList TextsOf(const QList<QAbstractButton*>& buttons) {
+    QStringList texts;
+    for (const QAbstractButton* button : buttons) texts.append(button->text());
+    return texts;
+  }
+
+  void GiveLetters(const QList<QAbstractButton*>& buttons) {
+    texts_ = TextsOf(buttons);
     QList<ButtonTexts> texts;
     for (const QAbstractButton* button : buttons) {
       texts.append({WithoutShortcutMark(button->text()), button->accessibleName(),
@@ -146,6 +154,7 @@ class ButtonLetters : public QObject {
   }
 
   QWidget* window_;
+  QStringList texts_;     // as they were when the letters were given
   bool is_held_ = false;  // the key that was pressed last
 };
 

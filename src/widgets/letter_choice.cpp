@@ -26,20 +26,18 @@ class Choice {
 
   QList<QChar> Make() {
     for (qsizetype i = 0; i < buttons_.size(); ++i) TakeFree(i, {buttons_[i].marked});
-    for (qsizetype i = 0; i < buttons_.size(); ++i) TakeFree(i, wishes_[i].first(HasLetters(i)));
+    for (qsizetype i = 0; i < buttons_.size(); ++i) TakeFree(i, wishes_[i].mid(0, 1));
     for (qsizetype i = 0; i < buttons_.size(); ++i) {
       if (TakeFree(i, wishes_[i])) continue;
       QSet<QChar> asked;
       if (TakeFromAnother(i, asked)) continue;
-      TakeFree(i, LettersOf(buttons_[i].name)) ||
-          TakeFree(i, LettersOf(QStringLiteral("1234567890ABCDEFGHIJKLMNOPQRSTUVWXYZ")));
+      if (TakeFree(i, LettersOf(buttons_[i].name))) continue;
+      TakeFree(i, LettersOf(QStringLiteral("1234567890ABCDEFGHIJKLMNOPQRSTUVWXYZ")));
     }
     return chosen_;
   }
 
  private:
-  qsizetype HasLetters(qsizetype i) const { return wishes_[i].isEmpty() ? 0 : 1; }
-
   bool IsFree(QChar letter) const {
     return !letter.isNull() && !taken_.contains(letter) && !chosen_.contains(letter);
   }
@@ -53,7 +51,7 @@ class Choice {
   }
 
   // Has a button that holds a letter of this one's caption take another one of its own.
-  bool TakeFromAnother(qsizetype i, QSet<QChar>& asked) {  // NOLINT(misc-no-recursion): by letters
+  bool TakeFromAnother(qsizetype i, QSet<QChar>& asked) {
     for (const QChar letter : wishes_[i]) {
       if (taken_.contains(letter) || asked.contains(letter)) continue;
       asked.insert(letter);
