@@ -218,6 +218,11 @@ constexpr FurtherText kTexts[] = {
      "Config, Add"},
     {"txtNoAddressText", "\"%1\" is not four numbers from 0 to 254 with points between them.",
      "Config, an IP address that is none; %1 is what was entered"},
+    // F1
+    {"txtNoManual", "The manual is missing.", "F1, there is no manual"},
+    {"txtManualPlace", "It should be here:", "F1, there is no manual; its path follows"},
+    {"txtNoBrowser", "No program opens the manual.", "F1, there is no browser"},
+    {"txtManualIsHere", "It is here:", "F1, there is no browser; the path of the manual follows"},
     // File types
     {"txtBrivonPage", "Brivon page", "file dialogs, the type of a .msg file"},
     {"txtBrivonSchedule", "Brivon schedule", "file dialogs, the type of a .sch file"},

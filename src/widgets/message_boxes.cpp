@@ -1,6 +1,7 @@
 #include "widgets/message_boxes.h"
 
 #include <algorithm>
+#include <memory>
 
 #include <QFontMetrics>
 #include <QGridLayout>
@@ -56,16 +57,28 @@ void PrepareInformative(QMessageBox& box) {
   label->setMinimumWidth(std::min(width + letters.averageCharWidth(), screen));
 }
 
+std::unique_ptr<QMessageBox> MakeBox(QWidget* window, const QString& text,
+                                     const MessageBoxStyle& style) {
+  auto box = std::make_unique<QMessageBox>(
+      style.icon, style.title.isEmpty() ? window->windowTitle() : style.title, text,
+      QMessageBox::Ok, window);
+  box->setInformativeText(style.informative);
+  UsePlainText(*box);
+  MakeRoomForTitle(*box);
+  PrepareInformative(*box);
+  return box;
+}
+
 }  // namespace
 
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style) {
-  QMessageBox box(style.icon, style.title.isEmpty() ? window->windowTitle() : style.title, text,
-                  QMessageBox::Ok, window);
-  box.setInformativeText(style.informative);
-  UsePlainText(box);
-  MakeRoomForTitle(box);
-  PrepareInformative(box);
-  box.exec();
+  MakeBox(window, text, style)->exec();
+}
+
+void ShowMessageBeside(QWidget* window, const QString& text, const MessageBoxStyle& style) {
+  QMessageBox* box = MakeBox(window, text, style).release();  // its window owns it
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
 }
 
 void ShowRefusal(QWidget* window, const Brivon1::Refusal& refusal, MessageBoxStyle style) {

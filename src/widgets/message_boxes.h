@@ -21,6 +21,8 @@ void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& st
 
 /// Shows why something is not done, and below it what to do about it.
 void ShowRefusal(QWidget* window, const Brivon1::Refusal& refusal, MessageBoxStyle style = {});
+/// The same, but returns at once: whatever the window is doing goes on beneath the box.
+void ShowMessageBeside(QWidget* window, const QString& text, const MessageBoxStyle& style = {});
 
 enum class SaveAnswer { kYes, kNo, kCancel };
 
