@@ -6,7 +6,7 @@
 set -euo pipefail
 
 packages=(
-  g++ cmake ninja-build
+  g++ cmake ninja-build cmark-gfm
   qt6-base-dev qt6-serialport-dev qt6-translations-l10n libgl-dev
   fonts-dejavu-core fonts-liberation
 )

@@ -13,6 +13,7 @@
 #include "ui_frmMain.h"
 #include "widgets/caption_loader.h"
 #include "widgets/toolkit_language.h"
+#include "widgets/window_keys.h"
 
 namespace {
 
@@ -36,6 +37,8 @@ frmMain::frmMain(std::vector<TaskWindow> windows)
     UseToolkitLanguage(this);
     LoadCaptions(this);
     resize(Brivon1::kTranslatedWidth / Brivon1::kTwipsPerPixel, height());
+  } else {
+    GiveWindowKeys(this);
   }
   LayOut();
 }

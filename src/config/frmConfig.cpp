@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
@@ -12,6 +13,7 @@
 #include "store/panel_list.h"
 #include "ui_frmConfig.h"
 #include "widgets/caption_loader.h"
+#include "widgets/caption_room.h"
 #include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/message_boxes.h"
@@ -62,6 +64,7 @@ frmConfig::frmConfig(QWidget* parent)
   connect(ui_->butOK, &QPushButton::clicked, this, &frmConfig::accept);
   connect(ui_->butCancel, &QPushButton::clicked, this, &frmConfig::reject);
   LoadCaptions(this);
+  UseLowScreen();
   ui_->ListComPort->setAccessibleName(WithoutShortcutMark(ui_->PanelSerial->title()));
   ui_->List1->setAccessibleName(WithoutShortcutMark(ui_->FrameIDConfig->title()));
   const QString why =
@@ -72,6 +75,26 @@ frmConfig::frmConfig(QWidget* parent)
 }
 
 frmConfig::~frmConfig() = default;
+
+void frmConfig::UseLowScreen() {
+  if (!IsScreenTooLow(*this)) return;
+  auto* side_by_side = new QHBoxLayout;
+  for (QWidget* frame : {ui_->FrameSelection, ui_->FrameComm}) {
+    ui_->layoutWindow->removeWidget(frame);
+    side_by_side->addWidget(frame);
+  }
+  side_by_side->setStretch(1, 1);
+  ui_->layoutWindow->insertLayout(0, side_by_side);
+  ui_->layoutWindow->setStretch(1, 1);
+  ui_->layoutWindow->setStretch(2, 0);
+  int row = 0;
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{ui_->optRS232, ui_->optTCPIP, ui_->lblNoLink}) {
+    ui_->layoutSelection->removeWidget(part);
+    ui_->layoutSelection->addWidget(part, row++, 0, 1, 2);
+  }
+  ui_->layoutSelection->setRowStretch(row, 1);
+}
 
 void frmConfig::SetUpCommunication() {
   const std::pair<QRadioButton*, SendMode> modes[] = {{ui_->optRS232, SendMode::kSerial},
@@ -239,7 +262,7 @@ bool frmConfig::Add() {
       ui_->txtIPAddress->Refuse();
       break;
     case AddResult::kInvalidInput:
-      ShowMessage(this, TranslateMessage(u"Input is not Valid!"_s));
+      ShowRefusal(this, {TranslateMessage(u"Input is not Valid!"_s), Brivon1::InputRemedy(boxes)});
       break;
   }
   return false;
@@ -283,12 +306,12 @@ bool frmConfig::eventFilter(QObject* list, QEvent* event) {
 
 void frmConfig::accept() {
   if (!ui_->txtIPAddress->Check()) return;
-  const Brivon1::SaveResult result = draft_.Save();
+  QString reason;
+  const Brivon1::SaveResult result = draft_.Save(&reason);
   if (result == Brivon1::SaveResult::kSaved) {
     QDialog::accept();
     return;
   }
-  MessageBoxStyle style;
-  style.informative = Brivon1::ConfigurationPath();
-  ShowMessage(this, TranslateMessage(Brivon1::SaveFailureText(result)), style);
+  ShowRefusal(this, {TranslateMessage(Brivon1::SaveFailureText(result)),
+                     Brivon1::ConfigurationPath() + u": "_s + TranslateMessage(reason)});
 }

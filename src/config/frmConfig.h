@@ -29,6 +29,9 @@ class frmConfig : public QDialog {
   bool eventFilter(QObject* list, QEvent* event) override;
 
  private:
+  /// Puts the link's frames side by side where the screen is too low for one below the other.
+  void UseLowScreen();
+
   void SetUpCommunication();
   void SetUpPorts();
   void SetUpPanels();

@@ -11,6 +11,7 @@
 #include <QShortcut>
 
 #include "base/file_checks.h"
+#include "language/file_remedies.h"
 #include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
@@ -43,6 +44,8 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
                          {[this](const QString& path) { return WriteFile(path); },
                           [this] { return AskForName(); }, EditedFile::AfterYes::kStillModified});
   ui_->rowArea->Build(page_, *ui_->scrollRows);
+  commands_ = new RowCommands(
+      this, page_, [this] { ShowEdits(); }, [this] { ReturnKeyboardToRow(); });
   FillLists();
   ConnectButtons();
   ConnectRows();
@@ -62,7 +65,8 @@ frmMsgEditor::~frmMsgEditor() = default;
 
 void frmMsgEditor::FillLists() {
   const auto return_keyboard = [this] { ReturnKeyboardToRow(); };
-  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_, return_keyboard);
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, page_, *commands_,
+                    return_keyboard);
   new ListGuard(ui_->ComboGraphic, return_keyboard);
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     ui_->ComboGraphic->addItem(QString(QLatin1Char(letter)));
@@ -91,7 +95,10 @@ void frmMsgEditor::ConnectButtons() {
           [this] { ui_->rowArea->MoveRows(-kShiftPixels); });
   AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
   LetEnterPressButtons(this);
-  AddUndoShortcuts(this, page_, [this] { ResumeTyping(); });
+  AddUndoShortcuts(this, page_, [this] {
+    ShowEdits();
+    ReturnKeyboardToRow();
+  });
 }
 
 void frmMsgEditor::ConnectRows() {
@@ -103,7 +110,13 @@ void frmMsgEditor::ConnectRows() {
             [this, row](Brivon1::MoveKey key) { PressMoveKey(row, key); });
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
     connect(&surface, &RowSurface::KeyboardEntered, this, [this, row] { EnterRow(row); });
+    commands_->Serve(surface, row);
   }
+  connect(commands_, &RowCommands::Said, this, [this](const QString& text) {
+    RowSurface& surface = ui_->rowArea->Surface(page_.CurrentRow());
+    ui_->lblRowStatus->ShowNote(text, surface);
+    ShowBesideCursor(surface, text);
+  });
   connect(timers_, &BlinkTimers::CursorBlinked, this, &frmMsgEditor::ShowCursor);
   connect(timers_, &BlinkTimers::CharactersBlinked, this, &frmMsgEditor::HideBlinking);
 }
@@ -150,12 +163,14 @@ void frmMsgEditor::OpenFile() {
   if (path.isEmpty()) return;
   file_->SetRefusedPath(path);  // until it is read
   if (!Brivon1::IsMessageFile(path)) {
-    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
+                       Brivon1::WrongKindRemedy(path, Brivon1::FileSort::kPage)});
     return;
   }
-  auto loaded = Brivon1::LoadMessageFile(path);
+  QString remedy;
+  auto loaded = Brivon1::LoadMessageFile(path, &remedy);
   if (!loaded) {
-    ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!', remedy});
     return;
   }
   file_->SetPath(path);
@@ -173,7 +188,9 @@ void frmMsgEditor::reject() {
 }
 
 bool frmMsgEditor::WriteFile(const QString& path) {
-  return ReportSave(this, Brivon1::SaveFailureText(Brivon1::SaveMessageFile(path, page_)));
+  QString reason;
+  const Brivon1::SaveResult result = Brivon1::SaveMessageFile(path, page_, &reason);
+  return ReportSave(this, path, result, reason);
 }
 
 QString frmMsgEditor::AskForName() {
@@ -230,7 +247,7 @@ void frmMsgEditor::EnterRow(int row) {
 void frmMsgEditor::ShowEdit() {
   ui_->rowArea->MarkCurrentRow();
   ui_->rowArea->FollowCursor();
-  ui_->rowArea->Surface(page_.CurrentRow()).RedrawRow();
+  ui_->rowArea->RedrawCurrentRow();
   timers_->ShowCursor();
   ShowPanel();
 }
@@ -262,6 +279,11 @@ void frmMsgEditor::ShowLeftOut(LeftOut why, qsizetype count, const QString& what
 
 qint16 frmMsgEditor::ShownColourType() const {
   return ui_->chkOneColor->isChecked() ? Brivon1::kMono : Brivon1::kTri;
+}
+
+void frmMsgEditor::ShowEdits() {
+  ui_->rowArea->RedrawRows();
+  ShowEdit();
 }
 
 void frmMsgEditor::ResumeTyping() {

@@ -9,6 +9,7 @@
 #include "page/page_dots.h"
 #include "page/page_message.h"
 #include "row/blink_timers.h"
+#include "row/row_commands.h"
 #include "row/row_status.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
@@ -57,6 +58,9 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   /// Shows what became of the current row, its cursor first of all.
   void ShowEdit();
 
+  /// The same where several rows may have changed.
+  void ShowEdits();
+
   /// The same where the keyboard may be elsewhere: it goes back to the row.
   void ResumeTyping();
 
@@ -77,5 +81,6 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   EditedFile* file_;
   BlinkTimers* timers_;
   Brivon1::PageMessage page_;
+  RowCommands* commands_;
   Brivon1::PageDots dots_;
 };

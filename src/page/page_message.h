@@ -48,8 +48,11 @@ class PageMessage : public EditedMessage {
 
   /// The row that has the keyboard, counted from 1.
   qint16 CurrentRow() const { return current_row_; }
+  const PageRow& EditedRow() const override { return Row(current_row_); }
+  int EditedNumber() const override { return current_row_; }
 
-  /// Makes a shown row the current one; any other number is ignored.
+  /// Makes a shown row the current one; any other number is ignored. In the row that was current
+  /// nothing is selected any more.
   void SetCurrentRow(int number);
 
   /// Types characters into the current row by the typing rule; Undo() takes them back together.
@@ -67,7 +70,7 @@ class PageMessage : public EditedMessage {
   void InsertTime() { TypeAll(kTime); }
 
   /// What a key does that moves or deletes. Of them, Backspace alone is typing and marks the page
-  /// modified, whatever the effect.
+  /// modified, whatever the effect; Delete marks it where it removes a selection.
   void PressMoveKey(MoveKey key);
 
   /// A click on row `number`, `x` pixels from its left edge: makes the row current and puts its
@@ -78,6 +81,11 @@ class PageMessage : public EditedMessage {
   PageRow& Current() { return rows_[static_cast<std::size_t>(current_row_ - 1)]; }
 
   PageRow& GoToRow(int number) override;
+  int LastNumber() const override { return dimension_.rows; }
+  qsizetype Places() const override;
+  bool HasRoomFor(const PageRow& row, const PageRow& before) const override;
+  PageRow Centred(const PageRow& row) const override;
+  void MarkTyped() override { SetModified(true); }
 
   Dimension dimension_;
   PageRows rows_;

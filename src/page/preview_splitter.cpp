@@ -48,8 +48,7 @@ void PreviewSplitter::Arrange() {
   const int needed = preview.minimumSizeHint().height();
   // What the operator has given it already is his will too.
   const bool is_asked_for = is_asked_for_ || given_ > 0;
-  const bool is_shown =
-      is_wanted_ && needed > 0 && room >= (is_asked_for ? least : asked) + needed;
+  const bool is_shown = is_wanted_ && needed > 0 && room >= (is_asked_for ? least : asked) + needed;
   preview.setVisible(is_shown);
   if (!is_shown) return;
   const int share = given_ > 0 ? std::min(given_, room - least) : room - asked;

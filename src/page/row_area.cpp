@@ -179,6 +179,17 @@ void RowArea::resizeEvent(QResizeEvent* event) {
   vertical_bar_->setVisible(height() < sizeHint().height());
 }
 
+void RowArea::RedrawCurrentRow() {
+  const int current = page_->CurrentRow();
+  if (current != drawn_row_) Surface(drawn_row_).RedrawRow();
+  Surface(current).RedrawRow();
+  drawn_row_ = current;
+}
+
+void RowArea::RedrawRows() {
+  for (int number = 1; number <= page_->Rows(); ++number) Surface(number).RedrawRow();
+}
+
 void RowArea::MoveRows(int pixels) { SetLeft(left_ + pixels); }
 
 void RowArea::SetLeft(int left) {

@@ -37,6 +37,10 @@ class RowArea : public QWidget {
   /// Shows as many surfaces as the page has rows, in the page's width, at their first place.
   void LayOutRows();
 
+  /// Draws the current row anew, and the one that was it before; or all rows of the page.
+  void RedrawCurrentRow();
+  void RedrawRows();
+
   /// Moves all surfaces to the right, or to the left where `pixels` is negative, without bound.
   void MoveRows(int pixels);
 
@@ -97,5 +101,6 @@ class RowArea : public QWidget {
   std::array<QLabel*, Brivon1::kMaxRows> numbers_{};
   std::array<std::optional<qsizetype>, Brivon1::kMaxRows> dots_ends_;
   int left_;
-  int top_ = 0;  // of the page, what is scrolled out of sight above
+  int top_ = 0;        // of the page, what is scrolled out of sight above
+  int drawn_row_ = 1;  // the current row when it was drawn last
 };

@@ -11,6 +11,10 @@ namespace {
 
 using PanelDots::Cell;
 
+PageRow FirstOf(const PageRow& row, qsizetype characters) {
+  return row.Part(0, std::min(characters, row.Length()));
+}
+
 QList<Cell> CellsOf(const PageRow& row, const RowPanel& panel) {
   return PanelCells(RowLine(1, row), panel.colour_type);
 }
@@ -25,7 +29,7 @@ QList<Cell> SeenCells(const PageRow& row, const RowPanel& panel) {
   // More than the parts of a date take that are characters for themselves.
   constexpr int kMargin = 128;
   for (qsizetype characters = panel.columns / kDotsPerCharacter + kMargin;; characters *= 2) {
-    const QList<Cell> cells = CellsOf(row.First(characters), panel);
+    const QList<Cell> cells = CellsOf(FirstOf(row, characters), panel);
     if (characters >= row.Length()) return cells;
     if (PanelDots::ColumnsOf(cells, panel.clock) >= panel.columns + kMargin &&
         FirstCutOf(cells, panel) < cells.size()) {
@@ -35,7 +39,7 @@ QList<Cell> SeenCells(const PageRow& row, const RowPanel& panel) {
 }
 
 int DotsOfCharacters(const PageRow& row, qsizetype characters, const RowPanel& panel) {
-  return PanelDots::ColumnsOf(CellsOf(row.First(characters), panel), panel.clock);
+  return PanelDots::ColumnsOf(CellsOf(FirstOf(row, characters), panel), panel.clock);
 }
 
 qsizetype SeenCharacters(const PageRow& row, const RowPanel& panel) {
@@ -45,7 +49,7 @@ qsizetype SeenCharacters(const PageRow& row, const RowPanel& panel) {
   // Characters and cells do not go one by one: a date is eleven of the ones and one of the others.
   // What is looked for is the shortest beginning of the row that gives the cells that are seen.
   const auto gives_them = [&](qsizetype characters) {
-    PageRow beginning = row.First(characters);
+    PageRow beginning = FirstOf(row, characters);
     beginning.Append('!', row.AttributesAt(0));  // blanks at the end might be taken away
     const QList<Cell> given = CellsOf(beginning, panel);
     return given.size() > seen && std::equal(given.begin(), given.begin() + seen, cells.begin());

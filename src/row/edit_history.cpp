@@ -1,5 +1,6 @@
 #include "row/edit_history.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Brivon1 {
@@ -20,18 +21,39 @@ void EditHistory::Clear() {
 void EditHistory::Record(RowState before) {
   redo_.clear();
   undo_.push_back(std::move(before));
+  ForgetOldest();
+}
+
+void EditHistory::Record(std::vector<RowState> before) {
+  redo_.clear();
+  for (RowState& state : before) {
+    state.goes_on = &state != &before.front();
+    undo_.push_back(std::move(state));
+  }
+  ForgetOldest();
+}
+
+void EditHistory::ForgetOldest() {
   qsizetype characters = 0;
   for (const RowState& state : undo_) characters += state.row.Length();
-  while (undo_.size() > kMostEdits || (characters > kMostCharacters && undo_.size() > 1)) {
-    characters -= undo_.front().row.Length();
-    undo_.pop_front();
+  while (undo_.size() > kMostEdits || characters > kMostCharacters) {
+    const auto second =
+        std::find_if(undo_.begin() + 1, undo_.end(), [](const RowState& s) { return !s.goes_on; });
+    if (second == undo_.end()) return;  // the last edit can always be taken back
+    for (auto state = undo_.begin(); state != second; ++state) characters -= state->row.Length();
+    undo_.erase(undo_.begin(), second);
   }
 }
 
-void EditHistory::Exchange(std::deque<RowState>& from, std::deque<RowState>& to, PageRow& row) {
+bool EditHistory::Exchange(std::deque<RowState>& from, std::deque<RowState>& to, PageRow& row) {
   const int number = from.back().number;
-  to.push_back({number, std::exchange(row, std::move(from.back().row))});
+  const bool goes_on = from.back().goes_on;
+  row.EndSelection();
+  to.push_back({number, std::exchange(row, std::move(from.back().row)), in_edit_});
+  row.EndSelection();
   from.pop_back();
+  in_edit_ = goes_on;
+  return goes_on;
 }
 
 }  // namespace Brivon1

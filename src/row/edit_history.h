@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <vector>
 
 #include "row/page_row.h"
 
@@ -11,6 +12,7 @@ namespace Brivon1 {
 struct RowState {
   int number = 0;
   PageRow row;
+  bool goes_on = false;  ///< It belongs to the same edit as the state before it.
 };
 
 /// The edits that can be taken back, and those that can be done again. Bounded in memory: the
@@ -23,6 +25,9 @@ class EditHistory {
   /// An edit was made of the row that was `before`.
   void Record(RowState before);
 
+  /// One edit was made of several rows, of at least one.
+  void Record(std::vector<RowState> before);
+
   bool CanUndo() const { return !undo_.empty(); }
   bool CanRedo() const { return !redo_.empty(); }
 
@@ -30,15 +35,18 @@ class EditHistory {
   int UndoRow() const { return undo_.back().number; }
   int RedoRow() const { return redo_.back().number; }
 
-  /// Exchanges `row`, which is row UndoRow() or RedoRow(), for its earlier or later state.
-  void Undo(PageRow& row) { Exchange(undo_, redo_, row); }
-  void Redo(PageRow& row) { Exchange(redo_, undo_, row); }
+  /// Exchanges `row`, which is row UndoRow() or RedoRow(), for its earlier or later state. Whether
+  /// the same edit goes on with another row.
+  bool Undo(PageRow& row) { return Exchange(undo_, redo_, row); }
+  bool Redo(PageRow& row) { return Exchange(redo_, undo_, row); }
 
  private:
-  static void Exchange(std::deque<RowState>& from, std::deque<RowState>& to, PageRow& row);
+  bool Exchange(std::deque<RowState>& from, std::deque<RowState>& to, PageRow& row);
+  void ForgetOldest();
 
   std::deque<RowState> undo_;
   std::deque<RowState> redo_;
+  bool in_edit_ = false;  // an edit of several rows is exchanged in part
 };
 
 }  // namespace Brivon1

@@ -1,20 +1,135 @@
 #include "row/edited_message.h"
 
+#include <utility>
+#include <vector>
+
 namespace Brivon1 {
 
-void EditedMessage::ChooseColour(int index) {
-  if (index < 0 || index >= static_cast<int>(kColourNames.size())) return;
-  attributes_.colour = static_cast<char>('A' + index);
+bool EditedMessage::ChooseColour(int index) {
+  if (index < 0 || index >= static_cast<int>(kColourNames.size())) return true;
+  return Restyle([&](Attributes& chosen) { chosen.colour = static_cast<char>('A' + index); });
 }
 
-void EditedMessage::ChooseSize(int index) {
-  if (index < 0 || index >= static_cast<int>(kSizeNames.size())) return;
-  attributes_.size = static_cast<char>('A' + index);
+bool EditedMessage::ChooseSize(int index) {
+  if (index < 0 || index >= static_cast<int>(kSizeNames.size())) return true;
+  return Restyle([&](Attributes& chosen) { chosen.size = static_cast<char>('A' + index); });
+}
+
+bool EditedMessage::ChooseBlink(bool blinking) {
+  return Restyle([&](Attributes& chosen) { chosen.blink = blinking ? kBlinking : kSteady; });
+}
+
+template <typename Choose>
+bool EditedMessage::Restyle(const Choose& choose) {
+  const PageRow& row = EditedRow();
+  if (row.HasSelection()) {
+    PageRow changed = row;
+    for (qsizetype at = row.SelectionBegin(); at < row.SelectionEnd(); ++at) {
+      Attributes attributes = row.AttributesAt(at);
+      choose(attributes);
+      changed.SetAttributes(at, attributes);
+    }
+    if (changed.Size() != row.Size() && !HasRoomFor(changed, row)) return false;
+    Edit([&](PageRow& edited) { edited = std::move(changed); });
+  }
+  choose(attributes_);
+  return true;
+}
+
+template <typename Change>
+bool EditedMessage::Edit(const Change& change) {
+  const int number = EditedNumber();
+  PageRow& row = GoToRow(number);
+  const PageRow before = row;
+  change(row);
+  ShowEditedRow(before);
+  if (!RecordEdit(number, before, row)) return false;
+  SetModified(true);
+  return true;
+}
+
+void EditedMessage::Select(int number, qsizetype anchor, qsizetype cursor) {
+  PageRow& row = GoToRow(number);
+  const PageRow before = row;
+  row.Select(anchor, cursor);
+  ShowEditedRow(before);
+}
+
+void EditedMessage::SelectByKey(int number, MoveKey key) {
+  PageRow& row = GoToRow(number);
+  const PageRow before = row;
+  SelectByKeyIn(row, key);
+  ShowEditedRow(before);
+}
+
+void EditedMessage::SelectTo(int number, double x) {
+  const qsizetype anchor = GoToRow(number).Anchor();
+  Select(number, anchor, ColumnAt(x));
+}
+
+void EditedMessage::SelectWord(int number, double x) {
+  PageRow& row = GoToRow(number);
+  const PageRow before = row;
+  SelectWordIn(row, PositionAt(x));
+  ShowEditedRow(before);
+}
+
+bool EditedMessage::RemoveSelected() {
+  return Edit([](PageRow& row) { row.RemoveSelection(); });
+}
+
+bool EditedMessage::ClearRow() {
+  return Edit([](PageRow& row) {
+    row.Home();
+    row.Delete(row.Length());
+  });
+}
+
+bool EditedMessage::CentreRow() {
+  return Edit([this](PageRow& row) { row = Centred(row); });
+}
+
+bool EditedMessage::CanCentreRow() const {
+  return !Centred(EditedRow()).ShowsTheSameAs(EditedRow());
+}
+
+PasteLoss EditedMessage::Paste(const QString& text) {
+  const int first = EditedNumber();
+  const PastedText pasted = PastedLines(text, LastNumber() - first + 1);
+  PasteLoss loss{pasted.left_over};
+  std::vector<RowState> edited;
+  bool is_typing = false;
+  for (int at = 0; at < pasted.lines.size(); ++at) {
+    const TypedBytes typed = BytesOf(pasted.lines[at]);
+    PageRow& row = GoToRow(first + at);
+    const PageRow before = row;
+    if (at > 0) row.Home();
+    const TypingResult result = TypeAllInto(row, typed.bytes, attributes_, Places());
+    ShowEditedRow(before);
+    is_typing = is_typing || result.is_typing || typed.refused;
+    loss.no_room += result.left_out;
+    loss.missing += typed.missing;
+    if (!row.ShowsTheSameAs(before)) edited.push_back({first + at, before});
+  }
+  if (is_typing) MarkTyped();
+  if (!edited.empty()) {
+    history_.Record(std::move(edited));
+    SetModified(true);
+  }
+  return loss;
+}
+
+PasteLoss EditedMessage::Paste(const PageRow& characters) {
+  TypingResult result;
+  Edit([&](PageRow& row) { result = TypeAllInto(row, characters, Places()); });
+  if (result.is_typing) MarkTyped();
+  return {result.left_out};
 }
 
 bool EditedMessage::Undo() {
   if (!history_.CanUndo()) return false;
-  history_.Undo(GoToRow(history_.UndoRow()));
+  while (history_.Undo(GoToRow(history_.UndoRow()))) {
+  }
   ShowRestoredRow();
   SetModified(true);
   return true;
@@ -22,7 +137,8 @@ bool EditedMessage::Undo() {
 
 bool EditedMessage::Redo() {
   if (!history_.CanRedo()) return false;
-  history_.Redo(GoToRow(history_.RedoRow()));
+  while (history_.Redo(GoToRow(history_.RedoRow()))) {
+  }
   ShowRestoredRow();
   SetModified(true);
   return true;

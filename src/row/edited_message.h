@@ -1,27 +1,72 @@
-// What every message that is being edited has: the attributes of what is typed next, the edits that
-// can be taken back, and whether there is something to save.
+// What every message that is being edited has: the attributes of what is typed next, the selection
+// and what can be done with it, the edits that can be taken back, and whether there is something to
+// save.
 #pragma once
+
+#include <QString>
 
 #include "row/edit_history.h"
 #include "row/page_row.h"
+#include "row/row_editing.h"
 
 namespace Brivon1 {
+
+/// What a paste has left out, and why.
+struct PasteLoss {
+  qsizetype no_room = 0;  ///< How many characters found no room.
+  QString missing{};      ///< Characters that the code page lacks.
+
+  bool operator==(const PasteLoss&) const = default;
+};
 
 class EditedMessage {
  public:
   virtual ~EditedMessage() = default;
 
-  /// The attributes of characters typed from now on. The index is a place in kColourNames or
-  /// kSizeNames; one outside is ignored.
-  const Attributes& CurrentAttributes() const { return attributes_; }
-  void ChooseColour(int index);
-  void ChooseSize(int index);
-  void ChooseBlink(bool blinking) { attributes_.blink = blinking ? kBlinking : kSteady; }
+  /// The row that has the keyboard, and its number.
+  virtual const PageRow& EditedRow() const = 0;
+  virtual int EditedNumber() const = 0;
 
-  /// Takes the last edit back, or makes it again: its row becomes the current one and the message
-  /// modified. False, and nothing happens, without such an edit.
+  /// The attributes of characters typed from now on. The index is a place in kColourNames or
+  /// kSizeNames; one outside is ignored. The selected characters get them too, as one edit. False,
+  /// and nothing is chosen, if they would not fit any more.
+  const Attributes& CurrentAttributes() const { return attributes_; }
+  bool ChooseColour(int index);
+  bool ChooseSize(int index);
+  bool ChooseBlink(bool blinking);
+
+  /// Makes row `number` the current one.
+  void MakeCurrent(int number) { GoToRow(number); }
+
+  /// Makes row `number` the current one and selects in it: from `anchor` to `cursor`, by a key that
+  /// moves, as far as a mouse was dragged, or the word below it. `x` counts in pixels from the left
+  /// edge of what is in sight.
+  void Select(int number, qsizetype anchor, qsizetype cursor);
+  void SelectByKey(int number, MoveKey key);
+  void SelectTo(int number, double x);
+  void SelectWord(int number, double x);
+
+  /// Removes the selected characters, or all of the current row. False, and no edit, where nothing
+  /// is to be removed.
+  bool RemoveSelected();
+  bool ClearRow();
+
+  /// Moves the characters of the current row to the middle of the panel. False, and no edit, where
+  /// they stand there already or there is no middle.
+  bool CentreRow();
+  bool CanCentreRow() const;
+
+  /// Pastes a text, or characters with their own attributes, as one edit by the typing rule: a
+  /// second line goes to the beginning of the following row, and so on.
+  PasteLoss Paste(const QString& text);
+  PasteLoss Paste(const PageRow& characters);
+
+  /// Takes the last edit back, or makes it again: its row, of several one of them, becomes the
+  /// current one and the message modified. False, and nothing happens, without such an edit.
   bool Undo();
   bool Redo();
+  bool CanUndo() const { return history_.CanUndo(); }
+  bool CanRedo() const { return history_.CanRedo(); }
 
   bool IsModified() const { return modified_; }
   void SetModified(bool modified) { modified_ = modified; }
@@ -39,8 +84,33 @@ class EditedMessage {
   /// Makes row `number` the current one.
   virtual PageRow& GoToRow(int number) = 0;
 
+  /// The number of the last row into which a paste goes on, and how many characters a row takes.
+  virtual int LastNumber() const = 0;
+  virtual qsizetype Places() const = 0;
+
+  /// The column that a mouse dragged to `x` has come to, and the character below it.
+  virtual qsizetype ColumnAt(double x) const { return NearestBoundary(x); }
+  virtual qsizetype PositionAt(double x) const { return CellAt(x); }
+
+  /// Whether a row, whose characters got another size, still has room where it was `before`.
+  virtual bool HasRoomFor(const PageRow& /*row*/, const PageRow& /*before*/) const { return true; }
+
+  /// The row with its characters moved to the middle.
+  virtual PageRow Centred(const PageRow& row) const { return row; }
+
+  /// Called once the current row, which was `before`, was edited or its cursor moved.
+  virtual void ShowEditedRow(const PageRow& /*before*/) {}
+
   /// Called once the current row was brought back to another state.
   virtual void ShowRestoredRow() {}
+
+  /// Something was typed, with an effect or without.
+  virtual void MarkTyped() {}
+
+  template <typename Change>
+  bool Edit(const Change& change);
+  template <typename Choose>
+  bool Restyle(const Choose& choose);
 
   Attributes attributes_;
   EditHistory history_;

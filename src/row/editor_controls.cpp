@@ -6,21 +6,46 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QShortcut>
+#include <QSignalBlocker>
 
 #include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 
+namespace {
+
+/// Calls `choose` for each choice in a list, also of the entry that stands there already: selected
+/// characters may have another one.
+template <typename Choose>
+void ConnectChoice(QComboBox* list, const Choose& choose) {
+  QObject::connect(list, &QComboBox::currentIndexChanged, list, choose);
+  QObject::connect(list, &QComboBox::activated, list, [list, choose](int index) {
+    if (index == list->currentIndex()) choose(index);
+  });
+}
+
+}  // namespace
+
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
-                       const std::function<void()>& return_keyboard) {
+                       RowCommands& commands, const std::function<void()>& return_keyboard) {
   for (const char* name : Brivon1::kColourNames) controls.colour->addItem(QLatin1String(name));
   for (const char* name : Brivon1::kSizeNames) controls.size->addItem(QLatin1String(name));
-  QObject::connect(controls.colour, &QComboBox::currentIndexChanged, controls.colour,
-                   [&message](int index) { message.ChooseColour(index); });
-  QObject::connect(controls.size, &QComboBox::currentIndexChanged, controls.size,
-                   [&message](int index) { message.ChooseSize(index); });
+  ConnectChoice(controls.colour, [&message, &commands](int index) {
+    message.ChooseColour(index);
+    commands.ShowAttributes();
+  });
+  ConnectChoice(controls.size, [&message, &commands, list = controls.size](int index) {
+    if (message.ChooseSize(index)) return commands.ShowAttributes();
+    const QSignalBlocker blocker(list);
+    list->setCurrentIndex(message.CurrentAttributes().size - 'A');
+    commands.SayTooWide();
+  });
   QObject::connect(controls.blink, &QCheckBox::toggled, controls.blink,
-                   [&message](bool checked) { message.ChooseBlink(checked); });
+                   [&message, &commands](bool checked) {
+                     message.ChooseBlink(checked);
+                     commands.ShowAttributes();
+                   });
   QObject::connect(controls.blink, &QCheckBox::clicked, controls.blink, return_keyboard);
   for (QComboBox* list : {controls.colour, controls.size}) new ListGuard(list, return_keyboard);
 }
@@ -54,9 +79,17 @@ ListGuard::ListGuard(QComboBox* list, std::function<void()> closed)
     : QObject(list), list_(list), closed_(std::move(closed)) {
   IgnoreWheel(list);
   list->view()->installEventFilter(this);
+  list->installEventFilter(this);
 }
 
-bool ListGuard::eventFilter(QObject* /*view*/, QEvent* event) {
+bool ListGuard::eventFilter(QObject* object, QEvent* event) {
+  if (object == list_) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    closed_();
+    return true;
+  }
   // A list that vanishes with its window has nothing to give back.
   if (event->type() == QEvent::Hide && list_->isVisible()) closed_();
   return false;

@@ -8,6 +8,7 @@
 
 #include "row/edited_message.h"
 #include "row/row_accessible.h"
+#include "row/row_commands.h"
 
 class QCheckBox;
 class QComboBox;
@@ -18,10 +19,10 @@ struct AttributeControls {
   QCheckBox* blink;
 };
 
-/// Fills the lists and lets all three choose the attributes of `message`, which outlives them. Who
-/// has chosen types on: `return_keyboard` is called.
+/// Fills the lists and lets all three choose the attributes of `message`, which outlives them as
+/// `commands` do. Who has chosen types on: `return_keyboard` is called.
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
-                       const std::function<void()>& return_keyboard);
+                       RowCommands& commands, const std::function<void()>& return_keyboard);
 
 /// What screen readers call the attributes: the captions of the controls as they are now.
 RowWords WordsOf(const AttributeControls& controls);
@@ -31,7 +32,8 @@ RowWords WordsOf(const AttributeControls& controls);
 void AddUndoShortcuts(QWidget* window, Brivon1::EditedMessage& message,
                       const std::function<void()>& show);
 
-/// Keeps a list from being changed by accident, and gives the keyboard back after a choice.
+/// Keeps a list from being changed by accident, and gives the keyboard back after a choice and at
+/// Enter.
 class ListGuard : public QObject {
   Q_OBJECT
 

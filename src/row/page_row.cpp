@@ -1,25 +1,25 @@
 #include "row/page_row.h"
 
-#include <algorithm>
-
 namespace Brivon1 {
 
 Attributes PageRow::AttributesAt(qsizetype position) const {
   return {size_[position], colour_[position], blink_[position]};
 }
 
-PageRow PageRow::First(qsizetype characters) const {
-  PageRow first(last_column_);
-  first.text_ = text_.left(characters);
-  first.size_ = size_.left(characters);
-  first.colour_ = colour_.left(characters);
-  first.blink_ = blink_.left(characters);
-  return first;
+void PageRow::SetCursor(qsizetype column) { cursor_ = anchor_ = Column(column); }
+
+void PageRow::Select(qsizetype anchor, qsizetype cursor) {
+  anchor_ = Column(anchor);
+  cursor_ = Column(cursor);
 }
 
-void PageRow::SetCursor(qsizetype column) {
-  // A file may hold a longer row than its cursor reaches.
-  cursor_ = std::clamp<qsizetype>(column, 0, std::min(Length(), last_column_));
+PageRow PageRow::Part(qsizetype begin, qsizetype end) const {
+  PageRow part;
+  part.text_ = text_.sliced(begin, end - begin);
+  part.size_ = size_.sliced(begin, end - begin);
+  part.colour_ = colour_.sliced(begin, end - begin);
+  part.blink_ = blink_.sliced(begin, end - begin);
+  return part;
 }
 
 void PageRow::InsertAt(qsizetype position, char character, const Attributes& attributes) {
@@ -38,6 +38,12 @@ void PageRow::Append(char character, const Attributes& attributes) {
   InsertAt(Length(), character, attributes);
 }
 
+void PageRow::SetAttributes(qsizetype position, const Attributes& attributes) {
+  size_[position] = attributes.size;
+  colour_[position] = attributes.colour;
+  blink_[position] = attributes.blink;
+}
+
 void PageRow::Backspace() {
   if (cursor_ == 0) return;
   Left();
@@ -46,6 +52,14 @@ void PageRow::Backspace() {
 
 void PageRow::Delete(qsizetype count) {
   for (QByteArray* part : {&text_, &size_, &colour_, &blink_}) part->remove(cursor_, count);
+  EndSelection();
+}
+
+void PageRow::RemoveSelection() {
+  const qsizetype count = SelectionLength();
+  if (count == 0) return;
+  SetCursor(SelectionBegin());
+  Delete(count);
 }
 
 }  // namespace Brivon1

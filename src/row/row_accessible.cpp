@@ -58,6 +58,7 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.editable = true;
+    state.selectableText = true;
     return state;
   }
 
@@ -74,12 +75,23 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
     }
   }
 
-  // Nothing can be selected.
-  int selectionCount() const override { return 0; }
-  void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
-  void addSelection(int /*start*/, int /*end*/) override {}
-  void removeSelection(int /*index*/) override {}
-  void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+  // There is one selection at most: another one takes its place.
+  int selectionCount() const override { return Row().HasSelection() ? 1 : 0; }
+  void selection(int index, int* start, int* end) const override {
+    const bool exists = index == 0 && Row().HasSelection();
+    *start = exists ? static_cast<int>(Row().SelectionBegin()) : 0;
+    *end = exists ? static_cast<int>(Row().SelectionEnd()) : 0;
+  }
+  void addSelection(int start, int end) override {
+    if (Surface().isVisible()) Surface().Select(start, end);
+  }
+  void removeSelection(int index) override {
+    if (index != 0 || !Row().HasSelection() || !Surface().isVisible()) return;
+    Surface().Select(Row().Cursor(), Row().Cursor());
+  }
+  void setSelection(int index, int start, int end) override {
+    if (index == 0) addSelection(start, end);
+  }
 
   int characterCount() const override { return static_cast<int>(Row().Length()); }
   int cursorPosition() const override { return static_cast<int>(Row().Cursor()); }
@@ -201,4 +213,12 @@ void TellRowChange(RowSurface& surface, const PageRow& before) {
     tell(QAccessibleTextInsertEvent(&surface, position, inserted));
   }
   if (before.Cursor() != row.Cursor()) tell(QAccessibleTextCursorEvent(&surface, cursor));
+  if (before.SelectionBegin() == row.SelectionBegin() &&
+      before.SelectionEnd() == row.SelectionEnd()) {
+    return;
+  }
+  if (before.HasSelection() || row.HasSelection()) {
+    tell(QAccessibleTextSelectionEvent(&surface, static_cast<int>(row.SelectionBegin()),
+                                       static_cast<int>(row.SelectionEnd())));
+  }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/code_page.h"
 
@@ -51,6 +52,35 @@ bool TypeInto(PageRow& row, char character, const Attributes& attributes, bool h
   return true;
 }
 
+/// The typing rule. `attributes_at` gives those of the character at a position.
+template <typename AttributesAt>
+TypingResult TypeLetters(PageRow& row, QByteArrayView characters, const AttributesAt& attributes_at,
+                         qsizetype most) {
+  TypingResult result;
+  bool is_cut = false;
+  for (qsizetype at = 0; at < characters.size();) {
+    const QByteArrayView letter = FirstLetter(characters.sliced(at));
+    const bool is_backspace = letter.front() == kBackspace;
+    const qsizetype kept = row.Length() - row.SelectionLength();
+    is_cut = !is_backspace && (is_cut || kept + letter.size() > most);
+    if (row.HasSelection()) {
+      if (is_backspace) {
+        row.RemoveSelection();
+        result.is_typing = true;
+        ++at;
+        continue;
+      }
+      if (!is_cut && !IsControlCharacter(letter.front())) row.RemoveSelection();
+    }
+    for (const char character : letter) {
+      const bool is_typing = TypeInto(row, character, attributes_at(at++), !is_cut);
+      if (is_typing) result.is_typing = true;
+      if (is_typing && is_cut && character != kEnter) ++result.left_out;
+    }
+  }
+  return result;
+}
+
 /// The start of the next word, or the row's end.
 qsizetype NextWord(const PageRow& row) {
   const QString text = CodePage::System().ToText(row.Text());
@@ -79,22 +109,30 @@ qsizetype PreviousWord(const PageRow& row) {
 
 TypingResult TypeAllInto(PageRow& row, QByteArrayView characters, const Attributes& attributes,
                          qsizetype most) {
-  TypingResult result;
-  bool is_cut = false;
-  while (!characters.isEmpty()) {
-    const QByteArrayView letter = FirstLetter(characters);
-    characters = characters.sliced(letter.size());
-    is_cut = letter.front() != kBackspace && (is_cut || row.Length() + letter.size() > most);
-    for (const char character : letter) {
-      const bool is_typing = TypeInto(row, character, attributes, !is_cut);
-      if (is_typing) result.is_typing = true;
-      if (is_typing && is_cut && character != kEnter) ++result.left_out;
-    }
-  }
-  return result;
+  return TypeLetters(
+      row, characters, [&](qsizetype /*at*/) -> const Attributes& { return attributes; }, most);
+}
+
+TypingResult TypeAllInto(PageRow& row, const PageRow& characters, qsizetype most) {
+  return TypeLetters(
+      row, characters.Text(), [&](qsizetype at) { return characters.AttributesAt(at); }, most);
 }
 
 void PressKeyIn(PageRow& row, MoveKey key) {
+  if (row.HasSelection()) {
+    switch (key) {
+      case MoveKey::kLeft:
+        return row.SetCursor(row.SelectionBegin());
+      case MoveKey::kRight:
+        return row.SetCursor(row.SelectionEnd());
+      case MoveKey::kDelete:
+      case MoveKey::kBackspaceWord:
+      case MoveKey::kDeleteWord:
+        return row.RemoveSelection();
+      default:
+        row.EndSelection();
+    }
+  }
   switch (key) {
     case MoveKey::kEnd:
       return row.End();
@@ -123,11 +161,46 @@ void PressKeyIn(PageRow& row, MoveKey key) {
   }
 }
 
+bool MovesWithin(MoveKey key) {
+  switch (key) {
+    case MoveKey::kEnd:
+    case MoveKey::kHome:
+    case MoveKey::kLeft:
+    case MoveKey::kRight:
+    case MoveKey::kWordLeft:
+    case MoveKey::kWordRight:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void SelectByKeyIn(PageRow& row, MoveKey key) {
+  if (!MovesWithin(key)) return;
+  const qsizetype anchor = row.Anchor();
+  row.EndSelection();
+  PressKeyIn(row, key);
+  row.Select(anchor, row.Cursor());
+}
+
+void SelectWordIn(PageRow& row, qsizetype position) {
+  if (position < 0 || position >= row.Length()) return;
+  const QString text = CodePage::System().ToText(row.Text());
+  const CharacterKind kind = KindOf(text[position]);
+  qsizetype begin = position;
+  while (begin > 0 && KindOf(text[begin - 1]) == kind) --begin;
+  qsizetype end = position + 1;
+  while (end < text.size() && KindOf(text[end]) == kind) ++end;
+  row.Select(begin, end);
+}
+
 qsizetype NearestBoundary(double x) {
   return static_cast<qsizetype>(std::round(x + kCellWidth / 2.0)) / kCellWidth;
 }
 
-QString PastedText(const QString& text) {
+qsizetype CellAt(double x) { return static_cast<qsizetype>(std::floor(x / kCellWidth)); }
+
+PastedText PastedLines(const QString& text, qsizetype most) {
   const auto is_line_end = [](QChar c) {
     return c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QChar::LineSeparator ||
            c == QChar::ParagraphSeparator;
@@ -135,10 +208,21 @@ QString PastedText(const QString& text) {
   const auto is_key = [](QChar c) {
     return c.unicode() < 0x80 && IsControlCharacter(c.toLatin1());
   };
-  const auto end = std::find_if(text.begin(), text.end(), is_line_end);
-  QString line = text.left(end - text.begin());
-  line.removeIf(is_key);
-  return line;
+  PastedText pasted;
+  auto begin = text.begin();
+  do {
+    const auto end = std::find_if(begin, text.end(), is_line_end);
+    QString line(begin, end - begin);
+    line.removeIf(is_key);
+    pasted.lines.append(std::move(line));
+    if (end == text.end()) return pasted;
+    const bool is_pair =
+        *end == QLatin1Char('\r') && end + 1 != text.end() && *(end + 1) == QLatin1Char('\n');
+    begin = end + (is_pair ? 2 : 1);
+  } while (begin != text.end() && pasted.lines.size() < most);
+  pasted.left_over =
+      std::count_if(begin, text.end(), [&](QChar c) { return !is_line_end(c) && !is_key(c); });
+  return pasted;
 }
 
 TypedBytes BytesOf(const QString& text) {

@@ -19,7 +19,11 @@ void RowStatusLabel::ShowStatus(Brivon1::RowStatus status, RowSurface& surface,
 
 void RowStatusLabel::ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what,
                                  RowSurface& surface) {
-  const QString refusal = words_.Refusal(why, count, what);
-  setText(refusal);
-  surface.SetStatus(refusal, refusal);
+  ShowNote(words_.Refusal(why, count, what), surface);
+}
+
+void RowStatusLabel::ShowNote(QString note, RowSurface& surface) {
+  note.replace(u'\n', u' ');
+  setText(note);
+  surface.SetStatus(note, note);
 }

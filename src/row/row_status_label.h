@@ -17,6 +17,9 @@ class RowStatusLabel : public ElidedLabel {
   /// cursor, or of what is typed `next`.
   void ShowStatus(Brivon1::RowStatus status, RowSurface& surface, const Brivon1::Attributes& next);
 
+  /// Says something else of that row, until ShowStatus() is called again.
+  void ShowNote(QString note, RowSurface& surface);
+
   /// Says why something was left out of that row, until ShowStatus() is called again.
   void ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what, RowSurface& surface);
 

@@ -5,24 +5,28 @@
 #include <utility>
 
 #include <QAccessible>
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-
-#include "language/further_texts.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 using Brivon1::kCellWidth;
 using Brivon1::MoveKey;
+using Brivon1::RowCommand;
+
+/// A selection has a frame in a colour that no character has, and behind its characters a ground
+/// that is nearly black, so that they keep their own colours.
+constexpr QColor kSelectionGround{34, 34, 34};
+constexpr QColor kSelectionFrame{120, 180, 255};
+
+void DrawFrame(QPainter& painter, const QRect& cells) {
+  painter.setPen(kSelectionFrame);
+  painter.drawRect(cells.adjusted(0, 0, -1, -1));
+}
 
 std::optional<MoveKey> MoveKeyOf(const QKeyEvent& event) {
   const Qt::KeyboardModifiers modifiers = event.modifiers();
@@ -43,7 +47,7 @@ std::optional<MoveKey> MoveKeyOf(const QKeyEvent& event) {
     case Qt::Key_Down:
       return MoveKey::kDown;
     case Qt::Key_Delete:
-      // With Shift it cuts, but nothing can be selected.
+      // With Shift it cuts.
       if (modifiers.testFlag(Qt::ShiftModifier)) return std::nullopt;
       return word ? MoveKey::kDeleteWord : MoveKey::kDelete;
     case Qt::Key_Backspace:
@@ -51,6 +55,21 @@ std::optional<MoveKey> MoveKeyOf(const QKeyEvent& event) {
     default:
       return std::nullopt;
   }
+}
+
+std::optional<RowCommand> CommandOf(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Cut)) return RowCommand::kCut;
+  if (event.matches(QKeySequence::Copy)) return RowCommand::kCopy;
+  if (event.matches(QKeySequence::Paste)) return RowCommand::kPaste;
+  if (event.matches(QKeySequence::SelectAll)) return RowCommand::kSelectRow;
+  for (const RowCommand command : {RowCommand::kCentreRow, RowCommand::kCopyRow}) {
+    if (KeysOf(command) == QKeySequence(event.keyCombination())) return command;
+  }
+  return std::nullopt;
+}
+
+bool AsksForMenu(const QKeyEvent& event) {
+  return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
 }
 
 /// The text that a key types; none for a key that is a command or a mere modifier.
@@ -76,6 +95,30 @@ QString TypedText(const QKeyEvent& event) {
 }
 
 }  // namespace
+
+QKeySequence KeysOf(RowCommand command) {
+  switch (command) {
+    case RowCommand::kUndo:
+      return Qt::CTRL | Qt::Key_Z;
+    case RowCommand::kRedo:
+      return Qt::CTRL | Qt::Key_Y;
+    case RowCommand::kCut:
+      return Qt::CTRL | Qt::Key_X;
+    case RowCommand::kCopy:
+      return Qt::CTRL | Qt::Key_C;
+    case RowCommand::kPaste:
+      return Qt::CTRL | Qt::Key_V;
+    case RowCommand::kSelectRow:
+      return Qt::CTRL | Qt::Key_A;
+    case RowCommand::kCentreRow:
+      return Qt::CTRL | Qt::Key_E;
+    case RowCommand::kCopyRow:
+      return Qt::CTRL | Qt::SHIFT | Qt::Key_C;
+    case RowCommand::kClearRow:
+      break;
+  }
+  return {};
+}
 
 RowSurface::RowSurface(const Brivon1::PageRow& row, QWidget* parent) : QWidget(parent), row_(row) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -120,6 +163,14 @@ void RowSurface::SetBlinkingHidden(bool hidden) {
   update(left, 0, (static_cast<int>(last) + 2) * kCellWidth - left, kCellHeight);
 }
 
+QRect RowSurface::SelectionRectangle() const {
+  const qsizetype begin = std::max(row_.SelectionBegin(), span_.first);
+  const qsizetype end = std::min(row_.SelectionEnd(), span_.Behind(row_));
+  if (begin >= end) return {};
+  return {static_cast<int>(begin - span_.first) * kCellWidth, 0,
+          static_cast<int>(end - begin) * kCellWidth, kCellHeight};
+}
+
 QRect RowSurface::CursorRectangle() const { return {CursorCell() * kCellWidth, 0, 1, kCellHeight}; }
 
 void RowSurface::PutCursor(qsizetype position) {
@@ -134,14 +185,20 @@ void RowSurface::PutCursor(qsizetype position) {
   }
 }
 
+void RowSurface::Select(qsizetype anchor, qsizetype cursor) {
+  setFocus(Qt::MouseFocusReason);
+  Q_EMIT SelectionAsked(anchor, cursor);
+}
+
 QVariant RowSurface::inputMethodQuery(Qt::InputMethodQuery query) const {
   switch (query) {
     case Qt::ImCursorRectangle:
     case Qt::ImAnchorRectangle:
       return CursorRectangle();
     case Qt::ImCursorPosition:
-    case Qt::ImAnchorPosition:
       return static_cast<int>(row_.Cursor());
+    case Qt::ImAnchorPosition:
+      return static_cast<int>(row_.Anchor());
     default:
       return QWidget::inputMethodQuery(query);
   }
@@ -151,7 +208,16 @@ void RowSurface::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect exposed = event->rect();
   painter.fillRect(exposed, kSurfaceBackground);
+  const QRect selected = SelectionRectangle();
+  if (!selected.isEmpty()) painter.fillRect(selected, kSelectionGround);
   DrawRow(painter, row_, exposed, blinking_hidden_, span_);
+  if (!selected.isEmpty()) {
+    // It stays open where the selection goes on out of sight.
+    const bool goes_on_left = row_.SelectionBegin() < span_.first;
+    const bool goes_on_right = row_.SelectionEnd() > span_.Behind(row_);
+    DrawFrame(painter,
+              selected.adjusted(goes_on_left ? -1 : 0, 0, goes_on_right ? kRowMargin + 1 : 0, 0));
+  }
   if (cursor_line_ != CursorLine::kNone) {
     DrawCursorLine(painter, CursorCell(), cursor_line_ == CursorLine::kShown);
   }
@@ -159,9 +225,17 @@ void RowSurface::paintEvent(QPaintEvent* event) {
 
 void RowSurface::keyPressEvent(QKeyEvent* event) {
   if (const auto move = MoveKeyOf(*event)) {
-    Q_EMIT MoveKeyPressed(*move);
-  } else if (event->matches(QKeySequence::Paste)) {
-    Paste();
+    const bool selects =
+        event->modifiers().testFlag(Qt::ShiftModifier) && Brivon1::MovesWithin(*move);
+    if (selects) {
+      Q_EMIT SelectKeyPressed(*move);
+    } else {
+      Q_EMIT MoveKeyPressed(*move);
+    }
+  } else if (const auto command = CommandOf(*event)) {
+    Q_EMIT CommandPressed(*command);
+  } else if (AsksForMenu(*event)) {
+    Q_EMIT MenuAsked(mapToGlobal(CursorRectangle().bottomLeft()));
   } else if (const QString text = TypedText(*event); !text.isEmpty()) {
     Q_EMIT Typed(text);
   } else {
@@ -175,25 +249,36 @@ void RowSurface::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void RowSurface::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) Q_EMIT Clicked(event->position().x());
+  if (event->button() != Qt::LeftButton) return;
+  dragging_ = true;
+  if (event->modifiers().testFlag(Qt::ShiftModifier)) {
+    Q_EMIT Dragged(event->position().x());
+  } else {
+    Q_EMIT Clicked(event->position().x());
+  }
+}
+
+void RowSurface::mouseMoveEvent(QMouseEvent* event) {
+  const bool held = event->buttons().testFlag(Qt::LeftButton);
+  if (dragging_ && held) Q_EMIT Dragged(event->position().x());
+}
+
+void RowSurface::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) dragging_ = false;
+}
+
+void RowSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  Q_EMIT Clicked(event->position().x());
+  Q_EMIT DoubleClicked(event->position().x());
 }
 
 void RowSurface::contextMenuEvent(QContextMenuEvent* event) {
-  auto* menu = new QMenu(this);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  QAction* paste =
-      menu->addAction(ModuleLanguage::TranslateText(u"Paste"_s), this, &RowSurface::Paste);
-  paste->setShortcut(QKeySequence::Paste);
-  paste->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
-  menu->popup(by_key ? mapToGlobal(CursorRectangle().bottomLeft()) : event->globalPos());
+  Q_EMIT MenuAsked(by_key ? mapToGlobal(CursorRectangle().bottomLeft()) : event->globalPos());
 }
 
 void RowSurface::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
   Q_EMIT KeyboardEntered();
-}
-
-void RowSurface::Paste() {
-  Q_EMIT Typed(Brivon1::PastedText(QGuiApplication::clipboard()->text()));
 }

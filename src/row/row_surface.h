@@ -1,12 +1,16 @@
 // The surface on which one row of a page, or a span of a scrolling message, is shown and typed. It
-// draws its row and reports what the keyboard, an input method, the clipboard and the mouse do to
-// it; what that means is decided elsewhere.
+// draws its row and reports what the keyboard, an input method and the mouse do to it; what that
+// means is decided elsewhere.
 #pragma once
 
+#include <QKeySequence>
 #include <QWidget>
 
 #include "row/draw_cell.h"
 #include "row/row_accessible.h"
+
+/// The usual keys of a command; none where it has none.
+QKeySequence KeysOf(Brivon1::RowCommand command);
 
 class RowSurface : public QWidget {
   Q_OBJECT
@@ -42,17 +46,41 @@ class RowSurface : public QWidget {
   /// Puts the cursor in front of a character, and the keyboard to this row, as a click does.
   void PutCursor(qsizetype position);
 
+  /// Selects from one position to another, where the cursor goes, and puts the keyboard to this
+  /// row.
+  void Select(qsizetype anchor, qsizetype cursor);
+
+  /// Where the cursor is.
+  QRect CursorRectangle() const;
+
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  Q_SIGNALS:
-  /// Text came from the keyboard, an input method or the clipboard; Backspace and Enter are the
-  /// control characters 8 and 13.
+  /// Text came from the keyboard or an input method; Backspace and Enter are the control characters
+  /// 8 and 13.
   void Typed(const QString& text);
 
   void MoveKeyPressed(Brivon1::MoveKey key);
 
+  /// A key that moves was pressed together with Shift.
+  void SelectKeyPressed(Brivon1::MoveKey key);
+
+  void CommandPressed(Brivon1::RowCommand command);
+
   /// The left button was pressed `x` pixels from the left edge.
   void Clicked(double x);
+
+  /// The mouse, its left button held, has come to `x`, or the button was pressed there with Shift.
+  void Dragged(double x);
+
+  /// The left button was pressed twice at `x`.
+  void DoubleClicked(double x);
+
+  /// A selection was asked for by other means than key and mouse.
+  void SelectionAsked(qsizetype anchor, qsizetype cursor);
+
+  /// A menu was asked for at a place of the screen.
+  void MenuAsked(const QPoint& place);
 
   /// The keyboard has come to this row.
   void KeyboardEntered();
@@ -62,14 +90,18 @@ class RowSurface : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
 
  private:
   /// The cell in front of which the cursor stands.
   int CursorCell() const { return static_cast<int>(row_.Cursor() - span_.first); }
-  QRect CursorRectangle() const;
-  void Paste();
+
+  /// The cells that are selected and in sight; empty without any.
+  QRect SelectionRectangle() const;
 
   const Brivon1::PageRow& row_;
   Brivon1::PageRow told_;  // what screen readers know of the row
@@ -79,4 +111,5 @@ class RowSurface : public QWidget {
   RowSpan span_;
   CursorLine cursor_line_ = CursorLine::kNone;
   bool blinking_hidden_ = false;
+  bool dragging_ = false;
 };

@@ -78,9 +78,7 @@ SequenceTable::SequenceTable(QWidget* parent)
   verticalHeader()->setMinimumSectionSize(row_height);
   verticalHeader()->setDefaultSectionSize(row_height);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  setMinimumSize(
-      kAllTwips / kTwipsPerPixel + verticalScrollBar()->sizeHint().width() + 2 * frameWidth(),
-      horizontalHeader()->sizeHint().height() + kRowsInSight * row_height + 2 * frameWidth());
+  SetLeastRows(kRowsInSight);
 
   connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
     if (cell.column() == Column::kFile) {
@@ -89,6 +87,13 @@ SequenceTable::SequenceTable(QWidget* parent)
       Q_EMIT PropertiesWanted(cell.row() + 1);
     }
   });
+}
+
+void SequenceTable::SetLeastRows(int rows) {
+  const int width = kAllTwips / kTwipsPerPixel + verticalScrollBar()->sizeHint().width();
+  const int height =
+      horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize();
+  setMinimumSize(QSize(width, height) + 2 * QSize(frameWidth(), frameWidth()));
 }
 
 void SequenceTable::keyPressEvent(QKeyEvent* event) {

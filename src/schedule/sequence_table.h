@@ -18,6 +18,9 @@ class SequenceTable : public QTableView {
   /// How message files are looked for from now on; at first it is IsMessageFileThere().
   void LookBy(const Brivon1::FileLook::IsThere& is_there) { is_there_ = is_there; }
 
+  /// Gives the table room for `rows` rows at least; for ten at first.
+  void SetLeastRows(int rows);
+
   /// Shows the sequences and "End" anew, with the row at `position` selected: 1 to the count of the
   /// sequences, and one more for "End"; without sequences none is. That row is in sight afterwards.
   void ShowSequences(const Brivon1::Schedule& schedule, int position);

@@ -66,8 +66,16 @@ void frmShiftMsg::ConnectButtons() {
 }
 
 void frmShiftMsg::ConnectMessage() {
-  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_,
-                    [this] { surface_->setFocus(); });
+  const auto return_keyboard = [this] { surface_->setFocus(); };
+  commands_ = new RowCommands(
+      this, message_, [this] { ShowEdit(); }, return_keyboard);
+  commands_->Serve(*surface_, message_.EditedNumber());
+  connect(commands_, &RowCommands::Said, surface_, [this](const QString& text) {
+    ui_->lblRowStatus->ShowNote(text, *surface_);
+    ShowBesideCursor(*surface_, text);
+  });
+  ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_, *commands_,
+                    return_keyboard);
   connect(surface_, &RowSurface::Typed, this, &frmShiftMsg::TypeText);
   connect(surface_, &RowSurface::MoveKeyPressed, this, [this](Brivon1::MoveKey key) {
     message_.PressMoveKey(key);
@@ -102,12 +110,14 @@ void frmShiftMsg::OpenFile() {
       ShowFileDialog(this, u"Open Message"_s, u"All|*.*|Scrolling Message|*.srl"_s, 2);
   if (path.isEmpty()) return;
   if (!Brivon1::IsScrollingFile(path)) {
-    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
+                       Brivon1::ScrollingFileRemedy(path)});
     return;
   }
   auto row = Brivon1::ReadScrollingMessage(path);
   if (!row) {
-    ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!',
+                       Brivon1::ScrollingFileRemedy(path)});
     return;
   }
   message_.TakeOver(std::move(*row));
@@ -121,8 +131,9 @@ void frmShiftMsg::OpenSendDialog() {
 }
 
 bool frmShiftMsg::WriteFile(const QString& path) {
-  return ReportSave(this,
-                    Brivon1::SaveFailureText(Brivon1::WriteScrollingMessage(path, message_.Row())));
+  QString reason;
+  const auto result = Brivon1::WriteScrollingMessage(path, message_.Row(), &reason);
+  return ReportSave(this, path, result, reason);
 }
 
 QString frmShiftMsg::AskForName() {

@@ -7,6 +7,7 @@
 #include <QDialog>
 
 #include "row/blink_timers.h"
+#include "row/row_commands.h"
 #include "row/row_surface.h"
 #include "scrolling/scrolling_message.h"
 #include "widgets/edited_file.h"
@@ -54,4 +55,5 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
   EditedFile* file_;
   RowSurface* surface_;
   BlinkTimers* timers_;
+  RowCommands* commands_;
 };

@@ -4,11 +4,6 @@
 #include <utility>
 
 namespace Brivon1 {
-namespace {
-
-constexpr int kTheOneRow = 1;
-
-}  // namespace
 
 void ScrollingMessage::Begin() { TakeOver(PageRow(PageRow::kEveryColumn)); }
 
@@ -30,6 +25,16 @@ qsizetype ScrollingMessage::TypeAll(QByteArrayView characters) {
   return left_out;
 }
 
+void ScrollingMessage::ShowEditedRow(const PageRow& before) {
+  if (row_.Length() < before.Length()) LookBackAfter(before);
+  FollowCursor();
+}
+
+qsizetype ScrollingMessage::ColumnAt(double x) const {
+  // A mouse beside the span reaches one character more.
+  return first_visible_ + std::clamp<qsizetype>(NearestBoundary(x), -1, kSpan + 1);
+}
+
 void ScrollingMessage::ShowRestoredRow() {
   LookBack();
   FollowCursor();
@@ -38,7 +43,7 @@ void ScrollingMessage::ShowRestoredRow() {
 void ScrollingMessage::PressMoveKey(MoveKey key) {
   const PageRow before = row_;
   PressKeyIn(row_, key);
-  if (key == MoveKey::kBackspaceWord) LookBackAfter(before);
+  if (row_.Length() < before.Length()) LookBackAfter(before);
   Finish(before);
 }
 
@@ -52,7 +57,8 @@ void ScrollingMessage::Finish(const PageRow& before) {
 }
 
 void ScrollingMessage::LookBackAfter(const PageRow& before) {
-  if (row_.Cursor() < before.Cursor()) LookBack();
+  const bool was_removed = before.HasSelection() && row_.Length() < before.Length();
+  if (was_removed || row_.Cursor() < before.Cursor()) LookBack();
 }
 
 void ScrollingMessage::LookBack() {

@@ -26,6 +26,8 @@ class ScrollingMessage : public EditedMessage {
   void TakeOver(PageRow row);
 
   const PageRow& Row() const { return row_; }
+  const PageRow& EditedRow() const override { return row_; }
+  int EditedNumber() const override { return kTheOneRow; }
 
   /// The number of characters in front of the leftmost one in sight. The cursor is never in front
   /// of that one, nor more than kSpan characters behind.
@@ -46,7 +48,14 @@ class ScrollingMessage : public EditedMessage {
   void Click(double x);
 
  private:
+  static constexpr int kTheOneRow = 1;
+
   PageRow& GoToRow(int /*number*/) override { return row_; }
+  int LastNumber() const override { return kTheOneRow; }
+  qsizetype Places() const override { return kMostCharacters; }
+  qsizetype ColumnAt(double x) const override;
+  qsizetype PositionAt(double x) const override { return first_visible_ + CellAt(x); }
+  void ShowEditedRow(const PageRow& before) override;
   void ShowRestoredRow() override;
 
   /// Brings the cursor into sight, and takes note if the message is not what it was `before`.

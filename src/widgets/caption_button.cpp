@@ -128,11 +128,14 @@ void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
   DrawCaption(&painter, CaptionArea(), Qt::AlignCenter, text(), true);
 }
 
+QString CaptionButton::WholeToolTip() const {
+  if (Fit().complete) return toolTip();
+  return toolTip().isEmpty() ? ShownCaption() : ShownCaption() + QLatin1Char('\n') + toolTip();
+}
+
 bool CaptionButton::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && !Fit().complete) {
-    QString tip = ShownCaption();
-    if (!toolTip().isEmpty()) tip += QLatin1Char('\n') + toolTip();
-    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), tip, this);
+    ShowPlainToolTip(*static_cast<QHelpEvent*>(event), WholeToolTip(), this);
     return true;
   }
   return QPushButton::event(event);

@@ -31,6 +31,9 @@ class CaptionButton : public QPushButton {
   /// The size of the letters against those of the font: what the longest caption of the row needs.
   qreal Scale() const;
 
+  /// Its tool tip, behind the caption where that is not seen whole.
+  QString WholeToolTip() const;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;

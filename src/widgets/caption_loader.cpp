@@ -15,6 +15,7 @@
 #include "language/further_texts.h"
 #include "language/module_language.h"
 #include "widgets/caption_room.h"
+#include "widgets/window_keys.h"
 
 namespace {
 
@@ -127,6 +128,7 @@ void UsePlainButtons(QWidget* window) {
 
 void LoadCaptions(QWidget* window) {
   GiveCaptionsRoom(window);
+  GiveWindowKeys(window);
   if (!ModuleLanguage::IsLanguageActive()) return;
   Loader loader(window);
   if (const CaptionTable* table = ModuleLanguage::FindCaptionTable(window->objectName())) {

@@ -16,6 +16,8 @@ namespace {
 // What a desktop puts around a window.
 constexpr QSize kFrame(16, 40);
 
+QSize RoomFor(const QWidget& window) { return window.screen()->availableSize() - kFrame; }
+
 class CaptionRoom : public QObject {
  public:
   explicit CaptionRoom(QWidget* window) : QObject(window), window_(window) {
@@ -38,12 +40,13 @@ class CaptionRoom : public QObject {
 
  private:
   const QLayout& Layout() const { return *window_->layout(); }
-  QSize Room() const { return window_->screen()->availableSize() - kFrame; }
+  QSize Room() const { return RoomFor(*window_); }
 
   bool FitsInWidth() const { return Layout().totalMinimumSize().width() <= Room().width(); }
-  bool Fits() const {
-    return FitsInWidth() && Layout().totalMinimumHeightForWidth(Room().width()) <= Room().height();
+  bool FitsAt(int width) const {
+    return Layout().totalMinimumHeightForWidth(width) <= Room().height();
   }
+  bool Fits() const { return FitsInWidth() && FitsAt(Room().width()); }
 
   // What got smaller stays so while the window is open, so that its letters do not jump.
   void Shrink() {
@@ -79,19 +82,32 @@ class CaptionRoom : public QObject {
     const bool designed = window_->testAttribute(Qt::WA_Resized);
     int width = Layout().totalSizeHint().width();
     if (designed) width = std::max(width, window_->width());
-    if (Layout().totalMinimumHeightForWidth(width) > Room().height()) width = Room().width();
+    if (!FitsAt(width)) width = Room().width();
     width = std::min(width, Room().width());
     const int height = designed
                            ? std::max(window_->height(), Layout().totalMinimumHeightForWidth(width))
                            : Layout().totalHeightForWidth(width);
-    window_->setMinimumSize(0, 0);  // that of the letters before they were made smaller
+    // That of the letters before they were made smaller. With none, the layout would set its own.
+    window_->setMinimumSize(1, 1);
     window_->resize(width, std::min(height, Room().height()));
   }
 
   void SetMinimum() {
-    const int width = std::min(Layout().totalMinimumSize().width(), Room().width());
+    const int width = LeastWidth();
     const int height = Layout().totalMinimumHeightForWidth(std::max(width, window_->width()));
     window_->setMinimumSize(width, std::min(height, Room().height()));
+  }
+
+  // The narrowest window whose wrapped captions are not higher than the screen.
+  int LeastWidth() const {
+    int wide = Room().width();
+    int narrow = std::min(Layout().totalMinimumSize().width(), wide);
+    if (FitsAt(narrow) || !FitsAt(wide)) return narrow;
+    while (wide - narrow > 1) {
+      const int between = (narrow + wide) / 2;
+      (FitsAt(between) ? wide : narrow) = between;
+    }
+    return wide;
   }
 
   QWidget* window_;
@@ -101,6 +117,12 @@ class CaptionRoom : public QObject {
 };
 
 }  // namespace
+
+bool IsScreenTooLow(QWidget& window) {
+  window.ensurePolished();
+  const QSize room = RoomFor(window);
+  return window.layout()->totalMinimumHeightForWidth(room.width()) > room.height();
+}
 
 void GiveCaptionsRoom(QWidget* window) {
   if (window->layout() != nullptr) new CaptionRoom(window);

@@ -16,6 +16,9 @@ namespace {
 
 constexpr int kWidest = 30;  // average characters in a line
 
+// What the letters of a line may take beyond their advances, in pixels.
+constexpr int kBeyondAdvance = 1;
+
 qreal LongestWord(const QFontMetricsF& metrics, const QString& text) {
   qreal longest = 0;
   for (const QString& word : text.split(u' ', Qt::SkipEmptyParts)) {
@@ -105,18 +108,19 @@ void DrawCaption(QPainter* painter, const QRectF& area, Qt::Alignment alignment,
 
 QSize FittedLabel::sizeHint() const {
   const int width = CaptionWidth(font(), Shown());
-  return QSize(width, CaptionHeight(font(), Shown(), width)).grownBy(contentsMargins());
+  return QSize(width + kBeyondAdvance, CaptionHeight(font(), Shown(), width))
+      .grownBy(contentsMargins());
 }
 
 QSize FittedLabel::minimumSizeHint() const {
-  return QSize(LeastCaptionWidth(font(), Shown()), fontMetrics().height())
+  return QSize(LeastCaptionWidth(font(), Shown()) + kBeyondAdvance, fontMetrics().height())
       .grownBy(contentsMargins());
 }
 
 int FittedLabel::heightForWidth(int width) const {
   const QMargins around = contentsMargins();
-  return CaptionHeight(font(), Shown(), width - around.left() - around.right()) + around.top() +
-         around.bottom();
+  const int inside = width - around.left() - around.right() - kBeyondAdvance;
+  return CaptionHeight(font(), Shown(), inside) + around.top() + around.bottom();
 }
 
 bool FittedLabel::event(QEvent* event) {

@@ -1,8 +1,13 @@
 #include "widgets/message_boxes.h"
 
+#include <algorithm>
+#include <memory>
+
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QLabel>
+#include <QScreen>
+#include <QStringList>
 #include <QWidget>
 
 #include "language/module_language.h"
@@ -19,6 +24,8 @@ void UsePlainText(QMessageBox& box) {
 // What a desktop puts beside a window's title: a symbol, three buttons and the room between them.
 constexpr int kBesideTitle = 160;
 
+constexpr int kLettersAcross = 70;  // of a line that is not broken
+
 /// Makes `box` so wide that its title is not cut.
 void MakeRoomForTitle(QMessageBox& box) {
   auto* layout = qobject_cast<QGridLayout*>(box.layout());
@@ -30,15 +37,53 @@ void MakeRoomForTitle(QMessageBox& box) {
                   layout->rowCount(), 0, 1, layout->columnCount());
 }
 
+/// Lets the line below the text be selected, copied and read aloud, and gives it room.
+void PrepareInformative(QMessageBox& box) {
+  auto* label = box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s);
+  if (label == nullptr) return;
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.setAccessibleDescription(box.informativeText());
+  const QFontMetrics letters = label->fontMetrics();
+  const int screen = box.screen()->availableSize().width() - kBesideTitle;
+  const int common = kLettersAcross * letters.averageCharWidth();
+  int width = 0;
+  for (const QString& line : box.informativeText().split(u'\n')) {
+    width = std::max(width, std::min(letters.horizontalAdvance(line), common));
+    // A path has no place to be broken at.
+    for (const QString& word : line.split(u' ')) {
+      width = std::max(width, letters.horizontalAdvance(word));
+    }
+  }
+  label->setMinimumWidth(std::min(width + letters.averageCharWidth(), screen));
+}
+
+std::unique_ptr<QMessageBox> MakeBox(QWidget* window, const QString& text,
+                                     const MessageBoxStyle& style) {
+  auto box = std::make_unique<QMessageBox>(
+      style.icon, style.title.isEmpty() ? window->windowTitle() : style.title, text,
+      QMessageBox::Ok, window);
+  box->setInformativeText(style.informative);
+  UsePlainText(*box);
+  MakeRoomForTitle(*box);
+  PrepareInformative(*box);
+  return box;
+}
+
 }  // namespace
 
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style) {
-  QMessageBox box(style.icon, style.title.isEmpty() ? window->windowTitle() : style.title, text,
-                  QMessageBox::Ok, window);
-  box.setInformativeText(style.informative);
-  UsePlainText(box);
-  MakeRoomForTitle(box);
-  box.exec();
+  MakeBox(window, text, style)->exec();
+}
+
+void ShowMessageBeside(QWidget* window, const QString& text, const MessageBoxStyle& style) {
+  QMessageBox* box = MakeBox(window, text, style).release();  // its window owns it
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  box->open();
+}
+
+void ShowRefusal(QWidget* window, const Brivon1::Refusal& refusal, MessageBoxStyle style) {
+  style.informative = refusal.remedy;
+  ShowMessage(window, refusal.text, style);
 }
 
 SaveAnswer AskToSave(QWidget* window) {

@@ -157,6 +157,15 @@ TEST(CodePage, AnUndefinedValueIsAControlOrPrivateUseCharacter) {
   }
 }
 
+TEST(CodePage, WhatTheGreekHebrewAndBalticPagesLeaveUndefinedIsPrivateUseAtItsOwnValue) {
+  for (const int value : {0xD2, 0xFF}) EXPECT_EQ(TextOf(1253, value), 0xF700 + value);
+  for (const int value : {0xD9, 0xDA, 0xDB, 0xDC, 0xDD, 0xDE, 0xDF, 0xFB, 0xFC, 0xFF}) {
+    EXPECT_EQ(TextOf(1255, value), 0xF700 + value);
+  }
+  for (const int value : {0xA1, 0xA5}) EXPECT_EQ(TextOf(1257, value), 0xF700 + value);
+  EXPECT_EQ(ByteOf(1253, u'\uF7D2'), 0xD2);
+}
+
 TEST(CodePage, ACharacterWithoutAByteHasNone) {
   EXPECT_EQ(ByteOf(1252, u'\u0142'), std::nullopt);
   EXPECT_EQ(ByteOf(1252, u'\u4E2D'), std::nullopt);

@@ -156,6 +156,14 @@ TEST_F(Commands, PageNumberOfDeleteAndRunIsCheckedAgainst1To120) {
   EXPECT_FALSE(IsPageNumber(u"99999999999999999999"_s));
 }
 
+TEST_F(Commands, TheHighestPageStandsInItsFrameWithAllItsDigits) {
+  link_.AnswerAfter(10, "<ID1A>\r\n");
+  EXPECT_TRUE(Run(PanelCommand::kDeletePage, 26, u"120"_s).succeeded);
+  link_.AnswerAfter(10, "<ID1A>\r\n");
+  EXPECT_TRUE(Run(PanelCommand::kRunPage, 26, u"120"_s).succeeded);
+  EXPECT_EQ(link_.Written(), (QList<QByteArray>{"<ID1A><D120>\r\n", "<ID1A><RP120>\r\n"}));
+}
+
 TEST_F(Commands, WhatDeletesSaysWhatOfAPanelAndOfAllPanels) {
   EXPECT_EQ(WhatItDeletes(PanelCommand::kDeleteAll, 1), u"Deletes every page of %1"_s);
   EXPECT_EQ(WhatItDeletes(PanelCommand::kDeletePage, 1), u"Deletes one page of %1"_s);

@@ -114,6 +114,19 @@ TEST(ConfigurationDraftTest, RemoveGivesTheIdNextToTheOneRemoved) {
   for (const PanelEntry& entry : draft.Values().panels) EXPECT_FALSE(entry.IsConfigured());
 }
 
+TEST(ConfigurationDraftTest, RemoveOfTheLastIdLooksAtNothingBehindTheTable) {
+  // Behind the table stands the send mode, whose bytes would pass for rows and columns.
+  ConfigurationDraft draft(Read(
+      "[Dimension Config]\nID255=1x3,Mono\n[Communication]\nSend Mode=RS232\nBaudrate=9600\n"));
+  EXPECT_EQ(draft.Remove(255), std::nullopt);
+}
+
+TEST(ConfigurationDraftTest, AnAddressThatBeginsWithAColonHasNoHost) {
+  const ConfigurationDraft draft(Read("[Dimension Config]\nID007=4x96,Tri,:10.0.0.5\n"));
+  EXPECT_EQ(draft.Boxes(7).address, QString());
+  EXPECT_EQ(draft.Boxes(7).port, Text("10.0.0.5"));
+}
+
 TEST(ConfigurationDraftTest, TheBoxesOfAPanelAreReadyToBeAddedAgain) {
   const Configuration stored = Read(
       "[Dimension Config]\nID000=12x999,Tri,10.0.0.5:8080\nID007=1x1,Mono,10.0.0.6\n"

@@ -167,6 +167,14 @@ TEST(DisplayFeatureTest, AChosenNameThatTheFileCannotHoldOrThatReadsAsAnotherIsS
   }
 }
 
+TEST(DisplayFeatureTest, TheTenthNameOfALanguageIsStoredAndFoundAgain) {
+  const TemporaryProgramFolder folder;
+  folder.UseLanguage("[frmDelay]\nListFeature.List(0)=Erscheinen\nListFeature.List(9)=Neun\n");
+  EXPECT_EQ(FeatureNames().ToStore(Text("Neun"), QString()), Text("Neun"));
+  EXPECT_EQ(FeatureNames().ToStore(Text("Neun"), Text("Plegar")), Text("Neun"));
+  EXPECT_EQ(FeatureNames().ToPreselect(Text("Neun")), Text("Neun"));
+}
+
 TEST(DisplayFeatureTest, ADecomposedNameIsStoredAndFoundAgain) {
   const TemporaryProgramFolder folder;
   folder.UseLanguage("[frmDelay]\nListFeature.List(2)=O\u0308ffnen\n");

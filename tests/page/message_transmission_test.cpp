@@ -321,6 +321,19 @@ TEST_F(MessageTransmission, AFileOf29BytesIsRefused) {
   EXPECT_FALSE(Send(folder_.Write(u"page.msg"_s, content), 26, {0, 0}));
 }
 
+TEST_F(MessageTransmission, APageOfTwelveRowsIsSentWhole) {
+  QList<QByteArray> lines;
+  for (const char* tag : {"<L01>", "<L02>", "<L03>", "<L04>", "<L05>", "<L06>", "<L07>", "<L08>",
+                          "<L09>", "<L10>", "<L11>", "<L12>"}) {
+    lines.append(QByteArray(tag) + "<SA><CA>x");
+    link_.AnswerAfter(1, "<ID1A>\r\n");
+  }
+  EXPECT_TRUE(Send(File(lines), 26, {12, 96}));
+  ASSERT_EQ(link_.Written().size(), 12);
+  EXPECT_EQ(link_.Written()[0], "<ID1A><L01><P007><SA><CA>x \r\n");
+  EXPECT_EQ(link_.Written()[11], "<ID1A><L12><P007><SA><CA>x \r\n");
+}
+
 TEST_F(MessageTransmission, DateTimeAndGraphicsBecomeThePanelsCodes) {
   EXPECT_EQ(FirstFrame("<L01><SA><CA>Today DD MMM YYYY at HH:MM ~A", 26),
             "<ID1A><L01><P007><SA><CA>Today <DD> at <DT> <GA> \r\n");

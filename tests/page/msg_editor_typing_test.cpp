@@ -2,10 +2,8 @@
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
-#include <QMenu>
 #include <QTest>
 #include <QTimer>
 
@@ -230,22 +228,6 @@ TEST_F(MsgEditor, APasteFillsTheRowAndNoMore) {
   EXPECT_EQ(RowLines(), "<L01><SA><CA>xyzppppppppppppp\r\n<L02>\r\n");
   Key(Qt::Key_V, Qt::ControlModifier);
   EXPECT_TRUE(Asks());
-}
-
-TEST_F(MsgEditor, TheContextMenuPastesIntoItsRow) {
-  New(2, 80);
-  QGuiApplication::clipboard()->setText(Text("abc"));
-  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-  Row(2)->setFocus();
-  QApplication::sendEvent(Row(2), &event);
-  auto* menu = Row(2)->findChild<QMenu*>();
-  ASSERT_NE(menu, nullptr);
-  ASSERT_EQ(menu->actions().size(), 1);
-  EXPECT_EQ(menu->actions()[0]->text(), Text("Paste"));
-  EXPECT_TRUE(menu->actions()[0]->isEnabled());
-  menu->actions()[0]->trigger();
-  menu->close();
-  EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>abc\r\n");
 }
 
 TEST_F(MsgEditor, UndoAndRedoKeysTakeEditsBackAndMakeThemAgain) {

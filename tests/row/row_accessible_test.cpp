@@ -40,6 +40,11 @@ class RowAccessible : public testing::Test {
     QObject::connect(&surface_, &RowSurface::Clicked, &surface_, [this](double x) {
       Edit([&] { row_.SetCursor(span_.first + Brivon1::NearestBoundary(x)); });
     });
+    QObject::connect(&surface_, &RowSurface::SelectKeyPressed, &surface_,
+                     [this](Brivon1::MoveKey key) { Edit([&] { SelectByKeyIn(row_, key); }); });
+    QObject::connect(
+        &surface_, &RowSurface::SelectionAsked, &surface_,
+        [this](qsizetype anchor, qsizetype cursor) { Edit([&] { row_.Select(anchor, cursor); }); });
     surface_.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&surface_));
   }
@@ -76,6 +81,14 @@ class RowAccessible : public testing::Test {
     return *Accessible().textInterface();
   }
 
+  // How many selections there are, and the place of the first: "1: 2-5".
+  QString Selections() {
+    int start = 9;
+    int end = 9;
+    Text().selection(0, &start, &end);
+    return u"%1: %2-%3"_s.arg(Text().selectionCount()).arg(start).arg(end);
+  }
+
   // The words for one character, and the characters that they hold for: "Red, Normal 0-3".
   QString Attributed(int offset) {
     int start = 99;
@@ -98,6 +111,7 @@ TEST_F(RowAccessible, IsAnEditableTextThatHasItsNameAndItsText) {
   EXPECT_EQ(Accessible().text(QAccessible::Name), u"Row 1"_s);
   EXPECT_EQ(Accessible().text(QAccessible::Value), u"Road works"_s);
   EXPECT_TRUE(Accessible().state().editable);
+  EXPECT_TRUE(Accessible().state().selectableText);
   EXPECT_TRUE(Accessible().state().focusable);
   EXPECT_FALSE(Accessible().state().multiLine);
   EXPECT_EQ(Text().characterCount(), 10);
@@ -118,16 +132,48 @@ TEST_F(RowAccessible, EachByteIsTheLetterThatTheOperatorSees) {
   EXPECT_EQ(Text().text(0, 1), u"æ"_s);
 }
 
-TEST_F(RowAccessible, NothingIsEverSelected) {
+TEST_F(RowAccessible, WithoutASelectionThereIsNone) {
   Keys(u"abc"_s);
-  Text().addSelection(0, 2);
-  Text().setSelection(0, 0, 2);
+  EXPECT_EQ(Selections(), u"0: 0-0"_s);
+  Text().removeSelection(0);
+  Text().setSelection(1, 0, 2);
+  EXPECT_EQ(Selections(), u"0: 0-0"_s);
+}
+
+TEST_F(RowAccessible, AReaderFindsSelectsAndEndsTheSelection) {
+  Keys(u"abcdef"_s);
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_EQ(Selections(), u"1: 5-6"_s);
+  events_.TakeAll();
+  Text().addSelection(1, 4);
+  EXPECT_EQ(Selections(), u"1: 1-4"_s);
+  EXPECT_EQ(Text().cursorPosition(), 4);
+  EXPECT_EQ(events_.TakeAll(), "Row 1: cursor 4; Row 1: select 1-4, cursor 4");
+  Text().setSelection(0, 3, -9);
+  EXPECT_EQ(Selections(), u"1: 0-3"_s);
   int start = 9;
   int end = 9;
-  Text().selection(0, &start, &end);
-  EXPECT_EQ(Text().selectionCount(), 0);
+  Text().selection(1, &start, &end);
   EXPECT_EQ(start, 0);
   EXPECT_EQ(end, 0);
+  Text().removeSelection(1);
+  EXPECT_EQ(Selections(), u"1: 0-3"_s);
+  events_.TakeAll();
+  Text().removeSelection(0);
+  EXPECT_EQ(Selections(), u"0: 0-0"_s);
+  EXPECT_EQ(events_.TakeAll(), "Row 1: select 0-0, cursor 0");
+}
+
+TEST_F(RowAccessible, SelectingByKeyTellsWhatIsSelectedAndTypingThatNothingIs) {
+  Keys(u"abc"_s);
+  events_.TakeAll();
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_EQ(events_.TakeAll(), "Row 1: cursor 2; Row 1: select 2-3, cursor 2");
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_EQ(events_.TakeAll(), "Row 1: cursor 1; Row 1: select 1-3, cursor 1");
+  Keys(u"x"_s);
+  EXPECT_EQ(events_.TakeAll(),
+            "Row 1: replace 1 'bc' by 'x', cursor 2; Row 1: cursor 2; Row 1: select 2-2, cursor 2");
 }
 
 TEST_F(RowAccessible, IsReadByCharactersWordsAndAsAWhole) {

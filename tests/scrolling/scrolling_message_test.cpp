@@ -207,6 +207,16 @@ TEST(ScrollingMessage, WhoeverRemovesCharactersSeesWhichOnesComeNext) {
   EXPECT_EQ(message.FirstVisible(), 0);
 }
 
+TEST(ScrollingMessage, BackspaceAtTheLeftEdgeShowsTheFifteenCharactersBeforeTheCursor) {
+  ScrollingMessage message = Opened(100);
+  for (int time = 0; time < 29; ++time) TypeKey(message, kBackspace);
+  EXPECT_EQ(message.Row().Cursor(), 71);
+  EXPECT_EQ(message.FirstVisible(), 70);
+  TypeKey(message, kBackspace);
+  EXPECT_EQ(message.Row().Cursor(), 70);
+  EXPECT_EQ(message.FirstVisible(), 55);
+}
+
 TEST(ScrollingMessage, DeleteLeavesTheCursorAndTheSpan) {
   ScrollingMessage message = Opened(100);
   Press(message, MoveKey::kLeft, 5);

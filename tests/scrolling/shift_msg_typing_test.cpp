@@ -173,6 +173,17 @@ TEST_F(ShiftMsg, AnInputMethodFindsTheCursorInTheSpan) {
   EXPECT_EQ(Picture()->inputMethodQuery(Qt::ImCursorRectangle).toRect(), QRect(348, 0, 1, 20));
 }
 
+TEST_F(ShiftMsg, APasteTypesTheFirstLineOfTheClipboard) {
+  Keys("[]");
+  Key(Qt::Key_Left);
+  QGuiApplication::clipboard()->setText(Text("a\tb\bc\x1b\r\nsecond line"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(CursorCell(), 4);
+  EXPECT_EQ(Position(), Text("4 of 5"));
+  EXPECT_TRUE(Asks());
+  EXPECT_EQ(Body(), "<SA><CA>[abc]\r\n");
+}
+
 TEST_F(ShiftMsg, APasteFillsTheMessageAndNoMore) {
   Keys("xyz");
   QGuiApplication::clipboard()->setText(QString(5000000, QLatin1Char('p')));

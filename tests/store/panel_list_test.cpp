@@ -86,6 +86,13 @@ TEST(PanelList, AnyAddressOfTheConfigurationNamesTheSameEndpointAsItsLine) {
   EXPECT_EQ(EndpointOf("10.0.0.5,192.168.0.1:9").host, "10.0.0.5,192.168.0.1");
 }
 
+TEST(PanelList, AnAddressThatBeginsWithAColonHasAPortAndNoHost) {
+  EXPECT_EQ(ReadEndpoint(":1.2").host, "");
+  EXPECT_EQ(ReadEndpoint(":1.2").port, 1);
+  EXPECT_FALSE(ReadEndpoint(":1.2").IsUsable());
+  EXPECT_FALSE(ReadEndpoint(":81.0.0.5").IsUsable());
+}
+
 TEST(PanelList, AShortFirstPartOfAnAddressHasNoBlanks) {
   EXPECT_EQ(EndpointOf("10.0.0.5:80").host, "10.0.0.5");
   EXPECT_EQ(EndpointOf("1.2.3.4:80").host, "1.2.3.4");

@@ -41,6 +41,12 @@ QString What(QAccessibleEvent& event) {
     }
     case QAccessible::TextCaretMoved:
       return u"cursor %1"_s.arg(static_cast<QAccessibleTextCursorEvent&>(event).cursorPosition());
+    case QAccessible::TextSelectionChanged: {
+      auto& selection = static_cast<QAccessibleTextSelectionEvent&>(event);
+      return WithCursor(
+          selection,
+          u"select %1-%2"_s.arg(selection.selectionStart()).arg(selection.selectionEnd()));
+    }
     case QAccessible::DescriptionChanged:
       return u"description"_s;
     default:

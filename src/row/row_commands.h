@@ -1,0 +1,55 @@
+// What an editor of rows offers beside typing: selecting by key and mouse, the clipboard, and a
+// menu of commands. One of them serves all surfaces of an editor.
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+#include <QString>
+
+#include "row/edited_message.h"
+
+class QPoint;
+class RowSurface;
+
+class RowCommands : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `show` is called after every change of `message`, of its selection or its current row, and
+  /// `return_keyboard` where the keyboard then belongs to that row. All outlive this, which is
+  /// `window`'s.
+  RowCommands(QWidget* window, Brivon1::EditedMessage& message, std::function<void()> show,
+              std::function<void()> return_keyboard);
+
+  /// Does from now on in row `number` what is asked for on `surface`.
+  void Serve(RowSurface& surface, int number);
+
+  /// Shows selected characters that were given other attributes; says that they were not, because
+  /// they would be too wide.
+  void ShowAttributes();
+  void SayTooWide();
+
+ Q_SIGNALS:
+  /// A paste has left characters out: so many for want of room, and those that the code page lacks.
+  void PasteCut(qsizetype no_room, const QString& missing);
+
+  /// What the operator should be told, in his language.
+  void Said(const QString& text);
+
+ private:
+  void Do(Brivon1::RowCommand command);
+  bool CanDo(Brivon1::RowCommand command) const;
+  void OpenMenu(RowSurface& surface, int number, const QPoint& place);
+
+  void Show();
+  void Copy(const Brivon1::PageRow& characters);
+  void Paste();
+
+  Brivon1::EditedMessage& message_;
+  std::function<void()> show_;
+  std::function<void()> return_keyboard_;
+};
+
+/// Shows a text beside the cursor of `surface` for a while.
+void ShowBesideCursor(const RowSurface& surface, const QString& text);

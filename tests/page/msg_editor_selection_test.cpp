@@ -1,0 +1,121 @@
+// The selection, the clipboard and the menu of the page editor, where a page has several rows.
+#include <QAbstractItemView>
+#include <QClipboard>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+#include "page/msg_editor.h"
+#include "row/row_commands.h"
+#include "row/row_surface.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MsgEditorSelection : public MsgEditor {
+ protected:
+  bool IsFramed(int row) { return Picture(row).pixelColor(6, 0) == QColor(120, 180, 255); }
+};
+
+TEST_F(MsgEditorSelection, TheFocusOfAnotherRowEndsItAndThatOfAListDoesNot) {
+  New(2, 80);
+  Keys("abc");
+  Key(Qt::Key_A, Qt::ControlModifier);
+  Find<QComboBox>("ComboColor")->setFocus();
+  EXPECT_TRUE(IsFramed(1));
+  Row(2)->setFocus();
+  EXPECT_FALSE(IsFramed(1));
+  QTest::mouseClick(Row(1), Qt::LeftButton, Qt::NoModifier, QPoint(30, 10));
+  Key(Qt::Key_A, Qt::ControlModifier);
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(window_.focusWidget(), Row(2));
+  EXPECT_FALSE(IsFramed(1));
+}
+
+TEST_F(MsgEditorSelection, SeveralPastedLinesGoOnIntoTheFollowingRows) {
+  New(3, 80);
+  Key(Qt::Key_Down);
+  QGuiApplication::clipboard()->setText(u"a\tb\nsecond\n"_s);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(window_.focusWidget(), Row(3));
+  EXPECT_EQ(Cursor(3), 6);
+  EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>ab\r\n<L03><SA><CA>second\r\n");
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(window_.focusWidget(), Row(2));
+  EXPECT_EQ(ReadOut(Row(3)), QString());
+  EXPECT_EQ(RowLines(), "<L01>\r\n<L02>\r\n<L03>\r\n");
+}
+
+TEST_F(MsgEditorSelection, WhatAPasteLeavesOutIsSaid) {
+  New(1, 25);
+  auto* commands = window_.findChild<RowCommands*>();
+  ASSERT_NE(commands, nullptr);
+  const QSignalSpy cut(commands, &RowCommands::PasteCut);
+  QGuiApplication::clipboard()->setText(u"abc\u9053"_s);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(cut.value(0), QVariantList({qsizetype{0}, u"\u9053"_s}));
+  EXPECT_EQ(QToolTip::text(), u"Left out, not in the code page: 1"_s);
+  QGuiApplication::clipboard()->setText(u"defg\u9053\nhij"_s);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(cut.value(1), QVariantList({qsizetype{5}, u"\u9053"_s}));
+  EXPECT_EQ(QToolTip::text(), u"Left out, no room: 5\nLeft out, not in the code page: 1"_s);
+  QGuiApplication::clipboard()->setText(QString());
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(cut.size(), 2);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>abcde\r\n");
+}
+
+TEST_F(MsgEditorSelection, ASizeThatIsRefusedIsSaidAndTheListGoesBack) {
+  New(1, 40);
+  auto* sizes = Find<QComboBox>("ComboSize");
+  sizes->setCurrentIndex(3);
+  Keys("12345678");
+  Key(Qt::Key_A, Qt::ControlModifier);
+  RowLines();  // saves
+  const QSignalSpy said(window_.findChild<RowCommands*>(), &RowCommands::Said);
+  sizes->showPopup();
+  QTest::keyClick(sizes->view(), Qt::Key_Up);
+  QTest::keyClick(sizes->view(), Qt::Key_Return);
+  EXPECT_EQ(sizes->currentIndex(), 3);
+  EXPECT_EQ(said.size(), 1);
+  EXPECT_EQ(QToolTip::text(), u"The size stays: the row would be wider than the panel."_s);
+  EXPECT_FALSE(Asks());
+  EXPECT_TRUE(IsFramed(1));
+  EXPECT_EQ(RowLines(), "<L01><SD><CA>12345678\r\n");
+}
+
+TEST_F(MsgEditorSelection, CentreRowAndCopyRowHaveKeys) {
+  New(1, 60);
+  Keys("ab");
+  Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), u"ab"_s);
+  Key(Qt::Key_E, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>    ab\r\n");
+  EXPECT_EQ(Cursor(1), 6);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>ab\r\n");
+}
+
+TEST_F(MsgEditorSelection, TheContextMenuPastesIntoItsRow) {
+  New(2, 80);
+  QGuiApplication::clipboard()->setText(Text("abc"));
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+  QApplication::sendEvent(Row(2), &event);
+  auto* menu = Row(2)->findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  QAction* paste = menu->actions().value(5);
+  EXPECT_EQ(paste->text(), Text("Paste"));
+  EXPECT_TRUE(paste->isEnabled());
+  paste->trigger();
+  menu->close();
+  EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>abc\r\n");
+}
+
+}  // namespace
