@@ -16,6 +16,7 @@
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
 #include "page/message_file.h"
+#include "row/dots_delegate.h"
 #include "row/editor_controls.h"
 #include "ui_frmMsgEditor.h"
 #include "widgets/caption_loader.h"
@@ -71,6 +72,7 @@ void frmMsgEditor::FillLists() {
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     ui_->ComboGraphic->addItem(QString(QLatin1Char(letter)));
   }
+  ShowSymbolsInDots(ui_->ComboGraphic);
   // Any choice counts, also of the entry that is shown already.
   connect(ui_->ComboGraphic, &QComboBox::activated, this, [this](int index) {
     Insert(Brivon1::PageMessage::Graphic(static_cast<char>('A' + index)));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QEvent>
+#include <QLayout>
 #include <QScopedValueRollback>
 
 PreviewSplitter::PreviewSplitter(QWidget* parent) : QSplitter(Qt::Vertical, parent) {
@@ -23,7 +24,20 @@ QSize PreviewSplitter::sizeHint() const {
 }
 
 QSize PreviewSplitter::minimumSizeHint() const {
-  return count() > 0 ? widget(0)->minimumSizeHint() : QSplitter::minimumSizeHint();
+  if (count() == 0) return QSplitter::minimumSizeHint();
+  return {widget(0)->minimumSizeHint().width(), LeastHeight()};
+}
+
+int PreviewSplitter::AskedHeight() const {
+  const QLayout* layout = widget(0)->layout();
+  const int height = widget(0)->sizeHint().height();
+  return layout == nullptr ? height : std::max(height, layout->totalHeightForWidth(width()));
+}
+
+int PreviewSplitter::LeastHeight() const {
+  const QLayout* layout = widget(0)->layout();
+  const int height = widget(0)->minimumSizeHint().height();
+  return layout == nullptr ? height : std::max(height, layout->totalMinimumHeightForWidth(width()));
 }
 
 bool PreviewSplitter::event(QEvent* event) {
@@ -42,8 +56,12 @@ void PreviewSplitter::Arrange() {
   const QScopedValueRollback<bool> arranging(is_arranging_, true);
   QWidget& rows = *widget(0);
   QWidget& preview = *widget(1);
-  const int asked = rows.sizeHint().height();
-  const int least = rows.minimumSizeHint().height();
+  const int asked = AskedHeight();
+  const int least = LeastHeight();
+  if (rows.minimumHeight() != least) {
+    rows.setMinimumHeight(least);
+    updateGeometry();
+  }
   const int room = height() - handleWidth();
   const int needed = preview.minimumSizeHint().height();
   // What the operator has given it already is his will too.

@@ -27,6 +27,10 @@ class PreviewSplitter : public QSplitter {
  private:
   void Arrange();
 
+  /// What the rows ask for and can do with at the width as it is: captions beside them may wrap.
+  int AskedHeight() const;
+  int LeastHeight() const;
+
   bool is_wanted_ = true;
   bool is_asked_for_ = false;
   int given_ = 0;  // to the picture by the operator; 0: nothing yet
