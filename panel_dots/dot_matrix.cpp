@@ -217,10 +217,11 @@ qsizetype FirstCut(const QList<Cell>& cells, int columns, const RowLook& look) {
     const Cell& cell = cells[at];
     const int width = ColumnsOf(cell, look.clock);
     // What most often stands there is a long tail of blanks, no-break ones among them.
-    const bool is_blank = cell.kind == Cell::Kind::kCharacter &&
-                          CharacterOf(cell.character).isSpace() &&
-                          !HasGround(ColouringOf(cell.colour, look.tri_colour));
-    if (left + width > columns && !is_blank) {
+    const auto is_blank = [&] {
+      return cell.kind == Cell::Kind::kCharacter && CharacterOf(cell.character).isSpace() &&
+             !HasGround(ColouringOf(cell.colour, look.tri_colour));
+    };
+    if (left + width > columns && !is_blank()) {
       DotMatrix dots(width, kRowDots);
       PutCells(&dots, 0, 0, {cell}, look);
       const int first = std::max(0, columns - left);

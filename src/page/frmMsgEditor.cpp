@@ -266,7 +266,7 @@ void frmMsgEditor::ShowPanel() {
   ui_->picPreview->Follow(ui_->rowArea->Sight());
 
   const Brivon1::PageRow& row = page_.Row(current);
-  const Brivon1::PageDots::Use& use = dots_.Of(current);
+  const Brivon1::RowUse& use = dots_.Of(current);
   const qsizetype places = std::max<qsizetype>(page_.MaxCharsPerRow(), row.Length());
   ui_->lblRowStatus->ShowStatus({.row = current,
                                  .place = std::min(row.Cursor() + 1, places),

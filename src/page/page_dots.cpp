@@ -13,7 +13,7 @@ void PageDots::Refresh(const PageMessage& page, const RowPanel& panel) {
     KnownRow& known = rows_[static_cast<std::size_t>(number - 1)];
     if (!is_other && row.ShowsTheSameAs(known.row)) continue;
     known.row = row;
-    known.use = {DotsOfCharacters(row, row.Length(), panel), SeenCharacters(row, panel)};
+    known.use = UseOf(row, panel);
   }
 }
 

@@ -12,17 +12,11 @@ namespace Brivon1 {
 
 class PageDots {
  public:
-  /// What a row needs of a panel.
-  struct Use {
-    int dots = 0;        ///< The dot columns that its characters take.
-    qsizetype seen = 0;  ///< Its characters in front of the first one that is cut.
-  };
-
   /// To be called after every change of the page.
   void Refresh(const PageMessage& page, const RowPanel& panel);
 
   /// Row `number`, counted from 1.
-  const Use& Of(int number) const { return Known(number).use; }
+  const RowUse& Of(int number) const { return Known(number).use; }
 
   /// The place, in characters from the row's beginning, where the panel's dots end, if the row is
   /// typed on in `size`. Nothing where they reach as far as the row does.
@@ -31,7 +25,7 @@ class PageDots {
  private:
   struct KnownRow {
     PageRow row;
-    Use use;
+    RowUse use;
   };
 
   const KnownRow& Known(int number) const { return rows_[static_cast<std::size_t>(number - 1)]; }

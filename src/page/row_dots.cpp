@@ -1,6 +1,7 @@
 #include "page/row_dots.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "page/page_picture.h"
 #include "page/row_line.h"
@@ -23,39 +24,38 @@ qsizetype FirstCutOf(const QList<Cell>& cells, const RowPanel& panel) {
   return PanelDots::FirstCut(cells, panel.columns, {panel.colour_type != kMono, true, panel.clock});
 }
 
-}  // namespace
-
-QList<Cell> SeenCells(const PageRow& row, const RowPanel& panel) {
-  // More than the parts of a date take that are characters for themselves.
-  constexpr int kMargin = 128;
-  for (qsizetype characters = panel.columns / kDotsPerCharacter + kMargin;; characters *= 2) {
-    const QList<Cell> cells = CellsOf(FirstOf(row, characters), panel);
-    if (characters >= row.Length()) return cells;
-    if (PanelDots::ColumnsOf(cells, panel.clock) >= panel.columns + kMargin &&
-        FirstCutOf(cells, panel) < cells.size()) {
-      return cells;
-    }
+/// The row's characters that became a cell.
+qsizetype CharactersOf(const Cell& cell) {
+  switch (cell.kind) {
+    case Cell::Kind::kGraphic:
+      return 2;
+    case Cell::Kind::kDate:
+      return PageMessage::kDate.size();
+    case Cell::Kind::kTime:
+      return PageMessage::kTime.size();
+    case Cell::Kind::kCharacter:
+      break;
   }
+  return 1;
 }
 
-int DotsOfCharacters(const PageRow& row, qsizetype characters, const RowPanel& panel) {
-  return PanelDots::ColumnsOf(CellsOf(FirstOf(row, characters), panel), panel.clock);
+qsizetype CharactersOf(QList<Cell>::const_iterator begin, QList<Cell>::const_iterator end) {
+  return std::accumulate(begin, end, qsizetype{0},
+                         [](qsizetype sum, const Cell& cell) { return sum + CharactersOf(cell); });
 }
 
-qsizetype SeenCharacters(const PageRow& row, const RowPanel& panel) {
-  const QList<Cell> cells = SeenCells(row, panel);
-  const qsizetype seen = FirstCutOf(cells, panel);
-  if (seen == cells.size()) return row.Length();
-  // Characters and cells do not go one by one: a date is eleven of the ones and one of the others.
-  // What is looked for is the shortest beginning of the row that gives the cells that are seen.
+/// The length of the shortest beginning of the row that gives the panel the first `count` of
+/// `cells`. What was typed like a code is none of them.
+qsizetype LengthThatGives(const QList<Cell>& cells, qsizetype count, const PageRow& row,
+                          const RowPanel& panel) {
   const auto gives_them = [&](qsizetype characters) {
     PageRow beginning = FirstOf(row, characters);
     beginning.Append('!', row.AttributesAt(0));  // blanks at the end might be taken away
     const QList<Cell> given = CellsOf(beginning, panel);
-    return given.size() > seen && std::equal(given.begin(), given.begin() + seen, cells.begin());
+    return given.size() > count && std::equal(given.begin(), given.begin() + count, cells.begin());
   };
   qsizetype too_few = -1;
-  qsizetype enough = std::min(seen, row.Length());
+  qsizetype enough = std::min(count, row.Length());
   while (enough < row.Length() && !gives_them(enough)) {
     too_few = enough;
     enough = std::min(2 * enough + 1, row.Length());
@@ -65,6 +65,48 @@ qsizetype SeenCharacters(const PageRow& row, const RowPanel& panel) {
     (gives_them(middle) ? enough : too_few) = middle;
   }
   return enough;
+}
+
+/// More than the parts of a date take that are characters for themselves.
+constexpr int kMargin = 128;
+
+qsizetype UsualLength(const RowPanel& panel) { return panel.columns / kDotsPerCharacter + kMargin; }
+
+qsizetype SeenOf(const QList<Cell>& cells, const PageRow& row, const RowPanel& panel) {
+  const qsizetype seen = FirstCutOf(cells, panel);
+  if (seen == cells.size()) return row.Length();
+  const bool goes_one_by_one = CharactersOf(cells.begin(), cells.end()) == row.Length();
+  return goes_one_by_one ? CharactersOf(cells.begin(), cells.begin() + seen)
+                         : LengthThatGives(cells, seen, row, panel);
+}
+
+}  // namespace
+
+QList<Cell> SeenCells(const PageRow& row, const RowPanel& panel) {
+  for (qsizetype characters = UsualLength(panel);; characters *= 2) {
+    const QList<Cell> cells = CellsOf(FirstOf(row, characters), panel);
+    if (characters >= row.Length()) return cells;
+    if (PanelDots::ColumnsOf(cells, panel.clock) >= panel.columns + kMargin &&
+        FirstCutOf(cells, panel) < cells.size()) {
+      return cells;
+    }
+  }
+}
+
+RowUse UseOf(const PageRow& row, const RowPanel& panel) {
+  const QList<Cell> cells = SeenCells(row, panel);
+  const bool is_whole = row.Length() <= UsualLength(panel);
+  return {is_whole ? PanelDots::ColumnsOf(cells, panel.clock)
+                   : DotsOfCharacters(row, row.Length(), panel),
+          SeenOf(cells, row, panel)};
+}
+
+int DotsOfCharacters(const PageRow& row, qsizetype characters, const RowPanel& panel) {
+  return PanelDots::ColumnsOf(CellsOf(FirstOf(row, characters), panel), panel.clock);
+}
+
+qsizetype SeenCharacters(const PageRow& row, const RowPanel& panel) {
+  return SeenOf(SeenCells(row, panel), row, panel);
 }
 
 }  // namespace Brivon1

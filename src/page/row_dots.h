@@ -21,6 +21,14 @@ struct RowPanel {
 /// is cut: a file may hold a row of any length.
 QList<PanelDots::Cell> SeenCells(const PageRow& row, const RowPanel& panel);
 
+/// What a row needs of a panel.
+struct RowUse {
+  int dots = 0;        ///< The dot columns that its characters take.
+  qsizetype seen = 0;  ///< What SeenCharacters() says.
+};
+
+RowUse UseOf(const PageRow& row, const RowPanel& panel);
+
 /// The dot columns that the first `characters` characters of a row take.
 int DotsOfCharacters(const PageRow& row, qsizetype characters, const RowPanel& panel);
 

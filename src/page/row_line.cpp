@@ -18,11 +18,12 @@ QByteArray WithPanelCodes(QByteArray line) {
   line.replace("DD MMM YYYY", "<DD>");
   line.replace("HH:MM", "<DT>");
   QByteArray result;
+  result.reserve(line.size());
   for (qsizetype i = 0; i < line.size(); ++i) {
-    if (line[i] == '~' && i + 1 < line.size()) {
-      result += QByteArray("<G") + line[++i] + '>';
+    if (line.at(i) == '~' && i + 1 < line.size()) {
+      result.append("<G").append(line.at(++i)).append('>');
     } else {
-      result += line[i];
+      result.append(line.at(i));
     }
   }
   return result;

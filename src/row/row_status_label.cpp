@@ -2,6 +2,23 @@
 
 #include <utility>
 
+#include <QEvent>
+
+QSize RowStatusPlace::sizeHint() const {
+  return Line() == nullptr ? QSize(0, 0) : QSize(0, Line()->sizeHint().height());
+}
+
+bool RowStatusPlace::event(QEvent* event) {
+  const bool done = QWidget::event(event);
+  if (Line() == nullptr) return done;
+  if (event->type() == QEvent::Resize) Line()->setGeometry(rect());
+  if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange) {
+    const QSize before = std::exchange(asked_for_, sizeHint());
+    if (asked_for_ != before) updateGeometry();
+  }
+  return done;
+}
+
 RowStatusLabel::RowStatusLabel(QWidget* parent) : ElidedLabel(parent) {
   SetElision(Qt::ElideRight);
 }

@@ -7,6 +7,26 @@
 #include "row/row_surface.h"
 #include "widgets/elided_label.h"
 
+/// The place of the line in a window's layout. A label asks for another layout whenever its text
+/// changes; with every key that would be the window's.
+class RowStatusPlace : public QWidget {
+  Q_OBJECT
+
+ public:
+  using QWidget::QWidget;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  QWidget* Line() const { return findChild<QWidget*>(); }
+
+  QSize asked_for_;
+};
+
 class RowStatusLabel : public ElidedLabel {
   Q_OBJECT
 
