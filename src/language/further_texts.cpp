@@ -193,7 +193,7 @@ constexpr FurtherText kTexts[] = {
     {"txtChoosePanel", "Choose a panel from the list.", "windows that send, no panel chosen"},
     {"txtSetUpPanel", "Set up a panel: Config in the main window.",
      "windows that send, New; no panel configured"},
-    {"txtEnterAddress", "%1 has no IP address: enter it in Config.",
+    {"txtEnterAddress", "%1 has no usable IP address: enter it in Config.",
      "sending a message over TCP/IP; %1 is the panel"},
     {"txtPageRange", "A page is a number from 1 to 120.", "\"Invalid Page Value!\""},
     {"txtLines", "%1 has the lines 1 to %2.", "sending a scrolling message; %1 is the panel"},
