@@ -2,6 +2,7 @@
 // can be taken back, and whether there is something to save.
 #pragma once
 
+#include "base/modified_flag.h"
 #include "row/edit_history.h"
 #include "row/page_row.h"
 
@@ -23,11 +24,11 @@ class EditedMessage {
   bool Undo();
   bool Redo();
 
-  bool IsModified() const { return modified_; }
+  bool IsModified() const { return static_cast<bool>(modified_); }
   void SetModified(bool modified) { modified_ = modified; }
 
   /// The flag itself, for whoever saves the message.
-  bool& ModifiedFlag() { return modified_; }
+  ModifiedFlag& Modified() { return modified_; }
 
  protected:
   /// Remembers row `number` as it was `before`, if it is another one `now`. Says whether it is.
@@ -44,7 +45,7 @@ class EditedMessage {
 
   Attributes attributes_;
   EditHistory history_;
-  bool modified_ = false;
+  ModifiedFlag modified_;
 };
 
 }  // namespace Brivon1
