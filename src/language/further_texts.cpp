@@ -115,6 +115,13 @@ constexpr FurtherText kTexts[] = {
      "windows that send, no link chosen"},
     {"txtSentOver", "Sent over Com %1, %2",
      "sending a scrolling message; %1 is the port, %2 the device"},
+    {"txtNotSaved", "not saved", "the editors, beside the file's name"},
+    // Below the question whether to save
+    {"txtSavedAs", "It will be saved as \"%1\".", "the save question; %1 is the file"},
+    {"txtReplaced", "An older file of this name will be replaced.",
+     "the save question, new work and a NEW.MSG, NEW.SCH or NEW.SRL from before"},
+    {"txtOtherName", "You will be asked for another name: \"%1\" was not opened.",
+     "the save question, after a file that could not be opened; %1 is that file"},
     // Progress
     {"txtProgress", "Progress", "the bar of a window that sends, for screen readers"},
     {"txtStop", "Stop", "windows that send, button"},

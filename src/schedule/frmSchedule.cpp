@@ -72,9 +72,10 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   file_ = new EditedFile(
-      this, ui_->lblfilename, modified_,
-      {[this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
-       [this] { return CheckNotEmpty(kEmpty) ? AskForName() : QString(); }});
+      this, {ui_->lblfilename, ui_->lblNotSaved}, modified_,
+      {.write = [this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
+       .ask_for_name = [this] { return CheckNotEmpty(kEmpty) ? AskForName() : QString(); },
+       .is_complete = [this] { return schedule_.Count() > 0; }});
   FillWeekdays(Brivon1::kWeekdays);
   ConnectButtons();
   ConnectTimeSlot();
@@ -106,7 +107,7 @@ void frmSchedule::ConnectButtons() {
   connect(ui_->butInsert, &QPushButton::clicked, this, &frmSchedule::InsertSequence);
   connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::DeleteSequence);
   connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::ClearSequences);
-  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs, ui_->butSend});
   LetEnterPressButtons(this);
 }
 
@@ -155,7 +156,8 @@ void frmSchedule::NewSchedule() {
   schedule_ = {};
   schedule_.dimension = *dimension;
   FillWeekdays(Brivon1::kWeekdaysOfNewSchedule);
-  ShowSchedule(Brivon1::InProgramFolder(u"NEW.SCH"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SCH"_s));
+  ShowSchedule();
   ui_->butAdd->setFocus();
 }
 
@@ -171,13 +173,13 @@ void frmSchedule::OpenFile() {
     return;
   }
   schedule_ = *std::move(loaded);
-  ShowSchedule(path);
+  file_->SetPath(path);
+  ShowSchedule();
   ui_->GridSeqTable->setFocus();
 }
 
-void frmSchedule::ShowSchedule(const QString& path) {
+void frmSchedule::ShowSchedule() {
   const CodePage& code_page = CodePage::System();
-  file_->SetPath(path);
   ui_->lblRow->setText(QString::number(schedule_.dimension.rows));
   ui_->lblCol->setText(QString::number(schedule_.dimension.columns));
   ui_->comboWeek->setCurrentIndex(schedule_.weekday);

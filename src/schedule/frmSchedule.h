@@ -7,6 +7,7 @@
 
 #include <QDialog>
 
+#include "base/modified_flag.h"
 #include "language/display_feature.h"
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
@@ -80,8 +81,8 @@ class frmSchedule : public QDialog, public UnsavedWork {
   bool AskProperties(Brivon1::Sequence& sequence, const Brivon1::FeatureNames& features,
                      const QString& preselected);
 
-  /// Shows schedule_ and the name of its file as the work to go on with; nothing is modified.
-  void ShowSchedule(const QString& path);
+  /// Shows schedule_ as the work to go on with; nothing is modified.
+  void ShowSchedule();
 
   /// Shows an edit of the sequences.
   void ShowEdit(int position);
@@ -93,6 +94,6 @@ class frmSchedule : public QDialog, public UnsavedWork {
   std::unique_ptr<Ui::frmSchedule> ui_;
   EditedFile* file_;
   Brivon1::Schedule schedule_;
-  bool modified_ = false;
+  Brivon1::ModifiedFlag modified_;
   qint16 delay_ = 1;  // seconds, at which a new sequence's dialog starts: those given last
 };

@@ -37,11 +37,11 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   ui_->messageLayout->addWidget(surface_);
   setTabOrder(ui_->chkBlink, surface_);
   file_ = new EditedFile(
-      this, ui_->lblFileName, message_.ModifiedFlag(),
+      this, {ui_->lblFileName, ui_->lblNotSaved}, message_.Modified(),
       {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
   ConnectButtons();
   ConnectMessage();
-  file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   LoadCaptions(this);
   surface_->SetWords(WordsOf({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}));
   ResumeTyping();
@@ -56,7 +56,7 @@ void frmShiftMsg::ConnectButtons() {
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmShiftMsg::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmShiftMsg::reject);
-  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs, ui_->butSend});
   LetEnterPressButtons(this);
 }
 
@@ -89,7 +89,7 @@ void frmShiftMsg::ConnectMessage() {
 void frmShiftMsg::NewMessage() {
   if (!MayLeave()) return;
   message_.Begin();
-  file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ResumeTyping();
 }
 
