@@ -58,6 +58,7 @@ void KeepOwner([[maybe_unused]] const QString& path, [[maybe_unused]] const QSav
 
 std::optional<QByteArray> LineReader::Next() {
   if (ended_) return std::nullopt;
+  ++line_number_;
   constexpr qint64 kLongestEnd = 2;
   QByteArray line;
   // In portions, because the toolkit would set aside room for the longest line each time.
@@ -79,7 +80,7 @@ std::optional<QByteArray> LineReader::Next() {
     if (line.endsWith('\r')) line.chop(1);
   }
   if (line.size() > kLongestLine) {
-    ended_ = true;
+    ended_ = is_line_too_long_ = true;
     return std::nullopt;
   }
   return line;

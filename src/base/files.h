@@ -29,9 +29,18 @@ class LineReader {
   /// kLongestLine bytes, and after a read error.
   std::optional<QByteArray> Next();
 
+  /// The number, from 1, of the line that Next() gave last or of the one that it did not give; 0
+  /// before the first.
+  int LineNumber() const { return line_number_; }
+
+  /// Whether the lines ended because one is longer than kLongestLine.
+  bool EndedAtLongLine() const { return is_line_too_long_; }
+
  private:
   QIODevice& device_;
+  int line_number_ = 0;
   bool ended_ = false;
+  bool is_line_too_long_ = false;
 };
 
 /// Whether `path` names an ordinary file (or a link to one); folders, devices and pipes are none.

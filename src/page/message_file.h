@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include "base/file_failure.h"
 #include "base/files.h"
 #include "page/page_message.h"
 
@@ -22,7 +23,8 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page);
 
 /// Reads a page, or gives nothing where the file is none: no message header, a size of less than 1
 /// row and less than 10 dot columns, a negative size or more than twelve rows, fewer row lines than
-/// rows, or a row tag out of order. Rows are read whole, however long.
-std::optional<LoadedPage> LoadMessageFile(const QString& path);
+/// rows, or a row tag out of order. Rows are read whole, however long. `why`, where it is not null,
+/// is told why there is none.
+std::optional<LoadedPage> LoadMessageFile(const QString& path, FileFailure* why = nullptr);
 
 }  // namespace Brivon1

@@ -48,10 +48,14 @@ bool LeadsTo(const QByteArray& field, const QString& path) {
 
 }  // namespace
 
-std::optional<Schedule> LoadScheduleFile(const QString& path) {
+std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* why) {
   ScheduleReader file(path);
+  const auto refuse = [&] {
+    if (why != nullptr) *why = file.Failure();
+    return std::nullopt;
+  };
   const std::optional<ScheduleHead>& head = file.Head();
-  if (!head) return std::nullopt;
+  if (!head) return refuse();
 
   Schedule schedule;
   schedule.weekday = head->weekday;
@@ -61,13 +65,13 @@ std::optional<Schedule> LoadScheduleFile(const QString& path) {
   bool is_listed = true;
   while (is_listed && schedule.Count() < head->sequences) {
     const std::optional<QByteArray> path_line = file.NextPath();
-    if (!path_line) return std::nullopt;
+    if (!path_line) return refuse();
     Sequence sequence;
     sequence.path = FixedField(*path_line, kPathField);
     is_listed = schedule.OfferFile(sequence.path);
     if (is_listed) {
       const auto details = file.NextDetails();
-      if (!details) return std::nullopt;
+      if (!details) return refuse();
       sequence.delay = details->delay;
       sequence.feature = FixedField(details->feature, kFeatureField);
     }

@@ -6,14 +6,15 @@
 
 #include <QString>
 
+#include "base/file_failure.h"
 #include "schedule/schedule.h"
 
 namespace Brivon1 {
 
 /// Reads a schedule, or gives nothing where ScheduleReader refuses the file or it ends early. A
 /// file that names a 27th different message file is read up to there; the sequences from that one's
-/// delay on are blank.
-std::optional<Schedule> LoadScheduleFile(const QString& path);
+/// delay on are blank. `why`, where it is not null, is told why there is none.
+std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* why = nullptr);
 
 /// How a save of a schedule ended.
 enum class ScheduleSaveResult {

@@ -10,9 +10,12 @@ ScheduleReader::ScheduleReader(const QString& path)
     : file_(path), lines_(file_), head_(ReadHead()) {}
 
 std::optional<ScheduleHead> ScheduleReader::ReadHead() {
-  if (!FileExists(file_.fileName()) || !file_.open(QIODevice::ReadOnly)) return std::nullopt;
+  if (!FileExists(file_.fileName())) return Refuse({FileFault::kNoFile, 0, {}});
+  if (!file_.open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
   const std::optional<QByteArray> header = lines_.Next();
-  if (!header || TrimBlanks(*header) != kScheduleHeader) return std::nullopt;
+  if (!header || TrimBlanks(*header) != kScheduleHeader) {
+    return Refuse({FileFault::kHeader, 1, {}});
+  }
 
   bool is_complete = true;
   const auto next_value = [&] {
@@ -27,11 +30,24 @@ std::optional<ScheduleHead> ScheduleReader::ReadHead() {
   head.dimension.rows = LeadingNumber16(next_value());
   head.dimension.columns = LeadingNumber16(next_value());
   head.sequences = LeadingNumber16(next_value());
-  const bool is_valid = head.weekday >= 0 && head.weekday <= kLastWeekday && head.sequences >= 1 &&
-                        head.sequences <= kMostSequences && head.dimension.rows != 0 &&
-                        head.dimension.columns != 0;
-  if (!is_complete || !is_valid) return std::nullopt;
+  if (!is_complete) return Refuse(MissingLine(lines_));
+  const auto refuse = [this](FileFault fault, int line, int found) {
+    return Refuse({fault, line, QByteArray::number(found)});
+  };
+  if (head.weekday < 0 || head.weekday > kLastWeekday) {
+    return refuse(FileFault::kWeekday, 2, head.weekday);
+  }
+  if (head.dimension.rows == 0) return refuse(FileFault::kRows, 5, 0);
+  if (head.dimension.columns == 0) return refuse(FileFault::kColumns, 6, 0);
+  if (head.sequences < 1 || head.sequences > kMostSequences) {
+    return refuse(FileFault::kSequences, 7, head.sequences);
+  }
   return head;
+}
+
+std::nullopt_t ScheduleReader::Refuse(const FileFailure& failure) {
+  failure_ = failure;
+  return std::nullopt;
 }
 
 std::optional<SequenceDetails> ScheduleReader::NextDetails() {

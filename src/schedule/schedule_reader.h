@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "base/dimension.h"
+#include "base/file_failure.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -35,6 +36,12 @@ class ScheduleReader {
   /// to 7, no sequences or more than 32, rows or columns of 0, or a file that ends before that.
   const std::optional<ScheduleHead>& Head() const { return head_; }
 
+  /// Why Head() is nothing, or why the line was not there that was asked for last.
+  FileFailure Failure() const { return head_ ? MissingLine(lines_) : failure_; }
+
+  /// The number, from 1, of the line that was read last.
+  int LineNumber() const { return lines_.LineNumber(); }
+
   /// The path line of the next sequence, or nothing where the file ends before it.
   std::optional<QByteArray> NextPath() { return lines_.Next(); }
 
@@ -43,9 +50,11 @@ class ScheduleReader {
 
  private:
   std::optional<ScheduleHead> ReadHead();
+  std::nullopt_t Refuse(const FileFailure& failure);
 
   QFile file_;
   LineReader lines_;
+  FileFailure failure_;
   std::optional<ScheduleHead> head_;
 };
 

@@ -9,8 +9,8 @@ SaveResult WriteScrollingMessage(const QString& path, const PageRow& message) {
   return SaveWholeFile(path, QByteArray(kScrollingHeader) + "\r\n" + CodedText(message) + "\r\n");
 }
 
-std::optional<PageRow> ReadScrollingMessage(const QString& path) {
-  const std::optional<QByteArray> text = ScrollingFileText(path);
+std::optional<PageRow> ReadScrollingMessage(const QString& path, FileFailure* why) {
+  const std::optional<QByteArray> text = ScrollingFileText(path, why);
   if (!text) return std::nullopt;
   PageRow message(PageRow::kEveryColumn);
   Attributes attributes;
