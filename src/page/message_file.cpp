@@ -2,6 +2,7 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "page/row_line.h"
 #include "row/coded_text.h"
 
 namespace Brivon1 {
@@ -52,7 +53,7 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page) {
   content += "Row = " + QByteArray::number(page.Rows()) + "\r\n";
   content += "Col = " + QByteArray::number(page.Columns()) + "\r\n";
   for (int number = 1; number <= page.Rows(); ++number) {
-    content += "<L" + ZeroPadded(number, 2) + '>' + CodedText(page.Row(number)) + "\r\n";
+    content += RowLine(number, page.Row(number)) + "\r\n";
   }
   return SaveWholeFile(path, content);
 }
