@@ -66,8 +66,9 @@ QString Quoted(const QByteArray& bytes) {
   const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
   QString text;
   for (const char byte : bytes.first(std::min(bytes.size(), kLongestQuotation))) {
-    if (code_page.IsPrintable(byte)) {
-      text += code_page.ToCharacter(byte);
+    const QChar character = code_page.ToCharacter(byte);
+    if (code_page.IsPrintable(byte) && character.isPrint()) {
+      text += character;
     } else {
       text += Escaped(static_cast<unsigned char>(byte));
     }

@@ -28,7 +28,8 @@ QString FailureText(const Brivon1::FileFailure& failure, Brivon1::Dimension dime
           dimension.rows);
     case Brivon1::FileFault::kRowTag:
       return u"the tag %1 stands in row %2; expected was <L%3>"_s.arg(
-          found, QString::number(row), QString::fromLatin1(Brivon1::ZeroPadded(row, 2)));
+          Quoted(failure.found), QString::number(row),
+          QString::fromLatin1(Brivon1::ZeroPadded(row, 2)));
     default:
       return CommonFailureText(failure);
   }

@@ -126,11 +126,8 @@ void CheckDetails(const ScheduleStep& step, const Brivon1::FeatureNames& feature
                                     .arg(Brivon1::kLongestDelay));
   }
   const QString feature = Brivon1::CodePage::System().ToText(step.details.feature).trimmed();
-  const auto is_first = [&](const QString& name) {
-    return feature.compare(name, Qt::CaseInsensitive) == 0;
-  };
-  const bool is_known = features.Code(feature) != u'A' || is_first(u"Appear"_s) ||
-                        is_first(features.Entry(0).value_or(QString()).trimmed());
+  const bool is_known = features.Code(feature) != u'A' || feature.toUpper() == "APPEAR"_L1 ||
+                        feature == features.Entry(0).value_or(QString()).trimmed();
   if (!is_known) {
     report->Warn(step.line + 2, u"there is no entry effect %1; the panel takes Appear"_s.arg(
                                     Quoted(Brivon1::TrimBlanks(step.details.feature))));

@@ -1,6 +1,7 @@
 #include "files/show_command.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include <QFileInfo>
@@ -24,7 +25,7 @@ namespace {
 struct ShowOptions {
   FolderOption folder;
   std::string file;
-  std::string output;
+  std::optional<std::string> output;
   bool mono = false;
 };
 
@@ -56,11 +57,13 @@ int SavePicture(const ShownFile& shown, const QString& file, const QString& outp
 }
 
 int PrintPages(const ShownFile& shown) {
-  const Terminal terminal = StandardOutput();
+  const Screen screen = StandardOutput();
+  QByteArray between;
   for (const ShownPage& page : shown.pages) {
     const QByteArray heading =
         page.heading.isEmpty() ? QByteArray() : page.heading.toLocal8Bit() + '\n';
-    if (!Print(heading + TerminalPicture(page.picture, terminal))) return kSomeFailed;
+    if (!Print(between + heading + TerminalPicture(page.picture, screen))) return kSomeFailed;
+    between = "\n";
   }
   return kAllDone;
 }
@@ -69,7 +72,10 @@ int Show(const ShowOptions& options) {
   if (const QString wrong = UseFolder(options.folder, false); !wrong.isEmpty()) {
     return Refuse(wrong);
   }
-  const QString output = TextOf(options.output);
+  const QString output = TextOf(options.output.value_or(""));
+  if (options.output && output.isEmpty()) {
+    return Refuse(u"--output: the name is empty; name a file"_s, kWrongUse);
+  }
   if (const QString wrong = OutputRefusal(output); !wrong.isEmpty()) {
     return Refuse(wrong, kWrongUse);
   }

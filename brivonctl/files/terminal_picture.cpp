@@ -19,7 +19,7 @@ namespace {
 using PanelDots::Dot;
 using PanelDots::DotMatrix;
 using PanelDots::kRowDots;
-using Colours = Terminal::Colours;
+using Colours = Screen::Colours;
 
 constexpr int kMarkWidth = 2;  // a blank and the mark
 constexpr int kUsualWidth = 80;
@@ -105,15 +105,15 @@ void AddBraille(const DotMatrix& dots, int y, int width, Line* line) {
 }
 
 void AddLetters(const DotMatrix& dots, int y, int width, Line* line) {
-  constexpr std::array<const char*, 4> kLetters = {".", "R", "G", "Y"};
+  constexpr std::array<const char*, 4> kLetters = {".", "r", "g", "y"};
   for (int x = 0; x < width; ++x) line->Add(kLetters[dots.At(x, y)], 0, std::nullopt);
 }
 
 }  // namespace
 
-Terminal StandardOutput() {
+Screen StandardOutput() {
   if (::isatty(STDOUT_FILENO) == 0) return {};
-  Terminal terminal;
+  Screen terminal;
   winsize size{};
   const bool is_known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
   terminal.width = is_known ? size.ws_col : kUsualWidth;
@@ -132,7 +132,7 @@ Terminal StandardOutput() {
   return terminal;
 }
 
-QByteArray TerminalPicture(const PanelDots::PanelPicture& picture, const Terminal& terminal) {
+QByteArray TerminalPicture(const PanelDots::PanelPicture& picture, const Screen& terminal) {
   const DotMatrix dots = PanelDots::DotsOf(picture, 0);
   const int room = terminal.width == 0 ? dots.Columns() : std::max(1, terminal.width - kMarkWidth);
   const bool is_braille = terminal.draws_blocks && dots.Columns() > room;

@@ -1,5 +1,5 @@
-// A panel's dots in a terminal: two of them a character in their colours, or in the letters R, G
-// and Y where nothing is known of what reads them.
+// A panel's dots in a terminal: two of them a character in their colours, or in the letters r, g
+// and y where nothing is known of what reads them.
 #pragma once
 
 #include <QByteArray>
@@ -8,7 +8,7 @@
 
 namespace BrivonCtl {
 
-struct Terminal {
+struct Screen {
   enum class Colours { kNone, k256, kEvery };
 
   bool draws_blocks = false;  ///< Shows block and Braille characters; else letters and points.
@@ -18,11 +18,11 @@ struct Terminal {
 
 /// Standard output: letters without an end unless it is a terminal. There NO_COLOR, COLORTERM, TERM
 /// and the language of its characters tell what it can do.
-Terminal StandardOutput();
+Screen StandardOutput();
 
 /// The panel at the beginning of a blink, a line end behind each line. A row that goes on behind
 /// the panel's last dot has a mark at its right. Of what is wider than the terminal the left part
 /// is given; before that, where two dots a character do not fit, eight of them share one.
-QByteArray TerminalPicture(const PanelDots::PanelPicture& picture, const Terminal& terminal);
+QByteArray TerminalPicture(const PanelDots::PanelPicture& picture, const Screen& terminal);
 
 }  // namespace BrivonCtl
