@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QPushButton>
 
+#include "command/command_order.h"
 #include "command/command_rows.h"
 #include "language/module_language.h"
 #include "page/frmPage.h"
@@ -88,8 +89,8 @@ void frmCommand::ShowWhatItDeletes() {
 
 void frmCommand::Send() {
   const auto panel = panels_->Selected();
-  if (!panel) {
-    ShowMessage(this, TranslateMessage(u"Empty ID!"_s));
+  if (const auto refusal = Brivon1::CheckCommandPanel(panel, Brivon1::Store())) {
+    ShowRefusal(this, *refusal);
     return;
   }
   Sending sending(session_);
@@ -109,17 +110,14 @@ void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {
     const auto text = frmPage::Ask(this);
     if (!text) return;
     page = *text;
-    if (!Brivon1::IsPageNumber(page)) {
-      ShowMessage(this, TranslateMessage(u"Invalid Page Value!"_s),
-                  CommandStyle(QMessageBox::Warning));
+    if (const auto refusal = Brivon1::CheckCommandPage(page)) {
+      ShowRefusal(this, *refusal, CommandStyle(QMessageBox::Warning));
       return;
     }
   }
   const Brivon1::CommandReport report =
       Brivon1::CarryOutCommand(line, *command, id, page, QDateTime::currentDateTime());
-  QStringList text;
-  for (const QString& piece : report.text) text.append(TranslateMessage(piece));
-  const QString shown = text.join(QLatin1Char(' '));
+  const QString shown = Brivon1::CommandReportText(report);
   if (report.succeeded) {
     sending.ShowResult(shown, CommandStyle(QMessageBox::Information, report.title));
   } else {
