@@ -189,8 +189,9 @@ void AnEndlessScheduleRefused(benchmark::State& state) {
     reads.push_back(Microseconds([&] { benchmark::DoNotOptimize(folder.Read()); }) / 1000);
     QString shown;
     sends.push_back(Microseconds([&] {
-                      Brivon1::SendScheduleFile(line, folder.Path(), 1, u"A"_s,
-                                                [&](const QString& text) { shown = text; });
+                      Brivon1::SendScheduleFile(
+                          line, folder.Path(), 1, u"A"_s,
+                          [&](const Brivon1::Refusal& refusal) { shown = refusal.text; });
                     }) /
                     1000);
     if (!shown.startsWith(u"File not found: 00"_s)) {

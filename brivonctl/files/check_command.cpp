@@ -30,28 +30,34 @@ bool Show(const FileReport& report, const CheckOptions& options) {
   return (options.quiet && is_fine) || Print(ReportText(report).toLocal8Bit());
 }
 
+QString RefusalText(const CheckSummary& summary) {
+  if (summary.files == 1) return summary.first;
+  return u"%1 of %2 files refused; the first: %3"_s.arg(summary.refused)
+      .arg(summary.files)
+      .arg(summary.first);
+}
+
 int Check(const CheckOptions& options) {
   if (const QString wrong = UseFolder(options.folder, false); !wrong.isEmpty()) {
     Complain(wrong);
     return kRefused;
   }
-  int refused = 0;
-  int warnings = 0;
-  QString first;
+  CheckSummary summary;
+  summary.files = static_cast<int>(options.files.size());
+  if (options.json && !Print(StartJson(summary.files))) return kSomeFailed;
   for (const std::string& name : options.files) {
     const FileReport report = CheckFile(TextOf(name));
     if (!Show(report, options)) return kSomeFailed;
-    warnings += report.Warnings();
+    summary.warnings += report.Warnings();
     if (!report.IsRefused()) continue;
-    if (++refused == 1) first = Printable(report.path) + u": "_s + report.FirstError();
+    if (++summary.refused == 1) {
+      summary.first = Printable(report.path) + u": "_s + report.FirstError();
+    }
   }
-  const int files = static_cast<int>(options.files.size());
-  if (options.json && !Print(SummaryJson(files, refused, warnings))) return kSomeFailed;
-  if (refused == 0) return kAllDone;
-  Complain(files == 1
-               ? first
-               : u"%1 of %2 files refused; the first: %3"_s.arg(refused).arg(files).arg(first));
-  return kRefused;
+  const int status = summary.refused == 0 ? kAllDone : kRefused;
+  if (options.json && !Print(SummaryJson(summary, status))) return kSomeFailed;
+  if (summary.refused > 0) Complain(RefusalText(summary));
+  return status;
 }
 
 }  // namespace

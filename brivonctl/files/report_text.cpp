@@ -2,9 +2,8 @@
 
 #include <map>
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include "reports/json_events.h"
+#include "usage/json_line.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,41 +57,38 @@ QString ProblemText(const FileReport& report, const QString& indent) {
   return text;
 }
 
-QJsonObject Json(const FileReport& report) {
-  QJsonArray problems;
-  for (const Problem& problem : report.problems) {
-    QJsonObject object{
-        {u"severity"_s, problem.weight == Problem::Weight::kError ? u"error"_s : u"warning"_s},
-        {u"text"_s, problem.text}};
-    object.insert(u"line"_s, problem.line == 0 ? QJsonValue() : QJsonValue(problem.line));
-    problems.append(object);
-  }
-  QJsonObject object{{u"file"_s, report.path},
-                     {u"kind"_s, KindName(report.kind)},
-                     {u"result"_s, report.IsRefused() ? u"refused"_s : u"ok"_s},
-                     {u"problems"_s, problems}};
-  if (report.dimension) {
-    object.insert(u"rows"_s, report.dimension->rows);
-    object.insert(u"columns"_s, report.dimension->columns);
-  }
-  if (report.steps) object.insert(u"steps"_s, *report.steps);
-  if (report.length) object.insert(u"length"_s, *report.length);
-  if (report.kind == FileKind::kSchedule) {
-    QJsonArray files;
-    for (const FileReport::Named& file : report.files) {
-      QJsonObject named = Json(file.report);
-      named.insert(u"line"_s, file.line);
-      files.append(named);
-    }
-    object.insert(u"files"_s, files);
-  }
-  return object;
+JsonLine ProblemJson(const Problem& problem) {
+  JsonLine json;
+  json.AddJson("line", problem.line == 0 ? "null" : QByteArray::number(problem.line));
+  const bool is_error = problem.weight == Problem::Weight::kError;
+  json.Add("severity", is_error ? u"error"_s : u"warning"_s).Add("text", problem.text);
+  return json;
 }
 
-QByteArray LineOf(QJsonObject object, const QString& event) {
-  object.insert(u"event"_s, event);
-  return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+/// Adds what is known of a file to an object that says where it is named.
+void AddReport(const FileReport& report, JsonLine* json) {
+  json->Add("file", report.path).Add("kind", KindName(report.kind));
+  if (report.dimension) {
+    json->Add("rows", report.dimension->rows).Add("columns", report.dimension->columns);
+  }
+  if (report.steps) json->Add("steps", *report.steps);
+  if (report.length) json->Add("length", static_cast<int>(*report.length));
+  json->Add("result", report.IsRefused() ? u"refused"_s : u"ok"_s);
+  QByteArrayList problems;
+  for (const Problem& problem : report.problems) problems.append(ProblemJson(problem).Text());
+  json->AddJson("problems", JsonArray(problems));
+  if (report.kind != FileKind::kSchedule) return;
+  QByteArrayList files;
+  for (const FileReport::Named& file : report.files) {
+    JsonLine named;
+    named.Add("line", file.line);
+    AddReport(file.report, &named);
+    files.append(named.Text());
+  }
+  json->AddJson("files", JsonArray(files));
 }
+
+JsonLine Event(const QString& name) { return JsonLine().Add("event", name); }
 
 }  // namespace
 
@@ -101,11 +97,22 @@ QString ReportText(const FileReport& report) {
          ProblemText(report, u"  "_s);
 }
 
-QByteArray ReportJson(const FileReport& report) { return LineOf(Json(report), u"file"_s); }
+QByteArray StartJson(int files) {
+  JsonLine json = Event(u"start"_s);
+  json.Add("version", kJsonVersion).Add("action", u"check"_s).Add("files", files);
+  return json.Text() + '\n';
+}
 
-QByteArray SummaryJson(int files, int refused, int warnings) {
-  return LineOf({{u"files"_s, files}, {u"refused"_s, refused}, {u"warnings"_s, warnings}},
-                u"summary"_s);
+QByteArray ReportJson(const FileReport& report) {
+  JsonLine json = Event(u"file"_s);
+  AddReport(report, &json);
+  return json.Text() + '\n';
+}
+
+QByteArray SummaryJson(const CheckSummary& summary, int status) {
+  JsonLine json = Event(u"summary"_s);
+  json.Add("files", summary.files).Add("refused", summary.refused);
+  return json.Add("warnings", summary.warnings).Add("status", status).Text() + '\n';
 }
 
 }  // namespace BrivonCtl

@@ -11,10 +11,20 @@ namespace BrivonCtl {
 /// A block of lines: what the file is and whether it is taken, then a line for each problem.
 QString ReportText(const FileReport& report);
 
-/// One line, with its end: an object with "event" "file".
+/// The lines of JSON, each with its end: at the beginning,
+QByteArray StartJson(int files);
+
+/// an object with "event" "file" for each,
 QByteArray ReportJson(const FileReport& report);
 
-/// The same of the end: how many files there were, how many were refused, and the warnings.
-QByteArray SummaryJson(int files, int refused, int warnings);
+struct CheckSummary {
+  int files = 0;
+  int refused = 0;
+  int warnings = 0;
+  QString first;  ///< The first refused file, and why it is.
+};
+
+/// and at the end, with the program's exit status.
+QByteArray SummaryJson(const CheckSummary& summary, int status);
 
 }  // namespace BrivonCtl

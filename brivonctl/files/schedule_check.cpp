@@ -126,7 +126,8 @@ void CheckDetails(const ScheduleStep& step, const Brivon1::FeatureNames& feature
                                     .arg(Brivon1::kLongestDelay));
   }
   const QString feature = Brivon1::CodePage::System().ToText(step.details.feature).trimmed();
-  const bool is_known = features.Code(feature) != u'A' || feature.toUpper() == "APPEAR"_L1 ||
+  const bool is_known = features.Code(feature) != u'A' ||
+                        feature.compare("Appear"_L1, Qt::CaseInsensitive) == 0 ||
                         feature == features.Entry(0).value_or(QString()).trimmed();
   if (!is_known) {
     report->Warn(step.line + 2, u"there is no entry effect %1; the panel takes Appear"_s.arg(

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "usage/exit_status.h"
+#include "usage/pages.h"
 #include "usage/words.h"
 
 namespace BrivonCtl {
@@ -30,6 +31,10 @@ CommandLine::CommandLine()
   top_.set_version_flag("--version", "brivonctl " BRIVON_VERSION, "Prints the version");
   top_.set_help_flag("-h,--help", "Prints this text");
   top_.get_formatter()->column_width(28);
+  top_.add_flag_callback(
+      "--print-manual-page", [] {}, "Prints the manual page, for man(1)");
+  top_.add_flag_callback(
+      "--print-completion", [] {}, "Prints the completion for bash");
 }
 
 CLI::App* CommandLine::Add(const std::string& name, const std::string& summary,
@@ -66,6 +71,13 @@ int CommandLine::Run(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     Complain(TextOf(WhatIsWrong(error)));
     return kWrongUse;
+  }
+  std::string page;
+  if (top_.count("--print-manual-page") > 0) page = ManualPage(top_);
+  if (top_.count("--print-completion") > 0) page = BashCompletion(top_);
+  if (!page.empty()) {
+    std::fputs(page.c_str(), stdout);
+    return kAllDone;
   }
   const auto run = runs_.find(Deepest());
   if (run == runs_.end()) {

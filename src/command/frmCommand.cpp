@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QPushButton>
 
+#include "command/command_order.h"
 #include "command/command_rows.h"
 #include "language/module_language.h"
 #include "page/frmPage.h"
@@ -16,8 +17,6 @@ using Brivon1::PanelCommand;
 using ModuleLanguage::TranslateMessage;
 
 namespace {
-
-constexpr int kLastBytesTime = 300;  // milliseconds for the last bytes to leave the line
 
 MessageBoxStyle CommandStyle(QMessageBox::Icon icon, const QString& title = u"Command"_s) {
   return {icon, TranslateMessage(title), {}};
@@ -88,8 +87,8 @@ void frmCommand::ShowWhatItDeletes() {
 
 void frmCommand::Send() {
   const auto panel = panels_->Selected();
-  if (!panel) {
-    ShowMessage(this, TranslateMessage(u"Empty ID!"_s));
+  if (const auto refusal = Brivon1::CheckCommandPanel(panel, Brivon1::Store())) {
+    ShowRefusal(this, *refusal);
     return;
   }
   Sending sending(session_);
@@ -98,7 +97,7 @@ void frmCommand::Send() {
   auto line = sending.Open(panel->endpoint, no_status, CommandStyle(QMessageBox::Warning));
   if (!line) return;
   CarryOut(sending, *line, panel->id);
-  Brivon1::WaitTicks(line->timer, kLastBytesTime);
+  Brivon1::WaitTicks(line->timer, Brivon1::kLastBytesTime);
 }
 
 void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {
@@ -109,17 +108,14 @@ void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {
     const auto text = frmPage::Ask(this);
     if (!text) return;
     page = *text;
-    if (!Brivon1::IsPageNumber(page)) {
-      ShowMessage(this, TranslateMessage(u"Invalid Page Value!"_s),
-                  CommandStyle(QMessageBox::Warning));
+    if (const auto refusal = Brivon1::CheckCommandPage(page)) {
+      ShowRefusal(this, *refusal, CommandStyle(QMessageBox::Warning));
       return;
     }
   }
   const Brivon1::CommandReport report =
       Brivon1::CarryOutCommand(line, *command, id, page, QDateTime::currentDateTime());
-  QStringList text;
-  for (const QString& piece : report.text) text.append(TranslateMessage(piece));
-  const QString shown = text.join(QLatin1Char(' '));
+  const QString shown = Brivon1::CommandReportText(report);
   if (report.succeeded) {
     sending.ShowResult(shown, CommandStyle(QMessageBox::Information, report.title));
   } else {

@@ -1,34 +1,18 @@
 #include "page/frmSendMsg.h"
 
-#include <limits>
-
 #include <QPushButton>
 
 #include "base/file_checks.h"
-#include "base/files.h"
-#include "base/text.h"
 #include "language/module_language.h"
 #include "page/message_transmission.h"
+#include "page/page_order.h"
 #include "ui_frmSendMsg.h"
 #include "widgets/caption_loader.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
 
-using Brivon1::Dimension;
-using Brivon1::SendMode;
 using ModuleLanguage::TranslateMessage;
-
-namespace {
-
-/// The page number as it goes on the wire: the number that the text begins with, at least three
-/// digits long.
-QByteArray PageDigits(const QString& text) {
-  return Brivon1::ZeroPadded(
-      Brivon1::LeadingNumber(text.toUtf8(), 0, std::numeric_limits<int>::max()), 3);
-}
-
-}  // namespace
 
 frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name, const Brivon1::PanelPorts* ports)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendMsg>()) {
@@ -38,7 +22,6 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name, const Brivon1:
                          {.filter = u"Message File|*.msg|All|*.*"_s,
                           .check = Brivon1::IsMessageFile,
                           .browse_end = u"!"_s,
-                          .send_end = u"!"_s,
                           .dialog_name = u"CMDialog1"_s},
                          {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);
   session_ = new SendingSession(
@@ -59,42 +42,20 @@ void frmSendMsg::Send() {
 void frmSendMsg::SendFile() {
   Sending sending(session_);
   if (!sending) return;
-  const QString path = file_->Path();
-  if (!Brivon1::FileExists(path)) {
-    file_->ReportNotFound();
+  const Brivon1::PageOrder order{file_->Path(), panels_->Selected(), ui_->txtPage->text()};
+  if (const auto refusal = Brivon1::CheckPageOrder(order, Brivon1::Store())) {
+    ShowRefusal(this, *refusal);
     return;
   }
-  const auto panel = panels_->Selected();
-  if (!panel) {
-    ShowMessage(this, TranslateMessage(u"Invalid ID Selection!"_s));
-    return;
-  }
-  if (ui_->txtPage->text().isEmpty()) {
-    ShowMessage(this, TranslateMessage(u"Invalid Page Value!"_s));
-    return;
-  }
-  const auto dimension = Brivon1::IsMessageFile(path);
-  if (!dimension) {
-    file_->ReportWrongKind();
-    return;
-  }
-  const Dimension panel_dimension{panel->rows, panel->columns};
-  if (*dimension != panel_dimension) {
-    ShowMessage(this, TranslateMessage(u"Dimension not matched!"_s));
-    return;
-  }
-  if (Brivon1::Store().Mode() == SendMode::kTcp && !panel->endpoint.IsUsable()) {
-    ShowMessage(this, TranslateMessage(u"IP address is null or invaild"_s));
-    return;
-  }
-  const QByteArray page = PageDigits(ui_->txtPage->text());
+  const Brivon1::PanelListEntry& panel = *order.panel;
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
-  auto line = sending.Open(panel->endpoint, show_status);
+  auto line = sending.Open(panel.endpoint, show_status);
   if (!line) return;
-  const bool sent = Brivon1::SendMessageFile(*line, path, panel->id, page, panel_dimension);
+  const bool sent = Brivon1::SendMessageFile(
+      *line, order.path, panel.id, Brivon1::PageDigits(order.page), {panel.rows, panel.columns});
   if (sent) {
     sending.ShowResult(TranslateMessage(u"Transmission finished!"_s));
   } else {
-    sending.ShowFailure(*line, panel->id, TranslateMessage(u"Transmission failure!"_s));
+    sending.ShowFailure(*line, panel.id, TranslateMessage(u"Transmission failure!"_s));
   }
 }

@@ -3,8 +3,8 @@
 #include <QPushButton>
 
 #include "base/file_checks.h"
-#include "base/files.h"
 #include "language/module_language.h"
+#include "schedule/schedule_order.h"
 #include "schedule/schedule_transmission.h"
 #include "ui_frmSendSch.h"
 #include "widgets/caption_loader.h"
@@ -12,21 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-using Brivon1::Dimension;
-using Brivon1::SendMode;
 using ModuleLanguage::TranslateMessage;
-
-namespace {
-
-QString SentText(SendMode mode) {
-  if (mode == SendMode::kSerial) return TranslateMessage(u"Transmission finished!"_s);
-  // The language file's published text that says the same comes first.
-  return TranslateMessage(
-      u"Schedule file download done!"_s,
-      TranslateMessage(u"Schedules file is sent successfully through network"_s));
-}
-
-}  // namespace
 
 frmSendSch::frmSendSch(QWidget* parent, const QString& file_name, const Brivon1::PanelPorts* ports)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSendSch>()) {
@@ -37,7 +23,6 @@ frmSendSch::frmSendSch(QWidget* parent, const QString& file_name, const Brivon1:
                      {.filter = u"Schedule File|*.sch|All|*.*"_s,
                       .check = Brivon1::IsScheduleFile,
                       .browse_end = QString(),
-                      .send_end = QString(),
                       .dialog_name = u"DialogBrowse"_s},
                      {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);
   // The letter may be typed on: a transmission has taken its own at its beginning.
@@ -55,31 +40,24 @@ void frmSendSch::Send() {
   Sending sending(session_);
   if (!sending) return;
   ui_->lblSendStatus->clear();
-  const QString path = file_->Path();
-  if (!Brivon1::FileExists(path)) {
-    file_->ReportNotFound();
+  const Brivon1::ScheduleOrder order{file_->Path(), panels_->Selected()};
+  auto dimension = file_->Dimension();
+  const auto refusal = Brivon1::CheckScheduleOrder(order, Brivon1::Store(), dimension);
+  file_->SetDimension(dimension);
+  if (refusal) {
+    ShowRefusal(this, *refusal);
     return;
   }
-  const auto panel = panels_->Selected();
-  if (!panel) {
-    ShowMessage(this, TranslateMessage(u"No ID Selected!"_s));
-    return;
-  }
-  // The file may have been saved for another panel since it was chosen.
-  file_->ReadAgain();
-  if (file_->Dimension() != Dimension{panel->rows, panel->columns}) {
-    ShowMessage(this, TranslateMessage(u"Dimension not matched!"_s));
-    return;
-  }
+  const int id = order.panel->id;
   const QString letter = ui_->txtSchNo->text();
   const auto show_status = [this](const QString& text) { ui_->lblSendStatus->setText(text); };
-  const auto show_text = [this](const QString& text) { ShowMessage(this, text); };
-  auto line = sending.Open(panel->endpoint, show_status);
+  const auto show_refusal = [this](const Brivon1::Refusal& told) { ShowRefusal(this, told); };
+  auto line = sending.Open(order.panel->endpoint, show_status);
   if (!line) return;
-  const bool sent = Brivon1::SendScheduleFile(*line, path, panel->id, letter, show_text);
+  const bool sent = Brivon1::SendScheduleFile(*line, order.path, id, letter, show_refusal);
   if (sent) {
-    sending.ShowResult(SentText(line->configuration.Mode()));
+    sending.ShowResult(Brivon1::ScheduleSentText(line->configuration.Mode()));
   } else {
-    sending.ShowFailure(*line, panel->id, TranslateMessage(u"Transmission failure!"_s));
+    sending.ShowFailure(*line, id, TranslateMessage(u"Transmission failure!"_s));
   }
 }

@@ -17,6 +17,7 @@
 #include "panel_line/waits.h"
 #include "schedule/schedule.h"
 #include "schedule/schedule_reader.h"
+#include "sending/refusals.h"
 
 using namespace Qt::StringLiterals;
 
@@ -94,14 +95,28 @@ bool IsEmpty(const Plan& plan) {
                      [](const QString& file) { return file.isEmpty(); });
 }
 
-/// What keeps a message file from being sent, in English; empty where nothing does.
-QString FileRefusal(const QString& name, Dimension dimension) {
+/// What keeps a message file from being sent; nothing where nothing does.
+std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension) {
   const QString file = FindFile(InProgramFolder(name));
-  if (!FileExists(file)) return u"File not found"_s;
+  const QString end = u": "_s + name;
+  if (!FileExists(file)) return FileNotFound(file, end);
   const std::optional<Dimension> found = IsMessageFile(file);
-  if (!found) return u"Error in opening file"_s;
-  if (*found != dimension) return u"Dimension Not Match"_s;
-  return {};
+  if (!found) return WrongKind(file, end);
+  if (*found != dimension) return Refusal{TranslateMessage(u"Dimension Not Match"_s) + end, {}};
+  return std::nullopt;
+}
+
+/// As CheckScheduleFile() says; `plan` is what was read of the file.
+std::optional<Refusal> PlanRefusal(const QString& path, const QString& letter,
+                                   std::optional<Plan>& plan) {
+  if (!ScheduleLetter(letter)) return Refusal{TranslateMessage(u"Please enter A-J"_s), {}};
+  plan = ReadPlan(path.trimmed());
+  if (!plan) return Refusal{};
+  if (IsEmpty(*plan)) return Refusal{TranslateMessage(u"Empty Schedule File!"_s), {}};
+  for (const QString& name : plan->files) {
+    if (auto refusal = FileRefusal(name, plan->head.dimension)) return refusal;
+  }
+  return std::nullopt;
 }
 
 QByteArray ScheduleFrame(const Plan& plan, int id, char letter) {
@@ -117,39 +132,32 @@ QByteArray ScheduleFrame(const Plan& plan, int id, char letter) {
 
 }  // namespace
 
-bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString& letter_text,
-                      const ShowText& show_text) {
-  const std::optional<char> letter = ScheduleLetter(letter_text);
-  if (!letter) {
-    show_text(TranslateMessage(u"Please enter A-J"_s));
-    return false;
-  }
-  const std::optional<Plan> plan = ReadPlan(path.trimmed());
-  if (!plan) return false;
-  if (IsEmpty(*plan)) {
-    show_text(TranslateMessage(u"Empty Schedule File!"_s));
-    return false;
-  }
-  for (const QString& name : plan->files) {
-    const QString refusal = FileRefusal(name, plan->head.dimension);
-    if (refusal.isEmpty()) continue;
-    show_text(TranslateMessage(refusal) + u": "_s + name);
-    return false;
-  }
+std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter) {
+  std::optional<Plan> plan;
+  return PlanRefusal(path, letter, plan);
+}
 
+bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString& letter_text,
+                      const TellRefusal& tell_refusal) {
+  std::optional<Plan> plan;
+  if (const auto refusal = PlanRefusal(path, letter_text, plan)) {
+    if (!refusal->text.isEmpty()) tell_refusal(*refusal);
+    return false;
+  }
+  const char letter = *ScheduleLetter(letter_text);
   line.progress.files = static_cast<int>(plan->files.size());
   for (qsizetype index = 0; index < plan->files.size(); ++index) {
     const QString& name = plan->files.at(index);
     line.progress.file = static_cast<int>(index) + 1;
     line.progress.file_name = name;
     line.progress.row = line.progress.attempt = 0;
-    if (SendMessageFile(line, FindFile(InProgramFolder(name)), id, PageOf(*letter, index),
+    if (SendMessageFile(line, FindFile(InProgramFolder(name)), id, PageOf(letter, index),
                         plan->head.dimension)) {
       continue;
     }
     // Who asked for a stop is told so by who opened the line.
     if (line.timer.stop.made) return false;
-    show_text(TranslateMessage(u"Error in sending"_s) + QLatin1Char(' ') + name + QLatin1Char('!'));
+    tell_refusal({TranslateMessage(u"Error in sending"_s) + u' ' + name + u'!', {}});
     return false;
   }
   line.progress.row = line.progress.rows = line.progress.attempt = 0;
@@ -159,7 +167,7 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
   }
   line.status(ModuleLanguage::TranslateText(u"Schedule--->"_s));
   DiscardInput(line.link);
-  const bool sent = SendUntilAcknowledged(line, id, ScheduleFrame(*plan, id, *letter), [] {}) &&
+  const bool sent = SendUntilAcknowledged(line, id, ScheduleFrame(*plan, id, letter), [] {}) &&
                     HasArrived(line, id);
   if (sent) line.status(ModuleLanguage::TranslateText(u"<--- Ack"_s));
   return sent;

@@ -3,15 +3,23 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include <QString>
 
+#include "base/refusal.h"
 #include "panel_line/transmission.h"
 
 namespace Brivon1 {
 
-/// Shows the operator a text that has been looked up.
-using ShowText = std::function<void(const QString& text)>;
+/// Tells the operator why a schedule is not sent, or why no more of it.
+using TellRefusal = std::function<void(const Refusal& refusal)>;
+
+/// What keeps the schedule file at `path` (blanks at its ends do not count) from being sent under
+/// the schedule letter `letter`: the letter, the schedule, the first of its message files that
+/// cannot be sent. Nothing where nothing does. The refusal of a schedule that cannot be read has no
+/// text: who sends it says that the transmission has failed.
+std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter);
 
 /// Sends the schedule file at `path` (blanks at its ends do not count) to panel `id` under the
 /// schedule letter `letter`, "A" to "J" in either case. Each different message file is sent once,
@@ -20,8 +28,8 @@ using ShowText = std::function<void(const QString& text)>;
 /// byte leaves, but for the row lines of the message files.
 ///
 /// True when all message files and the schedule were acknowledged. A refused letter, schedule or
-/// message file, and the first message file that fails, give false after at most one text.
+/// message file, and the first message file that fails, give false after at most one refusal.
 bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString& letter,
-                      const ShowText& show_text);
+                      const TellRefusal& tell_refusal);
 
 }  // namespace Brivon1

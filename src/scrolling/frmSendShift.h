@@ -3,10 +3,10 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
 #include <QDialog>
 
+#include "scrolling/scrolling_order.h"
 #include "sending/file_to_send.h"
 #include "sending/panel_choice.h"
 #include "sending/sending_session.h"
@@ -26,18 +26,8 @@ class frmSendShift : public QDialog {
   ~frmSendShift() override;
 
  private:
-  /// What is to be sent where.
-  struct Order {
-    QString path;
-    int panel = 0;
-    int line = 0;
-  };
-
   void Send();
-
-  /// What the controls say, or nothing, after the message about it, where that cannot be sent.
-  std::optional<Order> CheckedOrder();
-  void SendFile(const Order& order);
+  void SendFile(const Brivon1::ScrollingOrder& order);
 
   std::unique_ptr<Ui::frmSendShift> ui_;
   PanelChoice* panels_;

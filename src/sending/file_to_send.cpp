@@ -3,32 +3,18 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "language/module_language.h"
+#include "sending/refusals.h"
 #include "widgets/file_dialogs.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
 
-using ModuleLanguage::TranslateMessage;
-
 FileToSend::FileToSend(QWidget* window, const Kind& kind, const Controls& controls,
                        const QString& path)
     : QObject(window), window_(window), kind_(kind), controls_(controls) {
   SetPath(path);
-  ReadAgain();
+  SetDimension(kind_.check(path_));
   connect(controls_.browse, &QPushButton::clicked, this, &FileToSend::Browse);
-}
-
-void FileToSend::ReadAgain() {
-  if (const auto dimension = kind_.check(path_)) SetDimension(*dimension);
-}
-
-void FileToSend::ReportNotFound() {
-  ShowMessage(window_, TranslateMessage(u"File not found"_s) + kind_.send_end);
-}
-
-void FileToSend::ReportWrongKind() {
-  ShowMessage(window_, TranslateMessage(u"Error in opening file"_s) + kind_.browse_end);
 }
 
 void FileToSend::Browse() {
@@ -37,9 +23,9 @@ void FileToSend::Browse() {
   if (path.isEmpty()) return;
   if (const auto dimension = kind_.check(path)) {
     SetPath(path);
-    SetDimension(*dimension);
+    SetDimension(dimension);
   } else {
-    ReportWrongKind();
+    ShowRefusal(window_, Brivon1::WrongKind(path, kind_.browse_end));
   }
 }
 
@@ -48,9 +34,10 @@ void FileToSend::SetPath(const QString& path) {
   controls_.path->setText(path);
 }
 
-void FileToSend::SetDimension(Brivon1::Dimension dimension) {
+void FileToSend::SetDimension(std::optional<Brivon1::Dimension> dimension) {
+  if (!dimension) return;
   dimension_ = dimension;
   if (controls_.rows == nullptr) return;
-  controls_.rows->setText(QString::number(dimension.rows));
-  controls_.columns->setText(QString::number(dimension.columns));
+  controls_.rows->setText(QString::number(dimension->rows));
+  controls_.columns->setText(QString::number(dimension->columns));
 }

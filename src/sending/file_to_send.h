@@ -23,8 +23,7 @@ class FileToSend : public QObject {
     /// The dimension that a file of this kind was made for, 0 x 0 where the kind has none; nothing
     /// for any other file.
     std::optional<Brivon1::Dimension> (*check)(const QString& path);
-    QString browse_end;   ///< What follows the messages about a file that was chosen,
-    QString send_end;     ///< and that about a file that is gone when it is to be sent.
+    QString browse_end;   ///< What follows the messages about a file that was chosen.
     QString dialog_name;  ///< The object name of the file dialog.
   };
 
@@ -43,18 +42,12 @@ class FileToSend : public QObject {
   /// The rows and columns that the file had when it was last read; nothing when there was none.
   std::optional<Brivon1::Dimension> Dimension() const { return dimension_; }
 
-  /// Reads and shows the rows and columns that the file has now. They stay where it is no such file
-  /// any more.
-  void ReadAgain();
-
-  /// Shows the message about a path that is no file, and about a file of another kind.
-  void ReportNotFound();
-  void ReportWrongKind();
+  /// Shows the rows and columns that the file has now; nothing changes nothing.
+  void SetDimension(std::optional<Brivon1::Dimension> dimension);
 
  private:
   void Browse();
   void SetPath(const QString& path);
-  void SetDimension(Brivon1::Dimension dimension);
 
   QWidget* window_;
   Kind kind_;

@@ -104,7 +104,7 @@ void ProgressView::Show(const Progress& progress) {
   } else if (progress.is_schedule) {
     bar_->setValue(bar_->maximum() - 1);  // what is left is the schedule
   }
-  text_->setText(ProgressText(progress));
+  text_->setText(Brivon1::ProgressText(progress));
 }
 
 void ProgressView::SetNote(const QString& note) {

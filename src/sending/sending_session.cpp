@@ -12,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
+using Brivon1::ArrivedText;
 using Brivon1::OpenLine;
 using Brivon1::PanelPorts;
 using Brivon1::Progress;
@@ -31,7 +32,7 @@ SendingSession::SendingSession(QDialog* window, QList<QWidget*> locked_controls,
   if (view_ != nullptr) {
     connect(view_, &ProgressView::StopPressed, this, &SendingSession::RequestStop);
   }
-  ShowNote(LinkNote(Brivon1::Store()));
+  ShowNote(Brivon1::LinkNote(Brivon1::Store()));
   if (auto* send = window->findChild<QPushButton*>(u"butSend"_s)) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
       connect(new QShortcut(Qt::CTRL | key, window), &QShortcut::activated, send,
@@ -138,10 +139,7 @@ std::optional<OpenLine> Sending::Open(SendMode mode, const TcpEndpoint& endpoint
         show_progress};
   }
   failure_style.informative = connection.FailureReason();
-  ShowResult(
-      TranslateMessage(mode == SendMode::kSerial ? u"Fail to initialize communication port!"_s
-                                                 : u"Cannot create TCP link!"_s),
-      failure_style);
+  ShowResult(Brivon1::LinkFailureText(mode), failure_style);
   return std::nullopt;
 }
 
@@ -155,7 +153,7 @@ void Sending::ShowFailure(const OpenLine& line, int id, const QString& text,
   if (line.timer.stop.made) {
     ShowAborted(ArrivedText(line.progress, id), style);
   } else {
-    style.informative = FailureText(line.progress, id, line.timer.last_ack_status);
+    style.informative = Brivon1::FailureText(line.progress, id, line.timer.last_ack_status);
     ShowResult(text, style);
   }
 }

@@ -6,7 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
-using Brivon1::Progress;
+namespace Brivon1 {
+
 using ModuleLanguage::TranslateMessage;
 
 namespace {
@@ -30,15 +31,15 @@ QString FilesArrived(int arrived, int all) {
 
 }  // namespace
 
-QString LinkNote(const Brivon1::Configuration& configuration) {
-  if (configuration.Mode() != Brivon1::SendMode::kNone) return {};
+QString LinkNote(const Configuration& configuration) {
+  if (configuration.Mode() != SendMode::kNone) return {};
   return TranslateMessage(u"No link is chosen: Config, Communication Selection"_s);
 }
 
-QString SerialNote(const Brivon1::Configuration& configuration) {
+QString SerialNote(const Configuration& configuration) {
   return TranslateMessage(u"Sent over Com %1, %2"_s)
       .arg(configuration.com_port)
-      .arg(Brivon1::SerialDevice(configuration, configuration.com_port));
+      .arg(SerialDevice(configuration, configuration.com_port));
 }
 
 QString ProgressText(const Progress& progress) {
@@ -100,3 +101,10 @@ QString FailureText(const Progress& progress, int id, int last_ack_status) {
   lines.append(ArrivedText(progress, id));
   return lines.join(u'\n');
 }
+
+QString LinkFailureText(SendMode mode) {
+  return TranslateMessage(mode == SendMode::kSerial ? u"Fail to initialize communication port!"_s
+                                                    : u"Cannot create TCP link!"_s);
+}
+
+}  // namespace Brivon1

@@ -6,20 +6,27 @@
 #include "panel_line/progress.h"
 #include "store/configuration_store.h"
 
+namespace Brivon1 {
+
 /// What is to be known of the configured link before anything is sent; empty where there is
 /// nothing.
-QString LinkNote(const Brivon1::Configuration& configuration);
+QString LinkNote(const Configuration& configuration);
 
 /// Which serial port a window uses that sends over no other link.
-QString SerialNote(const Brivon1::Configuration& configuration);
+QString SerialNote(const Configuration& configuration);
 
 /// How far it has come, in one line.
-QString ProgressText(const Brivon1::Progress& progress);
+QString ProgressText(const Progress& progress);
 
 /// What of a transmission to panel `id` that has ended before its end is on the panel, and what is
 /// not.
-QString ArrivedText(const Brivon1::Progress& progress, int id);
+QString ArrivedText(const Progress& progress, int id);
 
 /// Why a transmission to panel `id` over an open line has failed, what to do, and what is on the
 /// panel; empty where nothing has been sent. `last_ack_status` is the TickTimer's.
-QString FailureText(const Brivon1::Progress& progress, int id, int last_ack_status);
+QString FailureText(const Progress& progress, int id, int last_ack_status);
+
+/// The message about a link that cannot be opened in `mode`.
+QString LinkFailureText(SendMode mode);
+
+}  // namespace Brivon1

@@ -41,6 +41,11 @@ void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& st
   box.exec();
 }
 
+void ShowRefusal(QWidget* window, const Brivon1::Refusal& refusal, MessageBoxStyle style) {
+  style.informative = refusal.remedy;
+  ShowMessage(window, refusal.text, style);
+}
+
 SaveAnswer AskToSave(QWidget* window) {
   // A question that is still open gives way: the session may be about to end beneath it.
   for (QMessageBox* open : window->findChildren<QMessageBox*>()) {

@@ -5,6 +5,8 @@
 #include <QMessageBox>
 #include <QString>
 
+#include "base/refusal.h"
+
 class QWidget;
 
 /// How a message box looks. The defaults are the plain box: no icon, the window's caption as title.
@@ -16,6 +18,9 @@ struct MessageBoxStyle {
 
 /// Shows `text` with one OK button and returns when it was pressed.
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style = {});
+
+/// Shows why something is not done, and below it what to do about it.
+void ShowRefusal(QWidget* window, const Brivon1::Refusal& refusal, MessageBoxStyle style = {});
 
 enum class SaveAnswer { kYes, kNo, kCancel };
 

@@ -57,7 +57,7 @@ class ScheduleTransmission : public testing::Test {
                     time_.Note(QStringLiteral("status \"%1\"").arg(text));
                   }};
     return SendScheduleFile(line, path, id, letter,
-                            [this](const QString& text) { shown_.append(text); });
+                            [this](const Refusal& refusal) { shown_.append(refusal.text); });
   }
 
   /// Panel 10 acknowledges the next frames.

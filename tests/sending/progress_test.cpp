@@ -10,6 +10,8 @@
 
 using namespace Qt::StringLiterals;
 
+using Brivon1::ProgressText;
+
 namespace {
 
 class ProgressOfAWindow : public WindowOverLineTest {

@@ -77,7 +77,7 @@ TEST_F(CheckProgram, JsonIsOneObjectALine) {
     events.append(object.value("event"_L1).toString() + u' ' +
                   object.value("result"_L1).toString());
   }
-  EXPECT_EQ(events.join(u'|').toStdString(), "file ok|file refused|summary | ");
+  EXPECT_EQ(events.join(u'|').toStdString(), "start |file ok|file refused|summary | ");
 }
 
 TEST_F(CheckProgram, WrongUseGivesTwoAndOneLineOfError) {

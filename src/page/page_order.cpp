@@ -1,0 +1,36 @@
+#include "page/page_order.h"
+
+#include <limits>
+
+#include "base/file_checks.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "language/module_language.h"
+#include "sending/refusals.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Brivon1 {
+
+using ModuleLanguage::TranslateMessage;
+
+std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration) {
+  if (!FileExists(order.path)) return FileNotFound(order.path, u"!"_s);
+  if (!order.panel) return NoPanel(u"Invalid ID Selection!"_s, configuration);
+  if (order.page.isEmpty()) return Refusal{TranslateMessage(u"Invalid Page Value!"_s), {}};
+  const auto dimension = IsMessageFile(order.path);
+  if (!dimension) return WrongKind(order.path, u"!"_s);
+  if (*dimension != Dimension{order.panel->rows, order.panel->columns}) {
+    return Refusal{TranslateMessage(u"Dimension not matched!"_s), {}};
+  }
+  if (configuration.Mode() == SendMode::kTcp && !order.panel->endpoint.IsUsable()) {
+    return Refusal{TranslateMessage(u"IP address is null or invaild"_s), {}};
+  }
+  return std::nullopt;
+}
+
+QByteArray PageDigits(const QString& text) {
+  return ZeroPadded(LeadingNumber(text.toUtf8(), 0, std::numeric_limits<int>::max()), 3);
+}
+
+}  // namespace Brivon1

@@ -1,0 +1,32 @@
+#include "scrolling/scrolling_order.h"
+
+#include <limits>
+
+#include "base/files.h"
+#include "base/text.h"
+#include "language/module_language.h"
+#include "sending/refusals.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Brivon1 {
+
+using ModuleLanguage::TranslateMessage;
+
+std::optional<Refusal> CheckScrollingOrder(const ScrollingOrder& order,
+                                           const Configuration& configuration) {
+  if (!FileExists(order.path)) return FileNotFound(order.path, u"!"_s);
+  if (!order.panel) return NoPanel(u"Invalid ID Selection!"_s, configuration);
+  if (order.line.isEmpty()) return Refusal{TranslateMessage(u"Invalid Line No.!"_s), {}};
+  if (LineNumber(order.line) > order.panel->rows) {
+    return Refusal{TranslateMessage(u"Line No. Not Valid!"_s), {}};
+  }
+  return std::nullopt;
+}
+
+int LineNumber(const QString& text) {
+  return LeadingNumber(text.toUtf8(), std::numeric_limits<int>::min(),
+                       std::numeric_limits<int>::max());
+}
+
+}  // namespace Brivon1
