@@ -10,6 +10,7 @@ namespace BrivonCtl {
 namespace {
 
 constexpr qsizetype kLongestQuotation = 60;
+constexpr qsizetype kLongestName = 300;
 
 QString Escaped(char32_t character) {
   return u"\\x"_s + u"%1"_s.arg(static_cast<uint>(character), 2, 16, QLatin1Char('0')).toUpper();
@@ -77,15 +78,16 @@ QString Quoted(const QByteArray& bytes) {
 }
 
 QString Printable(const QString& text) {
+  if (text.isEmpty()) return u"\"\""_s;
   QString printable;
-  for (const char32_t character : text.toUcs4()) {
+  for (const char32_t character : text.left(kLongestName).toUcs4()) {
     if (QChar::isPrint(character)) {
       printable += QString::fromUcs4(&character, 1);
     } else {
       printable += Escaped(character);
     }
   }
-  return printable;
+  return text.size() > kLongestName ? printable + u"..."_s : printable;
 }
 
 }  // namespace BrivonCtl

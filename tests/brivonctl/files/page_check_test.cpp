@@ -146,4 +146,10 @@ TEST_F(PageCheck, WhatWouldMoveTheTerminalsCursorIsWrittenOut) {
   EXPECT_EQ(said.substr(0, beginning.size()), beginning);
 }
 
+TEST_F(PageCheck, ANameIsCutWhereItIsLongAndSeenWhereItIsEmpty) {
+  EXPECT_EQ(SaidOf(QString()), "\"\": refused\n  error: there is no such file\n");
+  EXPECT_EQ(SaidOf(QString(301, u'x')),
+            std::string(300, 'x') + "...: refused\n  error: there is no such file\n");
+}
+
 }  // namespace

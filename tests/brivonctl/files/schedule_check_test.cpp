@@ -55,7 +55,7 @@ TEST_F(ScheduleCheck, AMessageFileThatCannotBeShownRefusesTheSchedule) {
           "    line 4: error: the tag \"<L02>\" stands in row 1; expected was <L01>\n"
           "  line 20: text.srl: scrolling message: refused\n"
           "    line 1: error: this is no page message, and a schedule shows those alone\n"
-          "  line 23: : refused\n"
+          "  line 23: \"\": refused\n"
           "    error: no message file is named here\n");
 }
 
