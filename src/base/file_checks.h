@@ -42,6 +42,9 @@ class MessageFileReader {
   /// The next row line, or nothing when there is none.
   std::optional<QByteArray> NextRowLine();
 
+  /// Whether it was too long a line that ended the row lines.
+  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
+
  private:
   QFile file_;
   LineReader lines_;

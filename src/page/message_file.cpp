@@ -2,13 +2,20 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "language/file_remedies.h"
+#include "language/module_language.h"
 #include "row/coded_text.h"
+
+using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
 
+using ModuleLanguage::TranslateMessage;
+
 constexpr int kFewestRows = 1;
 constexpr int kFewestColumns = 10;
+constexpr int kFewestSentColumns = 5;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -41,31 +48,75 @@ bool ReadRowLine(QByteArrayView line, int number, Attributes& attributes, PageRo
   return true;
 }
 
+QString SizeRemedy(const QString& path, Dimension dimension) {
+  return TranslateMessage(
+             u"%1 is made for %2x%3. A page has 1 to 12 rows and at least 5 dot columns."_s)
+      .arg(path, QString::number(dimension.rows), QString::number(dimension.columns));
+}
+
+/// Why `file` has no line for row `number`.
+QString MissingRowRemedy(const QString& path, const MessageFileReader& file, int number) {
+  if (file.IsLineTooLong()) {
+    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
+        .arg(path, QString::number(kLongestLine));
+  }
+  return TranslateMessage(u"%1 ends early: row %2 of %3 is missing."_s)
+      .arg(path, QString::number(number), QString::number(file.FileDimension()->rows));
+}
+
 }  // namespace
 
-SaveResult SaveMessageFile(const QString& path, const PageMessage& page) {
+bool CanBeSent(const Dimension& dimension) {
+  return dimension.rows >= kFewestRows && dimension.rows <= kMaxRows &&
+         dimension.columns >= kFewestSentColumns;
+}
+
+SaveResult SaveMessageFile(const QString& path, const PageMessage& page, QString* reason) {
   QByteArray content = QByteArray(kMessageHeader) + "\r\n";
   content += "Row = " + QByteArray::number(page.Rows()) + "\r\n";
   content += "Col = " + QByteArray::number(page.Columns()) + "\r\n";
   for (int number = 1; number <= page.Rows(); ++number) {
     content += "<L" + ZeroPadded(number, 2) + '>' + CodedText(page.Row(number)) + "\r\n";
   }
-  return SaveWholeFile(path, content);
+  return SaveWholeFile(path, content, reason);
 }
 
-std::optional<LoadedPage> LoadMessageFile(const QString& path) {
+std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy) {
+  // What is wrong is looked for only where somebody asks.
+  const auto refuse = [&](const auto& why) {
+    if (remedy != nullptr) *remedy = why();
+    return std::nullopt;
+  };
   MessageFileReader file(path);
   const std::optional<Dimension>& dimension = file.FileDimension();
-  if (!dimension || !IsReadable(*dimension)) return std::nullopt;
+  if (!dimension) return refuse([&] { return WrongKindRemedy(path, FileSort::kPage); });
+  if (!IsReadable(*dimension)) return refuse([&] { return SizeRemedy(path, *dimension); });
 
   LoadedPage page{*dimension, {}};
   Attributes attributes;  // carried on from row to row
   for (int number = 1; number <= dimension->rows; ++number) {
     const std::optional<QByteArray> line = file.NextRowLine();
     PageRow& row = page.rows[static_cast<std::size_t>(number - 1)];
-    if (!line || !ReadRowLine(*line, number, attributes, row)) return std::nullopt;
+    if (!line) return refuse([&] { return MissingRowRemedy(path, file, number); });
+    if (!ReadRowLine(*line, number, attributes, row)) {
+      return refuse([&] {
+        return TranslateMessage(u"The line of row %1 in %2 bears the number of another row."_s)
+            .arg(QString::number(number), path);
+      });
+    }
   }
   return page;
+}
+
+QString MessageFileRemedy(const QString& path) {
+  MessageFileReader file(path);
+  const std::optional<Dimension>& dimension = file.FileDimension();
+  if (!dimension) return WrongKindRemedy(path, FileSort::kPage);
+  if (!CanBeSent(*dimension)) return SizeRemedy(path, *dimension);
+  for (int number = 1; number <= dimension->rows; ++number) {
+    if (!file.NextRowLine()) return MissingRowRemedy(path, file, number);
+  }
+  return {};
 }
 
 }  // namespace Brivon1

@@ -35,6 +35,13 @@ class ScheduleReader {
   /// to 7, no sequences or more than 32, rows or columns of 0, or a file that ends before that.
   const std::optional<ScheduleHead>& Head() const { return head_; }
 
+  /// The name of the first line above the sequences that is missing or out of its range; null where
+  /// Head() has something and where the file does not begin as a schedule.
+  const char* WrongLine() const { return wrong_line_; }
+
+  /// Whether it was too long a line that ended the reading.
+  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
+
   /// The path line of the next sequence, or nothing where the file ends before it.
   std::optional<QByteArray> NextPath() { return lines_.Next(); }
 
@@ -46,6 +53,7 @@ class ScheduleReader {
 
   QFile file_;
   LineReader lines_;
+  const char* wrong_line_ = nullptr;
   std::optional<ScheduleHead> head_;
 };
 
