@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include "brivonctl/site.h"
-#include "support/panel_bench.h"
 #include "support/wait_until.h"
 
 using namespace Qt::StringLiterals;
@@ -107,28 +106,25 @@ TEST_F(CrewTest, WithOneJobOneLineIsServedAfterTheOther) {
 }
 
 TEST_F(CrewTest, PanelsOfOneAddressAreServedOneAfterTheOther) {
-  PanelBench bench(LineKind::kTcp, {{1, 2, 96, true}, {2, 2, 96, true}, {3, 2, 96, true}});
-  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96));
-  Run(PageTo(path), Lines({1, 2, 3}), 64, 3);
+  OneLine line(false);
+  Run(PageTo(line.Page()), Lines({1, 2, 3}), 64, 3);
   EXPECT_EQ(steps_, (QList<int>{1, 1, 2, 2, 3, 3}));
   for (const int id : {1, 2, 3}) EXPECT_EQ(Of(id), Result::kOk) << id;
-  EXPECT_TRUE(bench.IsReleased());
+  EXPECT_TRUE(line.IsReleased());
 }
 
 TEST_F(CrewTest, TheSerialLineServesOnePanelAfterTheOther) {
-  PanelBench bench(LineKind::kSerial, {{1, 2, 96, true}, {2, 2, 96, true}, {3, 2, 96, true}});
-  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96));
-  Run(PageTo(path), Lines({1, 2, 3}), 64, 3);
+  OneLine line(true);
+  Run(PageTo(line.Page()), Lines({1, 2, 3}), 64, 3);
   EXPECT_EQ(steps_, (QList<int>{1, 1, 2, 2, 3, 3}));
   for (const int id : {1, 2, 3}) EXPECT_EQ(Of(id), Result::kOk) << id;
-  EXPECT_TRUE(bench.IsReleased());
+  EXPECT_TRUE(line.IsReleased());
 }
 
 TEST_F(CrewTest, AnAdapterThatIsPulledFailsForEveryPanelThatIsLeft) {
-  PanelBench bench(LineKind::kSerial, {{1, 2, 96, true}, {2, 2, 96, true}});
-  const QString path = bench.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96));
-  bench.Fail({.silent = true});
-  Run(PageTo(path), Lines({1, 2}), 64, 2, [&](Crew&) { bench.Unplug(); });
+  OneLine line(true);
+  line.Fail({.silent = true});
+  Run(PageTo(line.Page()), Lines({1, 2}), 64, 2, [&](Crew&) { line.Unplug(); });
   EXPECT_EQ(Of(1), Result::kFailed);
   EXPECT_EQ(Of(2), Result::kFailed);
   EXPECT_EQ(results_[2].result.text, u"Fail to initialize communication port!"_s);
