@@ -48,6 +48,8 @@ class OrderRun {
   OrderRun(Action action, const OrderOptions& options)
       : options_(options), log_(options.is_dry_run ? QString() : TextOf(options.log)) {
     assignment_.order = OrderOf(action, options);
+    assignment_.tells_steps =
+        !options.is_quiet && (options.is_json || LookAt(Stream::kError).is_terminal);
     if (options.is_json) {
       report_ = std::make_unique<JsonReport>(options.is_quiet);
     } else {
@@ -128,8 +130,7 @@ void OrderRun::TakeIn(const Transmission& transmission) {
 
 void OrderRun::CarryOut() {
   constexpr int kBetweenPictures = 200;  // milliseconds
-  const bool is_watched =
-      !options_.is_json && !options_.is_quiet && LookAt(Stream::kError).is_terminal;
+  const bool is_watched = !options_.is_json && assignment_.tells_steps;
   const auto lines = ByLine(panels_.fit, ModeFor(assignment_.order, assignment_.configuration));
   const auto all = results_.size() + static_cast<std::size_t>(panels_.fit.size());
   EventQueue queue;

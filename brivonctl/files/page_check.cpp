@@ -58,7 +58,7 @@ void CheckRows(const QString& path, const Brivon1::LoadedPage& page, FileReport*
 void CheckPage(const QString& path, FileReport* report) {
   report->dimension = Brivon1::IsMessageFile(path);
   Brivon1::FileFailure failure;
-  const auto page = Brivon1::LoadMessageFile(path, &failure);
+  const auto page = Brivon1::LoadMessageFile(path, nullptr, &failure);
   if (!page) {
     const auto dimension = report->dimension.value_or(Brivon1::Dimension{});
     report->Refuse(failure.line, FailureText(failure, dimension));

@@ -30,7 +30,7 @@ PanelResult Ending(const OpenLine& line, int panel, bool succeeded, const QStrin
     return {panel, Result::kStopped, TranslateMessage(u"Aborted!"_s),
             Brivon1::ArrivedText(line.progress, panel)};
   }
-  why.append(Brivon1::FailureText(line.progress, panel, line.timer.last_ack_status));
+  why.append(Brivon1::WhyNotSent(line, panel));
   why.removeAll(QString());
   return {panel, Result::kFailed, text, why.join(u'\n')};
 }

@@ -3,8 +3,6 @@
 #include <QCryptographicHash>
 #include <QFile>
 
-#include "store/configuration_store.h"
-
 using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
@@ -77,7 +75,5 @@ QByteArray FileDigest(const QString& path) {
   if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
   return hash.result().toHex();
 }
-
-QString PanelName(int id) { return QString::fromLatin1(Brivon1::PanelKey(id)); }
 
 }  // namespace BrivonCtl

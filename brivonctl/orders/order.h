@@ -7,6 +7,7 @@
 #include <QString>
 
 #include "command/commands.h"
+#include "sending/refusals.h"
 
 namespace BrivonCtl {
 
@@ -41,7 +42,6 @@ std::optional<Brivon1::PanelCommand> CommandOf(Action action);
 /// The SHA-256 of the file at `path` in hexadecimal digits, or nothing where it cannot be read.
 QByteArray FileDigest(const QString& path);
 
-/// "ID007".
-QString PanelName(int id);
+using Brivon1::PanelName;
 
 }  // namespace BrivonCtl

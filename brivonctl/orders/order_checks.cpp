@@ -30,16 +30,21 @@ using ModuleLanguage::TranslateMessage;
 /// The end of a window's message about the file of a kind.
 QString MessageEnd(Action action) { return action == Action::kSendSchedule ? QString() : u"!"_s; }
 
+/// The kind of file that the order sends, and whether its file is one.
+Brivon1::FileSort SortOf(Action action) {
+  if (action == Action::kSendSchedule) return Brivon1::FileSort::kSchedule;
+  return action == Action::kSendScrolling ? Brivon1::FileSort::kScrolling
+                                          : Brivon1::FileSort::kPage;
+}
+
 bool IsOfItsKind(const Order& order) {
-  switch (order.action) {
-    case Action::kSendPage:
-      return Brivon1::IsMessageFile(order.path).has_value();
-    case Action::kSendSchedule:
+  switch (SortOf(order.action)) {
+    case Brivon1::FileSort::kSchedule:
       return Brivon1::IsScheduleFile(order.path).has_value();
-    case Action::kSendScrolling:
+    case Brivon1::FileSort::kScrolling:
       return Brivon1::IsScrollingFile(order.path);
     default:
-      return true;
+      return Brivon1::IsMessageFile(order.path).has_value();
   }
 }
 
@@ -52,11 +57,13 @@ std::optional<Refusal> FileRefusal(const Order& order) {
   if (!Brivon1::FileExists(order.path)) {
     return Brivon1::FileNotFound(order.path, MessageEnd(order.action));
   }
-  if (!IsOfItsKind(order)) return Brivon1::WrongKind(order.path, MessageEnd(order.action));
+  if (!IsOfItsKind(order)) {
+    return Brivon1::WrongKind(order.path, SortOf(order.action), MessageEnd(order.action));
+  }
   if (order.action != Action::kSendSchedule) return std::nullopt;
   auto refusal = Brivon1::CheckScheduleFile(order.path, order.number);
   if (refusal && refusal->text.isEmpty()) {
-    refusal = Brivon1::WrongKind(order.path);
+    refusal->text = TranslateMessage(u"Error in opening file"_s);
   }
   return refusal;
 }
@@ -87,8 +94,7 @@ std::optional<Refusal> AddressRefusal(const Order& order, const PanelListEntry& 
   if (ModeFor(order, configuration) != SendMode::kTcp || panel.endpoint.IsUsable()) {
     return std::nullopt;
   }
-  return Refusal{TranslateMessage(u"IP address is null or invaild"_s),
-                 TranslateMessage(u"No usable network address is configured for this panel."_s)};
+  return Brivon1::NoAddress(panel.id);
 }
 
 PanelResult Refused(int id, const Refusal& refusal) {

@@ -18,19 +18,24 @@ class Count {
   void TakeIn(const Progress& progress) {
     if (progress.milliseconds_left >= 0) return;
     // The next row, or the schedule behind the last one, is begun when a row has arrived.
-    if (place_ != Place(progress)) AcknowledgeRow();
-    place_ = Place(progress);
+    MoveTo(progress);
     ++transmission_->attempts;
   }
 
-  void TakeInEnd(bool succeeded) {
+  /// `progress` is where it ended, reported or not.
+  void TakeInEnd(const Progress& progress, bool succeeded) {
+    MoveTo(progress);
     if (succeeded) AcknowledgeRow();
-    place_ = {};
   }
 
  private:
   static std::pair<int, int> Place(const Progress& progress) {
     return {progress.file, progress.is_schedule ? 0 : progress.row};
+  }
+
+  void MoveTo(const Progress& progress) {
+    if (place_ != Place(progress)) AcknowledgeRow();
+    place_ = Place(progress);
   }
 
   void AcknowledgeRow() {
@@ -106,12 +111,12 @@ PanelResult Transmitter::TransmitOverLine(const Turn& turn, Transmission* transm
   Count count(turn.panel.id, transmission);
   const auto show_progress = [&](const Progress& progress) {
     count.TakeIn(progress);
-    tell_(Step{turn.panel.id, progress});
+    if (assignment_.tells_steps) tell_(Step{turn.panel.id, progress});
   };
   Brivon1::OpenLine line{connection_.Link(),        connection_.Timer(),   connection_.Clock(),
                          assignment_.configuration, [](const QString&) {}, show_progress};
   const PanelResult result = CarryOut(line, assignment_.order, turn.panel, assignment_.now);
-  count.TakeInEnd(result.result == Result::kOk);
+  count.TakeInEnd(line.progress, result.result == Result::kOk);
   return result;
 }
 

@@ -19,6 +19,7 @@ struct Assignment {
   Order order;
   Brivon1::Configuration configuration;
   int further_transmissions = 0;  ///< To a panel at which one has failed.
+  bool tells_steps = true;        ///< Whether anybody looks at more than the ends.
   TimeSource now = [] { return QDateTime::currentDateTime(); };
 };
 

@@ -20,13 +20,11 @@ void TextReport::Begin(const Beginning& beginning) {
 
 void TextReport::TakeIn(const Step& step) {
   moving_[step.panel] = Brivon1::ProgressText(step.progress);
-  has_changed_ = true;
 }
 
 void TextReport::TakeIn(const Transmission& transmission) {
   const PanelResult& result = transmission.result;
   moving_.erase(result.panel);
-  has_changed_ = true;
   if (transmission.is_last) so_far_.results.append(result);
   if (is_quiet_) return;
   const Terminal terminal = LookAt(Stream::kError);
@@ -46,7 +44,7 @@ void TextReport::TakeInFrame(int panel, const QByteArray& frame) {
 }
 
 void TextReport::TakeInStop() {
-  is_stopping_ = has_changed_ = true;
+  is_stopping_ = true;
   if (!is_quiet_ && !LookAt(Stream::kError).is_terminal) {
     PrintAbove(u"stopping after the attempts in progress"_s);
   }
@@ -87,8 +85,11 @@ void TextReport::PrintAbove(const QString& line) {
 
 void TextReport::Refresh() {
   const Terminal terminal = LookAt(Stream::kError);
-  if (is_quiet_ || is_dry_run_ || !terminal.is_terminal || !has_changed_) return;
-  has_changed_ = false;
+  if (is_quiet_ || is_dry_run_ || !terminal.is_terminal) return;
+  // Happenings come by the thousand, and nobody sees more than a few pictures a second.
+  constexpr qint64 kBetweenPictures = 100;
+  if (since_picture_.isValid() && since_picture_.elapsed() < kBetweenPictures) return;
+  since_picture_.start();
   const QStringList lines = MovingLines(terminal);
   // In one piece, so that nothing flickers.
   const QString up = shown_lines_ > 0 ? u"\x1b[%1A\r\x1b[J"_s.arg(shown_lines_) : QString();

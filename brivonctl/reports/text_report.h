@@ -37,10 +37,10 @@ class TextReport : public Report {
   Summary so_far_;
   std::map<int, QString> moving_;  // panel -> how far it has come
   int shown_lines_ = 0;
-  bool has_changed_ = false;
   bool is_stopping_ = false;
   bool is_dry_run_ = false;
   QElapsedTimer clock_;
+  QElapsedTimer since_picture_;
 };
 
 }  // namespace BrivonCtl

@@ -31,6 +31,10 @@ CommandLine::CommandLine()
   top_.set_version_flag("--version", "brivonctl " BRIVON_VERSION, "Prints the version");
   top_.set_help_flag("-h,--help", "Prints this text");
   top_.get_formatter()->column_width(28);
+  top_.footer(
+      "Exit status: 0 all done; 1 some panel has it not; 2 wrong use; 3 the configuration, a file\n"
+      "or a panel does not do, and nothing was sent; 130 stopped. \"brivonctl SUBCOMMAND --help\"\n"
+      "prints the options of a subcommand.");
   top_.add_flag_callback(
       "--print-manual-page", [] {}, "Prints the manual page, for man(1)");
   top_.add_flag_callback(

@@ -50,6 +50,9 @@ class MessageFileReader {
   /// Why FileDimension() is nothing, or why NextRowLine() gave nothing.
   FileFailure Failure() const { return dimension_ ? MissingLine(lines_) : failure_; }
 
+  /// Whether it was too long a line that ended the row lines.
+  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
+
  private:
   QFile file_;
   LineReader lines_;

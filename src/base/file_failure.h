@@ -31,7 +31,7 @@ struct FileFailure {
 
 /// The failure of a file that has no line where `lines` did not give one.
 inline FileFailure MissingLine(const LineReader& lines) {
-  return {lines.EndedAtLongLine() ? FileFault::kLongLine : FileFault::kEndsEarly,
+  return {lines.IsLineTooLong() ? FileFault::kLongLine : FileFault::kEndsEarly,
           lines.LineNumber(),
           {}};
 }

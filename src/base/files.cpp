@@ -25,6 +25,34 @@ bool IsDiskFailure(int error) {
       ;
 }
 
+/// What the system says of `error`, in English; an error that it has not named is a refusal.
+QString ReasonOf(int error) {
+  switch (error) {
+    case 0:
+    case EPERM:
+    case EACCES:
+      return u"Permission denied"_s;
+    case ENOENT:
+      return u"No such file or directory"_s;
+    case EISDIR:
+      return u"Is a directory"_s;
+    case ENOTDIR:
+      return u"Not a directory"_s;
+    case ENAMETOOLONG:
+      return u"File name too long"_s;
+    case EFBIG:
+      return u"File too large"_s;
+    case ENOSPC:
+      return u"No space left on device"_s;
+    case EROFS:
+      return u"Read-only file system"_s;
+    case EIO:
+      return u"Input/output error"_s;
+    default:
+      return qt_error_string(error);
+  }
+}
+
 /// Whether what was flushed has reached the disk: a disk that is full or failing may say so only
 /// now, and the toolkit would not ask.
 bool IsOnDisk([[maybe_unused]] const QSaveFile& file) {
@@ -98,23 +126,34 @@ QString FindFile(const QString& path) {
   return path;
 }
 
-SaveResult SaveWholeFile(const QString& path, const QByteArray& content) {
+SaveResult SaveWholeFile(const QString& path, const QByteArray& content, QString* reason) {
+  const auto refuse = [reason](SaveResult result, int error) {
+    if (reason != nullptr) *reason = ReasonOf(error);
+    return result;
+  };
+  const auto failure = [&refuse](int error) {
+    return refuse(IsDiskFailure(error) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath,
+                  error);
+  };
   const QFileInfo target(path);
-  if (path.isEmpty() || (target.exists() && !target.isFile())) return SaveResult::kInvalidPath;
+  if (path.isEmpty()) return refuse(SaveResult::kInvalidPath, ENOENT);
+  if (target.exists() && !target.isFile()) {
+    return refuse(SaveResult::kInvalidPath, target.isDir() ? EISDIR : EINVAL);
+  }
   QSaveFile file(path);
   errno = 0;
-  if (!file.open(QIODevice::WriteOnly)) {
-    return IsDiskFailure(errno) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
-  }
+  if (!file.open(QIODevice::WriteOnly)) return failure(errno);
+  errno = 0;
   const bool is_written = file.write(content) == content.size() && file.flush();
+  const int write_error = errno;
   if (is_written) KeepOwner(path, file);
   if (!is_written || !IsOnDisk(file)) {
+    const int error = is_written ? errno : write_error;
     file.cancelWriting();
-    return SaveResult::kDriveNotAvailable;
+    return refuse(SaveResult::kDriveNotAvailable, error);
   }
   errno = 0;
-  if (file.commit()) return SaveResult::kSaved;
-  return IsDiskFailure(errno) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
+  return file.commit() ? SaveResult::kSaved : failure(errno);
 }
 
 QString SaveFailureText(SaveResult result) {

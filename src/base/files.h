@@ -33,8 +33,8 @@ class LineReader {
   /// before the first.
   int LineNumber() const { return line_number_; }
 
-  /// Whether the lines ended because one is longer than kLongestLine.
-  bool EndedAtLongLine() const { return is_line_too_long_; }
+  /// Whether it was a line of more than kLongestLine bytes that ended the reading.
+  bool IsLineTooLong() const { return is_line_too_long_; }
 
  private:
   QIODevice& device_;
@@ -61,8 +61,9 @@ enum class SaveResult {
 /// Replaces the file at `path` by `content`, whole: it is written beside the file, flushed, and
 /// renamed over it. On any failure the old file stays as it was. A link stays, its target is
 /// replaced. A replaced file keeps its mode, and as far as this user may give files away its owner
-/// and group. Its other names are cut off: a hard link to it stays with the old content.
-SaveResult SaveWholeFile(const QString& path, const QByteArray& content);
+/// and group. Its other names are cut off: a hard link to it stays with the old content. `reason`
+/// receives why the system has refused it, in English.
+SaveResult SaveWholeFile(const QString& path, const QByteArray& content, QString* reason = nullptr);
 
 /// The English message for a failed save, "Invalid path!" or "Drive not available!"; empty for a
 /// save that succeeded.

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "language/module_language.h"
+#include "page/page_order.h"
 #include "sending/refusals.h"
 
 using namespace Qt::StringLiterals;
@@ -18,7 +19,7 @@ std::optional<Refusal> CheckCommandPanel(const std::optional<PanelListEntry>& pa
 }
 
 std::optional<Refusal> CheckCommandPage(const QString& text) {
-  if (!IsPageNumber(text)) return Refusal{TranslateMessage(u"Invalid Page Value!"_s), {}};
+  if (!IsPageNumber(text)) return PageNumberRefusal();
   return std::nullopt;
 }
 

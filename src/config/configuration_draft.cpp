@@ -5,10 +5,15 @@
 #include "base/code_page.h"
 #include "base/number_field.h"
 #include "base/text.h"
+#include "language/module_language.h"
 #include "store/panel_list.h"
+
+using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+using ModuleLanguage::TranslateMessage;
 
 constexpr int kAddressParts = 4;
 constexpr int kHighestAddressPart = 254;
@@ -66,6 +71,30 @@ std::optional<QString> IpAddress(const QString& text) {
     part = QString::number(*number);
   }
   return parts.join(u'.');
+}
+
+QString InputRemedy(const PanelBoxes& boxes) {
+  const auto lacks = [](const QString& box, int lowest, int highest) {
+    return !WholeNumber(box, lowest, highest);
+  };
+  if (lacks(boxes.id, 0, kHighestPanelId)) {
+    return TranslateMessage(u"Enter an ID number from 0 to %1."_s).arg(kHighestPanelId);
+  }
+  if (lacks(boxes.rows, 1, kMaxRows)) {
+    return TranslateMessage(u"Enter 1 to %1 rows."_s).arg(kMaxRows);
+  }
+  if (lacks(boxes.columns, 1, kMostColumns)) {
+    return TranslateMessage(u"Enter 1 to %1 dot columns."_s).arg(kMostColumns);
+  }
+  if (!boxes.port.isEmpty() && lacks(boxes.port, 1, kHighestTcpPort)) {
+    return TranslateMessage(u"Enter a port from 1 to %1, or none for port %2."_s)
+        .arg(kHighestTcpPort)
+        .arg(kDefaultTcpPort);
+  }
+  if (ReadBoxes(boxes).result == AddResult::kAdded) return {};
+  return TranslateMessage(
+             u"The entry of a panel has at most %1 characters in the file: enter a port of fewer digits."_s)
+      .arg(kLongestPanelValue);
 }
 
 bool IsNoAddress(const QString& address) { return IpAddress(address) == kNoAddress; }
@@ -160,14 +189,18 @@ void ConfigurationDraft::Apply(IniFile& file) const {
   }
 }
 
-SaveResult ConfigurationDraft::Save() const {
+SaveResult ConfigurationDraft::Save(QString* reason) const {
+  const auto refuse = [reason](const QString& why) {
+    if (reason != nullptr) *reason = why;
+    return SaveResult::kInvalidPath;
+  };
   const QString path = ConfigurationPath();
   std::optional<IniFile> file = IniFile::Read(path);
-  if (!file) return SaveResult::kInvalidPath;
+  if (!file) return refuse(u"The file cannot be read."_s);
   Apply(*file);
   const QByteArray content = file->Content();
-  if (content.size() > kLargestIniFile) return SaveResult::kInvalidPath;
-  const SaveResult result = SaveWholeFile(path, content);
+  if (content.size() > kLargestIniFile) return refuse(u"The file would be too large."_s);
+  const SaveResult result = SaveWholeFile(path, content, reason);
   if (result == SaveResult::kSaved) LoadConfiguration();
   return result;
 }

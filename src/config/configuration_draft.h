@@ -41,6 +41,9 @@ std::optional<QString> IpAddress(const QString& text);
 /// Whether `address` is the one of a panel that has none.
 bool IsNoAddress(const QString& address);
 
+/// Why boxes with an IP address are no panel, in the operator's language; empty where they are one.
+QString InputRemedy(const PanelBoxes& boxes);
+
 /// Whether a panel with so many dot columns has more digits than the store reads back.
 bool IsReadBackShort(const QString& columns);
 
@@ -83,8 +86,8 @@ class ConfigurationDraft {
 
   /// Applies the working copy to "brivon.ini" as it is at this moment, and reloads the store. A
   /// file that cannot be read is not replaced, nor is one replaced by what would be too large to be
-  /// read: that is kInvalidPath.
-  SaveResult Save() const;
+  /// read: that is kInvalidPath. `reason` as SaveWholeFile() takes it.
+  SaveResult Save(QString* reason = nullptr) const;
 
  private:
   const Configuration loaded_;

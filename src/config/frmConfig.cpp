@@ -239,7 +239,7 @@ bool frmConfig::Add() {
       ui_->txtIPAddress->Refuse();
       break;
     case AddResult::kInvalidInput:
-      ShowMessage(this, TranslateMessage(u"Input is not Valid!"_s));
+      ShowRefusal(this, {TranslateMessage(u"Input is not Valid!"_s), Brivon1::InputRemedy(boxes)});
       break;
   }
   return false;
@@ -283,12 +283,12 @@ bool frmConfig::eventFilter(QObject* list, QEvent* event) {
 
 void frmConfig::accept() {
   if (!ui_->txtIPAddress->Check()) return;
-  const Brivon1::SaveResult result = draft_.Save();
+  QString reason;
+  const Brivon1::SaveResult result = draft_.Save(&reason);
   if (result == Brivon1::SaveResult::kSaved) {
     QDialog::accept();
     return;
   }
-  MessageBoxStyle style;
-  style.informative = Brivon1::ConfigurationPath();
-  ShowMessage(this, TranslateMessage(Brivon1::SaveFailureText(result)), style);
+  ShowRefusal(this, {TranslateMessage(Brivon1::SaveFailureText(result)),
+                     Brivon1::ConfigurationPath() + u": "_s + TranslateMessage(reason)});
 }

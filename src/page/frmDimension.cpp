@@ -32,8 +32,10 @@ frmDimension::frmDimension(QWidget* parent)
   // This dialog is not on screen yet, so that the box stands over the window that asked for it.
   MessageBoxStyle style;
   style.title = windowTitle();
-  ShowMessage(parent != nullptr ? parent : this,
-              ModuleLanguage::TranslateMessage(u"System haven't config. yet!"_s), style);
+  ShowRefusal(parent != nullptr ? parent : this,
+              {ModuleLanguage::TranslateMessage(u"System haven't config. yet!"_s),
+               ModuleLanguage::TranslateMessage(u"Set up a panel: Config in the main window."_s)},
+              style);
 }
 
 frmDimension::~frmDimension() = default;

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 
 #include "base/file_checks.h"
+#include "language/file_remedies.h"
 #include "language/module_language.h"
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
@@ -124,12 +125,14 @@ void frmMsgEditor::OpenFile() {
   if (path.isEmpty()) return;
   file_->SetRefusedPath(path);  // until it is read
   if (!Brivon1::IsMessageFile(path)) {
-    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
+                       Brivon1::WrongKindRemedy(path, Brivon1::FileSort::kPage)});
     return;
   }
-  auto loaded = Brivon1::LoadMessageFile(path);
+  QString remedy;
+  auto loaded = Brivon1::LoadMessageFile(path, &remedy);
   if (!loaded) {
-    ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!', remedy});
     return;
   }
   file_->SetPath(path);
@@ -147,7 +150,9 @@ void frmMsgEditor::reject() {
 }
 
 bool frmMsgEditor::WriteFile(const QString& path) {
-  return ReportSave(this, Brivon1::SaveFailureText(Brivon1::SaveMessageFile(path, page_)));
+  QString reason;
+  const Brivon1::SaveResult result = Brivon1::SaveMessageFile(path, page_, &reason);
+  return ReportSave(this, path, result, reason);
 }
 
 QString frmMsgEditor::AskForName() {

@@ -21,6 +21,7 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name, const Brivon1:
   file_ = new FileToSend(this,
                          {.filter = u"Message File|*.msg|All|*.*"_s,
                           .check = Brivon1::IsMessageFile,
+                          .sort = Brivon1::FileSort::kPage,
                           .browse_end = u"!"_s,
                           .dialog_name = u"CMDialog1"_s},
                          {ui_->butBrowse, ui_->lblFileName, ui_->lblRow, ui_->lblCol}, file_name);

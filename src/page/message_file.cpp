@@ -2,14 +2,21 @@
 
 #include "base/file_checks.h"
 #include "base/text.h"
+#include "language/file_remedies.h"
+#include "language/module_language.h"
 #include "page/row_line.h"
 #include "row/coded_text.h"
+
+using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
 
+using ModuleLanguage::TranslateMessage;
+
 constexpr int kFewestRows = 1;
 constexpr int kFewestColumns = 10;
+constexpr int kFewestSentColumns = 5;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -46,43 +53,89 @@ QByteArrayView ReadRowLine(QByteArrayView line, int number, Attributes& attribut
   return line;
 }
 
+QString SizeRemedy(const QString& path, Dimension dimension) {
+  return TranslateMessage(
+             u"%1 is made for %2x%3. A page has 1 to 12 rows and at least 5 dot columns."_s)
+      .arg(path, QString::number(dimension.rows), QString::number(dimension.columns));
+}
+
+/// Why `file` has no line for row `number`.
+QString MissingRowRemedy(const QString& path, const MessageFileReader& file, int number) {
+  if (file.IsLineTooLong()) {
+    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
+        .arg(path, QString::number(kLongestLine));
+  }
+  return TranslateMessage(u"%1 ends early: row %2 of %3 is missing."_s)
+      .arg(path, QString::number(number), QString::number(file.FileDimension()->rows));
+}
+
 }  // namespace
 
-SaveResult SaveMessageFile(const QString& path, const PageMessage& page) {
+bool CanBeSent(const Dimension& dimension) {
+  return dimension.rows >= kFewestRows && dimension.rows <= kMaxRows &&
+         dimension.columns >= kFewestSentColumns;
+}
+
+SaveResult SaveMessageFile(const QString& path, const PageMessage& page, QString* reason) {
   QByteArray content = QByteArray(kMessageHeader) + "\r\n";
   content += "Row = " + QByteArray::number(page.Rows()) + "\r\n";
   content += "Col = " + QByteArray::number(page.Columns()) + "\r\n";
   for (int number = 1; number <= page.Rows(); ++number) {
     content += RowLine(number, page.Row(number)) + "\r\n";
   }
-  return SaveWholeFile(path, content);
+  return SaveWholeFile(path, content, reason);
 }
 
-std::optional<LoadedPage> LoadMessageFile(const QString& path, FileFailure* why) {
-  const auto refuse = [why](const FileFailure& failure) {
-    if (why != nullptr) *why = failure;
+std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy,
+                                          FileFailure* failure) {
+  // What is wrong is looked for only where somebody asks.
+  const auto refuse = [&](const FileFailure& found, const auto& why) {
+    if (failure != nullptr) *failure = found;
+    if (remedy != nullptr) *remedy = why();
     return std::nullopt;
   };
   MessageFileReader file(path);
   const std::optional<Dimension>& dimension = file.FileDimension();
-  if (!dimension) return refuse(file.Failure());
+  if (!dimension) {
+    return refuse(file.Failure(), [&] { return WrongKindRemedy(path, FileSort::kPage); });
+  }
   const FileFault fault = SizeFault(*dimension);
-  if (fault == FileFault::kRows) return refuse({fault, 2, QByteArray::number(dimension->rows)});
-  if (fault != FileFault::kNone) return refuse({fault, 3, QByteArray::number(dimension->columns)});
+  if (fault != FileFault::kNone) {
+    const bool is_rows = fault == FileFault::kRows;
+    const int found = is_rows ? dimension->rows : dimension->columns;
+    return refuse({fault, is_rows ? 2 : 3, QByteArray::number(found)},
+                  [&] { return SizeRemedy(path, *dimension); });
+  }
 
   LoadedPage page{*dimension, {}};
   Attributes attributes;  // carried on from row to row
   for (int number = 1; number <= dimension->rows; ++number) {
     const std::optional<QByteArray> line = file.NextRowLine();
     PageRow& row = page.rows[static_cast<std::size_t>(number - 1)];
-    if (!line) return refuse(file.Failure());
+    if (!line) {
+      return refuse(file.Failure(), [&] { return MissingRowRemedy(path, file, number); });
+    }
     const QByteArrayView unread = ReadRowLine(*line, number, attributes, row);
     if (!unread.isEmpty()) {
-      return refuse({FileFault::kRowTag, file.LineNumber(),
-                     unread.first(ReadRowTag(unread).length).toByteArray()});
+      const QByteArray tag = unread.first(ReadRowTag(unread).length).toByteArray();
+      return refuse({FileFault::kRowTag, file.LineNumber(), tag}, [&] {
+        return TranslateMessage(u"The line of row %1 in %2 bears the number of another row."_s)
+            .arg(QString::number(number), path);
+      });
     }
   }
   return page;
+}
+
+QString MessageFileRemedy(const QString& path) {
+  MessageFileReader file(path);
+  const std::optional<Dimension>& dimension = file.FileDimension();
+  if (!dimension) return WrongKindRemedy(path, FileSort::kPage);
+  if (!CanBeSent(*dimension)) return SizeRemedy(path, *dimension);
+  for (int number = 1; number <= dimension->rows; ++number) {
+    if (!file.NextRowLine()) return MissingRowRemedy(path, file, number);
+  }
+  return {};
 }
 
 }  // namespace Brivon1

@@ -18,13 +18,21 @@ struct LoadedPage {
   PageRows rows;  ///< All cursors at column 0; the rows above dimension.rows are empty.
 };
 
-/// Saves the page, whole or not at all.
-SaveResult SaveMessageFile(const QString& path, const PageMessage& page);
+/// Whether a page of this size can be sent.
+bool CanBeSent(const Dimension& dimension);
+
+/// Saves the page, whole or not at all; `reason` as SaveWholeFile() takes it.
+SaveResult SaveMessageFile(const QString& path, const PageMessage& page, QString* reason = nullptr);
 
 /// Reads a page, or gives nothing where the file is none: no message header, a size of less than 1
 /// row and less than 10 dot columns, a negative size or more than twelve rows, fewer row lines than
-/// rows, or a row tag out of order. Rows are read whole, however long. `why`, where it is not null,
-/// is told why there is none.
-std::optional<LoadedPage> LoadMessageFile(const QString& path, FileFailure* why = nullptr);
+/// rows, or a row tag out of order. Rows are read whole, however long. `remedy` receives why there
+/// is nothing, in the operator's language, `failure` the same for a program.
+std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy = nullptr,
+                                          FileFailure* failure = nullptr);
+
+/// Why nothing of the file can be sent, in the operator's language; empty where nothing is wrong
+/// with it.
+QString MessageFileRemedy(const QString& path);
 
 }  // namespace Brivon1

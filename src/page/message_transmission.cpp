@@ -2,6 +2,7 @@
 
 #include "base/file_checks.h"
 #include "language/further_texts.h"
+#include "page/message_file.h"
 #include "page/row_line.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
@@ -13,7 +14,6 @@ namespace {
 
 using ModuleLanguage::TranslateText;
 
-constexpr qint16 kFewestColumns = 5;
 
 QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& page,
                         qint16 colour_type) {
@@ -26,10 +26,7 @@ QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& p
 std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, const QByteArray& page,
                                                Dimension panel, qint16 colour_type) {
   MessageFileReader file(path);
-  if (file.FileDimension() != panel || panel.rows < 1 || panel.rows > kMaxRows ||
-      panel.columns < kFewestColumns) {
-    return std::nullopt;
-  }
+  if (file.FileDimension() != panel || !CanBeSent(panel)) return std::nullopt;
   QList<QByteArray> frames;
   for (int row = 1; row <= panel.rows; ++row) {
     const std::optional<QByteArray> line = file.NextRowLine();
@@ -44,7 +41,10 @@ bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArr
   line.status(TranslateText(u"Reading %1"_s).arg(path));
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type);
-  if (!frames) return false;
+  if (!frames) {
+    line.refusal = MessageFileRemedy(path);
+    return false;
+  }
   line.progress.rows = panel.rows;
   for (qsizetype row = 0; row < frames->size(); ++row) {
     line.progress.row = static_cast<int>(row) + 1;

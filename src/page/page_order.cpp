@@ -17,16 +17,21 @@ using ModuleLanguage::TranslateMessage;
 std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration) {
   if (!FileExists(order.path)) return FileNotFound(order.path, u"!"_s);
   if (!order.panel) return NoPanel(u"Invalid ID Selection!"_s, configuration);
-  if (order.page.isEmpty()) return Refusal{TranslateMessage(u"Invalid Page Value!"_s), {}};
+  if (order.page.isEmpty()) return PageNumberRefusal();
   const auto dimension = IsMessageFile(order.path);
-  if (!dimension) return WrongKind(order.path, u"!"_s);
+  if (!dimension) return WrongKind(order.path, FileSort::kPage, u"!"_s);
   if (*dimension != Dimension{order.panel->rows, order.panel->columns}) {
-    return Refusal{TranslateMessage(u"Dimension not matched!"_s), {}};
+    return DimensionNotMatched(FileSort::kPage, *dimension, *order.panel);
   }
   if (configuration.Mode() == SendMode::kTcp && !order.panel->endpoint.IsUsable()) {
-    return Refusal{TranslateMessage(u"IP address is null or invaild"_s), {}};
+    return NoAddress(order.panel->id);
   }
   return std::nullopt;
+}
+
+Refusal PageNumberRefusal() {
+  return {TranslateMessage(u"Invalid Page Value!"_s),
+          TranslateMessage(u"A page is a number from 1 to 120."_s)};
 }
 
 QByteArray PageDigits(const QString& text) {

@@ -23,6 +23,9 @@ struct PageOrder {
 /// does.
 std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration);
 
+/// The refusal of a page number.
+Refusal PageNumberRefusal();
+
 /// The page number as it goes on the wire: the number that the text begins with, at least three
 /// digits long.
 QByteArray PageDigits(const QString& text);

@@ -25,6 +25,7 @@ struct OpenLine {
   StatusLabel status;
   ShowProgress show_progress = {};  ///< Empty where nobody looks.
   Progress progress = {};           ///< As it was shown last; after a failure, where it ended.
+  QString refusal = {};             ///< Why nothing of a file was sent, as it is shown; else empty.
 
   /// Shows `progress`, which the caller has changed.
   void Report() const {

@@ -7,6 +7,7 @@
 
 #include "base/code_page.h"
 #include "language/display_feature.h"
+#include "language/file_remedies.h"
 #include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/frmDimension.h"
@@ -132,11 +133,14 @@ void frmSchedule::changeEvent(QEvent* event) {
   }
 }
 
-void frmSchedule::Say(const QString& english) { ShowMessage(this, TranslateMessage(english)); }
+void frmSchedule::Say(const QString& english, const QString& remedy) {
+  ShowRefusal(this, {TranslateMessage(english), remedy});
+}
 
 bool frmSchedule::CheckNotEmpty(const char* refusal) {
   if (schedule_.Count() > 0) return true;
-  Say(QLatin1String(refusal));
+  Say(QLatin1String(refusal), TranslateMessage(u"Press \"%1\" and choose a message file."_s)
+                                  .arg(WithoutShortcutMark(ui_->butAdd->text())));
   return false;
 }
 
@@ -156,9 +160,10 @@ void frmSchedule::OpenFile() {
   const QString filter = TranslateMessage(u"Schedule File"_s) + u"(*.sch)|*.sch|All|*.*"_s;
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
   if (path.isEmpty()) return;
-  auto loaded = Brivon1::LoadScheduleFile(path);
+  QString remedy;
+  auto loaded = Brivon1::LoadScheduleFile(path, &remedy);
   if (!loaded) {
-    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!', remedy});
     return;
   }
   schedule_ = *std::move(loaded);
@@ -188,9 +193,10 @@ bool frmSchedule::WriteFile(const QString& path, FailureWords words) {
   schedule_.weekday = ui_->comboWeek->currentIndex();
   schedule_.hour = LineBytes(ui_->txtHour->text());
   schedule_.minute = LineBytes(ui_->txtMin->text());
-  const ScheduleSaveResult result = Brivon1::SaveScheduleFile(path, schedule_);
+  QString remedy;
+  const ScheduleSaveResult result = Brivon1::SaveScheduleFile(path, schedule_, &remedy);
   if (result == ScheduleSaveResult::kSaved) return true;
-  Say(words(result));
+  Say(words(result), remedy);
   // Where to type what was wrong.
   if (result == ScheduleSaveResult::kHourWrong) ui_->txtHour->setFocus(Qt::TabFocusReason);
   if (result == ScheduleSaveResult::kMinuteWrong) ui_->txtMin->setFocus(Qt::TabFocusReason);
@@ -205,7 +211,7 @@ void frmSchedule::OpenSendDialog() {
   if (!may_send) return;
   const QString refusal = Brivon1::SendingRefusal(file_->Path());
   if (!refusal.isEmpty()) {
-    Say(refusal);
+    Say(refusal, Brivon1::MissingFileRemedy(file_->Path()));
     return;
   }
   frmSendSch(this, file_->Path()).exec();
@@ -223,7 +229,8 @@ void frmSchedule::InsertSequence() {
 
 void frmSchedule::AddAt(int position, const char* exceeded) {
   if (schedule_.IsFull()) {
-    Say(u"Schedule is full!"_s);
+    Say(u"Schedule is full!"_s, TranslateMessage(u"%1 messages are the most. Delete one first."_s)
+                                    .arg(Brivon1::kEditedSequences));
     return;
   }
   const auto path = ChooseFile(ModuleLanguage::DialogTitleAddMsg,
@@ -244,13 +251,16 @@ std::optional<QByteArray> frmSchedule::ChooseFile(const QString& title, const QS
                                                   Schedule& schedule, const char* exceeded) {
   const QString path = ShowFileDialog(this, title, filter, 1);
   if (path.isEmpty()) return std::nullopt;
-  QString refusal = Brivon1::MessageFileRefusal(path, schedule.dimension);
+  QString remedy;
+  QString refusal = Brivon1::MessageFileRefusal(path, schedule.dimension, &remedy);
   const auto field = Brivon1::PathField(path);
   if (refusal.isEmpty() && !(field && schedule.OfferFile(*field))) {
     refusal = QLatin1String(exceeded);
+    remedy = TranslateMessage(
+        u"Delete a message: files that have been chosen and are not in the table count no more then."_s);
   }
   if (refusal.isEmpty()) return field;
-  Say(refusal);
+  Say(refusal, remedy);
   return std::nullopt;
 }
 

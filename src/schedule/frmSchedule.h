@@ -88,7 +88,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
 
   void SetModified() { modified_ = true; }
   void UpdateButtons();
-  void Say(const QString& english);
+  void Say(const QString& english, const QString& remedy);
 
   std::unique_ptr<Ui::frmSchedule> ui_;
   EditedFile* file_;

@@ -22,6 +22,7 @@ frmSendSch::frmSendSch(QWidget* parent, const QString& file_name, const Brivon1:
       new FileToSend(this,
                      {.filter = u"Schedule File|*.sch|All|*.*"_s,
                       .check = Brivon1::IsScheduleFile,
+                      .sort = Brivon1::FileSort::kSchedule,
                       .browse_end = QString(),
                       .dialog_name = u"DialogBrowse"_s},
                      {ui_->butBrowse, ui_->lblSchFileName, ui_->lblRow, ui_->lblCol}, file_name);

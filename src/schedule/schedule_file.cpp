@@ -7,6 +7,8 @@
 #include "base/file_checks.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "language/file_remedies.h"
+#include "language/module_language.h"
 #include "schedule/schedule_reader.h"
 #include "store/configuration_store.h"
 
@@ -14,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+using ModuleLanguage::TranslateMessage;
 
 constexpr qint16 kLastHour = 23;
 constexpr qint16 kLastMinute = 59;
@@ -46,16 +50,49 @@ bool LeadsTo(const QByteArray& field, const QString& path) {
   return name == path || FindFile(InProgramFolder(name)) == path;
 }
 
+void Tell(QString* remedy, const QString& text) {
+  if (remedy != nullptr) *remedy = text;
+}
+
+/// Why `file` at `path` ends before its sequence of that number, or has none at all.
+QString ReadingRemedy(const QString& path, const ScheduleReader& file, int sequence) {
+  if (file.IsLineTooLong()) {
+    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
+        .arg(path, QString::number(kLongestLine));
+  }
+  if (file.WrongLine() != nullptr) {
+    return TranslateMessage(u"The line \"%1\" of %2 is missing or holds no possible number."_s)
+        .arg(QString::fromLatin1(file.WrongLine()), path);
+  }
+  if (!file.Head()) return WrongKindRemedy(path, FileSort::kSchedule);
+  return TranslateMessage(u"%1 ends early: message %2 of %3 is missing."_s)
+      .arg(path, QString::number(sequence), QString::number(file.Head()->sequences));
+}
+
+/// Why PathField() or LeadsTo() refuses `path`.
+QString PathRemedy(const QString& path) {
+  const std::optional<QByteArray> bytes = CodePage::System().ToBytes(path);
+  const QString rename = u'\n' + TranslateMessage(u"Move or rename the file."_s);
+  if (!bytes) {
+    return TranslateMessage(u"%1 has characters that the code page does not have."_s).arg(path) +
+           rename;
+  }
+  if (bytes->size() > kPathField) return LongPathRemedy(bytes->size(), kPathField) + rename;
+  return TranslateMessage(u"A schedule cannot hold the name %1."_s).arg(path) + rename;
+}
+
 }  // namespace
 
-std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* why) {
+std::optional<Schedule> LoadScheduleFile(const QString& path, QString* remedy,
+                                         FileFailure* failure) {
   ScheduleReader file(path);
-  const auto refuse = [&] {
-    if (why != nullptr) *why = file.Failure();
+  const std::optional<ScheduleHead>& head = file.Head();
+  const auto refuse = [&](int sequence) {
+    if (failure != nullptr) *failure = file.Failure();
+    if (remedy != nullptr) *remedy = ReadingRemedy(path, file, sequence);
     return std::nullopt;
   };
-  const std::optional<ScheduleHead>& head = file.Head();
-  if (!head) return refuse();
+  if (!head) return refuse(0);
 
   Schedule schedule;
   schedule.weekday = head->weekday;
@@ -65,13 +102,13 @@ std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* why) 
   bool is_listed = true;
   while (is_listed && schedule.Count() < head->sequences) {
     const std::optional<QByteArray> path_line = file.NextPath();
-    if (!path_line) return refuse();
+    if (!path_line) return refuse(schedule.Count() + 1);
     Sequence sequence;
     sequence.path = FixedField(*path_line, kPathField);
     is_listed = schedule.OfferFile(sequence.path);
     if (is_listed) {
       const auto details = file.NextDetails();
-      if (!details) return refuse();
+      if (!details) return refuse(schedule.Count() + 1);
       sequence.delay = details->delay;
       sequence.feature = FixedField(details->feature, kFeatureField);
     }
@@ -81,9 +118,18 @@ std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* why) 
   return schedule;
 }
 
-ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedule) {
-  if (!IsTime(schedule.hour, kLastHour)) return ScheduleSaveResult::kHourWrong;
-  if (!IsTime(schedule.minute, kLastMinute)) return ScheduleSaveResult::kMinuteWrong;
+ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedule,
+                                    QString* remedy) {
+  const auto refuse_time = [remedy](ScheduleSaveResult result, qint16 last) {
+    Tell(remedy, TranslateMessage(u"Enter a number from 0 to %1, or ** for all."_s).arg(last));
+    return result;
+  };
+  if (!IsTime(schedule.hour, kLastHour)) {
+    return refuse_time(ScheduleSaveResult::kHourWrong, kLastHour);
+  }
+  if (!IsTime(schedule.minute, kLastMinute)) {
+    return refuse_time(ScheduleSaveResult::kMinuteWrong, kLastMinute);
+  }
 
   QByteArray content = QByteArray(kScheduleHeader) + "\r\n";
   content += NumberLine("Week =", schedule.weekday);
@@ -97,7 +143,10 @@ ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedul
     content += NumberLine("", sequence.delay);
     content += sequence.feature + "\r\n";
   }
-  return ResultOf(SaveWholeFile(path, content));
+  QString reason;
+  const SaveResult result = SaveWholeFile(path, content, &reason);
+  Tell(remedy, SaveRemedy(path, result, reason));
+  return ResultOf(result);
 }
 
 QString SaveFailureText(ScheduleSaveResult result) {
@@ -147,13 +196,27 @@ std::optional<QByteArray> PathField(const QString& path) {
 
 QString FieldPath(const QByteArray& field) { return CodePage::System().ToText(TrimBlanks(field)); }
 
-QString MessageFileRefusal(const QString& path, Dimension dimension) {
+QString MessageFileRefusal(const QString& path, Dimension dimension, QString* remedy) {
   const std::optional<Dimension> file = IsMessageFile(path);
-  if (!file) return u"Not Message File Format!"_s;
-  if (*file != dimension) return u"Dimension not matched!"_s;
+  if (!file) {
+    Tell(remedy, WrongKindRemedy(path, FileSort::kPage));
+    return u"Not Message File Format!"_s;
+  }
+  if (*file != dimension) {
+    Tell(remedy, StepRemedy(*file, dimension));
+    return u"Dimension not matched!"_s;
+  }
   const std::optional<QByteArray> field = PathField(path);
-  if (!field || !LeadsTo(*field, path)) return u"Invalid path!"_s;
+  if (!field || !LeadsTo(*field, path)) {
+    Tell(remedy, PathRemedy(path));
+    return u"Invalid path!"_s;
+  }
   return {};
+}
+
+QString StepRemedy(Dimension page, Dimension schedule) {
+  const auto size = [](Dimension of) { return u"%1x%2"_s.arg(of.rows).arg(of.columns); };
+  return TranslateMessage(u"The page is %1, the schedule is %2."_s).arg(size(page), size(schedule));
 }
 
 }  // namespace Brivon1

@@ -13,8 +13,10 @@ namespace Brivon1 {
 
 /// Reads a schedule, or gives nothing where ScheduleReader refuses the file or it ends early. A
 /// file that names a 27th different message file is read up to there; the sequences from that one's
-/// delay on are blank. `why`, where it is not null, is told why there is none.
-std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* why = nullptr);
+/// delay on are blank. `remedy` receives why there is nothing, in the operator's language,
+/// `failure` the same for a program.
+std::optional<Schedule> LoadScheduleFile(const QString& path, QString* remedy = nullptr,
+                                         FileFailure* failure = nullptr);
 
 /// How a save of a schedule ended.
 enum class ScheduleSaveResult {
@@ -25,8 +27,10 @@ enum class ScheduleSaveResult {
   kDriveNotAvailable,
 };
 
-/// Saves a schedule, whole or not at all. The hour is checked first, then the minute.
-ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedule);
+/// Saves a schedule, whole or not at all. The hour is checked first, then the minute. `remedy`
+/// receives why it failed and what to do, in the operator's language.
+ScheduleSaveResult SaveScheduleFile(const QString& path, const Schedule& schedule,
+                                    QString* remedy = nullptr);
 
 /// The English message for a failed save; empty for one that succeeded.
 QString SaveFailureText(ScheduleSaveResult result);
@@ -48,9 +52,13 @@ std::optional<QByteArray> PathField(const QString& path);
 /// the program's folder.
 QString FieldPath(const QByteArray& field);
 
+/// The sizes of a page and of the schedule that it does not fit, in the operator's language.
+QString StepRemedy(Dimension page, Dimension schedule);
+
 /// Why a message file cannot enter a schedule made for `dimension`, as English message: "Not
 /// Message File Format!", "Dimension not matched!", or "Invalid path!" where PathField() refuses
-/// the path or another file would be found by the field. Empty: it can.
-QString MessageFileRefusal(const QString& path, Dimension dimension);
+/// the path or another file would be found by the field. Empty: it can. `remedy` receives why, and
+/// what to do, in the operator's language.
+QString MessageFileRefusal(const QString& path, Dimension dimension, QString* remedy = nullptr);
 
 }  // namespace Brivon1

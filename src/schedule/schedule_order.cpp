@@ -19,7 +19,9 @@ std::optional<Refusal> CheckScheduleOrder(const ScheduleOrder& order,
   // The file may have been saved for another panel since it was chosen.
   if (const auto now = IsScheduleFile(order.path)) dimension = now;
   if (dimension != Dimension{order.panel->rows, order.panel->columns}) {
-    return Refusal{TranslateMessage(u"Dimension not matched!"_s), {}};
+    return dimension ? DimensionNotMatched(FileSort::kSchedule, *dimension, *order.panel)
+                     : Refusal{TranslateMessage(u"Dimension not matched!"_s),
+                               WrongKindRemedy(order.path, FileSort::kSchedule)};
   }
   return std::nullopt;
 }

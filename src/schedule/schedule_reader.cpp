@@ -17,19 +17,27 @@ std::optional<ScheduleHead> ScheduleReader::ReadHead() {
     return Refuse({FileFault::kHeader, 1, {}});
   }
 
+  const auto expect = [this](bool is_right, const char* name) {
+    if (!is_right && wrong_line_ == nullptr) wrong_line_ = name;
+  };
   bool is_complete = true;
-  const auto next_value = [&] {
+  const auto next_value = [&](const char* name) {
     const std::optional<QByteArray> line = lines_.Next();
     is_complete = is_complete && line.has_value();
+    expect(line.has_value(), name);
     return line ? ValueAfterEquals(*line) : QByteArray();
   };
   ScheduleHead head;
-  head.weekday = LeadingNumber16(next_value());
-  head.hour = next_value();
-  head.minute = next_value();
-  head.dimension.rows = LeadingNumber16(next_value());
-  head.dimension.columns = LeadingNumber16(next_value());
-  head.sequences = LeadingNumber16(next_value());
+  head.weekday = LeadingNumber16(next_value("Week ="));
+  expect(head.weekday >= 0 && head.weekday <= kLastWeekday, "Week =");
+  head.hour = next_value("Hour =");
+  head.minute = next_value("Min =");
+  head.dimension.rows = LeadingNumber16(next_value("Row ="));
+  expect(head.dimension.rows != 0, "Row =");
+  head.dimension.columns = LeadingNumber16(next_value("Col ="));
+  expect(head.dimension.columns != 0, "Col =");
+  head.sequences = LeadingNumber16(next_value("No of Sequence ="));
+  expect(head.sequences >= 1 && head.sequences <= kMostSequences, "No of Sequence =");
   if (!is_complete) return Refuse(MissingLine(lines_));
   const auto refuse = [this](FileFault fault, int line, int found) {
     return Refuse({fault, line, QByteArray::number(found)});

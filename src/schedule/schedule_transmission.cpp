@@ -16,8 +16,10 @@
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 #include "schedule/schedule.h"
+#include "schedule/schedule_file.h"
 #include "schedule/schedule_reader.h"
 #include "sending/refusals.h"
+#include "sending/sending_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -101,18 +103,35 @@ std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension) {
   const QString end = u": "_s + name;
   if (!FileExists(file)) return FileNotFound(file, end);
   const std::optional<Dimension> found = IsMessageFile(file);
-  if (!found) return WrongKind(file, end);
-  if (*found != dimension) return Refusal{TranslateMessage(u"Dimension Not Match"_s) + end, {}};
+  if (!found) return WrongKind(file, FileSort::kPage, end);
+  if (*found != dimension) {
+    return Refusal{TranslateMessage(u"Dimension Not Match"_s) + end, StepRemedy(*found, dimension)};
+  }
   return std::nullopt;
+}
+
+/// Why ReadPlan() gives nothing.
+QString ScheduleFileRemedy(const QString& path) {
+  QString remedy;
+  if (!LoadScheduleFile(path, &remedy)) return remedy;
+  return TranslateMessage(u"%1 names more than 26 different message files."_s).arg(path);
 }
 
 /// As CheckScheduleFile() says; `plan` is what was read of the file.
 std::optional<Refusal> PlanRefusal(const QString& path, const QString& letter,
                                    std::optional<Plan>& plan) {
-  if (!ScheduleLetter(letter)) return Refusal{TranslateMessage(u"Please enter A-J"_s), {}};
+  if (!ScheduleLetter(letter)) {
+    return Refusal{TranslateMessage(u"Please enter A-J"_s),
+                   letter.isEmpty()
+                       ? TranslateMessage(u"No letter has been entered."_s)
+                       : TranslateMessage(u"\"%1\" is no letter of a schedule."_s).arg(letter)};
+  }
   plan = ReadPlan(path.trimmed());
-  if (!plan) return Refusal{};
-  if (IsEmpty(*plan)) return Refusal{TranslateMessage(u"Empty Schedule File!"_s), {}};
+  if (!plan) return Refusal{{}, ScheduleFileRemedy(path.trimmed())};
+  if (IsEmpty(*plan)) {
+    return Refusal{TranslateMessage(u"Empty Schedule File!"_s),
+                   TranslateMessage(u"Add a message file in the schedule editor."_s)};
+  }
   for (const QString& name : plan->files) {
     if (auto refusal = FileRefusal(name, plan->head.dimension)) return refusal;
   }
@@ -141,7 +160,11 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
                       const TellRefusal& tell_refusal) {
   std::optional<Plan> plan;
   if (const auto refusal = PlanRefusal(path, letter_text, plan)) {
-    if (!refusal->text.isEmpty()) tell_refusal(*refusal);
+    if (refusal->text.isEmpty()) {
+      line.refusal = refusal->remedy;
+    } else {
+      tell_refusal(*refusal);
+    }
     return false;
   }
   const char letter = *ScheduleLetter(letter_text);
@@ -157,7 +180,9 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
     }
     // Who asked for a stop is told so by who opened the line.
     if (line.timer.stop.made) return false;
-    tell_refusal({TranslateMessage(u"Error in sending"_s) + u' ' + name + u'!', {}});
+    tell_refusal(
+        {TranslateMessage(u"Error in sending"_s) + u' ' + name + u'!', WhyNotSent(line, id)});
+    line.refusal.clear();  // what has arrived is told behind it
     return false;
   }
   line.progress.row = line.progress.rows = line.progress.attempt = 0;

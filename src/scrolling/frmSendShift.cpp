@@ -33,6 +33,7 @@ frmSendShift::frmSendShift(QWidget* parent, const QString& file_name,
   file_ = new FileToSend(this,
                          {.filter = u"Scrolling Message File|*.srl|All|*.*"_s,
                           .check = CheckScrollingFile,
+                          .sort = Brivon1::FileSort::kScrolling,
                           .browse_end = QString(),
                           .dialog_name = u"CMDialog1"_s},
                          {ui_->butBrowse, ui_->lblFileName}, file_name);

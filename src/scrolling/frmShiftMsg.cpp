@@ -93,12 +93,14 @@ void frmShiftMsg::OpenFile() {
       ShowFileDialog(this, u"Open Message"_s, u"All|*.*|Scrolling Message|*.srl"_s, 2);
   if (path.isEmpty()) return;
   if (!Brivon1::IsScrollingFile(path)) {
-    ShowMessage(this, TranslateMessage(u"Error in opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
+                       Brivon1::ScrollingFileRemedy(path)});
     return;
   }
   auto row = Brivon1::ReadScrollingMessage(path);
   if (!row) {
-    ShowMessage(this, TranslateMessage(u"Error in Opening file"_s) + QLatin1Char('!'));
+    ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!',
+                       Brivon1::ScrollingFileRemedy(path)});
     return;
   }
   message_.TakeOver(std::move(*row));
@@ -112,8 +114,9 @@ void frmShiftMsg::OpenSendDialog() {
 }
 
 bool frmShiftMsg::WriteFile(const QString& path) {
-  return ReportSave(this,
-                    Brivon1::SaveFailureText(Brivon1::WriteScrollingMessage(path, message_.Row())));
+  QString reason;
+  const auto result = Brivon1::WriteScrollingMessage(path, message_.Row(), &reason);
+  return ReportSave(this, path, result, reason);
 }
 
 QString frmShiftMsg::AskForName() {

@@ -1,12 +1,33 @@
 #include "scrolling/scrolling_file.h"
 
+#include <QFile>
+
 #include "base/file_checks.h"
+#include "language/file_remedies.h"
+#include "language/module_language.h"
 #include "row/coded_text.h"
+
+using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 
-SaveResult WriteScrollingMessage(const QString& path, const PageRow& message) {
-  return SaveWholeFile(path, QByteArray(kScrollingHeader) + "\r\n" + CodedText(message) + "\r\n");
+using ModuleLanguage::TranslateMessage;
+
+SaveResult WriteScrollingMessage(const QString& path, const PageRow& message, QString* reason) {
+  return SaveWholeFile(path, QByteArray(kScrollingHeader) + "\r\n" + CodedText(message) + "\r\n",
+                       reason);
+}
+
+QString ScrollingFileRemedy(const QString& path) {
+  const QString wrong_kind = WrongKindRemedy(path, FileSort::kScrolling);
+  if (!wrong_kind.isEmpty()) return wrong_kind;
+  QFile file(path);
+  LineReader lines(file);
+  if (file.open(QIODevice::ReadOnly) && lines.Next() && !lines.Next() && lines.IsLineTooLong()) {
+    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
+        .arg(path, QString::number(kLongestLine));
+  }
+  return TranslateMessage(u"%1 ends after its first line."_s).arg(path);
 }
 
 std::optional<PageRow> ReadScrollingMessage(const QString& path, FileFailure* why) {

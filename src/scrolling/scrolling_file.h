@@ -12,8 +12,12 @@
 
 namespace Brivon1 {
 
-/// Saves the message, whole or not at all.
-SaveResult WriteScrollingMessage(const QString& path, const PageRow& message);
+/// Saves the message, whole or not at all; `reason` as SaveWholeFile() takes it.
+SaveResult WriteScrollingMessage(const QString& path, const PageRow& message,
+                                 QString* reason = nullptr);
+
+/// Why nothing of the file can be read or sent, in the operator's language.
+QString ScrollingFileRemedy(const QString& path);
 
 /// Reads a message, or gives nothing where the file is none: no scrolling message header, or no
 /// second line. The message is read whole, however long; its cursor stands at column 0 and reaches

@@ -17,10 +17,13 @@ std::optional<Refusal> CheckScrollingOrder(const ScrollingOrder& order,
                                            const Configuration& configuration) {
   if (!FileExists(order.path)) return FileNotFound(order.path, u"!"_s);
   if (!order.panel) return NoPanel(u"Invalid ID Selection!"_s, configuration);
-  if (order.line.isEmpty()) return Refusal{TranslateMessage(u"Invalid Line No.!"_s), {}};
-  if (LineNumber(order.line) > order.panel->rows) {
-    return Refusal{TranslateMessage(u"Line No. Not Valid!"_s), {}};
-  }
+  const auto refuse_line = [&](const QString& text) {
+    return Refusal{TranslateMessage(text), TranslateMessage(u"%1 has the lines 1 to %2."_s)
+                                               .arg(PanelName(order.panel->id))
+                                               .arg(order.panel->rows)};
+  };
+  if (order.line.isEmpty()) return refuse_line(u"Invalid Line No.!"_s);
+  if (LineNumber(order.line) > order.panel->rows) return refuse_line(u"Line No. Not Valid!"_s);
   return std::nullopt;
 }
 

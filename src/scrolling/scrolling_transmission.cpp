@@ -5,6 +5,7 @@
 #include "language/further_texts.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
+#include "scrolling/scrolling_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +43,10 @@ QByteArray ScrollingPanelText(const QByteArray& text, qint16 colour_type) {
 
 bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_number) {
   const std::optional<QByteArray> text = ScrollingFileText(path);
-  if (!text) return false;
+  if (!text) {
+    line.refusal = ScrollingFileRemedy(path);
+    return false;
+  }
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   line.status(TranslateText(u"Sending --->"_s));
   if (!SendUntilAcknowledged(

@@ -25,7 +25,7 @@ void FileToSend::Browse() {
     SetPath(path);
     SetDimension(dimension);
   } else {
-    ShowRefusal(window_, Brivon1::WrongKind(path, kind_.browse_end));
+    ShowRefusal(window_, Brivon1::WrongKind(path, kind_.sort, kind_.browse_end));
   }
 }
 

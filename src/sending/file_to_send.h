@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "base/dimension.h"
+#include "language/file_remedies.h"
 
 class QLabel;
 class QPushButton;
@@ -23,6 +24,7 @@ class FileToSend : public QObject {
     /// The dimension that a file of this kind was made for, 0 x 0 where the kind has none; nothing
     /// for any other file.
     std::optional<Brivon1::Dimension> (*check)(const QString& path);
+    Brivon1::FileSort sort;
     QString browse_end;   ///< What follows the messages about a file that was chosen.
     QString dialog_name;  ///< The object name of the file dialog.
   };

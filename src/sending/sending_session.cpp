@@ -153,7 +153,7 @@ void Sending::ShowFailure(const OpenLine& line, int id, const QString& text,
   if (line.timer.stop.made) {
     ShowAborted(ArrivedText(line.progress, id), style);
   } else {
-    style.informative = Brivon1::FailureText(line.progress, id, line.timer.last_ack_status);
+    style.informative = Brivon1::WhyNotSent(line, id);
     ShowResult(text, style);
   }
 }

@@ -102,6 +102,12 @@ QString FailureText(const Progress& progress, int id, int last_ack_status) {
   return lines.join(u'\n');
 }
 
+QString WhyNotSent(const OpenLine& line, int id) {
+  if (!line.refusal.isEmpty()) return line.refusal;
+  const QString failure = FailureText(line.progress, id, line.timer.last_ack_status);
+  return failure.isEmpty() ? ArrivedText({}, id) : failure;
+}
+
 QString LinkFailureText(SendMode mode) {
   return TranslateMessage(mode == SendMode::kSerial ? u"Fail to initialize communication port!"_s
                                                     : u"Cannot create TCP link!"_s);

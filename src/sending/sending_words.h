@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "panel_line/progress.h"
+#include "panel_line/transmission.h"
 #include "store/configuration_store.h"
 
 namespace Brivon1 {
@@ -25,6 +26,10 @@ QString ArrivedText(const Progress& progress, int id);
 /// Why a transmission to panel `id` over an open line has failed, what to do, and what is on the
 /// panel; empty where nothing has been sent. `last_ack_status` is the TickTimer's.
 QString FailureText(const Progress& progress, int id, int last_ack_status);
+
+/// Why a transmission over `line` to panel `id` has failed: the refusal of its file, or else
+/// FailureText(); that nothing has been sent where neither says more.
+QString WhyNotSent(const OpenLine& line, int id);
 
 /// The message about a link that cannot be opened in `mode`.
 QString LinkFailureText(SendMode mode);

@@ -4,6 +4,7 @@
 
 #include <QLabel>
 
+#include "language/file_remedies.h"
 #include "language/module_language.h"
 #include "widgets/message_boxes.h"
 
@@ -63,8 +64,10 @@ bool EditedFile::WriteUnderNewName(const Write& write) {
   return true;
 }
 
-bool ReportSave(QWidget* window, const QString& failure) {
-  if (failure.isEmpty()) return true;
-  ShowMessage(window, ModuleLanguage::TranslateMessage(failure));
+bool ReportSave(QWidget* window, const QString& path, Brivon1::SaveResult result,
+                const QString& reason) {
+  if (result == Brivon1::SaveResult::kSaved) return true;
+  ShowRefusal(window, {ModuleLanguage::TranslateMessage(Brivon1::SaveFailureText(result)),
+                       Brivon1::SaveRemedy(path, result, reason)});
   return false;
 }

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QString>
 
+#include "base/files.h"
+
 class QLabel;
 class QWidget;
 
@@ -68,6 +70,7 @@ class EditedFile : public QObject {
   bool was_refused_ = false;
 };
 
-/// Shows the English message `failure` why a save failed; an empty one is none. True: it did not
-/// fail.
-bool ReportSave(QWidget* window, const QString& failure);
+/// Shows the message about a save to `path` that failed, with what Brivon1::SaveWholeFile() has
+/// given as the reason. True: it did not fail.
+bool ReportSave(QWidget* window, const QString& path, Brivon1::SaveResult result,
+                const QString& reason);

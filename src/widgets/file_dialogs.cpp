@@ -8,6 +8,7 @@
 #include <QTreeView>
 
 #include "base/files.h"
+#include "language/file_remedies.h"
 #include "language/further_texts.h"
 #include "language/module_language.h"
 #include "store/configuration_store.h"
@@ -86,7 +87,8 @@ QString ShowFileDialog(QWidget* window, const QString& title, const QString& fil
   const QString path =
       RunDialog(window, style.name, title, filter, preselected, QFileDialog::AcceptOpen);
   if (path.isEmpty() || Brivon1::FileExists(path)) return path;
-  ShowMessage(window, TranslateMessage(u"File not found"_s) + style.not_found_end);
+  ShowRefusal(window, {TranslateMessage(u"File not found"_s) + style.not_found_end,
+                       Brivon1::MissingFileRemedy(path)});
   return {};
 }
 
@@ -95,6 +97,7 @@ QString ShowSaveDialog(QWidget* window, const QString& title, const QString& fil
   const QString path =
       RunDialog(window, u"CMDialog1"_s, title, filter, preselected, QFileDialog::AcceptSave);
   if (path.size() <= kLongestPath) return path;
-  ShowMessage(window, TranslateMessage(u"Invalid path!"_s));
+  ShowRefusal(window, {TranslateMessage(u"Invalid path!"_s),
+                       Brivon1::LongPathRemedy(path.size(), kLongestPath)});
   return {};
 }

@@ -1,8 +1,12 @@
 #include "widgets/message_boxes.h"
 
+#include <algorithm>
+
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QLabel>
+#include <QScreen>
+#include <QStringList>
 #include <QWidget>
 
 #include "language/module_language.h"
@@ -19,6 +23,8 @@ void UsePlainText(QMessageBox& box) {
 // What a desktop puts beside a window's title: a symbol, three buttons and the room between them.
 constexpr int kBesideTitle = 160;
 
+constexpr int kLettersAcross = 70;  // of a line that is not broken
+
 /// Makes `box` so wide that its title is not cut.
 void MakeRoomForTitle(QMessageBox& box) {
   auto* layout = qobject_cast<QGridLayout*>(box.layout());
@@ -30,6 +36,26 @@ void MakeRoomForTitle(QMessageBox& box) {
                   layout->rowCount(), 0, 1, layout->columnCount());
 }
 
+/// Lets the line below the text be selected, copied and read aloud, and gives it room.
+void PrepareInformative(QMessageBox& box) {
+  auto* label = box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s);
+  if (label == nullptr) return;
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  box.setAccessibleDescription(box.informativeText());
+  const QFontMetrics letters = label->fontMetrics();
+  const int screen = box.screen()->availableSize().width() - kBesideTitle;
+  const int common = kLettersAcross * letters.averageCharWidth();
+  int width = 0;
+  for (const QString& line : box.informativeText().split(u'\n')) {
+    width = std::max(width, std::min(letters.horizontalAdvance(line), common));
+    // A path has no place to be broken at.
+    for (const QString& word : line.split(u' ')) {
+      width = std::max(width, letters.horizontalAdvance(word));
+    }
+  }
+  label->setMinimumWidth(std::min(width + letters.averageCharWidth(), screen));
+}
+
 }  // namespace
 
 void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& style) {
@@ -38,6 +64,7 @@ void ShowMessage(QWidget* window, const QString& text, const MessageBoxStyle& st
   box.setInformativeText(style.informative);
   UsePlainText(box);
   MakeRoomForTitle(box);
+  PrepareInformative(box);
   box.exec();
 }
 

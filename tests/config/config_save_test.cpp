@@ -181,7 +181,8 @@ TEST_F(ConfigDialogTest, AFullDiskIsReportedAndTheDialogStaysOpenWithNothingLost
     Click("butOK");
   }
   ExpectOneBox("Drive not available!");
-  EXPECT_EQ(reader_.Seen().first().informative, folder_.Path(Text("brivon.ini")));
+  EXPECT_EQ(reader_.Seen().first().informative,
+            folder_.Path(Text("brivon.ini")) + Text(": File too large"));
   EXPECT_TRUE(window_->isVisible());
   EXPECT_EQ(Lines().size(), 3);
   EXPECT_EQ(File(), kTwoPanels);

@@ -218,10 +218,15 @@ TEST_F(EditedFileTest, TheQuestionCanSaveInAnotherWay) {
 TEST_F(EditedFileTest, WhyASaveFailedIsSaidInTheOperatorsLanguage) {
   folder_.UseLanguage("[Message]\r\nmsgPath=Falscher Pfad!\r\n");
   const MessageBoxReader boxes;
-  EXPECT_TRUE(ReportSave(&window_, QString()));
+  const QString path = u"/nowhere/a.msg"_s;
+  EXPECT_TRUE(ReportSave(&window_, path, Brivon1::SaveResult::kSaved, QString()));
   EXPECT_TRUE(boxes.Seen().isEmpty());
-  EXPECT_FALSE(ReportSave(&window_, u"Invalid path!"_s));
+  EXPECT_FALSE(ReportSave(&window_, path, Brivon1::SaveResult::kInvalidPath,
+                          u"No such file or directory"_s));
   EXPECT_EQ(boxes.Texts(), QStringList(u"Falscher Pfad!"_s));
+  EXPECT_EQ(boxes.Seen()[0].informative,
+            u"/nowhere/a.msg: No such file or directory\n"
+            "Save it in another folder or under another name."_s);
   EXPECT_EQ(boxes.Seen()[0].parent, &window_);
 }
 
