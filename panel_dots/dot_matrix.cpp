@@ -211,9 +211,10 @@ void PutCells(DotMatrix* matrix, int top, int left, const QList<Cell>& cells, co
   }
 }
 
-bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look) {
+qsizetype FirstCut(const QList<Cell>& cells, int columns, const RowLook& look) {
   int left = 0;
-  for (const Cell& cell : cells) {
+  for (qsizetype at = 0; at < cells.size(); ++at) {
+    const Cell& cell = cells[at];
     const int width = ColumnsOf(cell, look.clock);
     // What most often stands there is a long tail of blanks, no-break ones among them.
     const bool is_blank = cell.kind == Cell::Kind::kCharacter &&
@@ -226,13 +227,17 @@ bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look) 
       for (int y = 0; y < dots.Rows(); ++y) {
         const Dot* line = dots.Line(y);
         if (std::any_of(line + first, line + width, [](Dot dot) { return dot != kDarkDot; })) {
-          return true;
+          return at;
         }
       }
     }
     left += width;
   }
-  return false;
+  return cells.size();
+}
+
+bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look) {
+  return FirstCut(cells, columns, look) < cells.size();
 }
 
 DotMatrix Transition(const DotMatrix& before, const DotMatrix& after, char code, double progress) {

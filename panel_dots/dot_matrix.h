@@ -77,7 +77,9 @@ int ColumnsOf(const QList<Cell>& cells, const QDateTime& clock);
 // `left`, which may lie outside; the row lies inside. What does not fit is cut.
 void PutCells(DotMatrix* matrix, int top, int left, const QList<Cell>& cells, const RowLook& look);
 
-// Whether cells put at column 0 have light at column `columns` or behind it.
+// Of cells put at column 0, the first one that has light at column `columns` or behind it; their
+// number where there is none.
+qsizetype FirstCut(const QList<Cell>& cells, int columns, const RowLook& look);
 bool HasLightBehind(const QList<Cell>& cells, int columns, const RowLook& look);
 
 // One picture turning into another by entry effect `code` ("A" Appear to "H" Shift; any other is

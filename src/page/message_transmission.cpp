@@ -1,11 +1,9 @@
 #include "page/message_transmission.h"
 
-#include <algorithm>
-
 #include "base/file_checks.h"
-#include "base/text.h"
 #include "language/further_texts.h"
 #include "page/message_file.h"
+#include "page/row_line.h"
 #include "panel_line/framing.h"
 #include "panel_line/waits.h"
 
@@ -16,31 +14,11 @@ namespace {
 
 using ModuleLanguage::TranslateText;
 
-constexpr qsizetype kLeadingCodeLength = 5;
-
-/// `line` with the panel's own codes for date, time and graphics. The replacement goes by the
-/// literal text of the line, codes included.
-QByteArray WithPanelCodes(QByteArray line) {
-  line.replace("DD MMM YYYY", "<DD>");
-  line.replace("HH:MM", "<DT>");
-  QByteArray result;
-  for (qsizetype i = 0; i < line.size(); ++i) {
-    if (line[i] == '~' && i + 1 < line.size()) {
-      result += QByteArray("<G") + line[++i] + '>';
-    } else {
-      result += line[i];
-    }
-  }
-  return result;
-}
 
 QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& page,
                         qint16 colour_type) {
-  const QByteArray line = WithPanelCodes(file_line);
-  QByteArray text = line.mid(line.indexOf('>') + 1);
-  if (colour_type == kMono) text = TrimBlanks(StripColourCodes(text));
-  return AckPrefix(id) + line.first(std::min(kLeadingCodeLength, line.size())) + "<P" + page + '>' +
-         text + " \r\n";
+  const PanelLine line = AsPanelLine(file_line, colour_type);
+  return AckPrefix(id) + line.code + "<P" + page + '>' + line.text + " \r\n";
 }
 
 }  // namespace

@@ -113,5 +113,20 @@ TEST(DotRows, AnEndlessRowIsShownAsFarAsItFits) {
   EXPECT_EQ(Row("<SA><CA>" + QByteArray(60000, 'L'), 6), Row("<SA><CA>L", 6));
 }
 
+TEST(DotRows, TheFirstCutCellIsTheFirstOneWithLightBehindTheLastColumn) {
+  const auto first_cut = [](const QByteArray& text, int columns) {
+    return FirstCut(ParseCells(text), columns, Look());
+  };
+  EXPECT_EQ(first_cut("abc", 18), 3);
+  EXPECT_EQ(first_cut("abc", 17), 3) << "a letter's last column is dark";
+  EXPECT_EQ(first_cut("abc", 16), 2);
+  EXPECT_EQ(first_cut("abc", 10), 1);
+  EXPECT_EQ(first_cut("a  c ", 6), 3) << "blanks have no light";
+  EXPECT_EQ(first_cut("a   ", 6), 4);
+  EXPECT_EQ(first_cut("a<CJ>  ", 6), 1) << "these have";
+  EXPECT_EQ(first_cut("a<DD>b", 60), 1);
+  EXPECT_EQ(first_cut("", 0), 0);
+}
+
 }  // namespace
 }  // namespace PanelDots
