@@ -44,13 +44,9 @@ class Site : public SiteFolder {
     QByteArray ini = "[Dimension Config]\r\n";
     for (int id = 1; id <= count; ++id) {
       panels_.push_back(std::make_unique<Panel>(id));
-      ini += "ID" + QByteArray::number(id).rightJustified(3, '0') +
-             "=2x96,Tri,127.0.0.1:" + QByteArray::number(panels_.back()->line.Port()) + "\r\n";
+      ini += Entry(id, panels_.back()->line.Port());
     }
-    folder_.Configure(ini + "[Communication]\r\nSendMode=TCPIP\r\nDelay Period=0\r\n");
-    folder_.Write(QStringLiteral("page.msg"),
-                  "*** Brivon Message File ***\r\nRow = 2\r\nCol = 96\r\n"
-                  "<L01><SA><CA>Hi\r\n<L02><SA><CB>Ho\r\n");
+    Folder().Configure(ini + "[Communication]\r\nSendMode=TCPIP\r\nDelay Period=0\r\n");
   }
 
   void Fail(int id, const VirtualPanel::Faults& faults) { Of(id).engine.SetFaults(faults); }
