@@ -1,9 +1,11 @@
 // The page editor at its largest: twelve rows of 600 blinking "3D" characters. A blink tick must
 // take less than 16 ms, a key press less than 4 ms. Each is measured in the real window as an
 // operator has it before him, and for a blink tick also with every character of the page drawn;
-// beside each stands the same area filled with plain rectangles, one a character.
+// beside each stands the same area filled with plain rectangles, one a character. The same limits
+// hold with the preview of the panel shown, which then stands beside the editor without it.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
@@ -28,6 +30,7 @@ namespace {
 constexpr int kRows = 12;
 constexpr int kCharacters = 600;
 constexpr int kWidth = 1920;
+constexpr int kHeight = 1000;
 
 /// The real editor with the whole page typed into it.
 class FullEditor {
@@ -46,7 +49,7 @@ class FullEditor {
       Brivon1::SelectedRows = kRows;
       Brivon1::SelectedCols = kCharacters * Brivon1::kDotsPerCharacter;
     });
-    window_.resize(kWidth, 700);
+    window_.resize(kWidth, kHeight);
     window_.show();
     Click("butNew");
     window_.findChild<QComboBox*>(u"ComboColor"_s)->setCurrentIndex(3);
@@ -56,6 +59,16 @@ class FullEditor {
     }
     QCoreApplication::processEvents();
     for (QTimer* timer : window_.findChildren<QTimer*>()) timer->stop();
+    ShowPreview(false);
+  }
+
+  void ShowPreview(bool shown) {
+    auto* box = window_.findChild<QCheckBox*>(u"chkPreview"_s);
+    auto* preview = window_.findChild<QWidget*>(u"picPreview"_s);
+    if (box == nullptr || preview == nullptr) qFatal("there is no preview");
+    box->setChecked(shown);
+    QCoreApplication::processEvents();
+    if (preview->isVisible() != shown) qFatal("the preview has no room");
   }
 
   QWidget* Row(int number) { return window_.findChild<QWidget*>(u"Picture1(%1)"_s.arg(number)); }
@@ -128,6 +141,45 @@ void KeyPressInTheWindow(benchmark::State& state) {
   ReportTimes(state, times, PlainMilliseconds(editor.ColumnsInSight(), 1), 4);
 }
 BENCHMARK(KeyPressInTheWindow)->Unit(benchmark::kMillisecond);
+
+/// Prints the median with the preview beside the limit, and as a ratio to the one without it.
+void ReportPreview(benchmark::State& state, Times& with, Times& without, double limit) {
+  state.counters["worst_ms"] = with.Worst();
+  state.counters["without_ms"] = without.Middle();
+  state.counters["ratio"] = with.Middle() / without.Middle();
+  Report(state, "median_ms", with.Middle(), limit);
+}
+
+void BlinkTickWithThePreview(benchmark::State& state) {
+  FullEditor editor;
+  Times with;
+  Times without;
+  for ([[maybe_unused]] const auto round : state) {
+    for (const bool shown : {false, true}) {
+      editor.ShowPreview(shown);
+      editor.BlinkTick();
+      (shown ? with : without).Take([&] { editor.BlinkTick(); });
+    }
+  }
+  ReportPreview(state, with, without, 16);
+}
+BENCHMARK(BlinkTickWithThePreview)->Unit(benchmark::kMillisecond);
+
+void KeyPressWithThePreview(benchmark::State& state) {
+  FullEditor editor;
+  Times with;
+  Times without;
+  for ([[maybe_unused]] const auto round : state) {
+    for (const bool shown : {false, true}) {
+      editor.ShowPreview(shown);
+      Times& times = shown ? with : without;
+      times.Take([&] { editor.Press(Qt::Key_Backspace); });
+      times.Take([&] { editor.Press(Qt::Key_M); });
+    }
+  }
+  ReportPreview(state, with, without, 4);
+}
+BENCHMARK(KeyPressWithThePreview)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

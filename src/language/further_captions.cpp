@@ -17,6 +17,9 @@ constexpr CaptionRow kFrmMain[] = {
 constexpr CaptionRow kFrmMsgEditor[] = {
     {CaptionKind::kName, "frmMsgEditor.Command3.Name", "Command3"},
     {CaptionKind::kName, "frmMsgEditor.Command4.Name", "Command4"},
+    {CaptionKind::kControl, "frmMsgEditor.chkPreview", "chkPreview"},
+    {CaptionKind::kControl, "frmMsgEditor.chkOneColor", "chkOneColor"},
+    {CaptionKind::kName, "frmMsgEditor.picPreview.Name", "picPreview"},
 };
 
 constexpr CaptionRow kFrmSchedule[] = {

@@ -1,10 +1,14 @@
 #include "page/frmMsgEditor.h"
 
+#include <algorithm>
 #include <utility>
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDateTime>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QShortcut>
 
 #include "base/file_checks.h"
 #include "language/file_remedies.h"
@@ -12,6 +16,7 @@
 #include "page/frmDimension.h"
 #include "page/frmSendMsg.h"
 #include "page/message_file.h"
+#include "row/dots_delegate.h"
 #include "row/editor_controls.h"
 #include "ui_frmMsgEditor.h"
 #include "widgets/caption_loader.h"
@@ -25,6 +30,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Brivon1::kMaxRows;
+using Brivon1::LeftOut;
 using ModuleLanguage::TranslateMessage;
 
 constexpr int kShiftPixels = 10;
@@ -44,6 +50,7 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
   FillLists();
   ConnectButtons();
   ConnectRows();
+  BuildPreview();
   setTabOrder(ui_->cmdAddTime, &ui_->rowArea->Surface(1));
   for (int row = 1; row < kMaxRows; ++row) {
     setTabOrder(&ui_->rowArea->Surface(row), &ui_->rowArea->Surface(row + 1));
@@ -65,10 +72,10 @@ void frmMsgEditor::FillLists() {
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     ui_->ComboGraphic->addItem(QString(QLatin1Char(letter)));
   }
+  ShowSymbolsInDots(ui_->ComboGraphic);
   // Any choice counts, also of the entry that is shown already.
   connect(ui_->ComboGraphic, &QComboBox::activated, this, [this](int index) {
-    page_.InsertGraphic(static_cast<char>('A' + index));
-    ResumeTyping();
+    Insert(Brivon1::PageMessage::Graphic(static_cast<char>('A' + index)));
   });
   ui_->ComboGraphic->installEventFilter(this);
 }
@@ -80,14 +87,10 @@ void frmMsgEditor::ConnectButtons() {
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmMsgEditor::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmMsgEditor::reject);
-  connect(ui_->cmdAddDate, &QPushButton::clicked, this, [this] {
-    page_.InsertDate();
-    ResumeTyping();
-  });
-  connect(ui_->cmdAddTime, &QPushButton::clicked, this, [this] {
-    page_.InsertTime();
-    ResumeTyping();
-  });
+  connect(ui_->cmdAddDate, &QPushButton::clicked, this,
+          [this] { Insert(Brivon1::PageMessage::kDate); });
+  connect(ui_->cmdAddTime, &QPushButton::clicked, this,
+          [this] { Insert(Brivon1::PageMessage::kTime); });
   connect(ui_->Command3, &QPushButton::clicked, this,
           [this] { ui_->rowArea->MoveRows(kShiftPixels); });
   connect(ui_->Command4, &QPushButton::clicked, this,
@@ -112,10 +115,37 @@ void frmMsgEditor::ConnectRows() {
     commands_->Serve(surface, row);
   }
   connect(commands_, &RowCommands::Said, this, [this](const QString& text) {
-    ShowBesideCursor(ui_->rowArea->Surface(page_.CurrentRow()), text);
+    RowSurface& surface = ui_->rowArea->Surface(page_.CurrentRow());
+    ui_->lblRowStatus->ShowNote(text, surface);
+    ShowBesideCursor(surface, text);
   });
   connect(timers_, &BlinkTimers::CursorBlinked, this, &frmMsgEditor::ShowCursor);
   connect(timers_, &BlinkTimers::CharactersBlinked, this, &frmMsgEditor::HideBlinking);
+}
+
+void frmMsgEditor::BuildPreview() {
+  ui_->picPreview->Build(page_, [] { return QDateTime::currentDateTime(); });
+  connect(ui_->rowArea, &RowArea::Moved, this,
+          [this] { ui_->picPreview->Follow(ui_->rowArea->Sight()); });
+  connect(timers_, &BlinkTimers::CharactersBlinked, ui_->picPreview,
+          &PagePreview::SetBlinkingHidden);
+  connect(ui_->chkPreview, &QCheckBox::toggled, ui_->splitPreview,
+          &PreviewSplitter::SetPreviewWanted);
+  connect(ui_->chkOneColor, &QCheckBox::toggled, this, [this] {
+    ui_->picPreview->SetColourType(ShownColourType());
+    ShowPanel();
+  });
+  // The attributes of what is typed next are said too.
+  for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize}) {
+    connect(list, &QComboBox::currentIndexChanged, this, &frmMsgEditor::ShowPanel);
+  }
+  connect(ui_->chkBlink, &QCheckBox::toggled, this, &frmMsgEditor::ShowPanel);
+  const auto bind = [this](const QKeySequence& keys, QCheckBox* box) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, box, &QCheckBox::toggle);
+    box->setToolTip(keys.toString(QKeySequence::NativeText));
+  };
+  bind(Qt::Key_F9, ui_->chkPreview);
+  bind(Qt::SHIFT | Qt::Key_F9, ui_->chkOneColor);
 }
 
 void frmMsgEditor::NewPage() {
@@ -184,8 +214,19 @@ void frmMsgEditor::TypeText(int row, const QString& text) {
   page_.SetCurrentRow(row);
   const Brivon1::TypedBytes typed = Brivon1::BytesOf(text);
   if (typed.refused) page_.RefuseKey();
-  page_.TypeAll(typed.bytes);
+  const qsizetype left_out = page_.TypeAll(typed.bytes);
   ShowEdit();
+  if (typed.refused) {
+    ShowLeftOut(LeftOut::kNoCharacter, typed.missing.size(), typed.missing);
+  } else if (left_out > 0) {
+    ShowLeftOut(LeftOut::kNoRoom, left_out);
+  }
+}
+
+void frmMsgEditor::Insert(QByteArrayView placeholder) {
+  const qsizetype left_out = page_.TypeAll(placeholder);
+  ResumeTyping();
+  if (left_out > 0) ShowLeftOut(LeftOut::kNoRoom, left_out);
 }
 
 void frmMsgEditor::PressMoveKey(int row, Brivon1::MoveKey key) {
@@ -210,6 +251,36 @@ void frmMsgEditor::ShowEdit() {
   ui_->rowArea->FollowCursor();
   ui_->rowArea->RedrawCurrentRow();
   timers_->ShowCursor();
+  ShowPanel();
+}
+
+void frmMsgEditor::ShowPanel() {
+  if (page_.Rows() == 0) return;
+  const int current = page_.CurrentRow();
+  const Brivon1::Attributes& next = page_.CurrentAttributes();
+  dots_.Refresh(page_, {page_.Columns(), ShownColourType(), QDateTime::currentDateTime()});
+  for (int row = 1; row <= page_.Rows(); ++row) {
+    ui_->rowArea->MarkDotsEnd(row, dots_.EndOf(row, next.size));
+  }
+  ui_->picPreview->Refresh();
+  ui_->picPreview->Follow(ui_->rowArea->Sight());
+
+  const Brivon1::PageRow& row = page_.Row(current);
+  const Brivon1::PageDots::Use& use = dots_.Of(current);
+  const qsizetype places = std::max<qsizetype>(page_.MaxCharsPerRow(), row.Length());
+  ui_->lblRowStatus->ShowStatus({.row = current,
+                                 .place = std::min(row.Cursor() + 1, places),
+                                 .places = places,
+                                 .dots = {{use.dots, page_.Columns(), row.Length() - use.seen}}},
+                                ui_->rowArea->Surface(current), next);
+}
+
+void frmMsgEditor::ShowLeftOut(LeftOut why, qsizetype count, const QString& what) {
+  ui_->lblRowStatus->ShowLeftOut(why, count, what, ui_->rowArea->Surface(page_.CurrentRow()));
+}
+
+qint16 frmMsgEditor::ShownColourType() const {
+  return ui_->chkOneColor->isChecked() ? Brivon1::kMono : Brivon1::kTri;
 }
 
 void frmMsgEditor::ShowEdits() {

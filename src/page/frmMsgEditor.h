@@ -6,9 +6,11 @@
 
 #include <QDialog>
 
+#include "page/page_dots.h"
 #include "page/page_message.h"
 #include "row/blink_timers.h"
 #include "row/row_commands.h"
+#include "row/row_status.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
@@ -36,6 +38,7 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void FillLists();
   void ConnectButtons();
   void ConnectRows();
+  void BuildPreview();
 
   void NewPage();
   void OpenFile();
@@ -47,6 +50,7 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void LayOutPage();
 
   void TypeText(int row, const QString& text);
+  void Insert(QByteArrayView placeholder);
   void PressMoveKey(int row, Brivon1::MoveKey key);
   void ClickRow(int row, double x);
   void EnterRow(int row);
@@ -60,6 +64,15 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   /// The same where the keyboard may be elsewhere: it goes back to the row.
   void ResumeTyping();
 
+  /// Shows what a panel makes of the page, and says how the current row stands.
+  void ShowPanel();
+
+  /// Says that `count` typed characters are not in the current row, and why. `what` are those that
+  /// the panels lack.
+  void ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what = {});
+
+  qint16 ShownColourType() const;
+
   void ShowCursor(bool shown);
   void HideBlinking(bool hidden);
   void ReturnKeyboardToRow();
@@ -69,4 +82,5 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   BlinkTimers* timers_;
   Brivon1::PageMessage page_;
   RowCommands* commands_;
+  Brivon1::PageDots dots_;
 };

@@ -14,7 +14,6 @@ namespace {
 
 using ModuleLanguage::TranslateText;
 
-
 QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& page,
                         qint16 colour_type) {
   const PanelLine line = AsPanelLine(file_line, colour_type);

@@ -16,6 +16,7 @@
 #include <QWheelEvent>
 
 #include "language/further_texts.h"
+#include "page/row_ground.h"
 #include "widgets/fitted_text.h"
 
 using namespace Qt::StringLiterals;
@@ -66,7 +67,7 @@ QString SpokenCaption(const QString& caption) {
 RowArea::RowArea(QWidget* parent)
     : QWidget(parent),
       clip_(new QFrame(this)),
-      clipped_(new QWidget(clip_)),
+      clipped_(new RowGround(clip_)),
       gutter_(new QWidget(this)),
       vertical_bar_(new QScrollBar(Qt::Vertical, this)),
       left_(kFirstLeft) {
@@ -194,7 +195,9 @@ void RowArea::MoveRows(int pixels) { SetLeft(left_ + pixels); }
 void RowArea::SetLeft(int left) {
   left_ = left;
   for (RowSurface* surface : surfaces_) surface->move(left_, surface->y());
+  PlaceMarks();
   UpdateScrollBar();
+  Q_EMIT Moved();
 }
 
 void RowArea::SetTop(int top) {
@@ -205,7 +208,28 @@ void RowArea::SetTop(int top) {
     numbers_[static_cast<std::size_t>(number - 1)]->setGeometry(0, y, gutter_->width(),
                                                                 kCellHeight);
   }
+  PlaceMarks();
   UpdateScrollBar();
+}
+
+void RowArea::MarkDotsEnd(int number, std::optional<qsizetype> characters) {
+  dots_ends_[static_cast<std::size_t>(number - 1)] = characters;
+  PlaceMark(number);
+}
+
+void RowArea::PlaceMarks() {
+  for (int number = 1; number <= kMaxRows; ++number) PlaceMark(number);
+}
+
+void RowArea::PlaceMark(int number) {
+  const std::optional<qsizetype> end = dots_ends_[static_cast<std::size_t>(number - 1)];
+  const bool is_marked = end && number <= page_->Rows();
+  clipped_->SetEnd(number, Surface(number).geometry(),
+                   is_marked ? std::optional(static_cast<int>(*end) * kCellWidth) : std::nullopt);
+}
+
+PagePreview::Sight RowArea::Sight() const {
+  return {-left_, clipped_->width(), RowWidth(page_->MaxCharsPerRow())};
 }
 
 void RowArea::UpdateScrollBar() {

@@ -4,15 +4,18 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include <QWidget>
 
 #include "page/page_message.h"
+#include "page/page_preview.h"
 #include "row/row_surface.h"
 
 class QFrame;
 class QLabel;
 class QScrollBar;
+class RowGround;
 
 class RowArea : public QWidget {
   Q_OBJECT
@@ -47,6 +50,13 @@ class RowArea : public QWidget {
   /// Moves the surfaces as far as it takes to show the cursor of the current row.
   void FollowCursor();
 
+  /// Marks behind how many characters of row `number` a panel's dots end; nothing takes the mark
+  /// away.
+  void MarkDotsEnd(int number, std::optional<qsizetype> characters);
+
+  /// The part of the rows that is in sight.
+  PagePreview::Sight Sight() const;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -54,6 +64,10 @@ class RowArea : public QWidget {
   bool eventFilter(QObject* object, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+
+ Q_SIGNALS:
+  /// Another part of the rows may be in sight.
+  void Moved();
 
  private:
   /// The rows that there is to be room for: the page's, or all before there is a page.
@@ -68,6 +82,8 @@ class RowArea : public QWidget {
   void SetLeft(int left);
   void SetTop(int top);
   void UpdateScrollBar();
+  void PlaceMarks();
+  void PlaceMark(int number);
 
   /// Scrolls to the current row.
   void FollowRow();
@@ -78,12 +94,13 @@ class RowArea : public QWidget {
   const Brivon1::PageMessage* page_ = nullptr;
   QScrollBar* scroll_bar_ = nullptr;
   QFrame* clip_;
-  QWidget* clipped_;
+  RowGround* clipped_;
   QWidget* gutter_;
   QScrollBar* vertical_bar_;
   std::array<RowSurface*, Brivon1::kMaxRows> surfaces_{};
   std::array<QLabel*, Brivon1::kMaxRows> numbers_{};
+  std::array<std::optional<qsizetype>, Brivon1::kMaxRows> dots_ends_;
   int left_;
-  int top_ = 0;  // of the page, what is scrolled out of sight above
+  int top_ = 0;        // of the page, what is scrolled out of sight above
   int drawn_row_ = 1;  // the current row when it was drawn last
 };

@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 
+#include "row/dots_delegate.h"
 #include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 
@@ -31,6 +32,8 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
                        RowCommands& commands, const std::function<void()>& return_keyboard) {
   for (const char* name : Brivon1::kColourNames) controls.colour->addItem(QLatin1String(name));
   for (const char* name : Brivon1::kSizeNames) controls.size->addItem(QLatin1String(name));
+  ShowColoursInDots(controls.colour);
+  ShowSizesInDots(controls.size);
   ConnectChoice(controls.colour, [&message, &commands](int index) {
     message.ChooseColour(index);
     commands.ShowAttributes();

@@ -67,7 +67,9 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
       case QAccessible::Value:
         return TextOf(Row().Text());
       case QAccessible::Description:
-        return InWords();
+        return (QStringList{InWords(), Surface().UrgentStatus()}).join(u' ').trimmed();
+      case QAccessible::Help:
+        return Surface().Status();
       default:
         return QAccessibleWidget::text(kind);
     }
@@ -142,13 +144,8 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
   const PageRow& Row() const { return Surface().Row(); }
 
   QString InWords(const Attributes& attributes) const {
-    const RowWords& words = Surface().Words();
-    QStringList names = {NameOf(words.colours, attributes.colour),
-                         NameOf(words.sizes, attributes.size)};
-    if (attributes.blink == Brivon1::kBlinking) names.append(words.blinking);
-    names.removeAll(QString());
     // A language file may name them by what separates attributes.
-    QString joined = names.join(", "_L1);
+    QString joined = AttributeNames(Surface().Words(), attributes).join(", "_L1);
     for (const QChar separator : {u':', u';'}) joined.replace(separator, u' ');
     return joined;
   }
@@ -181,6 +178,14 @@ class RowAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
 RowWords::RowWords() : blinking(u"Blinking"_s) {
   for (const char* name : Brivon1::kColourNames) colours.append(QLatin1String(name));
   for (const char* name : Brivon1::kSizeNames) sizes.append(QLatin1String(name));
+}
+
+QStringList AttributeNames(const RowWords& words, const Attributes& attributes) {
+  QStringList names = {NameOf(words.colours, attributes.colour),
+                       NameOf(words.sizes, attributes.size)};
+  if (attributes.blink == Brivon1::kBlinking) names.append(words.blinking);
+  names.removeAll(QString());
+  return names;
 }
 
 QAccessibleInterface* MakeRowAccessible(const QString& /*class_name*/, QObject* object) {

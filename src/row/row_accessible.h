@@ -29,6 +29,10 @@ struct RowWords {
   QList<SpokenPlaceholder> placeholders;
 };
 
+/// The names of a character's colour and size, and of blinking where it does; without those that
+/// have none.
+QStringList AttributeNames(const RowWords& words, const Brivon1::Attributes& attributes);
+
 /// Makes the accessible interface of a RowSurface; null for any other object. It is a factory as
 /// the toolkit asks for them.
 QAccessibleInterface* MakeRowAccessible(const QString& class_name, QObject* object);

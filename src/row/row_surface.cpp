@@ -135,6 +135,15 @@ void RowSurface::RedrawRow(RowSpan span) {
   update();
 }
 
+void RowSurface::SetStatus(const QString& status, const QString& urgent) {
+  status_ = status;
+  const bool is_new = urgent != urgent_status_;
+  urgent_status_ = urgent;
+  if (!is_new || !QAccessible::isActive()) return;
+  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&event);
+}
+
 void RowSurface::SetCursorLine(CursorLine line) {
   if (line == cursor_line_) return;
   cursor_line_ = line;

@@ -37,6 +37,12 @@ class RowSurface : public QWidget {
   const RowWords& Words() const { return words_; }
   void SetWords(const RowWords& words) { words_ = words; }
 
+  /// What an editor says of the row, for screen readers: the status, which they give when asked,
+  /// and of it what must be heard at once, or nothing.
+  void SetStatus(const QString& status, const QString& urgent);
+  const QString& Status() const { return status_; }
+  const QString& UrgentStatus() const { return urgent_status_; }
+
   /// Puts the cursor in front of a character, and the keyboard to this row, as a click does.
   void PutCursor(qsizetype position);
 
@@ -100,6 +106,8 @@ class RowSurface : public QWidget {
   const Brivon1::PageRow& row_;
   Brivon1::PageRow told_;  // what screen readers know of the row
   RowWords words_;
+  QString status_;
+  QString urgent_status_;
   RowSpan span_;
   CursorLine cursor_line_ = CursorLine::kNone;
   bool blinking_hidden_ = false;

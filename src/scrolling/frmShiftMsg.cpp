@@ -1,6 +1,10 @@
 #include "scrolling/frmShiftMsg.h"
 
+#include <algorithm>
 #include <utility>
+
+#include <QCheckBox>
+#include <QComboBox>
 
 #include "base/file_checks.h"
 #include "language/further_texts.h"
@@ -20,6 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Brivon1::LeftOut;
 using Brivon1::ScrollingMessage;
 using ModuleLanguage::TranslateMessage;
 using ModuleLanguage::TranslateText;
@@ -65,8 +70,10 @@ void frmShiftMsg::ConnectMessage() {
   commands_ = new RowCommands(
       this, message_, [this] { ShowEdit(); }, return_keyboard);
   commands_->Serve(*surface_, message_.EditedNumber());
-  connect(commands_, &RowCommands::Said, surface_,
-          [this](const QString& text) { ShowBesideCursor(*surface_, text); });
+  connect(commands_, &RowCommands::Said, surface_, [this](const QString& text) {
+    ui_->lblRowStatus->ShowNote(text, *surface_);
+    ShowBesideCursor(*surface_, text);
+  });
   ConnectAttributes({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}, message_, *commands_,
                     return_keyboard);
   connect(surface_, &RowSurface::Typed, this, &frmShiftMsg::TypeText);
@@ -78,6 +85,10 @@ void frmShiftMsg::ConnectMessage() {
     message_.Click(x);
     ShowEdit();
   });
+  for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize}) {
+    connect(list, &QComboBox::currentIndexChanged, this, &frmShiftMsg::ShowStatus);
+  }
+  connect(ui_->chkBlink, &QCheckBox::toggled, this, &frmShiftMsg::ShowStatus);
   AddUndoShortcuts(this, message_, [this] { ResumeTyping(); });
   connect(timers_, &BlinkTimers::CursorBlinked, surface_, [this](bool shown) {
     surface_->SetCursorLine(shown ? RowSurface::CursorLine::kShown
@@ -134,8 +145,15 @@ void frmShiftMsg::reject() {
 }
 
 void frmShiftMsg::TypeText(const QString& text) {
-  message_.TypeAll(Brivon1::BytesOf(text).bytes);
+  const Brivon1::TypedBytes typed = Brivon1::BytesOf(text);
+  const qsizetype left_out = message_.TypeAll(typed.bytes);
   ShowEdit();
+  if (typed.refused) {
+    ui_->lblRowStatus->ShowLeftOut(LeftOut::kNoCharacter, typed.missing.size(), typed.missing,
+                                   *surface_);
+  } else if (left_out > 0) {
+    ui_->lblRowStatus->ShowLeftOut(LeftOut::kNoRoom, left_out, {}, *surface_);
+  }
 }
 
 void frmShiftMsg::ShowEdit() {
@@ -143,6 +161,14 @@ void frmShiftMsg::ShowEdit() {
   const QString position = TranslateText(message_.IsFull() ? u"%1 of %2 (full)"_s : u"%1 of %2"_s);
   ui_->lblPosition->setText(position.arg(message_.Row().Cursor()).arg(message_.Row().Length()));
   timers_->ShowCursor();
+  ShowStatus();
+}
+
+void frmShiftMsg::ShowStatus() {
+  const Brivon1::PageRow& row = message_.Row();
+  const qsizetype places = std::max(ScrollingMessage::kMostCharacters, row.Length());
+  ui_->lblRowStatus->ShowStatus({.place = std::min(row.Cursor() + 1, places), .places = places},
+                                *surface_, message_.CurrentAttributes());
 }
 
 void frmShiftMsg::ResumeTyping() {

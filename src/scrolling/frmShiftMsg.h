@@ -45,6 +45,7 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
 
   /// Shows what became of the message, its cursor first of all.
   void ShowEdit();
+  void ShowStatus();
 
   /// The same where the keyboard may be elsewhere: it goes back to the message.
   void ResumeTyping();

@@ -19,7 +19,7 @@ QSize ElidedLabel::minimumSizeHint() const { return {0, sizeHint().height()}; }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
-  const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  const QString shown = fontMetrics().elidedText(text(), elision_, contentsRect().width());
   painter.drawItemText(contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
                        foregroundRole());
 }

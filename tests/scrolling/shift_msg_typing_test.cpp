@@ -1,8 +1,11 @@
 // What the scrolling message editor does with keys and the mouse in its message and its span.
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
@@ -261,6 +264,32 @@ TEST_F(ShiftMsg, AMessageOf600000CharactersCanBeEdited) {
   QMetaObject::invokeMethod(Find<QTimer>("Timer2"), "timeout");
   EXPECT_LT(timer.elapsed(), 5000);
   EXPECT_EQ(Body().size(), 8 + 599999 + 2);
+}
+
+TEST_F(ShiftMsg, TheLineBelowTheRowSaysItsPlaceAndHowTheCharacterLooks) {
+  const auto status = [this] { return Find<QLabel>("lblRowStatus")->text(); };
+  EXPECT_EQ(status(), Text("Place 1 of 1000, Red, Normal"));
+  Find<QComboBox>("ComboColor")->setCurrentIndex(1);
+  Keys("ab");
+  EXPECT_EQ(status(), Text("Place 3 of 1000, Green, Normal"));
+  Find<QComboBox>("ComboColor")->setCurrentIndex(2);
+  EXPECT_EQ(status(), Text("Place 3 of 1000, Yellow, Normal"));
+  Key(Qt::Key_Left);
+  EXPECT_EQ(status(), Text("Place 2 of 1000, Green, Normal"));
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(Picture())->text(QAccessible::Help), status());
+}
+
+TEST_F(ShiftMsg, ARefusedKeyIsSaidWithItsReason) {
+  const auto status = [this] { return Find<QLabel>("lblRowStatus")->text(); };
+  Open(Write("full.srl", "<SA><CA>" + QByteArray(1000, 'x')));
+  EXPECT_EQ(status(), Text("Place 1000 of 1000, Red, Normal"));
+  Keys("y");
+  EXPECT_EQ(status(), Text("The row is full."));
+  Key(Qt::Key_Backspace);
+  EXPECT_EQ(status(), Text("Place 1000 of 1000, Red, Normal"));
+  QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(0x65E5)));
+  QCoreApplication::sendEvent(Picture(), &key);
+  EXPECT_EQ(status(), Text("The panels have no character ") + QChar(0x65E5) + QLatin1Char('.'));
 }
 
 }  // namespace

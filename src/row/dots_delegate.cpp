@@ -1,0 +1,75 @@
+#include "row/dots_delegate.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QPixmap>
+#include <QScrollBar>
+
+#include "panel_dots/dot_matrix.h"
+#include "panel_dots/dot_painter.h"
+#include "panel_dots/message_text.h"
+
+namespace {
+
+/// Around the characters, in dots.
+constexpr int kMargin = 1;
+
+QByteArray Code(char kind, int entry) {
+  return QByteArray("<") + kind + static_cast<char>('A' + entry) + '>';
+}
+
+/// The closed list may be narrower than its entries with their pictures.
+void GiveRoom(QComboBox* list) {
+  QAbstractItemView* view = list->view();
+  view->setMinimumWidth(view->sizeHintForColumn(0) + view->verticalScrollBar()->sizeHint().width());
+}
+
+void ShowInDots(QComboBox* list, std::function<QByteArray(int)> text_of) {
+  list->setItemDelegate(new DotsDelegate(list, std::move(text_of)));
+  // Its captions may come later.
+  QObject::connect(list->model(), &QAbstractItemModel::dataChanged, list,
+                   [list] { GiveRoom(list); });
+  GiveRoom(list);
+}
+
+}  // namespace
+
+DotsDelegate::DotsDelegate(QComboBox* list, std::function<QByteArray(int entry)> text_of)
+    : QStyledItemDelegate(list), text_of_(std::move(text_of)) {}
+
+void DotsDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  const QPixmap picture = PictureOf(index.row(), *option);
+  option->features |= QStyleOptionViewItem::HasDecoration;
+  option->icon = QIcon(picture);
+  option->decorationSize = picture.deviceIndependentSize().toSize();
+}
+
+QPixmap DotsDelegate::PictureOf(int entry, const QStyleOptionViewItem& option) const {
+  const QList<PanelDots::Cell> cells = PanelDots::ParseCells(text_of_(entry));
+  PanelDots::DotMatrix dots(PanelDots::ColumnsOf(cells, {}) + 2 * kMargin,
+                            PanelDots::kRowDots + 2 * kMargin);
+  PanelDots::PutCells(&dots, kMargin, kMargin, cells, {});
+  const double pixels = option.widget != nullptr ? option.widget->devicePixelRatioF() : 1;
+  const PanelDots::DotPainter painter(
+      std::max(2, static_cast<int>(option.fontMetrics.height() * pixels / dots.Rows())));
+  QImage image(QSize(dots.Columns(), dots.Rows()) * painter.Pitch(), QImage::Format_RGB32);
+  painter.Paint(&image, QPoint(0, 0), dots, 0, dots.Rows());
+  image.setDevicePixelRatio(pixels);
+  return QPixmap::fromImage(image);
+}
+
+void ShowColoursInDots(QComboBox* colours) {
+  ShowInDots(colours, [](int entry) { return Code('C', entry) + "Abc"; });
+}
+
+void ShowSizesInDots(QComboBox* sizes) {
+  ShowInDots(sizes, [](int entry) { return Code('S', entry) + "<CC>Abc"; });
+}
+
+void ShowSymbolsInDots(QComboBox* symbols) {
+  ShowInDots(symbols, [](int entry) { return "<CC>" + Code('G', entry); });
+}
