@@ -75,7 +75,7 @@ SchedulePane::SchedulePane(QSplitter* splitter)
   layout->addLayout(button);
   layout->addStretch();
   Splitter()->installEventFilter(this);
-  connect(Splitter(), &QSplitter::splitterMoved, this, [this] { was_moved_ = true; });
+  connect(Splitter(), &QSplitter::splitterMoved, this, &SchedulePane::OnMoved);
   // The pane takes the room that there is and asks for none.
   setMinimumSize(1, 1);
   setFocusProxy(play_);
@@ -90,7 +90,11 @@ void SchedulePane::SetShape(const PanelDots::PanelShape& shape) {
 void SchedulePane::ShowNote(const QString& note) {
   note_->setText(note);
   note_->setVisible(!note.isEmpty());
-  scroll_->setVisible(note.isEmpty() && shape_.rows > 0);
+  ShowScroll();
+}
+
+void SchedulePane::ShowScroll() {
+  scroll_->setVisible(!HasNote() && shape_.rows > 0 && !is_collapsed_);
 }
 
 void SchedulePane::ShowPlaying(bool is_playing) {
@@ -99,7 +103,7 @@ void SchedulePane::ShowPlaying(bool is_playing) {
 }
 
 void SchedulePane::Arrange() {
-  scroll_->setVisible(!HasNote() && shape_.rows > 0);
+  ShowScroll();
   if (shape_.rows == 0) return;
   const QSizeF dots = PanelDots::SizeInDots(shape_);
   const double by_width =
@@ -129,6 +133,15 @@ void SchedulePane::TakeRoom() {
   const int wanted = qCeil(PanelDots::SizeInDots(shape_).width() * kUsualPitch);
   const int share = std::min(room, std::min(std::max(wanted, kUsualWidth), all / 2));
   Splitter()->setSizes({all - share, share});
+}
+
+void SchedulePane::OnMoved() {
+  was_moved_ = true;
+  const int width = Splitter()->sizes().at(Splitter()->indexOf(this));
+  if (is_collapsed_ == (width == 0)) return;
+  is_collapsed_ = width == 0;
+  Arrange();
+  Q_EMIT Seen(!is_collapsed_);
 }
 
 bool SchedulePane::eventFilter(QObject* object, QEvent* event) {

@@ -47,6 +47,8 @@ class SchedulePane : public QWidget {
   QSplitter* Splitter() const;
   /// Takes its share of the splitter, or none where there is no room.
   void TakeRoom();
+  void OnMoved();
+  void ShowScroll();
   void Arrange();
 
   QScrollArea* scroll_;
@@ -55,5 +57,6 @@ class SchedulePane : public QWidget {
   QPushButton* play_;
   QString play_caption_;
   PanelDots::PanelShape shape_{0, 0};
-  bool was_moved_ = false;  // the splitter, by hand
+  bool was_moved_ = false;     // the splitter, by hand
+  bool is_collapsed_ = false;  // and to its end
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QSplitter>
 #include <QTimer>
 
 #include "panel_dots/live_picture.h"
@@ -48,6 +49,13 @@ class SchedulePreviewWindow : public ScheduleEditor {
   QString Page(const char* name, const QByteArray& row) {
     return folder_.Write(Text(name), "*** Brivon Message File ***\r\nRow = 2\r\nCol = 80\r\n<L01>" +
                                          row + "\r\n<L02><SA><CA>of two\r\n");
+  }
+
+  /// Moves the line between the table and the preview.
+  void MoveSplitter(int table, int preview) {
+    auto* splitter = Find<QSplitter>("tableAndPicture");
+    splitter->setSizes({table, preview});
+    Q_EMIT splitter->splitterMoved(table, 1);
   }
 
   struct Step {
