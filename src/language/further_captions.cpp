@@ -27,6 +27,7 @@ constexpr CaptionRow kFrmSchedule[] = {
     {CaptionKind::kControl, "frmSchedule.Label3", "Label3"},
     {CaptionKind::kName, "frmSchedule.txtHour.Name", "txtHour"},
     {CaptionKind::kName, "frmSchedule.txtMin.Name", "txtMin"},
+    {CaptionKind::kControl, "frmSchedule.butPlay", "butPlay"},
 };
 
 constexpr CaptionRow kFrmConfig[] = {

@@ -1,8 +1,10 @@
 #include "schedule/frmSchedule.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QEvent>
+#include <QScreen>
 #include <QValidator>
 
 #include "base/code_page.h"
@@ -67,10 +69,12 @@ QString MessageFileFilter() { return TranslateMessage(u"Message File"_s) + u"(*.
 
 }  // namespace
 
-frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_there)
+frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_there,
+                         SchedulePreview::TimeSource now)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
+  resize(size().boundedTo(screen()->availableSize()));
   file_ = new EditedFile(
       this, {ui_->lblfilename, ui_->lblNotSaved}, modified_,
       {.write = [this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
@@ -81,7 +85,8 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
   ConnectTimeSlot();
   ConnectTable();
   ui_->GridSeqTable->LookBy(is_there);
-  ui_->GridSeqTable->ShowSequences(schedule_, 1);
+  preview_ = new SchedulePreview(ui_->GridSeqTable, ui_->panePreview, std::move(now), this);
+  ShowSequences(1);
   UpdateButtons();
   ui_->butNew->setFocus();
   LoadCaptions(this);
@@ -185,7 +190,7 @@ void frmSchedule::ShowSchedule() {
   ui_->comboWeek->setCurrentIndex(schedule_.weekday);
   ui_->txtHour->setText(code_page.ToText(schedule_.hour));
   ui_->txtMin->setText(code_page.ToText(schedule_.minute));
-  ui_->GridSeqTable->ShowSequences(schedule_, 1);
+  ShowSequences(1);
   UpdateButtons();
   modified_ = false;
 }
@@ -224,6 +229,7 @@ void frmSchedule::OpenSendDialog() {
 }
 
 void frmSchedule::reject() {
+  preview_->Stop();
   if (MayLeave()) QDialog::reject();
 }
 
@@ -324,8 +330,13 @@ void frmSchedule::ClearSequences() {
   ShowEdit(1);
 }
 
-void frmSchedule::ShowEdit(int position) {
+void frmSchedule::ShowSequences(int position) {
   ui_->GridSeqTable->ShowSequences(schedule_, position);
+  preview_->Show(schedule_);
+}
+
+void frmSchedule::ShowEdit(int position) {
+  ShowSequences(position);
   SetModified();
   UpdateButtons();
 }
