@@ -5,9 +5,9 @@
 #
 #   brivon_room(page RULES ... LINKS ... DRAWINGS ... VIEWS ... RESTS_ON row sending ...)
 #
-# makes brivon_page of the rules, brivon_page_links, brivon_page_drawings and brivon_page_views. A "frmXxx.cpp" brings its
-# "frmXxx.ui" along. RESTS_ON names every room whose headers this one includes; the test "rooms"
-# holds the includes against it.
+# makes brivon_page of the rules, brivon_page_links, brivon_page_drawings and brivon_page_views. A
+# "frmXxx.cpp" brings its "frmXxx.ui" along. RESTS_ON names every room whose headers this one
+# includes; the test "rooms" holds the includes against it.
 function(brivon_room room)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "RULES;LINKS;DRAWINGS;VIEWS;RESTS_ON")
   foreach(below IN LISTS arg_RESTS_ON)
