@@ -192,12 +192,12 @@ void PagePreview::paintEvent(QPaintEvent* event) {
 
 void PagePreview::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  SetLeft(left_);
+  Follow(std::exchange(sight_, {}));
 }
 
 void PagePreview::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   picture_.clock = now_ ? now_() : QDateTime();
   Refresh();
-  Follow(sight_);
+  Follow(std::exchange(sight_, {}));
 }

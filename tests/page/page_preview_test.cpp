@@ -248,6 +248,21 @@ TEST_F(PagePreviewTest, AWidePanelMovesAlongWithItsRows) {
   EXPECT_NEAR(preview_.Corner().x(), (preview_.width() - panel) / 2, 2);
 }
 
+TEST_F(PagePreviewTest, WhatMovedWhileItWasHiddenAndANewSizeLeaveItWithItsRows) {
+  Show(8, 3000);
+  constexpr PagePreview::Sight kEnd{600 * 12 + 5 - 650, 650, 600 * 12 + 5};
+  preview_.hide();
+  preview_.Follow(kEnd);
+  preview_.show();
+  const auto right = [&] {
+    return PanelDots::SizeInDots(preview_.Picture().shape).width() * preview_.Pitch() +
+           preview_.Corner().x();
+  };
+  EXPECT_EQ(right(), preview_.width());
+  preview_.resize(500, 160);
+  EXPECT_EQ(right(), preview_.width());
+}
+
 TEST_F(PagePreviewTest, OfAWidePanelTheDotsOfTheCursorAreInSight) {
   Show(1, 3000);
   constexpr int kRowsWidth = 600 * 12 + 5;
