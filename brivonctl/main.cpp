@@ -1,6 +1,8 @@
 // The program's start. What it sets up for its many threads must stand before the first of them.
 
+#include <fcntl.h>
 #include <signal.h>
+#include <unistd.h>
 #ifdef __GLIBC__
 #include <malloc.h>
 #include <pthread.h>
@@ -13,6 +15,16 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// A standard stream that was closed would be the next file that is opened, and what is printed
+/// would land there.
+void OpenClosedStreams() {
+  int descriptor = ::open("/dev/null", O_RDWR);
+  while (descriptor >= STDIN_FILENO && descriptor <= STDERR_FILENO) {
+    descriptor = ::open("/dev/null", O_RDWR);
+  }
+  if (descriptor >= 0) ::close(descriptor);
+}
 
 /// Hundreds of threads that wait need little room each.
 void KeepThreadsSmall() {
@@ -32,6 +44,7 @@ void KeepThreadsSmall() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  OpenClosedStreams();
   ::signal(SIGPIPE, SIG_IGN);  // who reads the output may stop; the panels get theirs all the same
   KeepThreadsSmall();
   int count = 1;  // the program's name alone: the toolkit has no say in the command line

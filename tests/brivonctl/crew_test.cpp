@@ -3,8 +3,7 @@
 #include "orders/crew.h"
 
 #include <map>
-
-#include <QElapsedTimer>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -40,17 +39,20 @@ class CrewTest : public testing::Test {
       const std::function<void(Crew&)>& at_step = [](Crew&) {}) {
     EventQueue queue;
     Crew crew(assignment, lines, jobs, queue);
-    EXPECT_TRUE(WaitUntil([&] {
+    const auto take_all = [&] {
       for (const Happening& happening : queue.TakeAll()) {
         if (const auto* transmission = std::get_if<Transmission>(&happening)) {
           results_[transmission->result.panel] = *transmission;
         } else {
           steps_.append(std::get<Step>(happening).panel);
+          if (results_.empty()) begun_before_any_end_.insert(steps_.last());
           at_step(crew);
         }
       }
       return results_.size() == panels;
-    }));
+    };
+    // Five attempts take a while, and the thread sanitizer makes them longer.
+    EXPECT_TRUE(WaitUntil(take_all) || WaitUntil(take_all) || WaitUntil(take_all));
     crew.Stop();  // if it has not ended by now
   }
 
@@ -58,6 +60,7 @@ class CrewTest : public testing::Test {
 
   std::map<int, Transmission> results_;
   QList<int> steps_;
+  std::set<int> begun_before_any_end_;
 };
 
 TEST_F(CrewTest, FaultyPanelsFailAndDisturbNobody) {
@@ -84,18 +87,15 @@ TEST_F(CrewTest, FaultyPanelsFailAndDisturbNobody) {
       << results_[6].result.reason.toStdString();
 }
 
-TEST_F(CrewTest, PanelsAtOnceTakeAsLongAsOne) {
+TEST_F(CrewTest, AllPanelsAreInProgressAtOnce) {
   Site site(20);
   QList<int> ids;
   for (int id = 1; id <= 20; ++id) {
     ids.append(id);
     site.Fail(id, {.silent_answers = 1});
   }
-  QElapsedTimer clock;
-  clock.start();
   Run(PageTo(site.Page()), Lines(ids), 20, 20);
-  // One after the other they would take 32 s.
-  EXPECT_LT(clock.elapsed(), 8000);
+  EXPECT_EQ(begun_before_any_end_.size(), 20U);
   for (const int id : ids) EXPECT_EQ(Of(id), Result::kOk) << id;
 }
 
@@ -133,13 +133,13 @@ TEST_F(CrewTest, AnAdapterThatIsPulledFailsForEveryPanelThatIsLeft) {
 TEST_F(CrewTest, AStopEndsEveryPanelAfterItsAttempt) {
   Site site(5);
   for (const int id : {1, 2, 3, 4, 5}) site.Fail(id, {.silent = true});
-  QElapsedTimer clock;
-  clock.start();
   Run(PageTo(site.Page()), Lines({1, 2, 3, 4, 5}), 3, 5, [&](Crew& crew) {
     if (steps_.size() == 3) crew.Stop();
   });
-  EXPECT_LT(clock.elapsed(), 4000);  // one attempt, not five
-  for (const int id : {1, 2, 3, 4, 5}) EXPECT_EQ(Of(id), Result::kStopped) << id;
+  for (const int id : {1, 2, 3, 4, 5}) {
+    EXPECT_EQ(Of(id), Result::kStopped) << id;
+    EXPECT_EQ(site.Frames(id).size(), id <= 3 ? 1 : 0) << id;
+  }
   EXPECT_EQ(results_[5].result.reason, u"Nothing has been sent."_s);
 }
 

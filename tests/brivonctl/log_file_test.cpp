@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <set>
 #include <thread>
 #include <vector>
@@ -60,10 +61,10 @@ TEST_F(LogFileTest, AFileThatWasMovedAwayIsMadeAnew) {
 TEST_F(LogFileTest, AFolderAPipeAndAFileInNoFolderAreNoLogs) {
   LogFile folder(folder_.path());
   EXPECT_FALSE(folder.Check());
-  EXPECT_EQ(folder.ErrorText(), folder_.path() + u": Is a directory"_s);
+  EXPECT_EQ(folder.ErrorText(), folder_.path() + u": "_s + qt_error_string(EISDIR));
   LogFile nowhere(folder_.filePath(u"no/log"_s));
   EXPECT_FALSE(nowhere.Check());
-  EXPECT_EQ(nowhere.ErrorText(), folder_.filePath(u"no/log: No such file or directory"_s));
+  EXPECT_EQ(nowhere.ErrorText(), folder_.filePath(u"no/log: "_s) + qt_error_string(ENOENT));
   ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
   LogFile pipe(Path());
   EXPECT_FALSE(pipe.Check());

@@ -1,4 +1,8 @@
 // The log, written by one process, by one that is killed, and by several at once.
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>

@@ -133,6 +133,18 @@ TEST(BrivonctlJson, AReaderThatLeavesDoesNotKeepThePanelsFromTheirPage) {
   EXPECT_EQ(site.Frames(1), Site::PageFrames(1));
 }
 
+TEST(BrivonctlJson, WithoutStandardStreamsThePanelsGetTheirPageAllTheSame) {
+  Site site(1);
+  QProcess shell;
+  shell.start(u"sh"_s, {u"-c"_s,
+                        u"exec \"$0\" send page \"$1\" --page 7 --to 1 --json --folder \"$2\" "
+                        "<&- >&- 2>&-"_s,
+                        QStringLiteral(BRIVONCTL), site.Page(), site.Folder().Path({})});
+  ASSERT_TRUE(WaitUntil([&] { return shell.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(shell.exitCode(), 0);
+  EXPECT_EQ(site.Frames(1), Site::PageFrames(1));
+}
+
 TEST(BrivonctlJson, TheDelayPeriodOfTheCommandLineIsTheOneThatCounts) {
   Site site(1);
   ProgramRun run;

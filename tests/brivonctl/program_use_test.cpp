@@ -159,6 +159,33 @@ TEST(BrivonctlUse, HelpAndVersionGoToStandardOutput) {
   EXPECT_EQ(help.errors, "");
 }
 
+TEST(BrivonctlUse, TheCompletionCompletesSubcommandsAndOptionsInBash) {
+  const auto completed = [](const QString& words, int current) {
+    QProcess bash;
+    bash.start(u"bash"_s, {u"-c"_s,
+                           u"source <(\"$0\" --print-completion); COMP_WORDS=(%1); COMP_CWORD=%2; "
+                           "_brivonctl; echo \"${COMPREPLY[@]}\""_s.arg(words)
+                               .arg(current),
+                           QStringLiteral(BRIVONCTL)});
+    EXPECT_TRUE(bash.waitForFinished());
+    EXPECT_EQ(bash.readAllStandardError(), "");
+    return bash.readAllStandardOutput().trimmed();
+  };
+  EXPECT_EQ(completed(u"brivonctl sen"_s, 1), "send");
+  EXPECT_EQ(completed(u"brivonctl send ''"_s, 2), "page schedule scrolling --help");
+  EXPECT_EQ(completed(u"brivonctl send page a.msg --pa"_s, 4), "--page");
+  EXPECT_EQ(completed(u"brivonctl send schedule --le"_s, 3), "--letter");
+  EXPECT_EQ(completed(u"brivonctl poll --to list --js"_s, 4), "--json");
+}
+
+TEST(BrivonctlUse, TheManualPageIsOneOfMan) {
+  ProgramRun run;
+  EXPECT_EQ(run.To("--print-manual-page").status, 0);
+  EXPECT_TRUE(run.output.startsWith(".TH BRIVONCTL 1 "));
+  EXPECT_TRUE(run.output.contains(".SS delete\\-all "));
+  EXPECT_TRUE(run.output.contains("Exit status: 0 all done"));
+}
+
 TEST(BrivonctlUse, ADryRunPrintsEveryFrameAndSendsNothing) {
   Site site(2);
   ProgramRun run;
