@@ -84,7 +84,7 @@ void SchedulePreview::ShowSelected() {
 
 void SchedulePreview::ShowPage(std::optional<Entrance> entrance) {
   if (!schedule_.Holds(position_)) {
-    pane_.SetName(TranslateText(u"Preview of a page"_s));
+    pane_.SetName(TranslateText(u"Preview on a panel"_s));
     ShowPicture({}, std::nullopt);
     return;
   }

@@ -40,7 +40,7 @@ TEST_F(SchedulePreviewTest, ItSaysWhichStepItShowsAndWhatThePageReads) {
   Click(3);
   EXPECT_EQ(Name(Picture()), "Step 3: 3.msg");
   Click(4);  // "End"
-  EXPECT_EQ(Name(Picture()), "Preview of a page");
+  EXPECT_EQ(Name(Picture()), "Preview on a panel");
   EXPECT_EQ(Picture()->accessibleDescription(), QString());
   EXPECT_EQ(PanelDots::DotsOf(Picture()->Picture(), 0), PanelDots::DotMatrix(80, 16)) << "dark";
 }
