@@ -54,6 +54,8 @@ constexpr CaptionRow kFrmShiftMsg[] = {
     {CaptionKind::kList, "frmShiftMsg.ComboColor.List(", "ComboColor", 16},
     {CaptionKind::kList, "frmShiftMsg.ComboSize.List(", "ComboSize", 4},
     {CaptionKind::kToolTip, "frmShiftMsg.lblPosition.ToolTip", "lblPosition"},
+    {CaptionKind::kControl, "frmShiftMsg.butPlay", "butPlay"},
+    {CaptionKind::kControl, "frmShiftMsg.lblColumns", "lblColumns"},
 };
 
 constexpr CaptionRow kFrmSendShift[] = {

@@ -251,8 +251,8 @@ constexpr FurtherText kTexts[] = {
     // Names that a screen reader speaks
     {"txtDate", "Date", "what stands for the date in a page, for screen readers"},
     {"txtTime", "Time", "what stands for the time in a page, for screen readers"},
-    {"txtPagePreview", "Preview of a page",
-     "schedule, the panel beside the table, for screen readers"},
+    {"txtPanelPreview", "Preview on a panel",
+     "the panel in the editors of schedules and scrolling messages, for screen readers"},
     {"txtPreviewStep", "Step %1: %2",
      "schedule, the panel beside the table, for screen readers; %1 is the row, %2 the file"},
     {"txtMessageRow", "Message", "the row of a scrolling message, for screen readers"},

@@ -53,6 +53,7 @@ SchedulePane::SchedulePane(QSplitter* splitter)
   bold.setBold(true);
   play_->setFont(bold);
   scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setFocusPolicy(Qt::NoFocus);
   scroll_->setWidgetResizable(true);
   scroll_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setWidget(picture_);
@@ -85,6 +86,12 @@ void SchedulePane::SetShape(const PanelDots::PanelShape& shape) {
   shape_ = shape;
   TakeRoom();
   Arrange();
+}
+
+void SchedulePane::SetName(const QString& name) {
+  picture_->setAccessibleName(name);
+  scroll_->setAccessibleName(name);
+  note_->setAccessibleDescription(name);
 }
 
 void SchedulePane::ShowNote(const QString& note) {

@@ -25,6 +25,9 @@ class SchedulePane : public QWidget {
   /// A panel of this shape is to have room; one of no dots is not shown.
   void SetShape(const PanelDots::PanelShape& shape);
 
+  /// Says to a screen reader what is shown, the panel or the note in its place.
+  void SetName(const QString& name);
+
   /// Shows `note` in the panel's place; an empty one gives it back.
   void ShowNote(const QString& note);
   bool HasNote() const { return !note_->text().isEmpty(); }

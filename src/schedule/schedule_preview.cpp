@@ -71,7 +71,9 @@ void SchedulePreview::TakePage(const QString& path, const SchedulePage& page) {
   const auto known = pages_.constFind(path);
   if (known != pages_.constEnd() && *known == page) return;
   pages_.insert(path, page);
-  if (path == table_.PathAt(position_)) ShowPage(pane_.Picture()->Picture().entrance);
+  if (path != table_.PathAt(position_)) return;
+  // What is on its way in goes on; in place of a note the page is there at once.
+  ShowPage(pane_.HasNote() ? std::nullopt : pane_.Picture()->Picture().entrance);
 }
 
 void SchedulePreview::ShowSelected() {
@@ -82,20 +84,20 @@ void SchedulePreview::ShowSelected() {
 
 void SchedulePreview::ShowPage(std::optional<Entrance> entrance) {
   if (!schedule_.Holds(position_)) {
-    pane_.Picture()->setAccessibleName(TranslateText(u"Preview of a page"_s));
+    pane_.SetName(TranslateText(u"Preview on a panel"_s));
     ShowPicture({}, std::nullopt);
     return;
   }
   const QString path = Brivon1::FieldPath(schedule_.Sequences()[position_ - 1].path);
   const QString name = QFileInfo(path).fileName();
-  pane_.Picture()->setAccessibleName(TranslateText(u"Step %1: %2"_s).arg(position_).arg(name));
+  pane_.SetName(TranslateText(u"Step %1: %2"_s).arg(position_).arg(name));
   const auto page = pages_.constFind(table_.PathAt(position_));
   if (path.isEmpty()) {
     pane_.ShowNote(TranslateMessage(Brivon1::MissingPage().refusal));
   } else if (page == pages_.constEnd()) {
     pane_.ShowNote(TranslateText(u"Reading %1"_s).arg(name));
   } else if (!page->refusal.isEmpty()) {
-    pane_.ShowNote(TranslateMessage(page->refusal) + u": "_s + name);
+    pane_.ShowNote(TranslateMessage(page->refusal));
   } else {
     ShowPicture(page->rows, std::move(entrance));
   }

@@ -31,7 +31,7 @@ using ModuleLanguage::TranslateText;
 
 }  // namespace
 
-frmShiftMsg::frmShiftMsg(QWidget* parent)
+frmShiftMsg::frmShiftMsg(QWidget* parent, ScrollingPreview::TimeSource now)
     : QDialog(parent), ui_(std::make_unique<Ui::frmShiftMsg>()), timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
@@ -41,6 +41,7 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
   setTabOrder(ui_->chkBlink, surface_);
+  ui_->panePreview->Build(message_.Row(), std::move(now));
   file_ = new EditedFile(
       this, {ui_->lblFileName, ui_->lblNotSaved}, message_.Modified(),
       {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
@@ -159,6 +160,7 @@ void frmShiftMsg::TypeText(const QString& text) {
 void frmShiftMsg::ShowEdit() {
   surface_->RedrawRow({message_.FirstVisible(), ScrollingMessage::kSpan});
   const QString position = TranslateText(message_.IsFull() ? u"%1 of %2 (full)"_s : u"%1 of %2"_s);
+  ui_->panePreview->Rest();
   ui_->lblPosition->setText(position.arg(message_.Row().Cursor()).arg(message_.Row().Length()));
   timers_->ShowCursor();
   ShowStatus();

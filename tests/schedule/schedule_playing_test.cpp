@@ -212,15 +212,27 @@ TEST_F(SchedulePlayingTest, AStepWithoutAPageIsANoteForItsTime) {
   OpenSteps({{"1.msg", 1, "Flip"}, {"gone.msg", 3, "Flip"}});
   ASSERT_TRUE(WaitUntil([this] { return Row() == Text("1"); }));
   Click(2);
-  ASSERT_TRUE(WaitUntil([this] { return Note()->text() == Text("File not found: gone.msg"); }));
+  ASSERT_TRUE(WaitUntil([this] { return Note()->text() == Text("File not found"); }));
   Click(1);
   Play();
   EXPECT_EQ(Note()->text(), QString());
   Pass(1000);
-  EXPECT_EQ(Note()->text(), Text("File not found: gone.msg"));
+  EXPECT_EQ(Note()->text(), Text("File not found"));
   Pass(3000);
   EXPECT_EQ(Note()->text(), QString());
   EXPECT_EQ(Row(), Text("1"));
+}
+
+TEST_F(SchedulePlayingTest, AFileThatIsChangedMeanwhileIsPartOfThePageThatEnters) {
+  OpenThreePages();
+  Click(2);
+  Play();
+  Pass(400);
+  Page("2.msg", "<SA><CB>another");
+  Table()->LookForFiles();
+  ASSERT_TRUE(WaitUntil([this] { return Row() == Text("another"); }));
+  EXPECT_TRUE(Picture()->Picture().entrance);
+  EXPECT_TRUE(IsPlaying());
 }
 
 TEST_F(SchedulePlayingTest, WithEndSelectedItBeginsWithTheFirstStep) {
