@@ -13,14 +13,15 @@ cd "$path"
 preset=${1:-release}
 no_display= tests=OFF
 [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || no_display=yes tests=ON
-# With a display the two programs will do; the way that is gone by itself is a test.
+# With a display the programs will do; the way that is gone by itself is a test.
 tools/install_missing.sh ${no_display:+--tests xauth} ${WAYLAND_DISPLAY:+qt6-wayland}
-cmake --preset "$preset" -DBRIVON_VIRTUAL_PANEL=ON -DBUILD_TESTING="$tests" >/dev/null
-cmake --build --preset "$preset" --target brivon virtual_panel manual ${no_display:+brivon_journey}
+cmake --preset "$preset" -DBRIVON_VIRTUAL_PANEL=ON -DBRIVON_CTL=ON -DBUILD_TESTING="$tests" >/dev/null
+cmake --build --preset "$preset" --target brivon virtual_panel brivonctl manual ${no_display:+brivon_journey}
 
 built=build/$preset
 mkdir -p "$folder"
-install -m 755 "$built/src/app/brivon" "$built/virtual_panel/virtual_panel" "$folder/"
+install -m 755 "$built/src/app/brivon" "$built/virtual_panel/virtual_panel" \
+  "$built/brivonctl/brivonctl" "$folder/"
 rm -rf "$folder/manual"
 [ ! -d "$built/manual" ] || cp -R "$built/manual" "$folder/manual"
 # What stands in the folder is the operator's: it is laid out once and never overwritten.

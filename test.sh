@@ -9,6 +9,6 @@ cd "$path"
 
 preset=${1:-release}
 tools/install_missing.sh --tests
-cmake --preset "$preset" -DBUILD_TESTING=ON -DBRIVON_VIRTUAL_PANEL=ON >/dev/null
+cmake --preset "$preset" -DBUILD_TESTING=ON -DBRIVON_VIRTUAL_PANEL=ON -DBRIVON_CTL=ON >/dev/null
 cmake --build --preset "$preset"
 QT_QPA_PLATFORM=offscreen ctest --preset "$preset"

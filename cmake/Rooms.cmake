@@ -1,34 +1,37 @@
-# A room is a folder that knows or does one thing. Its files are of three kinds, and each kind is a
+# A room is a folder that knows or does one thing. Its files are of four kinds, and each kind is a
 # library of its own: rules see the toolkit's Core module alone, links also Network and SerialPort,
-# views also Widgets, so that a rule that includes a widget does not compile. Rooms are added from
-# the bottom up, and one rests only on rooms that were added before it.
+# drawings also Gui, views also Widgets, so that a rule that includes a widget does not compile.
+# Rooms are added from the bottom up, and one rests only on rooms that were added before it.
 #
-#   brivon_room(page RULES ... LINKS ... VIEWS ... RESTS_ON row sending ...)
+#   brivon_room(page RULES ... LINKS ... DRAWINGS ... VIEWS ... RESTS_ON row sending ...)
 #
-# makes brivon_page of the rules, brivon_page_links and brivon_page_views. A "frmXxx.cpp" brings its
-# "frmXxx.ui" along. RESTS_ON names every room whose headers this one includes; the test "rooms"
-# holds the includes against it.
+# makes brivon_page of the rules, brivon_page_links, brivon_page_drawings and brivon_page_views. A
+# "frmXxx.cpp" brings its "frmXxx.ui" along. RESTS_ON names every room whose headers this one
+# includes; the test "rooms" holds the includes against it.
 function(brivon_room room)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "RULES;LINKS;VIEWS;RESTS_ON")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "RULES;LINKS;DRAWINGS;VIEWS;RESTS_ON")
   foreach(below IN LISTS arg_RESTS_ON)
     if(NOT TARGET brivon_${below})
       message(FATAL_ERROR "${room} rests on ${below}, which is not below it")
     endif()
     list(APPEND rules brivon_${below})
     list(APPEND links brivon_${below}_links)
+    list(APPEND drawings brivon_${below}_drawings)
     list(APPEND views brivon_${below}_views)
   endforeach()
   brivon_kind(brivon_${room} "${arg_RULES}" Qt6::Core ${rules})
   brivon_kind(brivon_${room}_links "${arg_LINKS}"
     Qt6::Network Qt6::SerialPort brivon_${room} ${links})
+  brivon_kind(brivon_${room}_drawings "${arg_DRAWINGS}"
+    Qt6::Gui brivon_${room}_links ${drawings})
   brivon_kind(brivon_${room}_views "${arg_VIEWS}"
-    Qt6::Widgets brivon_${room}_links ${views})
+    Qt6::Widgets brivon_${room}_drawings ${views})
 
   set_property(GLOBAL APPEND PROPERTY BRIVON_ROOMS ${room})
   string(CONCAT declared
     "set(folder_${room} [[${CMAKE_CURRENT_SOURCE_DIR}]])\nset(below_${room} ${arg_RESTS_ON})\n"
     "set(rule_${room} ${arg_RULES})\nset(link_${room} ${arg_LINKS})\n"
-    "set(view_${room} ${arg_VIEWS})\n")
+    "set(drawing_${room} ${arg_DRAWINGS})\nset(view_${room} ${arg_VIEWS})\n")
   set_property(GLOBAL APPEND_STRING PROPERTY BRIVON_ROOM_TABLE ${declared})
 endfunction()
 

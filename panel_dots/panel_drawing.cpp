@@ -116,8 +116,8 @@ QRectF RowRect(const QSizeF& size, const PanelShape& shape, int row, double pixe
 }
 
 void DrawPanel(QPainter* painter, const QSizeF& size, const PanelPicture& picture, qint64 now_ms) {
-  if (size.isEmpty()) return;
   const PanelShape& shape = picture.shape;
+  if (size.isEmpty() || shape.rows == 0 || shape.columns == 0) return;
   const QTransform& to_device = painter->deviceTransform();
   const double pixels = to_device.m11() > 0 ? to_device.m11() : 1;
   const Placing placing = Place(size, shape, pixels);

@@ -31,6 +31,19 @@ DotMatrix PageDots(const PanelPicture& picture, const RowLook& look, int first_r
   return dots;
 }
 
+// Whether a cell that is shown is of the kind that `is` says.
+template <typename Is>
+bool ShowsCell(const PanelPicture& picture, Is is) {
+  const auto shows = [&](const QList<Cell>& row) {
+    return std::any_of(row.cbegin(), row.cend(), is);
+  };
+  for (auto row = picture.rows.cbegin(); row != picture.rows.cend(); ++row) {
+    if (!picture.scrolling_texts.contains(row.key()) && shows(*row)) return true;
+  }
+  return std::any_of(picture.scrolling_texts.cbegin(), picture.scrolling_texts.cend(),
+                     [&](const ScrollingText& text) { return shows(text.cells); });
+}
+
 // How far an entering page has come, above 0 and below 1; none: nothing is entering. Should the
 // machine's clock have been set back to before the beginning, the page is all there.
 std::optional<double> EntranceProgress(const PanelPicture& picture, qint64 now_ms) {
@@ -69,14 +82,13 @@ DotMatrix DotsOf(const PanelPicture& picture, qint64 now_ms) {
 }
 
 bool HasBlinkingCells(const PanelPicture& picture) {
-  const auto blinks = [](const QList<Cell>& row) {
-    return std::any_of(row.cbegin(), row.cend(), [](const Cell& cell) { return cell.blinking; });
-  };
-  for (auto row = picture.rows.cbegin(); row != picture.rows.cend(); ++row) {
-    if (!picture.scrolling_texts.contains(row.key()) && blinks(*row)) return true;
-  }
-  return std::any_of(picture.scrolling_texts.cbegin(), picture.scrolling_texts.cend(),
-                     [&](const ScrollingText& text) { return blinks(text.cells); });
+  return ShowsCell(picture, [](const Cell& cell) { return cell.blinking; });
+}
+
+bool HasClockCells(const PanelPicture& picture) {
+  return ShowsCell(picture, [](const Cell& cell) {
+    return cell.kind == Cell::Kind::kDate || cell.kind == Cell::Kind::kTime;
+  });
 }
 
 bool IsCut(const PanelPicture& picture, int row) {

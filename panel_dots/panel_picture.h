@@ -65,7 +65,9 @@ struct PanelPicture {
 DotMatrix DotsOf(const PanelPicture& picture, qint64 now_ms, int first_row, int last_row);
 DotMatrix DotsOf(const PanelPicture& picture, qint64 now_ms);
 
+// Whether something of it blinks, or shows the date or the time.
 bool HasBlinkingCells(const PanelPicture& picture);
+bool HasClockCells(const PanelPicture& picture);
 
 // Whether a row of the page has light beyond the panel's last dot column. A text that scrolls is
 // seen whole in the end and is never cut.

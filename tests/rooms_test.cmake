@@ -1,13 +1,13 @@
 # Holds the includes of all rooms against what the rooms declared (`ROOMS`, written by
 # brivon_write_rooms): a file includes its own room and those that the room rests on, rules include
-# rules alone, links rules and links. The compiler sees to the toolkit's headers.
+# rules alone, links rules and links, drawings no views. The compiler sees to the toolkit's headers.
 cmake_minimum_required(VERSION 3.25)
 include(${ROOMS})
 
 # The kind of the file `path` of a room; a header is of the kind of the source beside it.
 function(kind_of room path out)
   string(REGEX REPLACE "\\.h$" ".cpp" source ${path})
-  foreach(kind IN ITEMS rule link view)
+  foreach(kind IN ITEMS rule link drawing view)
     if(path IN_LIST ${kind}_${room} OR source IN_LIST ${kind}_${room})
       set(${out} ${kind} PARENT_SCOPE)
       return()
@@ -18,7 +18,8 @@ endfunction()
 
 set(allowed_rule rule)
 set(allowed_link rule link)
-set(allowed_view rule link view)
+set(allowed_drawing rule link drawing)
+set(allowed_view rule link drawing view)
 set(count 0)
 foreach(room IN LISTS rooms)
   file(GLOB files RELATIVE ${folder_${room}} ${folder_${room}}/*.h ${folder_${room}}/*.cpp)

@@ -7,7 +7,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake ninja-build cmark-gfm
-  qt6-base-dev qt6-serialport-dev qt6-translations-l10n libgl-dev
+  qt6-base-dev qt6-serialport-dev qt6-translations-l10n libgl-dev libcli11-dev
   fonts-dejavu-core fonts-liberation
 )
 if [ "${1:-}" = --tests ]; then

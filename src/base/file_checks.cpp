@@ -19,13 +19,18 @@ constexpr FileKind kScheduleFile{kScheduleHeader, 5};
 constexpr FileKind kScrollingFile{kScrollingHeader, 0};
 
 /// Opens `file` and reads its header; `lines` reads from it and stands behind the header then.
-std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKind& kind) {
-  const QFileInfo info(file);
-  if (!info.isFile() || info.size() < kShortestFile || !file.open(QIODevice::ReadOnly)) {
+std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKind& kind,
+                                    FileFailure& why) {
+  const auto refuse = [&why](FileFault fault, int line = 0) {
+    why = {fault, line, {}};
     return std::nullopt;
-  }
+  };
+  const QFileInfo info(file);
+  if (!info.isFile()) return refuse(FileFault::kNoFile);
+  if (info.size() < kShortestFile) return refuse(FileFault::kTooShort);
+  if (!file.open(QIODevice::ReadOnly)) return refuse(FileFault::kNotReadable);
   const std::optional<QByteArray> header = lines.Next();
-  if (!header || TrimBlanks(*header) != kind.header) return std::nullopt;
+  if (!header || TrimBlanks(*header) != kind.header) return refuse(FileFault::kHeader, 1);
   if (kind.rows_line == 0) return Dimension{};
   for (int line = 2; line < kind.rows_line; ++line) lines.Next();
   const auto next_number = [&] {
@@ -40,13 +45,14 @@ std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKi
 std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
   QFile file(path);
   LineReader lines(file);
-  return ReadHeader(file, lines, kind);
+  FileFailure why;
+  return ReadHeader(file, lines, kind, why);
 }
 
 }  // namespace
 
 MessageFileReader::MessageFileReader(const QString& path)
-    : file_(path), lines_(file_), dimension_(ReadHeader(file_, lines_, kMessageFile)) {}
+    : file_(path), lines_(file_), dimension_(ReadHeader(file_, lines_, kMessageFile, failure_)) {}
 
 std::optional<QByteArray> MessageFileReader::NextRowLine() {
   return dimension_ ? lines_.Next() : std::nullopt;
@@ -62,10 +68,17 @@ std::optional<Dimension> IsScheduleFile(const QString& path) {
 
 bool IsScrollingFile(const QString& path) { return CheckFile(path, kScrollingFile).has_value(); }
 
-std::optional<QByteArray> ScrollingFileText(const QString& path) {
+std::optional<QByteArray> ScrollingFileText(const QString& path, FileFailure* why) {
   QFile file(path);
   LineReader lines(file);
-  return ReadHeader(file, lines, kScrollingFile) ? lines.Next() : std::nullopt;
+  FileFailure failure;
+  std::optional<QByteArray> text;
+  if (ReadHeader(file, lines, kScrollingFile, failure)) {
+    text = lines.Next();
+    if (!text) failure = MissingLine(lines);
+  }
+  if (why != nullptr) *why = failure;
+  return text;
 }
 
 }  // namespace Brivon1

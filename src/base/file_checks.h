@@ -9,6 +9,7 @@
 #include <QString>
 
 #include "base/dimension.h"
+#include "base/file_failure.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -29,7 +30,8 @@ bool IsScrollingFile(const QString& path);
 
 /// The text of a scrolling message file, codes included: its second line. Nothing where `path`
 /// names no such file or where it has no second line.
-std::optional<QByteArray> ScrollingFileText(const QString& path);
+/// `why`, where it is not null, is told why there is none.
+std::optional<QByteArray> ScrollingFileText(const QString& path, FileFailure* why = nullptr);
 
 /// A page message file, opened and read up to its row lines.
 class MessageFileReader {
@@ -42,12 +44,19 @@ class MessageFileReader {
   /// The next row line, or nothing when there is none.
   std::optional<QByteArray> NextRowLine();
 
+  /// The number, from 1, of the line that was read last.
+  int LineNumber() const { return lines_.LineNumber(); }
+
+  /// Why FileDimension() is nothing, or why NextRowLine() gave nothing.
+  FileFailure Failure() const { return dimension_ ? MissingLine(lines_) : failure_; }
+
   /// Whether it was too long a line that ended the row lines.
   bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
 
  private:
   QFile file_;
   LineReader lines_;
+  FileFailure failure_;
   std::optional<Dimension> dimension_;
 };
 

@@ -86,6 +86,7 @@ void KeepOwner([[maybe_unused]] const QString& path, [[maybe_unused]] const QSav
 
 std::optional<QByteArray> LineReader::Next() {
   if (ended_) return std::nullopt;
+  ++line_number_;
   constexpr qint64 kLongestEnd = 2;
   QByteArray line;
   // In portions, because the toolkit would set aside room for the longest line each time.

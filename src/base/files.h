@@ -29,11 +29,16 @@ class LineReader {
   /// kLongestLine bytes, and after a read error.
   std::optional<QByteArray> Next();
 
+  /// The number, from 1, of the line that Next() gave last or of the one that it did not give; 0
+  /// before the first.
+  int LineNumber() const { return line_number_; }
+
   /// Whether it was a line of more than kLongestLine bytes that ended the reading.
   bool IsLineTooLong() const { return is_line_too_long_; }
 
  private:
   QIODevice& device_;
+  int line_number_ = 0;
   bool ended_ = false;
   bool is_line_too_long_ = false;
 };

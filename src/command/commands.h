@@ -18,6 +18,9 @@ enum class PanelCommand { kPolling, kSetClock, kDeleteAll, kDeletePage, kRunPage
 inline constexpr std::array<const char*, 5> kCommandNames = {"Polling", "Set Clock", "Delete All",
                                                              "Delete Page", "Run page"};
 
+/// What is left, in milliseconds, to the last bytes of a command before its line is closed.
+inline constexpr int kLastBytesTime = 300;
+
 /// Whether a command wants a page number.
 bool NeedsPage(PanelCommand command);
 

@@ -18,8 +18,6 @@ using ModuleLanguage::TranslateMessage;
 
 namespace {
 
-constexpr int kLastBytesTime = 300;  // milliseconds for the last bytes to leave the line
-
 MessageBoxStyle CommandStyle(QMessageBox::Icon icon, const QString& title = u"Command"_s) {
   return {icon, TranslateMessage(title), {}};
 }
@@ -99,7 +97,7 @@ void frmCommand::Send() {
   auto line = sending.Open(panel->endpoint, no_status, CommandStyle(QMessageBox::Warning));
   if (!line) return;
   CarryOut(sending, *line, panel->id);
-  Brivon1::WaitTicks(line->timer, kLastBytesTime);
+  Brivon1::WaitTicks(line->timer, Brivon1::kLastBytesTime);
 }
 
 void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {

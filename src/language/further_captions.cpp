@@ -27,6 +27,7 @@ constexpr CaptionRow kFrmSchedule[] = {
     {CaptionKind::kControl, "frmSchedule.Label3", "Label3"},
     {CaptionKind::kName, "frmSchedule.txtHour.Name", "txtHour"},
     {CaptionKind::kName, "frmSchedule.txtMin.Name", "txtMin"},
+    {CaptionKind::kControl, "frmSchedule.butPlay", "butPlay"},
 };
 
 constexpr CaptionRow kFrmConfig[] = {
@@ -53,6 +54,8 @@ constexpr CaptionRow kFrmShiftMsg[] = {
     {CaptionKind::kList, "frmShiftMsg.ComboColor.List(", "ComboColor", 16},
     {CaptionKind::kList, "frmShiftMsg.ComboSize.List(", "ComboSize", 4},
     {CaptionKind::kToolTip, "frmShiftMsg.lblPosition.ToolTip", "lblPosition"},
+    {CaptionKind::kControl, "frmShiftMsg.butPlay", "butPlay"},
+    {CaptionKind::kControl, "frmShiftMsg.lblColumns", "lblColumns"},
 };
 
 constexpr CaptionRow kFrmSendShift[] = {

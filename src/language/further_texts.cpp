@@ -129,6 +129,13 @@ constexpr FurtherText kTexts[] = {
      "windows that send, no link chosen"},
     {"txtSentOver", "Sent over Com %1, %2",
      "sending a scrolling message; %1 is the port, %2 the device"},
+    {"txtNotSaved", "not saved", "the editors, beside the file's name"},
+    // Below the question whether to save
+    {"txtSavedAs", "It will be saved as \"%1\".", "the save question; %1 is the file"},
+    {"txtReplaced", "An older file of this name will be replaced.",
+     "the save question, new work and a NEW.MSG, NEW.SCH or NEW.SRL from before"},
+    {"txtOtherName", "You will be asked for another name: \"%1\" was not opened.",
+     "the save question, after a file that could not be opened; %1 is that file"},
     // Progress
     {"txtProgress", "Progress", "the bar of a window that sends, for screen readers"},
     {"txtStop", "Stop", "windows that send, button"},
@@ -207,7 +214,7 @@ constexpr FurtherText kTexts[] = {
     {"txtChoosePanel", "Choose a panel from the list.", "windows that send, no panel chosen"},
     {"txtSetUpPanel", "Set up a panel: Config in the main window.",
      "windows that send, New; no panel configured"},
-    {"txtEnterAddress", "%1 has no IP address: enter it in Config.",
+    {"txtEnterAddress", "%1 has no usable IP address: enter it in Config.",
      "sending a message over TCP/IP; %1 is the panel"},
     {"txtPageRange", "A page is a number from 1 to 120.", "\"Invalid Page Value!\""},
     {"txtLines", "%1 has the lines 1 to %2.", "sending a scrolling message; %1 is the panel"},
@@ -244,6 +251,10 @@ constexpr FurtherText kTexts[] = {
     // Names that a screen reader speaks
     {"txtDate", "Date", "what stands for the date in a page, for screen readers"},
     {"txtTime", "Time", "what stands for the time in a page, for screen readers"},
+    {"txtPanelPreview", "Preview on a panel",
+     "the panel in the editors of schedules and scrolling messages, for screen readers"},
+    {"txtPreviewStep", "Step %1: %2",
+     "schedule, the panel beside the table, for screen readers; %1 is the row, %2 the file"},
     {"txtMessageRow", "Message", "the row of a scrolling message, for screen readers"},
 };
 

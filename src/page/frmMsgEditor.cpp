@@ -41,7 +41,7 @@ frmMsgEditor::frmMsgEditor(QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmMsgEditor>()), timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
-  file_ = new EditedFile(this, ui_->lblFileName, page_.ModifiedFlag(),
+  file_ = new EditedFile(this, {ui_->lblFileName, ui_->lblNotSaved}, page_.Modified(),
                          {[this](const QString& path) { return WriteFile(path); },
                           [this] { return AskForName(); }, EditedFile::AfterYes::kStillModified});
   ui_->rowArea->Build(page_, *ui_->scrollRows);
@@ -95,7 +95,7 @@ void frmMsgEditor::ConnectButtons() {
           [this] { ui_->rowArea->MoveRows(kShiftPixels); });
   connect(ui_->Command4, &QPushButton::clicked, this,
           [this] { ui_->rowArea->MoveRows(-kShiftPixels); });
-  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs, ui_->butSend});
   LetEnterPressButtons(this);
   AddUndoShortcuts(this, page_, [this] {
     ShowEdits();
@@ -153,7 +153,7 @@ void frmMsgEditor::NewPage() {
   const auto dimension = frmDimension::Ask(this);
   if (!dimension) return;
   page_.Begin(*dimension);
-  file_->SetPath(Brivon1::InProgramFolder(u"NEW.MSG"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.MSG"_s));
   LayOutPage();
 }
 

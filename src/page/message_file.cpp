@@ -20,10 +20,13 @@ constexpr int kFewestSentColumns = 5;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Either size alone makes a page: one of no rows but 80 columns is an empty page.
-bool IsReadable(const Dimension& dimension) {
-  return dimension.rows >= 0 && dimension.columns >= 0 && dimension.rows <= kMaxRows &&
-         (dimension.rows >= kFewestRows || dimension.columns >= kFewestColumns);
+/// What keeps a page of this size from being read. Either size alone makes a page: one of no rows
+/// but 80 columns is an empty page.
+FileFault SizeFault(const Dimension& dimension) {
+  if (dimension.rows < 0 || dimension.rows > kMaxRows) return FileFault::kRows;
+  if (dimension.columns < 0) return FileFault::kColumns;
+  const bool is_page = dimension.rows >= kFewestRows || dimension.columns >= kFewestColumns;
+  return is_page ? FileFault::kNone : FileFault::kRows;
 }
 
 /// A row tag, "<L7>" or "<L07>", at the beginning of `rest`; length 0 where none stands there.
@@ -39,14 +42,15 @@ RowTag ReadRowTag(QByteArrayView rest) {
   return {};
 }
 
-/// Adds the characters of one row line to `row`. False where a tag names another row than `number`.
-bool ReadRowLine(QByteArrayView line, int number, Attributes& attributes, PageRow& row) {
+/// Adds the characters of one row line to `row`, up to a tag that names another row than `number`:
+/// what it gives back begins with that tag, or is empty.
+QByteArrayView ReadRowLine(QByteArrayView line, int number, Attributes& attributes, PageRow& row) {
   while (!line.isEmpty()) {
     const RowTag tag = ReadRowTag(line);
-    if (tag.length > 0 && tag.number != number) return false;
+    if (tag.length > 0 && tag.number != number) break;
     line = line.sliced(tag.length > 0 ? tag.length : ReadCodedText(line, attributes, row));
   }
-  return true;
+  return line;
 }
 
 QString SizeRemedy(const QString& path, Dimension dimension) {
@@ -82,25 +86,39 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page, QString
   return SaveWholeFile(path, content, reason);
 }
 
-std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy) {
+std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy,
+                                          FileFailure* failure) {
   // What is wrong is looked for only where somebody asks.
-  const auto refuse = [&](const auto& why) {
+  const auto refuse = [&](const FileFailure& found, const auto& why) {
+    if (failure != nullptr) *failure = found;
     if (remedy != nullptr) *remedy = why();
     return std::nullopt;
   };
   MessageFileReader file(path);
   const std::optional<Dimension>& dimension = file.FileDimension();
-  if (!dimension) return refuse([&] { return WrongKindRemedy(path, FileSort::kPage); });
-  if (!IsReadable(*dimension)) return refuse([&] { return SizeRemedy(path, *dimension); });
+  if (!dimension) {
+    return refuse(file.Failure(), [&] { return WrongKindRemedy(path, FileSort::kPage); });
+  }
+  const FileFault fault = SizeFault(*dimension);
+  if (fault != FileFault::kNone) {
+    const bool is_rows = fault == FileFault::kRows;
+    const int found = is_rows ? dimension->rows : dimension->columns;
+    return refuse({fault, is_rows ? 2 : 3, QByteArray::number(found)},
+                  [&] { return SizeRemedy(path, *dimension); });
+  }
 
   LoadedPage page{*dimension, {}};
   Attributes attributes;  // carried on from row to row
   for (int number = 1; number <= dimension->rows; ++number) {
     const std::optional<QByteArray> line = file.NextRowLine();
     PageRow& row = page.rows[static_cast<std::size_t>(number - 1)];
-    if (!line) return refuse([&] { return MissingRowRemedy(path, file, number); });
-    if (!ReadRowLine(*line, number, attributes, row)) {
-      return refuse([&] {
+    if (!line) {
+      return refuse(file.Failure(), [&] { return MissingRowRemedy(path, file, number); });
+    }
+    const QByteArrayView unread = ReadRowLine(*line, number, attributes, row);
+    if (!unread.isEmpty()) {
+      const QByteArray tag = unread.first(ReadRowTag(unread).length).toByteArray();
+      return refuse({FileFault::kRowTag, file.LineNumber(), tag}, [&] {
         return TranslateMessage(u"The line of row %1 in %2 bears the number of another row."_s)
             .arg(QString::number(number), path);
       });

@@ -24,9 +24,7 @@ std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuratio
     return DimensionNotMatched(FileSort::kPage, *dimension, *order.panel);
   }
   if (configuration.Mode() == SendMode::kTcp && !order.panel->endpoint.IsUsable()) {
-    return Refusal{TranslateMessage(u"IP address is null or invaild"_s),
-                   TranslateMessage(u"%1 has no IP address: enter it in Config."_s)
-                       .arg(PanelName(order.panel->id))};
+    return NoAddress(order.panel->id);
   }
   return std::nullopt;
 }

@@ -274,7 +274,8 @@ void RowArea::FollowRow() {
   const int most = TopOf(page_->CurrentRow()) - kTop;
   const int least = std::min(HeightOf(page_->CurrentRow()) - height, most);
   const int end = std::max(0, HeightOf(page_->Rows()) - height);
-  SetTop(std::clamp(std::clamp(top_, least, most), 0, end));
+  const int top = std::clamp(std::clamp(top_, least, most), 0, end);
+  if (top != top_) SetTop(top);
 }
 
 bool RowArea::eventFilter(QObject* object, QEvent* event) {

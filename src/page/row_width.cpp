@@ -2,16 +2,22 @@
 
 #include <algorithm>
 
+#include <QDateTime>
+
+#include "page/row_dots.h"
+#include "store/configuration_store.h"
+
 namespace Brivon1 {
 namespace {
-
-constexpr qsizetype kNormalDots = 6;
-constexpr qsizetype kCompressedDots = 5;
 
 constexpr char kFirstLitGround = 'J';  // "Red On Green", and all "Shadow" colours behind it
 constexpr char kLastLitGround = 'O';
 
-qsizetype DotsOf(char size) { return size == 'B' || size == 'D' ? kCompressedDots : kNormalDots; }
+PageRow BlankOf(char size) {
+  PageRow blank;
+  blank.Append(' ', {size, 'A', kSteady});
+  return blank;
+}
 
 bool IsDarkBlank(const PageRow& row, qsizetype at) {
   const char colour = row.Colour()[at];
@@ -21,14 +27,9 @@ bool IsDarkBlank(const PageRow& row, qsizetype at) {
 }  // namespace
 
 qsizetype DotsOf(const PageRow& row) {
-  qsizetype dots = 0;
-  for (qsizetype at = 0; at < row.Length(); ++at) {
-    dots += DotsOf(row.Size()[at]);
-    const bool is_symbol = row.Text()[at] == '~' && at + 1 < row.Length() &&
-                           row.AttributesAt(at) == row.AttributesAt(at + 1);
-    if (is_symbol) ++at;
-  }
-  return dots;
+  // Every date is of one width, and so is every time of day.
+  const QDateTime any_time(QDate(2000, 1, 1), QTime(0, 0));
+  return DotsOfCharacters(row, row.Length(), {.colour_type = kTri, .clock = any_time});
 }
 
 PageRow CentredRow(const PageRow& row, qsizetype columns, qsizetype places) {
@@ -39,10 +40,11 @@ PageRow CentredRow(const PageRow& row, qsizetype columns, qsizetype places) {
   if (begin == end) return row;
 
   const char size = row.Size()[begin];
+  const qsizetype blank_dots = DotsOf(BlankOf(size));
   const qsizetype free = columns - DotsOf(row.Part(begin, end));
   const qsizetype room = places - (row.Length() - begin);
   // Rounded to the nearest blank.
-  const qsizetype wanted = (free / 2 + DotsOf(size) / 2) / DotsOf(size);
+  const qsizetype wanted = (free / 2 + blank_dots / 2) / blank_dots;
   const qsizetype blanks = std::max<qsizetype>(std::min(wanted, room), 0);
   if (blanks == begin && row.Size().first(begin) == QByteArray(begin, size)) return row;
 

@@ -7,8 +7,7 @@
 
 namespace Brivon1 {
 
-/// The dots that a panel takes for a row: five for a compressed character and six for a normal one.
-/// A symbol is one character there.
+/// The dot columns that a panel takes for a row, be they more than it has.
 qsizetype DotsOf(const PageRow& row);
 
 /// The row with blanks in front of its characters, so that they stand in the middle of `columns`

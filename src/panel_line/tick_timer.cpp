@@ -49,6 +49,12 @@ void WindowTickTimer::Enable() {
 void WindowTickTimer::Disable() { timer_->stop(); }
 
 bool WindowTickTimer::WaitForEvent() {
+  // Reading may have woken it already. Of a line whose input never ends it does so each time, and
+  // would keep the ticks away.
+  if (waiter_.IsWoken()) {
+    ProcessEvents();
+    return waiter_.Wait(-1);
+  }
   const bool goes_on = waiter_.Wait(-1);
   since_events_.start();
   return goes_on;

@@ -21,6 +21,9 @@ class EventWaiter {
   /// Ends the wait in progress; without one, the next wait returns at once.
   void Wake();
 
+  /// Whether the next wait returns at once, without handling events.
+  bool IsWoken() const { return woken_; }
+
  private:
   QEventLoop* current_loop_ = nullptr;
   bool woken_ = false;

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include "base/modified_flag.h"
 #include "row/edit_history.h"
 #include "row/page_row.h"
 #include "row/row_editing.h"
@@ -68,11 +69,11 @@ class EditedMessage {
   bool CanUndo() const { return history_.CanUndo(); }
   bool CanRedo() const { return history_.CanRedo(); }
 
-  bool IsModified() const { return modified_; }
+  bool IsModified() const { return static_cast<bool>(modified_); }
   void SetModified(bool modified) { modified_ = modified; }
 
   /// The flag itself, for whoever saves the message.
-  bool& ModifiedFlag() { return modified_; }
+  ModifiedFlag& Modified() { return modified_; }
 
  protected:
   /// Remembers row `number` as it was `before`, if it is another one `now`. Says whether it is.
@@ -114,7 +115,7 @@ class EditedMessage {
 
   Attributes attributes_;
   EditHistory history_;
-  bool modified_ = false;
+  ModifiedFlag modified_;
 };
 
 }  // namespace Brivon1

@@ -1,8 +1,10 @@
 #include "schedule/frmSchedule.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QEvent>
+#include <QScreen>
 #include <QValidator>
 
 #include "base/code_page.h"
@@ -67,20 +69,24 @@ QString MessageFileFilter() { return TranslateMessage(u"Message File"_s) + u"(*.
 
 }  // namespace
 
-frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_there)
+frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_there,
+                         SchedulePreview::TimeSource now)
     : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
+  resize(size().boundedTo(screen()->availableSize()));
   file_ = new EditedFile(
-      this, ui_->lblfilename, modified_,
-      {[this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
-       [this] { return CheckNotEmpty(kEmpty) ? AskForName() : QString(); }});
+      this, {ui_->lblfilename, ui_->lblNotSaved}, modified_,
+      {.write = [this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
+       .ask_for_name = [this] { return CheckNotEmpty(kEmpty) ? AskForName() : QString(); },
+       .is_complete = [this] { return schedule_.Count() > 0; }});
   FillWeekdays(Brivon1::kWeekdays);
   ConnectButtons();
   ConnectTimeSlot();
   ConnectTable();
   ui_->GridSeqTable->LookBy(is_there);
-  ui_->GridSeqTable->ShowSequences(schedule_, 1);
+  preview_ = new SchedulePreview(ui_->GridSeqTable, ui_->panePreview, std::move(now), this);
+  ShowSequences(1);
   UpdateButtons();
   ui_->butNew->setFocus();
   LoadCaptions(this);
@@ -106,7 +112,7 @@ void frmSchedule::ConnectButtons() {
   connect(ui_->butInsert, &QPushButton::clicked, this, &frmSchedule::InsertSequence);
   connect(ui_->butDelete, &QPushButton::clicked, this, &frmSchedule::DeleteSequence);
   connect(ui_->butClear, &QPushButton::clicked, this, &frmSchedule::ClearSequences);
-  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs, ui_->butSend});
   LetEnterPressButtons(this);
 }
 
@@ -155,7 +161,8 @@ void frmSchedule::NewSchedule() {
   schedule_ = {};
   schedule_.dimension = *dimension;
   FillWeekdays(Brivon1::kWeekdaysOfNewSchedule);
-  ShowSchedule(Brivon1::InProgramFolder(u"NEW.SCH"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SCH"_s));
+  ShowSchedule();
   ui_->butAdd->setFocus();
 }
 
@@ -171,19 +178,19 @@ void frmSchedule::OpenFile() {
     return;
   }
   schedule_ = *std::move(loaded);
-  ShowSchedule(path);
+  file_->SetPath(path);
+  ShowSchedule();
   ui_->GridSeqTable->setFocus();
 }
 
-void frmSchedule::ShowSchedule(const QString& path) {
+void frmSchedule::ShowSchedule() {
   const CodePage& code_page = CodePage::System();
-  file_->SetPath(path);
   ui_->lblRow->setText(QString::number(schedule_.dimension.rows));
   ui_->lblCol->setText(QString::number(schedule_.dimension.columns));
   ui_->comboWeek->setCurrentIndex(schedule_.weekday);
   ui_->txtHour->setText(code_page.ToText(schedule_.hour));
   ui_->txtMin->setText(code_page.ToText(schedule_.minute));
-  ui_->GridSeqTable->ShowSequences(schedule_, 1);
+  ShowSequences(1);
   UpdateButtons();
   modified_ = false;
 }
@@ -222,6 +229,7 @@ void frmSchedule::OpenSendDialog() {
 }
 
 void frmSchedule::reject() {
+  preview_->Stop();
   if (MayLeave()) QDialog::reject();
 }
 
@@ -322,8 +330,13 @@ void frmSchedule::ClearSequences() {
   ShowEdit(1);
 }
 
-void frmSchedule::ShowEdit(int position) {
+void frmSchedule::ShowSequences(int position) {
   ui_->GridSeqTable->ShowSequences(schedule_, position);
+  preview_->Show(schedule_);
+}
+
+void frmSchedule::ShowEdit(int position) {
+  ShowSequences(position);
   SetModified();
   UpdateButtons();
 }

@@ -7,10 +7,12 @@
 
 #include <QDialog>
 
+#include "base/modified_flag.h"
 #include "language/display_feature.h"
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
 #include "schedule/schedule_file.h"
+#include "schedule/schedule_preview.h"
 #include "schedule/weekdays.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
@@ -23,9 +25,12 @@ class frmSchedule : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
-  /// `is_there` looks for the message files that the table names, beside the window.
-  explicit frmSchedule(QWidget* parent = nullptr,
-                       const Brivon1::FileLook::IsThere& is_there = &Brivon1::IsMessageFileThere);
+  /// `is_there` looks for the message files that the table names, beside the window. The preview
+  /// has the date and time of `now`, and plays by it.
+  explicit frmSchedule(
+      QWidget* parent = nullptr,
+      const Brivon1::FileLook::IsThere& is_there = &Brivon1::IsMessageFileThere,
+      SchedulePreview::TimeSource now = [] { return QDateTime::currentDateTime(); });
   ~frmSchedule() override;
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
@@ -80,8 +85,11 @@ class frmSchedule : public QDialog, public UnsavedWork {
   bool AskProperties(Brivon1::Sequence& sequence, const Brivon1::FeatureNames& features,
                      const QString& preselected);
 
-  /// Shows schedule_ and the name of its file as the work to go on with; nothing is modified.
-  void ShowSchedule(const QString& path);
+  /// Shows schedule_ as the work to go on with; nothing is modified.
+  void ShowSchedule();
+
+  /// Shows the sequences of schedule_ with the one at `position` selected.
+  void ShowSequences(int position);
 
   /// Shows an edit of the sequences.
   void ShowEdit(int position);
@@ -92,7 +100,8 @@ class frmSchedule : public QDialog, public UnsavedWork {
 
   std::unique_ptr<Ui::frmSchedule> ui_;
   EditedFile* file_;
+  SchedulePreview* preview_;
   Brivon1::Schedule schedule_;
-  bool modified_ = false;
+  Brivon1::ModifiedFlag modified_;
   qint16 delay_ = 1;  // seconds, at which a new sequence's dialog starts: those given last
 };

@@ -83,10 +83,12 @@ QString PathRemedy(const QString& path) {
 
 }  // namespace
 
-std::optional<Schedule> LoadScheduleFile(const QString& path, QString* remedy) {
+std::optional<Schedule> LoadScheduleFile(const QString& path, QString* remedy,
+                                         FileFailure* failure) {
   ScheduleReader file(path);
   const std::optional<ScheduleHead>& head = file.Head();
   const auto refuse = [&](int sequence) {
+    if (failure != nullptr) *failure = file.Failure();
     if (remedy != nullptr) *remedy = ReadingRemedy(path, file, sequence);
     return std::nullopt;
   };

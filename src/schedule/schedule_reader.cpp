@@ -10,15 +10,20 @@ ScheduleReader::ScheduleReader(const QString& path)
     : file_(path), lines_(file_), head_(ReadHead()) {}
 
 std::optional<ScheduleHead> ScheduleReader::ReadHead() {
-  if (!FileExists(file_.fileName()) || !file_.open(QIODevice::ReadOnly)) return std::nullopt;
+  if (!FileExists(file_.fileName())) return Refuse({FileFault::kNoFile, 0, {}});
+  if (!file_.open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
   const std::optional<QByteArray> header = lines_.Next();
-  if (!header || TrimBlanks(*header) != kScheduleHeader) return std::nullopt;
+  if (!header || TrimBlanks(*header) != kScheduleHeader) {
+    return Refuse({FileFault::kHeader, 1, {}});
+  }
 
   const auto expect = [this](bool is_right, const char* name) {
     if (!is_right && wrong_line_ == nullptr) wrong_line_ = name;
   };
+  bool is_complete = true;
   const auto next_value = [&](const char* name) {
     const std::optional<QByteArray> line = lines_.Next();
+    is_complete = is_complete && line.has_value();
     expect(line.has_value(), name);
     return line ? ValueAfterEquals(*line) : QByteArray();
   };
@@ -33,8 +38,24 @@ std::optional<ScheduleHead> ScheduleReader::ReadHead() {
   expect(head.dimension.columns != 0, "Col =");
   head.sequences = LeadingNumber16(next_value("No of Sequence ="));
   expect(head.sequences >= 1 && head.sequences <= kMostSequences, "No of Sequence =");
-  if (wrong_line_ != nullptr) return std::nullopt;
+  if (!is_complete) return Refuse(MissingLine(lines_));
+  const auto refuse = [this](FileFault fault, int line, int found) {
+    return Refuse({fault, line, QByteArray::number(found)});
+  };
+  if (head.weekday < 0 || head.weekday > kLastWeekday) {
+    return refuse(FileFault::kWeekday, 2, head.weekday);
+  }
+  if (head.dimension.rows == 0) return refuse(FileFault::kRows, 5, 0);
+  if (head.dimension.columns == 0) return refuse(FileFault::kColumns, 6, 0);
+  if (head.sequences < 1 || head.sequences > kMostSequences) {
+    return refuse(FileFault::kSequences, 7, head.sequences);
+  }
   return head;
+}
+
+std::nullopt_t ScheduleReader::Refuse(const FileFailure& failure) {
+  failure_ = failure;
+  return std::nullopt;
 }
 
 std::optional<SequenceDetails> ScheduleReader::NextDetails() {

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "base/dimension.h"
+#include "base/file_failure.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -35,6 +36,12 @@ class ScheduleReader {
   /// to 7, no sequences or more than 32, rows or columns of 0, or a file that ends before that.
   const std::optional<ScheduleHead>& Head() const { return head_; }
 
+  /// Why Head() is nothing, or why the line was not there that was asked for last.
+  FileFailure Failure() const { return head_ ? MissingLine(lines_) : failure_; }
+
+  /// The number, from 1, of the line that was read last.
+  int LineNumber() const { return lines_.LineNumber(); }
+
   /// The name of the first line above the sequences that is missing or out of its range; null where
   /// Head() has something and where the file does not begin as a schedule.
   const char* WrongLine() const { return wrong_line_; }
@@ -50,9 +57,11 @@ class ScheduleReader {
 
  private:
   std::optional<ScheduleHead> ReadHead();
+  std::nullopt_t Refuse(const FileFailure& failure);
 
   QFile file_;
   LineReader lines_;
+  FileFailure failure_;
   const char* wrong_line_ = nullptr;
   std::optional<ScheduleHead> head_;
 };

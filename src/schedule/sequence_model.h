@@ -25,6 +25,9 @@ class SequenceModel : public QAbstractTableModel {
   /// Shows these sequences. Rows come and go above "End", so that a view keeps its place.
   void Show(const QList<Brivon1::Sequence>& sequences);
 
+  /// The full path of the message file in `row`, from 0; empty where it names none.
+  QString PathIn(int row) const;
+
   /// The full paths of the message files, each once.
   QStringList Paths() const;
 
@@ -43,7 +46,6 @@ class SequenceModel : public QAbstractTableModel {
 
  private:
   QString Text(int row, int column) const;
-  QString PathIn(int row) const;
   bool IsMissing(const QModelIndex& index) const;
 
   const QWidget& table_;

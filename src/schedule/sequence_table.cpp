@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <utility>
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -30,14 +31,35 @@ constexpr int kAllTwips = std::accumulate(kTwips.begin(), kTwips.end(), 0);
 constexpr int kRowsInSight = 10;
 constexpr int kRowMargin = 8;
 
-// Of a path that is too long, the file's name stays in sight.
-class PathDelegate : public QStyledItemDelegate {
+// While a schedule is played, its row looks like the selected one.
+class SequenceDelegate : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  explicit SequenceDelegate(SequenceTable* table) : QStyledItemDelegate(table), table_(*table) {}
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (table_.PlayingPosition() == 0) return;
+    const bool is_playing = index.row() + 1 == table_.PlayingPosition();
+    option->state.setFlag(QStyle::State_Selected, is_playing);
+    option->state.setFlag(QStyle::State_HasFocus, false);
+    // Some styles have painted the selected row's ground already.
+    option->backgroundBrush =
+        option->palette.brush(is_playing ? QPalette::Highlight : QPalette::Base);
+  }
+
+ private:
+  const SequenceTable& table_;
+};
+
+// Of a path that is too long, the file's name stays in sight.
+class PathDelegate : public SequenceDelegate {
+ public:
+  using SequenceDelegate::SequenceDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    SequenceDelegate::initStyleOption(option, index);
     option->textElideMode = Qt::ElideLeft;
   }
 };
@@ -56,7 +78,10 @@ SequenceTable::SequenceTable(QWidget* parent)
     : QTableView(parent),
       model_(new SequenceModel(this)),
       is_there_(&Brivon1::IsMessageFileThere),
-      look_([this](const QString& path, bool is_there) { model_->NoteFile(path, is_there); }) {
+      look_([this](const QString& path, const FoundFile& found) {
+        model_->NoteFile(path, found.is_there);
+        if (found.page) Q_EMIT PageRead(path, *found.page);
+      }) {
   setModel(model_);
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
@@ -65,6 +90,7 @@ SequenceTable::SequenceTable(QWidget* parent)
   setWordWrap(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(ScrollPerItem);
+  setItemDelegate(new SequenceDelegate(this));
   setItemDelegateForColumn(Column::kFile, new PathDelegate(this));
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setMinimumSectionSize(1);
@@ -129,6 +155,7 @@ int SequenceTable::SelectedPosition() const {
 }
 
 void SequenceTable::ShowSequences(const Brivon1::Schedule& schedule, int position) {
+  dimension_ = schedule.dimension;
   model_->Show(schedule.Sequences());
   LookForFiles();
   setCurrentIndex(model_->index(position - 1, Column::kFile));
@@ -138,7 +165,31 @@ void SequenceTable::ShowSequences(const Brivon1::Schedule& schedule, int positio
   scrollTo(model_->index(position - 1, Column::kNumber));
 }
 
-void SequenceTable::LookForFiles() { look_.Begin(model_->Paths(), is_there_); }
+void SequenceTable::LookForFiles() {
+  const auto look = [is_there = is_there_, reads = reads_pages_,
+                     dimension = dimension_](const QString& path) -> FoundFile {
+    if (!is_there(path)) return {false, Brivon1::MissingPage()};
+    if (!reads) return {true, std::nullopt};
+    return {true, Brivon1::ReadSchedulePage(path, dimension)};
+  };
+  look_.Begin(model_->Paths(), look);
+}
+
+void SequenceTable::ReadPages(bool reads) {
+  if (reads == std::exchange(reads_pages_, reads) || !reads) return;
+  LookForFiles();
+}
+
+QString SequenceTable::PathAt(int position) const {
+  const bool is_sequence = position >= 1 && position < model_->rowCount();
+  return is_sequence ? model_->PathIn(position - 1) : QString();
+}
+
+void SequenceTable::ShowPlaying(int position) {
+  if (position == std::exchange(playing_, position)) return;
+  viewport()->update();
+  scrollTo(position == 0 ? currentIndex() : model_->index(position - 1, Column::kFile));
+}
 
 void SequenceTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);

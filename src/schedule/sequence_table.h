@@ -2,10 +2,13 @@
 // and double clicks that change one, and the look for the message files on the disk.
 #pragma once
 
+#include <optional>
+
 #include <QTableView>
 
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
+#include "schedule/schedule_page.h"
 
 class SequenceModel;
 
@@ -32,7 +35,21 @@ class SequenceTable : public QTableView {
   /// drive that does not answer keeps nobody waiting.
   void LookForFiles();
 
+  /// Whether a look reads the files' pages too; if so from now on, it begins one.
+  void ReadPages(bool reads);
+
+  /// The full path of the message file at `position`; empty where it names none.
+  QString PathAt(int position) const;
+
+  /// Makes the row at `position` look like the selected one, in its place, while a schedule is
+  /// played; with 0 the selected one looks so again.
+  void ShowPlaying(int position);
+  int PlayingPosition() const { return playing_; }
+
  Q_SIGNALS:
+  /// A look has read the message file at `path`, one of PathAt().
+  void PageRead(const QString& path, const Brivon1::SchedulePage& page);
+
   /// The operator wants to choose another message file for the sequence at `position`, or to set
   /// its delay and feature; by double click or by key. `position` may also be that of "End", or 0.
   void FileWanted(int position);
@@ -50,9 +67,18 @@ class SequenceTable : public QTableView {
   bool viewportEvent(QEvent* event) override;
 
  private:
+  /// What a look finds at a path.
+  struct FoundFile {
+    bool is_there;
+    std::optional<Brivon1::SchedulePage> page;  // nothing where none was to be read
+  };
+
   bool PressKey(int key);
 
   SequenceModel* model_;
+  Brivon1::Dimension dimension_;  // of the schedule
   Brivon1::FileLook::IsThere is_there_;
-  Brivon1::FileLook look_;
+  bool reads_pages_ = false;
+  int playing_ = 0;
+  Brivon1::PathLook<FoundFile> look_;
 };

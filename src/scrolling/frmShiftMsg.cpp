@@ -31,7 +31,7 @@ using ModuleLanguage::TranslateText;
 
 }  // namespace
 
-frmShiftMsg::frmShiftMsg(QWidget* parent)
+frmShiftMsg::frmShiftMsg(QWidget* parent, ScrollingPreview::TimeSource now)
     : QDialog(parent), ui_(std::make_unique<Ui::frmShiftMsg>()), timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
@@ -41,12 +41,13 @@ frmShiftMsg::frmShiftMsg(QWidget* parent)
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
   setTabOrder(ui_->chkBlink, surface_);
+  ui_->panePreview->Build(message_.Row(), std::move(now));
   file_ = new EditedFile(
-      this, ui_->lblFileName, message_.ModifiedFlag(),
+      this, {ui_->lblFileName, ui_->lblNotSaved}, message_.Modified(),
       {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
   ConnectButtons();
   ConnectMessage();
-  file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   LoadCaptions(this);
   surface_->SetWords(WordsOf({ui_->ComboColor, ui_->ComboSize, ui_->chkBlink}));
   ResumeTyping();
@@ -61,7 +62,7 @@ void frmShiftMsg::ConnectButtons() {
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmShiftMsg::OpenSendDialog);
   connect(ui_->butExit, &QPushButton::clicked, this, &frmShiftMsg::reject);
-  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs});
+  AddFileShortcuts({ui_->butNew, ui_->butOpen, ui_->butSave, ui_->butSaveAs, ui_->butSend});
   LetEnterPressButtons(this);
 }
 
@@ -100,7 +101,7 @@ void frmShiftMsg::ConnectMessage() {
 void frmShiftMsg::NewMessage() {
   if (!MayLeave()) return;
   message_.Begin();
-  file_->SetPath(Brivon1::InProgramFolder(u"NEW.SRL"_s));
+  file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SRL"_s));
   ResumeTyping();
 }
 
@@ -159,6 +160,7 @@ void frmShiftMsg::TypeText(const QString& text) {
 void frmShiftMsg::ShowEdit() {
   surface_->RedrawRow({message_.FirstVisible(), ScrollingMessage::kSpan});
   const QString position = TranslateText(message_.IsFull() ? u"%1 of %2 (full)"_s : u"%1 of %2"_s);
+  ui_->panePreview->Rest();
   ui_->lblPosition->setText(position.arg(message_.Row().Cursor()).arg(message_.Row().Length()));
   timers_->ShowCursor();
   ShowStatus();

@@ -10,6 +10,7 @@
 #include "row/row_commands.h"
 #include "row/row_surface.h"
 #include "scrolling/scrolling_message.h"
+#include "scrolling/scrolling_preview.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
@@ -21,7 +22,10 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
-  explicit frmShiftMsg(QWidget* parent = nullptr);
+  /// The preview has the date and time of `now`, and runs by it.
+  explicit frmShiftMsg(
+      QWidget* parent = nullptr,
+      ScrollingPreview::TimeSource now = [] { return QDateTime::currentDateTime(); });
   ~frmShiftMsg() override;
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.

@@ -30,8 +30,8 @@ QString ScrollingFileRemedy(const QString& path) {
   return TranslateMessage(u"%1 ends after its first line."_s).arg(path);
 }
 
-std::optional<PageRow> ReadScrollingMessage(const QString& path) {
-  const std::optional<QByteArray> text = ScrollingFileText(path);
+std::optional<PageRow> ReadScrollingMessage(const QString& path, FileFailure* why) {
+  const std::optional<QByteArray> text = ScrollingFileText(path, why);
   if (!text) return std::nullopt;
   PageRow message(PageRow::kEveryColumn);
   Attributes attributes;

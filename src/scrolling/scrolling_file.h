@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include "base/file_failure.h"
 #include "base/files.h"
 #include "row/page_row.h"
 
@@ -20,7 +21,8 @@ QString ScrollingFileRemedy(const QString& path);
 
 /// Reads a message, or gives nothing where the file is none: no scrolling message header, or no
 /// second line. The message is read whole, however long; its cursor stands at column 0 and reaches
-/// every other one. What stands before the first code is red, normal and steady.
-std::optional<PageRow> ReadScrollingMessage(const QString& path);
+/// every other one. What stands before the first code is red, normal and steady. `why`, where it is
+/// not null, is told why there is none.
+std::optional<PageRow> ReadScrollingMessage(const QString& path, FileFailure* why = nullptr);
 
 }  // namespace Brivon1

@@ -30,12 +30,16 @@ QByteArray WithoutColourCodes(const QByteArray& text) {
   return result;
 }
 
-QByteArray ScrollingFrame(QByteArray text, int id, int line, qint16 colour_type) {
-  if (colour_type == kMono) text = TrimBlanks(WithoutColourCodes(text));
-  return AckPrefix(id) + "<L" + QByteArray::number(line) + '>' + text + "\r\n";
+QByteArray ScrollingFrame(const QByteArray& text, int id, int line, qint16 colour_type) {
+  return AckPrefix(id) + "<L" + QByteArray::number(line) + '>' +
+         ScrollingPanelText(text, colour_type) + "\r\n";
 }
 
 }  // namespace
+
+QByteArray ScrollingPanelText(const QByteArray& text, qint16 colour_type) {
+  return colour_type == kMono ? TrimBlanks(WithoutColourCodes(text)) : text;
+}
 
 bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_number) {
   const std::optional<QByteArray> text = ScrollingFileText(path);

@@ -33,6 +33,12 @@ Refusal NoPanel(const QString& text, const Configuration& configuration) {
                                       : u"Set up a panel: Config in the main window."_s)};
 }
 
+Refusal NoAddress(int id) {
+  return {
+      TranslateMessage(u"IP address is null or invaild"_s),
+      TranslateMessage(u"%1 has no usable IP address: enter it in Config."_s).arg(PanelName(id))};
+}
+
 Refusal DimensionNotMatched(FileSort sort, Dimension dimension, const PanelListEntry& panel) {
   const QString why =
       TranslateMessage(sort == FileSort::kSchedule ? u"The schedule is %1, %2 is %3."_s

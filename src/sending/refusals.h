@@ -23,6 +23,9 @@ Refusal WrongKind(const QString& path, FileSort wanted, const QString& end = {})
 /// No panel is chosen, for which an order has the English `text`.
 Refusal NoPanel(const QString& text, const Configuration& configuration);
 
+/// That of panel `id`, which has no address and is to be reached over TCP/IP.
+Refusal NoAddress(int id);
+
 /// A file of kind `sort`, made for `dimension`, that does not fit the panel.
 Refusal DimensionNotMatched(FileSort sort, Dimension dimension, const PanelListEntry& panel);
 

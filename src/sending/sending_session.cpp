@@ -35,8 +35,9 @@ SendingSession::SendingSession(QDialog* window, QList<QWidget*> locked_controls,
   ShowNote(Brivon1::LinkNote(Brivon1::Store()));
   if (auto* send = window->findChild<QPushButton*>(u"butSend"_s)) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-      connect(new QShortcut(Qt::CTRL | key, window), &QShortcut::activated, send,
-              &QPushButton::click);
+      auto* shortcut = new QShortcut(Qt::CTRL | key, window);
+      shortcut->setAutoRepeat(false);  // the keys that opened the window may still be held
+      connect(shortcut, &QShortcut::activated, send, &QPushButton::click);
     }
   }
 }

@@ -2,23 +2,43 @@
 
 #include <utility>
 
+#include <QFileInfo>
 #include <QLabel>
 
 #include "language/file_remedies.h"
+#include "language/further_texts.h"
 #include "language/module_language.h"
 #include "widgets/message_boxes.h"
 
-EditedFile::EditedFile(QWidget* window, QLabel* label, bool& modified, Editor editor)
+using namespace Qt::StringLiterals;
+
+using ModuleLanguage::TranslateText;
+
+EditedFile::EditedFile(QWidget* window, const Labels& labels, Brivon1::ModifiedFlag& modified,
+                       Editor editor)
     : QObject(window),
       window_(window),
-      label_(label),
+      labels_(labels),
       modified_(modified),
-      editor_(std::move(editor)) {}
+      editor_(std::move(editor)) {
+  labels_.not_saved->setText(TranslateText(u"not saved"_s));
+  QSizePolicy place = labels_.not_saved->sizePolicy();
+  place.setRetainSizeWhenHidden(true);  // nothing moves while one types
+  labels_.not_saved->setSizePolicy(place);
+  ShowNotSaved(IsModified());
+  modified_.Tell([this](bool is_modified) { ShowNotSaved(is_modified); });
+}
 
 void EditedFile::SetPath(const QString& path) {
   path_ = path;
   was_refused_ = false;
-  label_->setText(path);
+  is_new_ = false;
+  labels_.name->setText(path);
+}
+
+void EditedFile::BeginNew(const QString& path) {
+  SetPath(path);
+  is_new_ = true;
 }
 
 void EditedFile::SetRefusedPath(const QString& path) {
@@ -26,12 +46,29 @@ void EditedFile::SetRefusedPath(const QString& path) {
   was_refused_ = true;
 }
 
+void EditedFile::ShowNotSaved(bool not_saved) {
+  labels_.not_saved->setVisible(not_saved);
+  labels_.name->setAccessibleDescription(not_saved ? labels_.not_saved->text() : QString());
+}
+
+QString EditedFile::WhatYesDoes() const {
+  if (was_refused_) {
+    return TranslateText(u"You will be asked for another name: \"%1\" was not opened."_s)
+        .arg(path_);
+  }
+  if (editor_.is_complete && !editor_.is_complete()) return path_;
+  const QString where = TranslateText(u"It will be saved as \"%1\"."_s).arg(path_);
+  if (!is_new_ || !QFileInfo::exists(path_)) return where;
+  return where + u'\n' + TranslateText(u"An older file of this name will be replaced."_s);
+}
+
 bool EditedFile::MayLeave(const Write& write) {
   if (!modified_) return true;
-  switch (AskToSave(window_)) {
+  switch (AskToSave(window_, WhatYesDoes())) {
     case SaveAnswer::kYes:
       if (!WriteUnderShownName(write)) return false;
       if (editor_.after_yes == AfterYes::kSaved) modified_ = false;
+      ShowNotSaved(false);
       return true;
     case SaveAnswer::kNo:
       return true;
@@ -54,7 +91,10 @@ bool EditedFile::SaveAs() {
 }
 
 bool EditedFile::WriteUnderShownName(const Write& write) {
-  return was_refused_ ? WriteUnderNewName(write) : write(path_);
+  if (was_refused_) return WriteUnderNewName(write);
+  if (!write(path_)) return false;
+  is_new_ = false;
+  return true;
 }
 
 bool EditedFile::WriteUnderNewName(const Write& write) {

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "base/files.h"
+#include "base/modified_flag.h"
 
 class QLabel;
 class QWidget;
@@ -27,22 +28,34 @@ class EditedFile : public QObject {
     Write write;
     std::function<QString()> ask_for_name;  ///< Gives an empty name where none was chosen.
     AfterYes after_yes = AfterYes::kSaved;
+
+    /// Whether the work can be written at all; none: it always can.
+    std::function<bool()> is_complete = {};
   };
 
-  /// `label` shows the file's name. `modified` is set by whatever edits the work; saving clears it.
-  /// Both live as long as `window`.
-  EditedFile(QWidget* window, QLabel* label, bool& modified, Editor editor);
+  /// Where the file's name is shown, and beside it that the work is not saved.
+  struct Labels {
+    QLabel* name;
+    QLabel* not_saved;
+  };
+
+  /// `modified` is set by whatever edits the work; saving clears it. It and `labels` live as long
+  /// as `window`.
+  EditedFile(QWidget* window, const Labels& labels, Brivon1::ModifiedFlag& modified, Editor editor);
 
   const QString& Path() const { return path_; }
 
   /// The file that is worked on from now on.
   void SetPath(const QString& path);
 
+  /// The same for new work, whose file is not its own until it is saved.
+  void BeginNew(const QString& path);
+
   /// A file that could not be opened. Its name is shown beside work that is not its own, so that
   /// saving asks for another name.
   void SetRefusedPath(const QString& path);
 
-  bool IsModified() const { return modified_; }
+  bool IsModified() const { return static_cast<bool>(modified_); }
 
   /// Asks about unsaved work, if there is any, and saves it on "Yes". False: whatever was to follow
   /// is not to happen.
@@ -59,15 +72,21 @@ class EditedFile : public QObject {
   bool SaveAs();
 
  private:
+  void ShowNotSaved(bool not_saved);
+
+  /// What "Yes" to the question about unsaved work would do.
+  QString WhatYesDoes() const;
+
   bool WriteUnderShownName(const Write& write);
   bool WriteUnderNewName(const Write& write);
 
   QWidget* window_;
-  QLabel* label_;
-  bool& modified_;
+  Labels labels_;
+  Brivon1::ModifiedFlag& modified_;
   Editor editor_;
   QString path_;
   bool was_refused_ = false;
+  bool is_new_ = false;
 };
 
 /// Shows the message about a save to `path` that failed, with what Brivon1::SaveWholeFile() has

@@ -1,4 +1,4 @@
-// The usual keys of the buttons with which the three editors start, open and save their files.
+// The usual keys of the buttons with which the three editors start, open, save and send their files.
 #pragma once
 
 class QPushButton;
@@ -8,6 +8,7 @@ struct FileButtons {
   QPushButton* open;
   QPushButton* save;
   QPushButton* save_as;
+  QPushButton* send;
 };
 
 /// Binds the keys to the buttons, which stand in their window already; their tool tips show them.

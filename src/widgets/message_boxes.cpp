@@ -86,7 +86,7 @@ void ShowRefusal(QWidget* window, const Brivon1::Refusal& refusal, MessageBoxSty
   ShowMessage(window, refusal.text, style);
 }
 
-SaveAnswer AskToSave(QWidget* window) {
+SaveAnswer AskToSave(QWidget* window, const QString& informative) {
   // A question that is still open gives way: the session may be about to end beneath it.
   for (QMessageBox* open : window->findChildren<QMessageBox*>()) {
     if (open->icon() == QMessageBox::Question) open->reject();
@@ -94,6 +94,7 @@ SaveAnswer AskToSave(QWidget* window) {
   QMessageBox box(QMessageBox::Question, window->windowTitle(),
                   ModuleLanguage::TranslateMessage(u"File not saved. Save it now?"_s),
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, window);
+  box.setInformativeText(informative);
   UsePlainText(box);
   MakeRoomForTitle(box);
   box.setDefaultButton(QMessageBox::Yes);

@@ -26,6 +26,7 @@ void ShowMessageBeside(QWidget* window, const QString& text, const MessageBoxSty
 
 enum class SaveAnswer { kYes, kNo, kCancel };
 
-/// Asks whether unsaved work is to be saved; Escape and the close box mean Cancel, and so does a
-/// second question of the same window for one that is still open.
-SaveAnswer AskToSave(QWidget* window);
+/// Asks whether unsaved work is to be saved, and says in `informative` below what "Yes" does;
+/// Escape and the close box mean Cancel, and so does a second question of the same window for one
+/// that is still open.
+SaveAnswer AskToSave(QWidget* window, const QString& informative = {});

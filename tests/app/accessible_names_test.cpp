@@ -59,6 +59,7 @@ std::vector<Window> AllWindows() {
   all.push_back(Made<frmMsgEditor>(page));
   all.push_back(Made<frmShiftMsg>({{u"ComboColor"_s, u"lblColor"_s},
                                    {u"ComboSize"_s, u"lblSize"_s},
+                                   {u"spinColumns"_s, u"lblColumns"_s},
                                    {u"Picture1"_s, u"'Message'"_s}}));
   all.push_back(Made<frmSchedule>({{u"comboWeek"_s, u"FrameSchTable"_s},
                                    {u"txtHour"_s, u"'Hour'"_s},

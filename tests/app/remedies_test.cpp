@@ -93,7 +93,7 @@ const Message kMessages[] = {
     {kPage, "Dimension not matched!",
      "The page is 12x192, ID001 is 4x96.\nChoose a file and a panel of one size.",
      [](Stage& s) { return SendPage(In(s, "wide.msg"), Stage::Panel()); }},
-    {kPage, "IP address is null or invaild", "ID002 has no IP address: enter it in Config.",
+    {kPage, "IP address is null or invaild", "ID002 has no usable IP address: enter it in Config.",
      [](Stage& s) { return SendPage(In(s, "page.msg"), Stage::Panel(2)); }},
     {kPage, "Fail to initialize communication port!", kNoPort, NoPort},
     {kPage, "Cannot create TCP link!", kNoServer, NoServer},

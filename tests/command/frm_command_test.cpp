@@ -198,6 +198,7 @@ TEST_P(CommandOverLink, APageOutside1To120SendsNothing) {
   const ModalWindowDriver page = EnterPage(u"121"_s);
   command.DoubleClick(3);
   ExpectBox(boxes, u"Invalid Page Value!"_s, QMessageBox::Warning);
+  EXPECT_EQ(boxes.Remedies(), QStringList(u"A page is a number from 1 to 120."_s));
   EXPECT_TRUE(bench_.Frames().isEmpty());
   EXPECT_TRUE(bench_.IsReleased());
 }
@@ -263,6 +264,7 @@ TEST_F(CommandWindowAlone, WithNoConfiguredPanelTheIdListIsEmptyAndSendReportsEm
   const MessageBoxReader boxes;
   command.Click("butSend");
   ExpectBox(boxes, u"Empty ID!"_s, QMessageBox::NoIcon);
+  EXPECT_EQ(boxes.Remedies(), QStringList(u"Set up a panel: Config in the main window."_s));
 }
 
 TEST_F(CommandWindowAlone, HasItsControlsAndTexts) {

@@ -139,6 +139,18 @@ TEST_F(SendMessageChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   EXPECT_EQ(boxes.Texts(), (QStringList{u"Datei fehlt!"_s, u"Invalid ID Selection!"_s,
                                         u"Invalid Page Value!"_s, u"Unlesbar!"_s, u"Passt nicht!"_s,
                                         u"Passt nicht!"_s, u"IP address is null or invaild"_s}));
+  const QString choose = u"\nChoose a file and a panel of one size."_s;
+  EXPECT_EQ(
+      boxes.Remedies(),
+      (QStringList{
+          path +
+              u": No such file or directory\nIt has been moved or renamed, or was not saved yet. "
+              "Save it, or choose another one."_s,
+          u"Choose a panel from the list."_s, u"A page is a number from 1 to 120."_s,
+          path + u" begins with \""_s + QString(40, u'x') + u"\".\nChoose a page (.msg)."_s,
+          u"The page is 4x96, ID002 is 2x96."_s + choose,
+          u"The page is 2x80, ID002 is 2x96."_s + choose,
+          u"ID002 has no usable IP address: enter it in Config."_s}));
   for (const SeenMessageBox& box : boxes.Seen()) {
     EXPECT_EQ(box.title, u"Send Message"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);

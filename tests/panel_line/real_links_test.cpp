@@ -3,6 +3,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTcpServer>
 #include <QTest>
@@ -308,6 +309,20 @@ TEST_F(TcpLinkTest, ASocketThatIsInUseIsClosedByTheNextRequest) {
   EXPECT_TRUE(QTest::qWaitFor([this] {
     return link_.IsConnected() && panel_->state() == QAbstractSocket::UnconnectedState;
   }));
+}
+
+TEST(WindowTickTimer, TicksComeAlsoWhereInputNeverEnds) {
+  EventWaiter waiter;
+  WindowTickTimer timer(nullptr, waiter);
+  timer.Enable();
+  QElapsedTimer clock;
+  clock.start();
+  // As reading does that finds something each time.
+  while (timer.ack_tick_counter < 300 && clock.elapsed() < 10'000) {
+    waiter.Wake();
+    EXPECT_TRUE(timer.WaitForEvent());
+  }
+  EXPECT_EQ(timer.ack_tick_counter, 300);
 }
 
 }  // namespace

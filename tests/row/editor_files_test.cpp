@@ -69,6 +69,78 @@ TEST_P(RowEditor, WithoutChangesTheWindowClosesWithoutAQuestion) {
   EXPECT_TRUE(boxes.Seen().isEmpty());
 }
 
+TEST_P(RowEditor, WorkThatIsNotSavedIsMarkedBesideItsName) {
+  const auto* mark = Find<QLabel>("lblNotSaved");
+  EXPECT_FALSE(mark->isVisible());
+  Keys("x");
+  EXPECT_TRUE(mark->isVisible());
+  EXPECT_EQ(mark->text(), Text("not saved"));
+  EXPECT_EQ(window_.windowTitle(), Text(kind_.title));
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  Press("butSave");
+  EXPECT_FALSE(mark->isVisible());
+  Key(Qt::Key_Backspace);
+  EXPECT_TRUE(mark->isVisible());
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::No);
+  Open(WriteWork("a", "<SA><CA>y"));
+  EXPECT_FALSE(mark->isVisible());
+  Keys("z");
+  const ModalWindowDriver send(Text(kind_.send_dialog), [](QWidget* w) { w->close(); });
+  boxes.Answer(QMessageBox::Yes);
+  Press("butSend");
+  EXPECT_EQ(send.Count(), 1);
+  EXPECT_FALSE(mark->isVisible());
+}
+
+TEST_P(RowEditor, TheSaveQuestionSaysWhatYesWritesAndWhatItReplaces) {
+  Keys("x");
+  const MessageBoxReader boxes;
+  Press("butExit");
+  const QString where = Text("It will be saved as \"%1\".").arg(folder_.Path(Text(kind_.new_file)));
+  EXPECT_EQ(boxes.Seen()[0].informative, where);
+  folder_.Write(Text(kind_.new_file), "of yesterday");
+  Press("butExit");
+  EXPECT_EQ(boxes.Seen()[1].informative,
+            where + Text("\nAn older file of this name will be replaced."));
+  Press("butSave");
+  Activate();
+  Surface()->setFocus();
+  Keys("y");
+  Press("butExit");
+  ASSERT_EQ(boxes.Seen().size(), 3);
+  EXPECT_EQ(boxes.Seen()[2].informative, where);
+}
+
+TEST_P(RowEditor, CtrlReturnSendsAsTheButtonDoes) {
+  const ModalWindowDriver send(Text(kind_.send_dialog), [](QWidget* w) { w->close(); });
+  Key(Qt::Key_Return, Qt::ControlModifier);
+  Activate();
+  Key(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
+  Activate();
+  EXPECT_EQ(send.Count(), 2);
+  EXPECT_EQ(Button("butSend")->toolTip(), Text("Ctrl+Return"));
+  // It types nothing.
+  ExpectCursor(0, 0);
+  Keys("x");
+  const MessageBoxReader boxes;  // answers with Cancel
+  Key(Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(boxes.Texts(), QStringList(Text(kQuestion)));
+  EXPECT_EQ(send.Count(), 2);
+}
+
+TEST_P(RowEditor, CtrlReturnThatIsHeldTooLongOpensNothing) {
+  const ModalWindowDriver send(Text(kind_.send_dialog), [](QWidget* w) { w->close(); });
+  const auto press = [&](bool is_repeated) {
+    QTest::simulateEvent(Surface(), true, Qt::Key_Return, Qt::ControlModifier, Text("\r"),
+                         is_repeated);
+  };
+  press(true);
+  EXPECT_EQ(send.Count(), 0);
+  press(false);
+  EXPECT_EQ(send.Count(), 1);
+}
+
 TEST_P(RowEditor, SaveWritesUnderTheShownNameAndClearsTheModifiedFlag) {
   Keys("x");
   const ModalWindowDriver file(Text("CMDialog1"), [](QWidget* w) { w->close(); });

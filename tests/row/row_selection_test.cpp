@@ -239,6 +239,7 @@ TEST(EditHistory, TheOldestEditsAreForgottenWholeAndTheLastOneNever) {
   EXPECT_EQ(undone, 999);
   const PageRow long_row = RowOf(QByteArray(3'000'000, 'x'));
   history.Record({{1, long_row}, {2, long_row}});
+  ASSERT_TRUE(history.CanUndo());
   EXPECT_TRUE(history.Undo(row));
   EXPECT_FALSE(history.Undo(row));
 }

@@ -108,6 +108,17 @@ TEST_F(SendScheduleChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   EXPECT_EQ(boxes.Texts(),
             (QStringList{u"Datei fehlt"_s, u"No ID Selected!"_s, u"Passt nicht!"_s,
                          u"Passt nicht!"_s, u"Passt nicht!"_s, u"Cannot create TCP link!"_s}));
+  const QStringList remedies = boxes.Remedies();
+  EXPECT_EQ(remedies.first(),
+            path +
+                u": No such file or directory\nIt has been moved or renamed, or was not saved yet. "
+                "Save it, or choose another one."_s);
+  EXPECT_EQ(remedies[1], u"Choose a panel from the list."_s);
+  EXPECT_EQ(remedies[2],
+            path + u" begins with \""_s + QString(40, u'x') + u"\".\nChoose a schedule (.sch)."_s);
+  for (const int other_size : {3, 4}) {
+    EXPECT_TRUE(remedies[other_size].startsWith(u"The schedule is "_s));
+  }
   for (const SeenMessageBox& box : boxes.Seen()) {
     EXPECT_EQ(box.title, u"Send Schedule"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);

@@ -63,10 +63,12 @@ class ScheduleEditor : public testing::Test {
     QGuiApplication::clipboard()->clear();
   }
 
+  virtual std::unique_ptr<frmSchedule> MakeWindow() { return std::make_unique<frmSchedule>(); }
+
   /// The window, opened when it is first needed.
   frmSchedule& Window() {
     if (!window_) {
-      window_ = std::make_unique<frmSchedule>();
+      window_ = MakeWindow();
       window_->show();
       Activate();
     }

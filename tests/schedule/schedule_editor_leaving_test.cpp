@@ -47,6 +47,55 @@ TEST_F(ScheduleEditor, YesToTheSaveQuestionClearsTheModifiedFlagWhenTheSaveSucce
   EXPECT_FALSE(Asks());
 }
 
+TEST_F(ScheduleEditor, AScheduleThatIsNotSavedIsMarkedBesideItsName) {
+  const auto* mark = Find<QLabel>("lblNotSaved");
+  New();
+  EXPECT_FALSE(mark->isVisible());
+  Find<QLineEdit>("txtHour")->setText(Text("12"));
+  EXPECT_TRUE(mark->isVisible());
+  EXPECT_EQ(mark->text(), Text("not saved"));
+  EXPECT_EQ(Window().windowTitle(), Text("Schedule"));
+  Add(Message(1));
+  Press("butSave");
+  EXPECT_FALSE(mark->isVisible());
+  Find<QComboBox>("comboWeek")->setCurrentIndex(2);
+  EXPECT_TRUE(mark->isVisible());
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::No);
+  Open(WriteSchedule("a.sch", 1, kHead));
+  EXPECT_FALSE(mark->isVisible());
+}
+
+TEST_F(ScheduleEditor, TheSaveQuestionSaysWhatYesWritesAndWhatItReplaces) {
+  New();
+  folder_.Write(Text("NEW.SCH"), "of yesterday");
+  Find<QLineEdit>("txtHour")->setText(Text("12"));
+  const MessageBoxReader boxes;
+  Press("butExit");
+  // An empty schedule is refused.
+  EXPECT_EQ(boxes.Seen()[0].informative, folder_.Path(Text("NEW.SCH")));
+  Add(Message(1));
+  Press("butExit");
+  EXPECT_EQ(boxes.Seen()[1].informative, Text("It will be saved as \"%1\".\nAn older file of this "
+                                              "name will be replaced.")
+                                             .arg(folder_.Path(Text("NEW.SCH"))));
+}
+
+TEST_F(ScheduleEditor, CtrlReturnSendsWhereTheButtonIsEnabled) {
+  const ModalWindowDriver send(Text("frmSendSch"), [](QWidget* w) { w->close(); });
+  New();
+  Key(Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(send.Count(), 0);
+  Add(Message(1));
+  Press("butSave");
+  Table()->setFocus();
+  Key(Qt::Key_Return, Qt::ControlModifier);
+  Activate();
+  Key(Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
+  EXPECT_EQ(send.Count(), 2);
+  EXPECT_EQ(Button("butSend")->toolTip(), Text("Ctrl+Return"));
+}
+
 TEST_F(ScheduleEditor, ExitYesSavesAndCloses) {
   New();
   Add(Message(1));

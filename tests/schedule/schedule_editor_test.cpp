@@ -27,11 +27,16 @@ TEST_F(ScheduleEditor, OpensWithItsCaptionsListsAndStates) {
     bool enabled;
   };
   const ButtonState buttons[] = {
-      {"butNew", "New", "Ctrl+N", true},     {"butOpen", "Open", "Ctrl+O", true},
-      {"butSave", "Save", "Ctrl+S", false},  {"butSaveAs", "Save As", "Ctrl+Shift+S", false},
-      {"butSend", "Send", "", false},        {"butExit", "Exit", "", true},
-      {"butAdd", "Add", "", false},          {"butInsert", "Insert", "Ins", false},
-      {"butDelete", "Delete", "Del", false}, {"butClear", "Clear", "", false},
+      {"butNew", "New", "Ctrl+N", true},
+      {"butOpen", "Open", "Ctrl+O", true},
+      {"butSave", "Save", "Ctrl+S", false},
+      {"butSaveAs", "Save As", "Ctrl+Shift+S", false},
+      {"butSend", "Send", "Ctrl+Return", false},
+      {"butExit", "Exit", "", true},
+      {"butAdd", "Add", "", false},
+      {"butInsert", "Insert", "Ins", false},
+      {"butDelete", "Delete", "Del", false},
+      {"butClear", "Clear", "", false},
   };
   for (const ButtonState& button : buttons) {
     EXPECT_EQ(Button(button.name)->text(), Text(button.caption));
@@ -189,7 +194,7 @@ TEST_F(ScheduleEditor, TabVisitsTheControlsInTheOrderInWhichTheyAreRead) {
   NewSchedule(1);
   Button("butNew")->setFocus();
   const char* const order[] = {"butOpen",   "butSave",   "butSaveAs", "butSend",      "butExit",
-                               "comboWeek", "txtHour",   "txtMin",    "GridSeqTable", "butAdd",
+                               "comboWeek", "txtHour",   "txtMin",    "GridSeqTable", "butPlay", "butAdd",
                                "butInsert", "butDelete", "butClear",  "butNew"};
   for (const char* name : order) {
     Key(Qt::Key_Tab);

@@ -268,6 +268,14 @@ TEST_F(SendScrollingChecks, TheChecksComeInTheirOrderEachWithAPlainBox) {
   EXPECT_EQ(boxes.Texts(),
             (QStringList{u"File not found!"_s, u"Invalid ID Selection!"_s, u"Invalid Line No.!"_s,
                          u"Line No. Not Valid!"_s, kNoPort}));
+  EXPECT_EQ(
+      boxes.Remedies().first(4),
+      (QStringList{
+          path +
+              u": No such file or directory\nIt has been moved or renamed, or was not saved yet. "
+              "Save it, or choose another one."_s,
+          u"Choose a panel from the list."_s, u"ID012 has the lines 1 to 2."_s,
+          u"ID012 has the lines 1 to 2."_s}));
   for (const SeenMessageBox& box : boxes.Seen()) {
     EXPECT_EQ(box.title, u"Send Scrolling Message"_s);
     EXPECT_EQ(box.icon, QMessageBox::NoIcon);

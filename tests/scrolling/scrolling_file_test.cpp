@@ -141,6 +141,15 @@ TEST_F(ScrollingFile, WhatIsNoFileIsRefused) {
   EXPECT_FALSE(ReadScrollingMessage(QString()).has_value());
 }
 
+TEST_F(ScrollingFile, WhyAFileIsRefusedIsTold) {
+  Brivon1::FileFailure why;
+  EXPECT_FALSE(ReadScrollingMessage(folder_.Path(u"gone.srl"_s), &why));
+  EXPECT_EQ(why.fault, Brivon1::FileFault::kNoFile);
+  EXPECT_FALSE(ReadScrollingMessage(folder_.Write(u"a.srl"_s, kHeader + "\r\n"), &why));
+  EXPECT_EQ(why.fault, Brivon1::FileFault::kEndsEarly);
+  EXPECT_EQ(why.line, 2);
+}
+
 TEST_F(ScrollingFile, EveryByteOfABodySurvivesReadingAndWriting) {
   PageRow row;
   for (int value = 0; value < 256; ++value) {

@@ -22,7 +22,7 @@ inline const EditorKind kScrollingEditor = {
     .save_filters = {Text("All (*)"), Text("scrolling File(*.srl)")},
     .lists = {Text("ComboColor"), Text("ComboSize")},
     .tab_order = Text("butOpen butSave butSaveAs butSend butExit ComboColor ComboSize chkBlink "
-                      "Picture1 butNew")
+                      "Picture1 butPlay spinColumns butNew")
                      .split(QLatin1Char(' ')),
     .refused_files = {{"", "Error in opening file!"},
                       {EveryByte(), "Error in opening file!"},

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -194,6 +195,31 @@ TEST_F(ShiftMsg, APasteFillsTheMessageAndNoMore) {
   EXPECT_EQ(Position(), Text("1000 of 1000 (full)"));
   EXPECT_EQ(CursorCell(), 30);
   EXPECT_EQ(Body(), "<SA><CA>xyz" + QByteArray(997, 'p') + "\r\n");
+}
+
+TEST_F(ShiftMsg, WhatAPasteLeavesOutIsSaid) {
+  Keys(QString(999, QLatin1Char('a')));
+  QGuiApplication::clipboard()->setText(Text("xyz\nsecond"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(QToolTip::text(), Text("Left out, no room: 8"));
+  EXPECT_EQ(Position(), Text("1000 of 1000 (full)"));
+}
+
+TEST_F(ShiftMsg, TheFrameOfASelectionStaysOpenWhereItGoesOnOutOfSight) {
+  const QColor frame(120, 180, 255);
+  Open(Write("a.srl", QByteArray(100, ' ')));
+  const auto at = [this](int x) { return Image().pixelColor(x, 10); };
+  Key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(Position(), Text("100 of 100"));
+  EXPECT_NE(at(0), frame);
+  EXPECT_EQ(at(359), frame);
+  Key(Qt::Key_End);
+  Key(Qt::Key_Home, Qt::ShiftModifier);
+  EXPECT_NE(at(359), frame);
+  EXPECT_NE(at(364), frame);
+  EXPECT_EQ(Image().pixelColor(364, 0), frame);
+  Key(Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_EQ(at(11), QColor(0, 0, 0));
 }
 
 TEST_F(ShiftMsg, UndoAndRedoKeysTakeEditsBackAndMakeThemAgain) {

@@ -65,6 +65,14 @@ TEST_P(BeforeSending, CtrlReturnSendsFromEveryBoxAndList) {
   EXPECT_TRUE(dialog.window.isVisible());
 }
 
+TEST_P(BeforeSending, CtrlReturnThatIsHeldSinceTheWindowOpenedSendsNothing) {
+  SendDialog dialog = Open();
+  const MessageBoxReader boxes;
+  QTest::simulateEvent(&dialog.window, true, Qt::Key_Return, Qt::ControlModifier, u"\r"_s, true);
+  EXPECT_EQ(boxes.Texts(), QStringList());
+  EXPECT_EQ(bench_.Frames(), QByteArrayList());
+}
+
 TEST_P(BeforeSending, CtrlReturnWhileItSendsDoesNothing) {
   SendDialog dialog = Open();
   AtEachFrame(dialog,

@@ -23,6 +23,12 @@ QStringList MessageBoxReader::Texts() const {
   return texts;
 }
 
+QStringList MessageBoxReader::Remedies() const {
+  QStringList texts;
+  for (const SeenMessageBox& box : seen_) texts.append(box.informative);
+  return texts;
+}
+
 bool MessageBoxReader::eventFilter(QObject* object, QEvent* event) {
   auto* box = qobject_cast<QMessageBox*>(object);
   if (box != nullptr && event->type() == QEvent::Show) {

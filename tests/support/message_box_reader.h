@@ -35,6 +35,9 @@ class MessageBoxReader : public QObject {
   /// The texts of the boxes seen, in order.
   QStringList Texts() const;
 
+  /// What stood below them, in the same order.
+  QStringList Remedies() const;
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:

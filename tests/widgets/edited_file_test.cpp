@@ -33,12 +33,13 @@ class EditedFileTest : public testing::Test {
   TemporaryProgramFolder folder_;
   QWidget window_;
   QLabel label_;
-  bool modified_ = false;
+  QLabel not_saved_{&window_};
+  Brivon1::ModifiedFlag modified_;
   bool fails_ = false;
   QStringList written_;  // the paths that were written to, also in vain
   QString new_name_;     // what the operator gives when asked
   int names_asked_ = 0;
-  EditedFile file_{&window_, &label_, modified_, Editor()};
+  EditedFile file_{&window_, {&label_, &not_saved_}, modified_, Editor()};
 };
 
 TEST_F(EditedFileTest, TheLabelShowsTheName) {
@@ -146,7 +147,8 @@ TEST_F(EditedFileTest, YesSavesAndClearsTheModifiedFlag) {
 }
 
 TEST_F(EditedFileTest, AnEditorMayKeepItsWorkModifiedAfterYes) {
-  EditedFile file(&window_, &label_, modified_, Editor(EditedFile::AfterYes::kStillModified));
+  EditedFile file(&window_, {&label_, &not_saved_}, modified_,
+                  Editor(EditedFile::AfterYes::kStillModified));
   file.SetPath(u"a.msg"_s);
   modified_ = true;
   MessageBoxReader boxes;
@@ -213,6 +215,112 @@ TEST_F(EditedFileTest, TheQuestionCanSaveInAnotherWay) {
   EXPECT_FALSE(file_.IsModified());
   EXPECT_EQ(written, QStringList({u"a.msg"_s, u"a.msg"_s}));
   EXPECT_TRUE(written_.isEmpty());
+}
+
+TEST_F(EditedFileTest, TheMarkStandsBesideTheNameUntilTheWorkIsSaved) {
+  EXPECT_EQ(not_saved_.text(), "not saved"_L1);
+  EXPECT_TRUE(not_saved_.isHidden());
+  file_.SetPath(u"a.msg"_s);
+  modified_ = true;
+  EXPECT_FALSE(not_saved_.isHidden());
+  EXPECT_EQ(label_.accessibleDescription(), "not saved"_L1);
+  EXPECT_EQ(label_.text(), "a.msg"_L1);
+  fails_ = true;
+  EXPECT_FALSE(file_.Save());
+  EXPECT_FALSE(not_saved_.isHidden());
+  fails_ = false;
+  EXPECT_TRUE(file_.Save());
+  EXPECT_TRUE(not_saved_.isHidden());
+  EXPECT_EQ(label_.accessibleDescription(), QString());
+  modified_ = true;
+  new_name_ = u"b.msg"_s;
+  EXPECT_TRUE(file_.SaveAs());
+  EXPECT_TRUE(not_saved_.isHidden());
+}
+
+TEST_F(EditedFileTest, TheMarkIsGoneAfterYesAlsoWhereTheWorkStaysModified) {
+  EditedFile file(&window_, {&label_, &not_saved_}, modified_,
+                  Editor(EditedFile::AfterYes::kStillModified));
+  file.SetPath(u"a.msg"_s);
+  modified_ = true;
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::No);
+  EXPECT_TRUE(file.MayLeave());
+  EXPECT_FALSE(not_saved_.isHidden());
+  boxes.Answer(QMessageBox::Yes);
+  EXPECT_TRUE(file.MayLeave());
+  EXPECT_TRUE(not_saved_.isHidden());
+  EXPECT_TRUE(file.IsModified());
+  modified_ = true;  // the next edit
+  EXPECT_FALSE(not_saved_.isHidden());
+}
+
+TEST_F(EditedFileTest, TheMarkIsWrittenInTheOperatorsLanguage) {
+  folder_.UseLanguage("[Texts]\r\ntxtNotSaved=nicht gespeichert\r\n");
+  const EditedFile file(&window_, {&label_, &not_saved_}, modified_, Editor());
+  EXPECT_EQ(not_saved_.text(), "nicht gespeichert"_L1);
+}
+
+TEST_F(EditedFileTest, TheQuestionNamesTheFile) {
+  file_.SetPath(folder_.Write(u"a.msg"_s, "opened from here"));
+  modified_ = true;
+  const MessageBoxReader boxes;
+  EXPECT_FALSE(file_.MayLeave());
+  EXPECT_EQ(boxes.Texts(), QStringList(kQuestion));
+  EXPECT_EQ(boxes.Seen()[0].informative,
+            "It will be saved as \""_L1 + folder_.Path(u"a.msg"_s) + "\"."_L1);
+  file_.SetRefusedPath(u"bad.msg"_s);
+  EXPECT_FALSE(file_.MayLeave());
+  EXPECT_EQ(boxes.Seen()[1].informative,
+            "You will be asked for another name: \"bad.msg\" was not opened."_L1);
+}
+
+class EditedFileFromBefore : public EditedFileTest {
+ protected:
+  /// Whether the question says that an older file would be replaced.
+  bool SaysThatItReplaces() {
+    modified_ = true;
+    const MessageBoxReader boxes;
+    EXPECT_FALSE(file_.MayLeave());
+    EXPECT_TRUE(boxes.Seen()[0].informative.contains(path_));
+    return boxes.Seen()[0].informative.endsWith(
+        "\nAn older file of this name will be replaced."_L1);
+  }
+
+  const QString path_ = folder_.Path(u"NEW.MSG"_s);
+};
+
+TEST_F(EditedFileFromBefore, NewWorkWouldReplaceIt) {
+  file_.BeginNew(path_);
+  EXPECT_EQ(label_.text(), path_);
+  EXPECT_FALSE(SaysThatItReplaces());
+  folder_.Write(u"NEW.MSG"_s, "of yesterday");
+  EXPECT_TRUE(SaysThatItReplaces());
+}
+
+TEST_F(EditedFileFromBefore, WorkThatWasSavedThereOrOpenedFromThereReplacesItself) {
+  folder_.Write(u"NEW.MSG"_s, "of today");
+  file_.BeginNew(path_);
+  EXPECT_TRUE(file_.Save());
+  EXPECT_FALSE(SaysThatItReplaces());
+  file_.BeginNew(path_);
+  fails_ = true;
+  EXPECT_FALSE(file_.Save());
+  EXPECT_TRUE(SaysThatItReplaces());
+  file_.SetPath(path_);
+  EXPECT_FALSE(SaysThatItReplaces());
+}
+
+TEST_F(EditedFileFromBefore, WorkThatCannotBeWrittenReplacesNothing) {
+  folder_.Write(u"NEW.MSG"_s, "of yesterday");
+  EditedFile::Editor editor = Editor();
+  editor.is_complete = [] { return false; };
+  EditedFile file(&window_, {&label_, &not_saved_}, modified_, editor);
+  file.BeginNew(path_);
+  modified_ = true;
+  const MessageBoxReader boxes;
+  EXPECT_FALSE(file.MayLeave());
+  EXPECT_EQ(boxes.Seen()[0].informative, path_);
 }
 
 TEST_F(EditedFileTest, WhyASaveFailedIsSaidInTheOperatorsLanguage) {

@@ -113,8 +113,7 @@ std::optional<PageEntrance> Panel::LastEntrance(const QDateTime& now) const {
     const Schedule schedule = schedules.value(started->letter);
     const EntryAtTime at = EntryAt(schedule, now_ms - started->at_ms);
     const ScheduleEntry& entry = schedule.entries[at.index];
-    const bool is_alone = schedule.entries.size() == 1;
-    return PageEntrance{entry.page, entry.feature, is_alone ? started->at_ms : now_ms - at.gone_ms};
+    return PageEntrance{entry.page, entry.feature, started->at_ms + at.entered_ms};
   }
   if (!running_page_) return std::nullopt;
   return PageEntrance{*running_page_, EffectOf(schedules, *running_page_), ran_at_ms_};

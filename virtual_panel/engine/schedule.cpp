@@ -14,7 +14,6 @@ namespace {
 constexpr qsizetype kPageDigits = 3;
 constexpr qsizetype kLeastDelayDigits = 2;
 constexpr qsizetype kMostDelayDigits = 5;
-constexpr qint64 kSecondMs = 1000;
 constexpr qint64 kMinutesOfHour = 60;
 constexpr qint64 kMinutesOfDay = 24 * kMinutesOfHour;
 constexpr int kMostWeekday = 6;
@@ -72,8 +71,6 @@ std::optional<ScheduleEntry> ParseEntry(QByteArrayView text) {
 QString TwoDigits(std::optional<int> number) {
   return number ? u"%1"_s.arg(*number, 2, 10, QLatin1Char('0')) : u"**"_s;
 }
-
-qint64 EntryMs(const ScheduleEntry& entry) { return qMax(entry.delay, 1) * kSecondMs; }
 
 bool Matches(const Schedule& schedule, qint64 minute_of_week) {
   const auto is = [](std::optional<int> field, qint64 value) { return !field || *field == value; };
@@ -143,16 +140,9 @@ QString ScheduleTime(const Schedule& schedule) {
 }
 
 EntryAtTime EntryAt(const Schedule& schedule, qint64 elapsed_ms) {
-  qint64 total = 0;
-  for (const ScheduleEntry& entry : schedule.entries) total += EntryMs(entry);
-  if (total == 0) return {};
-  qint64 gone = FloorModulo(elapsed_ms, total);
-  qsizetype index = 0;
-  while (gone >= EntryMs(schedule.entries[index])) {
-    gone -= EntryMs(schedule.entries[index]);
-    ++index;
-  }
-  return {index, gone, EntryMs(schedule.entries[index]) - gone};
+  QList<int> seconds;
+  for (const ScheduleEntry& entry : schedule.entries) seconds.append(entry.delay);
+  return PanelDots::PageAt(seconds, elapsed_ms);
 }
 
 std::optional<char> OwnerOf(const Schedules& schedules, qint64 minute_of_week) {

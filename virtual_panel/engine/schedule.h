@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QString>
 
+#include "panel_dots/page_loop.h"
+
 namespace VirtualPanel {
 
 inline constexpr char kFirstScheduleLetter = 'A';
@@ -48,13 +50,8 @@ QString MinuteCode(const Schedule& schedule);
 // For a reader: "Mon 08:30", "daily 08:**".
 QString ScheduleTime(const Schedule& schedule);
 
-// The page that is on when a schedule has been playing for so long. It plays in a loop, so any time
-// has an answer, a negative one too.
-struct EntryAtTime {
-  qsizetype index = 0;
-  qint64 gone_ms = 0;  // since it began
-  qint64 left_ms = 0;  // until the next entry
-};
+// The page that is on when a schedule has been playing for so long.
+using EntryAtTime = PanelDots::PageAtTime;
 EntryAtTime EntryAt(const Schedule& schedule, qint64 elapsed_ms);
 
 // Minutes of a week, from Sunday 00:00.

@@ -1,0 +1,63 @@
+// The ports and the time of one thread that sends. All of it lives and dies in that thread; a stop
+// that another one asks for is taken in at the thread's own next event.
+#pragma once
+
+#include <atomic>
+
+#include <QObject>
+
+#include "panel_line/panel_connection.h"
+#include "panel_line/serial_link.h"
+#include "panel_line/tcp_link.h"
+#include "panel_line/tick_timer.h"
+
+namespace BrivonCtl {
+
+/// Set by one thread, looked at by many.
+using StopFlag = std::atomic<bool>;
+
+class StoppableTimer : public Brivon1::WindowTickTimer {
+  Q_OBJECT
+
+ public:
+  StoppableTimer(QObject* parent, Brivon1::EventWaiter& waiter, const StopFlag& flag)
+      : WindowTickTimer(parent, waiter), flag_(flag) {}
+
+  bool WaitForEvent() override;
+  void ProcessEvents() override;
+
+  void TakeInStop() { stop.made = stop.made || flag_.load(); }
+
+ private:
+  const StopFlag& flag_;
+};
+
+class StoppableClock : public Brivon1::EventClock {
+ public:
+  StoppableClock(Brivon1::EventWaiter& waiter, StoppableTimer& timer)
+      : EventClock(waiter), timer_(timer) {}
+
+  bool WaitForEvent(qint64 at_most) override;
+
+ private:
+  StoppableTimer& timer_;
+};
+
+class StoppablePorts : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `flag` outlives the ports. The thread has an event loop, running or not.
+  explicit StoppablePorts(const StopFlag& flag);
+
+  Brivon1::PanelPorts Ports() { return {serial_, tcp_, timer_, clock_}; }
+
+ private:
+  Brivon1::EventWaiter waiter_;
+  StoppableTimer timer_;
+  StoppableClock clock_;
+  Brivon1::SerialLink serial_;
+  Brivon1::TcpLink tcp_;
+};
+
+}  // namespace BrivonCtl

@@ -1,0 +1,36 @@
+// The two streams of the program: what a terminal can show, and what is written to it.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace BrivonCtl {
+
+enum class Stream { kOutput, kError };
+
+/// Writes the bytes at once. Nobody may be listening any more; that changes nothing.
+void Print(Stream stream, const QByteArray& bytes);
+
+/// The same for a text, in the system's own encoding.
+void PrintText(Stream stream, const QString& text);
+
+/// What a stream shows.
+struct Terminal {
+  bool is_terminal = false;
+  bool has_colours = false;
+  int columns = 80;
+  int lines = 24;
+};
+
+/// Asked for at every use: a window changes its size. A terminal that calls itself "dumb" is none.
+Terminal LookAt(Stream stream);
+
+enum class Colour { kGreen = 32, kRed = 31, kYellow = 33, kGrey = 90 };
+
+/// `text` in a colour, where the terminal has some.
+QString Coloured(const QString& text, Colour colour, const Terminal& terminal);
+
+/// `text` cut to so many columns, with "..." in place of its end.
+QString Cut(const QString& text, int columns);
+
+}  // namespace BrivonCtl

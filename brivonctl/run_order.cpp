@@ -1,0 +1,214 @@
+#include "brivonctl/run_order.h"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+#include <QElapsedTimer>
+
+#include "orders/crew.h"
+#include "orders/order_checks.h"
+#include "orders/panel_words.h"
+#include "orders/rehearsal.h"
+#include "orders/stop_signals.h"
+#include "reports/json_events.h"
+#include "reports/json_report.h"
+#include "reports/log_file.h"
+#include "reports/terminal.h"
+#include "reports/text_report.h"
+#include "store/configuration_store.h"
+#include "usage/exit_status.h"
+#include "usage/words.h"
+
+using namespace Qt::StringLiterals;
+
+namespace BrivonCtl {
+namespace {
+
+/// How many threads the system has descriptors for; it is asked for as many as it may give.
+int JobsThatFit(int jobs) {
+  constexpr rlim_t kForThreads = 4;  // a socket, the one that takes its place, two to wake it
+  constexpr rlim_t kForProgram = 64;
+  rlimit limit = {};
+  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return jobs;
+  const rlim_t wanted = static_cast<rlim_t>(jobs) * kForThreads + kForProgram;
+  if (limit.rlim_cur < wanted) {
+    limit.rlim_cur = std::min(wanted, limit.rlim_max);
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+  }
+  if (limit.rlim_cur >= wanted) return jobs;
+  const rlim_t left = limit.rlim_cur > kForProgram ? limit.rlim_cur - kForProgram : 0;
+  return std::max(1, static_cast<int>(left / kForThreads));
+}
+
+class OrderRun {
+ public:
+  OrderRun(Action action, const OrderOptions& options)
+      : options_(options), log_(options.is_dry_run ? QString() : TextOf(options.log)) {
+    assignment_.order = OrderOf(action, options);
+    assignment_.tells_steps =
+        !options.is_quiet && (options.is_json || LookAt(Stream::kError).is_terminal);
+    if (options.is_json) {
+      report_ = std::make_unique<JsonReport>(options.is_quiet);
+    } else {
+      report_ = std::make_unique<TextReport>(options.is_quiet);
+    }
+  }
+
+  int Run();
+
+ private:
+  QString Prepare();
+  QString CheckChosen();
+  void Rehearse();
+  void CarryOut();
+  void TakeIn(const Step& step) { report_->TakeIn(step); }
+  void TakeIn(const Transmission& transmission);
+  int Status() const;
+  int End(int status, const QString& reason = {});
+
+  const OrderOptions& options_;
+  Assignment assignment_;
+  LogFile log_;
+  std::unique_ptr<Report> report_;
+  CheckedPanels panels_;
+  std::map<int, PanelResult> results_;
+  bool is_log_whole_ = true;
+  QElapsedTimer clock_;
+};
+
+/// Takes in the configuration and checks everything. Returns why nothing is sent to anybody, or an
+/// empty text.
+QString OrderRun::Prepare() {
+  QString wrong = UseFolder(options_.folder, true);
+  if (!wrong.isEmpty()) return wrong;
+  assignment_.configuration = Brivon1::Store();
+  assignment_.further_transmissions = options_.FurtherTransmissions();
+  if (const auto delay = options_.DelayPeriod()) {
+    assignment_.configuration.delay_period = static_cast<qint16>(*delay);
+  }
+  wrong = WhatIsWrongWith(assignment_.order, assignment_.configuration);
+  if (!wrong.isEmpty()) return wrong;
+  wrong = CheckChosen();
+  if (!wrong.isEmpty()) return wrong;
+  return log_.Check() ? QString() : u"--log: "_s + log_.ErrorText();
+}
+
+QString OrderRun::CheckChosen() {
+  const ChosenPanels chosen = Choose(ReadPanelWords(options_.panels), assignment_.configuration);
+  if (!chosen.empty.isEmpty()) {
+    return u"--to: no configured panel is \"%1\"; brivonctl list shows the panels that are"_s.arg(
+        chosen.empty);
+  }
+  panels_ = CheckPanels(assignment_.order, chosen.ids, assignment_.configuration);
+  for (const PanelResult& panel : panels_.unfit) results_[panel.panel] = panel;
+  const bool goes_on = panels_.unfit.isEmpty() || (options_.skips_unfit && !panels_.fit.isEmpty());
+  if (goes_on) return {};
+  return u"nothing was sent: "_s + UnfitPanels(panels_.unfit);
+}
+
+void OrderRun::Rehearse() {
+  for (const Brivon1::PanelListEntry& panel : panels_.fit) {
+    const Rehearsal rehearsal =
+        BrivonCtl::Rehearse(assignment_.order, panel, assignment_.configuration, assignment_.now);
+    for (const QByteArray& frame : rehearsal.frames) report_->TakeInFrame(panel.id, frame);
+    results_[panel.id] = rehearsal.result;
+  }
+}
+
+void OrderRun::TakeIn(const Transmission& transmission) {
+  const bool was_begun =
+      transmission.result.result != Result::kStopped || transmission.attempts > 0;
+  const bool is_logged = !was_begun || log_.Append(LogLine(assignment_.order, transmission));
+  if (!is_logged && is_log_whole_) Complain(u"--log: "_s + log_.ErrorText());
+  is_log_whole_ = is_log_whole_ && is_logged;
+  if (transmission.is_last) results_[transmission.result.panel] = transmission.result;
+  report_->TakeIn(transmission);
+}
+
+void OrderRun::CarryOut() {
+  constexpr int kBetweenPictures = 200;  // milliseconds
+  const bool is_watched = !options_.is_json && assignment_.tells_steps;
+  const auto lines = ByLine(panels_.fit, ModeFor(assignment_.order, assignment_.configuration));
+  const auto all = results_.size() + static_cast<std::size_t>(panels_.fit.size());
+  EventQueue queue;
+  CatchStopSignals(queue.WakingEnd());
+  {
+    Crew crew(assignment_, lines, JobsThatFit(options_.Jobs()), queue);
+    bool is_stopping = false;
+    while (results_.size() < all) {
+      queue.Wait(is_watched ? kBetweenPictures : -1);
+      if (IsStopRequested() && !is_stopping) {
+        is_stopping = true;
+        crew.Stop();
+        report_->TakeInStop();
+      }
+      for (const Happening& happening : queue.TakeAll()) {
+        std::visit([this](const auto& what) { TakeIn(what); }, happening);
+      }
+      report_->Refresh();
+    }
+  }
+  ReleaseStopSignals();
+}
+
+int OrderRun::Status() const {
+  const auto has = [this](Result result) {
+    return std::any_of(results_.begin(), results_.end(),
+                       [result](const auto& panel) { return panel.second.result == result; });
+  };
+  if (has(Result::kStopped)) return kStopped;
+  if (has(Result::kFailed) || has(Result::kRefused) || !is_log_whole_) return kSomeFailed;
+  return kAllDone;
+}
+
+int OrderRun::End(int status, const QString& reason) {
+  Summary summary;
+  for (const auto& [id, result] : results_) summary.results.append(result);
+  summary.milliseconds = clock_.elapsed();
+  summary.status = status;
+  summary.reason = reason;
+  report_->End(summary);
+  return status;
+}
+
+int OrderRun::Run() {
+  clock_.start();
+  const QString wrong = Prepare();
+  if (!wrong.isEmpty()) {
+    Complain(OneLine(wrong));
+    for (const PanelResult& panel : panels_.unfit) report_->TakeInRefused(panel);
+    return End(kRefused, wrong);
+  }
+  Beginning beginning;
+  beginning.order = assignment_.order;
+  for (const Brivon1::PanelListEntry& panel : panels_.fit) beginning.panels.append(panel.id);
+  if (SendsFile(assignment_.order.action)) {
+    beginning.digest = FileDigest(assignment_.order.path);
+  }
+  beginning.mode = ModeFor(assignment_.order, assignment_.configuration);
+  beginning.is_dry_run = options_.is_dry_run;
+  report_->Begin(beginning);
+  for (const PanelResult& panel : panels_.unfit) report_->TakeInRefused(panel);
+  if (options_.is_dry_run) {
+    Rehearse();
+  } else {
+    CarryOut();
+  }
+  return End(Status());
+}
+
+}  // namespace
+
+int RunOrder(Action action, const OrderOptions& options) {
+  const QString wrong = WhatIsWrongWith(action, options);
+  if (!wrong.isEmpty()) {
+    Complain(wrong);
+    return kWrongUse;
+  }
+  return OrderRun(action, options).Run();
+}
+
+}  // namespace BrivonCtl

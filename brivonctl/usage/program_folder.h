@@ -1,0 +1,23 @@
+// The folder that holds brivon.ini, as brivonctl is told it on its command line.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include <QString>
+
+namespace BrivonCtl {
+
+struct FolderOption {
+  std::string folder;  ///< Empty: the program's own folder.
+};
+
+/// Gives `command` the option "--folder".
+void AddFolderOption(CLI::App* command, FolderOption* option);
+
+/// Takes the folder, its configuration, its code page and its language for those of the program, as
+/// Brivon does at its start. Returns what is wrong with it, or an empty text; without a brivon.ini
+/// that is wrong where `needs_configuration` is set.
+QString UseFolder(const FolderOption& option, bool needs_configuration);
+
+}  // namespace BrivonCtl

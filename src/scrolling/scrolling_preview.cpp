@@ -1,0 +1,150 @@
+#include "scrolling/scrolling_preview.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QVBoxLayout>
+#include <QtMath>
+
+#include "language/further_texts.h"
+#include "panel_dots/dot_glyphs.h"
+#include "panel_dots/message_text.h"
+#include "row/coded_text.h"
+#include "store/configuration_store.h"
+#include "widgets/caption_button.h"
+#include "widgets/fitted_text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Brivon1::PageRow;
+using PanelDots::Cell;
+using PanelDots::PanelPicture;
+
+constexpr int kUsualColumns = 96;
+constexpr int kFewestColumns = 10;
+constexpr int kMostColumns = 3000;
+constexpr int kButtonHeight = 32;
+
+/// Larger dots do not help anybody.
+constexpr double kMostPitch = 4;
+
+/// A size that is no bound.
+constexpr double kEndless = 1e6;
+
+/// The dot columns of the first panel that is configured.
+int ConfiguredColumns() {
+  const auto& panels = Brivon1::Store().panels;
+  const auto* panel = std::find_if(panels.begin(), panels.end(),
+                                   [](const auto& entry) { return entry.IsConfigured(); });
+  return panel == panels.end() ? kUsualColumns : panel->columns;
+}
+
+QList<Cell> CellsOf(const PageRow& row) { return PanelDots::ParseCells(Brivon1::CodedText(row)); }
+
+/// The beginning of the message, as far as so many dot columns show it: a file may hold a message
+/// of any length.
+QList<Cell> FirstCells(const PageRow& message, int columns) {
+  const qsizetype most = columns / PanelDots::kCompressedColumns + 1;
+  PageRow first;
+  for (qsizetype at = 0; at < std::min(most, message.Length()); ++at) {
+    first.Append(message.Text()[at], message.AttributesAt(at));
+  }
+  return CellsOf(first);
+}
+
+}  // namespace
+
+ScrollingPreview::ScrollingPreview(QWidget* parent)
+    : QWidget(parent),
+      picture_(new PanelDots::LivePicture(this)),
+      play_(new CaptionButton(u"Play"_s, this)),
+      columns_label_(new FittedLabel(u"Dot columns:"_s, this)),
+      columns_(new QSpinBox(this)) {
+  picture_->setObjectName(u"picPreview"_s);
+  play_->setObjectName(u"butPlay"_s);
+  columns_label_->setObjectName(u"lblColumns"_s);
+  columns_->setObjectName(u"spinColumns"_s);
+  columns_label_->setBuddy(columns_);
+  columns_->setRange(kFewestColumns, kMostColumns);
+  columns_->setValue(ConfiguredColumns());
+  columns_->setFocusPolicy(Qt::TabFocus);
+  play_->setAutoDefault(false);
+  play_->setFocusPolicy(Qt::TabFocus);
+  play_->setMinimumHeight(kButtonHeight);
+  QFont bold = play_->font();
+  bold.setBold(true);
+  play_->setFont(bold);
+  picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  picture_->installEventFilter(this);
+  auto* controls = new QHBoxLayout;
+  controls->addWidget(play_);
+  controls->addWidget(columns_label_);
+  controls->addWidget(columns_);
+  controls->addStretch();
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(picture_);
+  layout->addLayout(controls);
+  connect(play_, &QPushButton::clicked, this, &ScrollingPreview::RunOrRest);
+  connect(columns_, &QSpinBox::valueChanged, this, [this] {
+    Arrange();
+    is_running_ ? Run() : Rest();
+  });
+}
+
+void ScrollingPreview::Build(const PageRow& message, TimeSource now) {
+  message_ = &message;
+  now_ = std::move(now);
+  picture_->SetTimeSource(now_);
+  picture_->setAccessibleName(ModuleLanguage::TranslateText(u"Preview on a panel"_s));
+}
+
+PanelDots::PanelShape ScrollingPreview::Shape() const { return {1, columns_->value(), true}; }
+
+void ScrollingPreview::Rest() {
+  if (std::exchange(is_running_, false)) play_->setText(play_caption_);
+  if (!isVisible() || message_ == nullptr) return;
+  PanelPicture picture{Shape()};
+  picture.rows.insert(1, FirstCells(*message_, columns_->value()));
+  picture_->ShowNow(std::move(picture));
+}
+
+void ScrollingPreview::Run() {
+  if (!std::exchange(is_running_, true)) play_caption_ = play_->text();
+  play_->setText(ModuleLanguage::TranslateText(u"Stop"_s));
+  PanelPicture picture{Shape()};
+  picture.scrolling_texts.insert(1, {CellsOf(*message_), now_().toMSecsSinceEpoch()});
+  picture_->ShowNow(std::move(picture));
+}
+
+void ScrollingPreview::RunOrRest() { is_running_ ? Rest() : Run(); }
+
+void ScrollingPreview::Arrange() {
+  const double pitch = std::min(
+      PanelDots::DotDistance(QSizeF(width(), kEndless), Shape(), devicePixelRatioF()), kMostPitch);
+  picture_->setFixedHeight(std::max(qCeil(PanelDots::SizeInDots(Shape()).height() * pitch), 1));
+}
+
+bool ScrollingPreview::eventFilter(QObject* object, QEvent* event) {
+  if (object == picture_ && event->type() == QEvent::MouseButtonPress &&
+      static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+    RunOrRest();
+    return true;
+  }
+  return QWidget::eventFilter(object, event);
+}
+
+void ScrollingPreview::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!is_running_) Rest();
+}
+
+void ScrollingPreview::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Arrange();
+}

@@ -1,0 +1,96 @@
+// What a person sees at a terminal.
+#include <fcntl.h>
+#include <pty.h>
+#include <sys/ioctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "brivonctl/site.h"
+#include "support/wait_until.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Runs the program at a terminal of 40 columns and returns everything that it has shown there.
+QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment) {
+  std::vector<QByteArray> texts = {BRIVONCTL};
+  for (const QString& word : words) texts.push_back(word.toLocal8Bit());
+  std::vector<char*> arguments;
+  for (QByteArray& text : texts) arguments.push_back(text.data());
+  arguments.push_back(nullptr);
+  std::vector<char*> variables;
+  QList<QByteArray> own = environment;
+  for (QByteArray& variable : own) variables.push_back(variable.data());
+  variables.push_back(nullptr);
+
+  winsize size{};
+  size.ws_row = 10;
+  size.ws_col = 40;
+  int terminal = -1;
+  const pid_t child = ::forkpty(&terminal, nullptr, nullptr, &size);
+  if (child == 0) {
+    ::execve(BRIVONCTL, arguments.data(), variables.data());
+    ::_exit(127);
+  }
+  ::fcntl(terminal, F_SETFL, O_NONBLOCK);
+  QByteArray shown;
+  int status = -1;
+  EXPECT_TRUE(WaitUntil([&] {
+    const bool has_ended = ::waitpid(child, &status, WNOHANG) == child;
+    char bytes[4096];
+    for (ssize_t count = 0; (count = ::read(terminal, bytes, sizeof bytes)) > 0;) {
+      shown.append(bytes, count);
+    }
+    return has_ended;
+  }));
+  ::close(terminal);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 1);
+  return shown;
+}
+
+class BrivonctlTerminal : public testing::Test {
+ protected:
+  BrivonctlTerminal() {
+    site_.Close(2);
+    site_.Fail(1, {.late_ms = 400});
+  }
+
+  QByteArray ShownWith(const QList<QByteArray>& environment) const {
+    return Shown({u"send"_s, u"page"_s, site_.Page(), u"--page"_s, u"7"_s, u"--to"_s, u"all"_s,
+                  u"--folder"_s, site_.Folder().Path({})},
+                 environment);
+  }
+
+  Site site_{2};
+};
+
+TEST_F(BrivonctlTerminal, APanelThatMovesHasALineAndTheTableHasColours) {
+  const QByteArray shown = ShownWith({"TERM=xterm", "LC_ALL=C.UTF-8"});
+  EXPECT_TRUE(shown.contains("ID001 Row 1 of 2, attempt 1 of 5\r\n")) << shown.toStdString();
+  EXPECT_TRUE(shown.contains("0 of 2 done, 1 failed, ")) << shown.toStdString();
+  EXPECT_TRUE(shown.contains("\x1b[J")) << shown.toStdString();
+  EXPECT_TRUE(shown.contains("ID001  \x1b[32mok       \x1b[0mTransmission finished!\r\n"))
+      << shown.toStdString();
+  EXPECT_TRUE(shown.contains("ID002  \x1b[31mfailed   \x1b[0mCannot create TCP link!\r\n"))
+      << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, WithoutColoursThereAreNone) {
+  const QByteArray shown = ShownWith({"TERM=xterm", "LC_ALL=C.UTF-8", "NO_COLOR=1"});
+  EXPECT_TRUE(shown.contains("ID001 Row 1 of 2, attempt 1 of 5\r\n")) << shown.toStdString();
+  EXPECT_FALSE(shown.contains("\x1b[3")) << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, OfADumbTerminalTheCursorStaysWhereItIs) {
+  const QByteArray shown = ShownWith({"TERM=dumb", "LC_ALL=C.UTF-8"});
+  EXPECT_FALSE(shown.contains('\x1b')) << shown.toStdString();
+  EXPECT_TRUE(shown.contains("ID001 ok Transmission finished!\r\n")) << shown.toStdString();
+}
+
+}  // namespace

@@ -1,0 +1,202 @@
+#include "orders/transmitter.h"
+
+#include <gtest/gtest.h>
+
+#include "support/panel_bench.h"
+
+using namespace Qt::StringLiterals;
+
+namespace BrivonCtl {
+namespace {
+
+const QList<VirtualPanel::PanelDescription> kPanels = {
+    {1, 2, 96, true}, {2, 2, 96, true}, {3, 2, 96, true}};
+
+/// Panels at one line in virtual time, and what the transmitter tells of them.
+class TransmitterTest : public testing::TestWithParam<LineKind> {
+ protected:
+  TransmitterTest() {
+    assignment_.order = {Action::kSendPage,
+                         bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96)), u"7"_s};
+    assignment_.configuration = Brivon1::Store();
+    assignment_.configuration.delay_period = 300;
+  }
+
+  static Brivon1::PanelListEntry Entry(int id) {
+    const auto& entry = Brivon1::Store().panels[static_cast<std::size_t>(id)];
+    return {id, entry.rows, entry.columns, Brivon1::ReadEndpoint(entry.address)};
+  }
+
+  void Serve(const QList<int>& ids) {
+    PanelsOfALine panels;
+    for (const int id : ids) panels.append(Entry(id));
+    const Tell tell = [this](const Happening& happening) {
+      if (std::holds_alternative<Step>(happening)) {
+        ++steps_;
+        if (steps_ == stop_at_step_) bench_.Ports()->timer.stop.made = true;
+      } else {
+        transmissions_.append(std::get<Transmission>(happening));
+      }
+    };
+    Transmitter(assignment_, *bench_.Ports(), tell).Serve(panels);
+  }
+
+  bool IsSerial() const { return GetParam() == LineKind::kSerial; }
+
+  VirtualBench bench_{GetParam(), kPanels};
+  Assignment assignment_;
+  QList<Transmission> transmissions_;
+  int steps_ = 0;
+  int stop_at_step_ = 0;
+};
+
+INSTANTIATE_TEST_SUITE_P(, TransmitterTest, testing::Values(LineKind::kTcp, LineKind::kSerial),
+                         LineName);
+
+TEST_P(TransmitterTest, APageIsSentAsTheWindowSendsItAndInItsTime) {
+  Serve({1});
+  EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{"<ID01><L01><P007><SA><CA>Row 01 \r\n",
+                                                "<ID01><L02><P007><SA><CB>Row 02 \r\n"}));
+  ASSERT_EQ(transmissions_.size(), 1);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kOk);
+  EXPECT_EQ(transmissions_[0].result.text, u"Transmission finished!"_s);
+  EXPECT_EQ(transmissions_[0].acknowledged_rows, 2);
+  EXPECT_EQ(transmissions_[0].attempts, 2);
+  EXPECT_EQ(transmissions_[0].digest.size(), 64);
+  EXPECT_EQ(steps_, 2);
+  // Half a second until a connection is looked at, and the "Delay Period" behind the last row.
+  EXPECT_EQ(bench_.Time().Now(), (IsSerial() ? 0 : 500) + 300);
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(TransmitterTest, APanelThatNeverAnswersFailsAfterFiveAttempts) {
+  bench_.Fail({.silent = true});
+  Serve({2});
+  ASSERT_EQ(transmissions_.size(), 1);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_EQ(transmissions_[0].result.text, u"Transmission failure!"_s);
+  EXPECT_EQ(transmissions_[0].result.reason,
+            u"No response from display panel. Please check connection.\n"
+            "Panel ID 2 was tried 5 times.\n0 of 2 rows have arrived, 2 have not."_s);
+  EXPECT_EQ(transmissions_[0].attempts, 5);
+  EXPECT_EQ(transmissions_[0].acknowledged_rows, 0);
+  EXPECT_EQ(bench_.Time().Now(), (IsSerial() ? 0 : 500) + 5 * 1100);
+}
+
+TEST_P(TransmitterTest, TheSerialPortIsOpenedOnceAndAConnectionForEachTransmission) {
+  Serve({1, 2, 3});
+  EXPECT_EQ(bench_.Openings(), IsSerial() ? 1 : 3);
+  ASSERT_EQ(transmissions_.size(), 3);
+  for (const Transmission& transmission : transmissions_) {
+    EXPECT_EQ(transmission.result.result, Result::kOk);
+  }
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(TransmitterTest, AWholeTransmissionIsRepeatedBehindAllOtherPanels) {
+  assignment_.further_transmissions = 2;
+  bench_.Fail({.silent_answers = 5});
+  Serve({1, 2});
+  ASSERT_EQ(transmissions_.size(), 3);
+  EXPECT_EQ(transmissions_[0].result.panel, 1);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_FALSE(transmissions_[0].is_last);
+  EXPECT_EQ(transmissions_[1].result.panel, 2);
+  EXPECT_TRUE(transmissions_[1].is_last);
+  EXPECT_EQ(transmissions_[2].result.panel, 1);
+  EXPECT_EQ(transmissions_[2].result.result, Result::kOk);
+  EXPECT_EQ(transmissions_[2].number, 2);
+  EXPECT_TRUE(transmissions_[2].is_last);
+}
+
+TEST_P(TransmitterTest, NoMoreThanTheFurtherTransmissionsFollow) {
+  assignment_.further_transmissions = 1;
+  bench_.Fail({.silent = true});
+  Serve({1});
+  ASSERT_EQ(transmissions_.size(), 2);
+  EXPECT_TRUE(transmissions_[1].is_last);
+  EXPECT_EQ(bench_.Frames().size(), 10);
+}
+
+TEST_P(TransmitterTest, AStopLetsTheAttemptInProgressEndAndNothingElseBegin) {
+  stop_at_step_ = 1;
+  Serve({1, 2});
+  ASSERT_EQ(transmissions_.size(), 2);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kStopped);
+  EXPECT_EQ(transmissions_[0].result.text, u"Aborted!"_s);
+  EXPECT_EQ(transmissions_[0].result.reason, u"1 of 2 rows have arrived, 1 have not."_s);
+  EXPECT_EQ(transmissions_[0].acknowledged_rows, 1);
+  EXPECT_EQ(transmissions_[1].result.result, Result::kStopped);
+  EXPECT_EQ(transmissions_[1].result.reason, u"Nothing has been sent."_s);
+  EXPECT_EQ(bench_.Frames().size(), 1);
+  EXPECT_TRUE(bench_.IsReleased());
+}
+
+TEST_P(TransmitterTest, ALineThatCannotBeOpenedIsTheReason) {
+  bench_.Unplug();
+  Serve({1, 2});
+  ASSERT_EQ(transmissions_.size(), 2);
+  for (const Transmission& transmission : transmissions_) {
+    EXPECT_EQ(transmission.result.result, Result::kFailed);
+    EXPECT_EQ(transmission.result.text, IsSerial() ? u"Fail to initialize communication port!"_s
+                                                   : u"Cannot create TCP link!"_s);
+    EXPECT_TRUE(transmission.result.reason.endsWith(u": nobody is there"_s));
+    EXPECT_EQ(transmission.attempts, 0);
+  }
+}
+
+TEST_P(TransmitterTest, ALineThatIsCutFailsForItsPanelAndIsOpenedAnewForTheNextOne) {
+  bench_.Fail({.close_after_frame = 1});
+  Serve({1, 2});
+  ASSERT_EQ(transmissions_.size(), 2);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_EQ(bench_.Openings(), 2);
+}
+
+TEST_P(TransmitterTest, ACommandReportsInTheWordsOfItsWindow) {
+  assignment_.order = {Action::kRunPage, {}, u"12"_s};
+  Serve({3});
+  EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{"<ID03><RP012>\r\n"}));
+  ASSERT_EQ(transmissions_.size(), 1);
+  EXPECT_EQ(transmissions_[0].result.text, u"Page 12 is running."_s);
+  EXPECT_EQ(transmissions_[0].acknowledged_rows, 0);
+  EXPECT_EQ(transmissions_[0].attempts, 1);
+}
+
+TEST_P(TransmitterTest, ToAllPanelsTogetherOkMeansSent) {
+  auto& entry = assignment_.configuration.panels[0];
+  entry = assignment_.configuration.panels[1];
+  Brivon1::PanelListEntry everybody = Entry(1);
+  everybody.id = 0;
+  QList<Transmission> told;
+  const Tell tell = [&told](const Happening& happening) {
+    if (const auto* transmission = std::get_if<Transmission>(&happening)) {
+      told.append(*transmission);
+    }
+  };
+  Transmitter(assignment_, *bench_.Ports(), tell).Serve({everybody});
+  ASSERT_EQ(told.size(), 1);
+  EXPECT_EQ(told[0].result.result, Result::kOk);
+  EXPECT_EQ(told[0].acknowledged_rows, 0);
+  EXPECT_EQ(bench_.Frames().size(), 2);
+}
+
+TEST(ByLine, PanelsOfOneAddressShareOneLineAndTheSerialLineIsOneForAll) {
+  const Brivon1::TcpEndpoint first{"10.0.0.1", 80};
+  const Brivon1::TcpEndpoint second{"10.0.0.1", 81};
+  const QList<Brivon1::PanelListEntry> panels = {
+      {1, 2, 96, first}, {2, 2, 96, second}, {3, 2, 96, first}};
+  const auto lines = ByLine(panels, Brivon1::SendMode::kTcp);
+  ASSERT_EQ(lines.size(), 2);
+  ASSERT_EQ(lines[0].size(), 2);
+  EXPECT_EQ(lines[0][0].id, 1);
+  EXPECT_EQ(lines[0][1].id, 3);
+  ASSERT_EQ(lines[1].size(), 1);
+  EXPECT_EQ(lines[1][0].id, 2);
+  const auto serial = ByLine(panels, Brivon1::SendMode::kSerial);
+  ASSERT_EQ(serial.size(), 1);
+  EXPECT_EQ(serial[0].size(), 3);
+}
+
+}  // namespace
+}  // namespace BrivonCtl
