@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QScrollBar>
 
+#include "panel_dots/dot_glyphs.h"
 #include "panel_dots/dot_matrix.h"
 #include "panel_dots/dot_painter.h"
 #include "panel_dots/message_text.h"
@@ -45,13 +46,15 @@ void DotsDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
   const QPixmap picture = PictureOf(index.row(), *option);
   option->features |= QStyleOptionViewItem::HasDecoration;
   option->icon = QIcon(picture);
+  option->icon.addPixmap(picture, QIcon::Selected);  // in its own colours there too
   option->decorationSize = picture.deviceIndependentSize().toSize();
 }
 
 QPixmap DotsDelegate::PictureOf(int entry, const QStyleOptionViewItem& option) const {
   const QList<PanelDots::Cell> cells = PanelDots::ParseCells(text_of_(entry));
-  PanelDots::DotMatrix dots(PanelDots::ColumnsOf(cells, {}) + 2 * kMargin,
-                            PanelDots::kRowDots + 2 * kMargin);
+  // As wide as in the widest size, so that the names stand in one line.
+  const auto columns = static_cast<int>(cells.size()) * PanelDots::kNormalColumns;
+  PanelDots::DotMatrix dots(columns + 2 * kMargin, PanelDots::kRowDots + 2 * kMargin);
   PanelDots::PutCells(&dots, kMargin, kMargin, cells, {});
   const double pixels = option.widget != nullptr ? option.widget->devicePixelRatioF() : 1;
   const PanelDots::DotPainter painter(

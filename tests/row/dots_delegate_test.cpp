@@ -22,11 +22,12 @@ class DotsDelegateTest : public testing::Test {
     for (const char* name : Brivon1::kColourNames) list_.addItem(QLatin1String(name));
   }
 
-  QImage Entry(int entry) {
+  QImage Entry(int entry, QStyle::State state = QStyle::State_Enabled) {
     QStyleOptionViewItem option;
     option.initFrom(list_.view());
     option.widget = list_.view();
     option.font = list_.font();
+    option.state |= state;
     const QModelIndex index = list_.model()->index(entry, 0);
     const QSize size = list_.itemDelegate()->sizeHint(option, index);
     option.rect = QRect(QPoint(0, 0), size);
@@ -60,6 +61,13 @@ TEST_F(DotsDelegateTest, EachColourIsSeenInItsOwnLook) {
   EXPECT_EQ(Lit(Entry(2)), QSet<char>{'y'});
   EXPECT_EQ(Lit(Entry(3)), (QSet<char>{'r', 'g'}));
   EXPECT_EQ(Lit(Entry(15)), (QSet<char>{'r', 'g', 'y'})) << "the rainbow is not blue";
+}
+
+TEST_F(DotsDelegateTest, TheSelectedEntryKeepsItsColours) {
+  ShowColoursInDots(&list_);
+  const QImage plain = Entry(1);
+  const QRect dots(6, 6, 20, 8);
+  EXPECT_EQ(Entry(1, QStyle::State_Enabled | QStyle::State_Selected).copy(dots), plain.copy(dots));
 }
 
 TEST_F(DotsDelegateTest, TheClosedListIsAsWideAsEver) {
