@@ -24,9 +24,10 @@ using PanelDots::Cell;
 /// The cells of a row up to the first one that is cut. Of the others, which have no light, those
 /// are left that begin on the panel.
 QList<Cell> SeenCells(const QByteArray& row_line, qint16 columns) {
-  // A row of a megabyte takes several times as much for a moment: one at a time.
-  static QMutex one_at_a_time;
-  const QMutexLocker lock(&one_at_a_time);
+  // A row of a megabyte takes several times as much for a moment: one at a time. The lock outlives
+  // the program's end, as a thread may that waits for a drive.
+  static QMutex* const one_at_a_time = new QMutex;
+  const QMutexLocker lock(one_at_a_time);
   QList<Cell> cells = PanelCells(row_line, kTri);
   const qsizetype cut =
       PanelDots::FirstCut(cells, columns, {true, true, QDateTime::currentDateTime()});

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QItemSelectionModel>
 #include <QPushButton>
+#include <QSet>
 
 #include "language/further_texts.h"
 #include "language/module_language.h"

@@ -252,8 +252,9 @@ TEST(RowWidth, ASymbolIsOneCharacterAndCompressedOnesAreNarrower) {
   Type(page, "d~");
   EXPECT_EQ(DotsOf(page.Row(1)), 28);
   Choose(page, 1, 1);
-  Type(page, "E");  // of another colour: no symbol
-  EXPECT_EQ(DotsOf(page.Row(1)), 33);
+  // Of another colour: it is no symbol. Six characters show how it goes: "<G<>" is sent, and "CB>E".
+  Type(page, "E");
+  EXPECT_EQ(DotsOf(page.Row(1)), 48);
 }
 
 // The rows of a page, each with its attributes.
