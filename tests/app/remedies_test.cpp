@@ -32,7 +32,7 @@ void PrintTo(const Message& message, std::ostream* out) {
 constexpr const char* kConfig = "Setting up panels and the link";
 constexpr const char* kOpening = "Beginning a page";
 constexpr const char* kSaving = "Saving";
-constexpr const char* kPage = "Sending a page";
+constexpr const char* kPage = "Messages about a page that is sent";
 constexpr const char* kSchedules = "Schedules";
 constexpr const char* kSchedule = "Sending a schedule";
 constexpr const char* kScrolling = "Sending a scrolling message";

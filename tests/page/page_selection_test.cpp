@@ -252,7 +252,7 @@ TEST(RowWidth, ASymbolIsOneCharacterAndCompressedOnesAreNarrower) {
   Type(page, "d~");
   EXPECT_EQ(DotsOf(page.Row(1)), 28);
   Choose(page, 1, 1);
-  // Of another colour: it is no symbol. Six characters show how it goes: "<G<>" is sent, and "CB>E".
+  // Of another colour: its code breaks the symbol. The panel is sent "<G<>" and "CB>E".
   Type(page, "E");
   EXPECT_EQ(DotsOf(page.Row(1)), 48);
 }
