@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QPainter>
 #include <QTimeZone>

@@ -1,4 +1,5 @@
 // Leaving a schedule with unsaved work, and handing it over to be sent.
+#include <QComboBox>
 #include <QDir>
 
 #include <gtest/gtest.h>
