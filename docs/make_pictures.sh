@@ -3,7 +3,9 @@
 #
 #   docs/make_pictures.sh [PRESET]          makes them anew, and removes those that no paper names
 #   docs/make_pictures.sh --check [PRESET]  changes nothing: says whether they can be made, come out
-#                                           the same twice, and are those that the papers name
+#                                           the same twice, and whether those in docs/pictures have
+#                                           the names and sizes of the new ones. It does not compare
+#                                           what they show
 #
 # The programs are built with the preset of that name, release unless told otherwise. How large a
 # letter is depends on the system's fonts, so make all pictures on one system.
@@ -53,12 +55,33 @@ same_names() {
   return 1
 }
 
+# The width and height of each picture in a folder, as the head of a PNG file has them.
+sizes() {
+  local picture
+  for picture in "$1"/*.png; do
+    echo "$(basename "$picture") $(od -An -tu1 -j16 -N8 "$picture" |
+      awk '{ print $1 * 16777216 + $2 * 65536 + $3 * 256 + $4 "x" \
+                   $5 * 16777216 + $6 * 65536 + $7 * 256 + $8 }')"
+  done
+}
+
+# The pictures in docs/pictures are as large as those that the program makes.
+same_sizes() {
+  sizes "$scratch/once" >"$scratch/made"
+  sizes docs/pictures >"$scratch/there"
+  diff "$scratch/made" "$scratch/there" >"$scratch/difference" && return
+  echo "The sizes that the program makes (<) and those in docs/pictures (>) differ:" >&2
+  grep '^[<>]' "$scratch/difference" >&2
+  return 1
+}
+
 make_pictures "$scratch/once"
 same_names "what the program makes" "$scratch/once"
 if [ -n "$check" ]; then
   make_pictures "$scratch/twice"
   diff -rq "$scratch/once" "$scratch/twice"
   same_names "what lies in docs/pictures" docs/pictures
+  same_sizes
   exit
 fi
 find docs/pictures -type f -name '*.png' -delete

@@ -8,8 +8,11 @@
 #include "language/module_language.h"
 #include "page/frmPage.h"
 #include "panel_line/waits.h"
+#include "sending/refusals.h"
+#include "sending/sending_words.h"
 #include "ui_frmCommand.h"
 #include "widgets/caption_loader.h"
+#include "widgets/kept_place.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,12 +42,11 @@ frmCommand::frmCommand(QWidget* parent, const Brivon1::PanelPorts* ports)
   connect(ui_->ListCommand, &QListWidget::itemDoubleClicked, this, &frmCommand::Send);
   connect(ui_->ListCommand, &QListWidget::itemSelectionChanged, this,
           &frmCommand::ShowWhatItDeletes);
+  connect(ui_->ListCommand, &QListWidget::itemSelectionChanged, this,
+          [this] { session_->ShowNote(Brivon1::LinkNote(Brivon1::Store())); });
   connect(ui_->ComboID, &QComboBox::currentIndexChanged, this, &frmCommand::ShowWhatItDeletes);
   connect(ui_->butDone, &QPushButton::clicked, this, &QDialog::accept);
-  // The line keeps its place, so that no row moves under the pointer.
-  QSizePolicy line_place = ui_->lblWhatItDeletes->sizePolicy();
-  line_place.setRetainSizeWhenHidden(true);
-  ui_->lblWhatItDeletes->setSizePolicy(line_place);
+  KeepPlaceWhenHidden(ui_->lblWhatItDeletes);
   ui_->lblWhatItDeletes->setText(TranslateMessage(ui_->lblWhatItDeletes->text()));
   ShowWhatItDeletes();
   // The file's own section has no text for the frame; that of a window that has one says the same.
@@ -81,8 +83,7 @@ void frmCommand::ShowWhatItDeletes() {
   ui_->lblWhatItDeletes->setVisible(deletes);
   if (!deletes) return;
   const QString text = TranslateMessage(Brivon1::WhatItDeletes(*command, panel->id));
-  const QString name = u"ID%1"_s.arg(panel->id, 3, 10, '0'_L1);
-  ui_->lblWhatItDeletes->setText(QString(text).replace(u"%1"_s, name));
+  ui_->lblWhatItDeletes->setText(QString(text).replace(u"%1"_s, Brivon1::PanelName(panel->id)));
 }
 
 void frmCommand::Send() {
@@ -102,7 +103,10 @@ void frmCommand::Send() {
 
 void frmCommand::CarryOut(Sending& sending, Brivon1::OpenLine& line, int id) {
   const auto command = SelectedCommand();
-  if (!command) return;
+  if (!command) {
+    session_->ShowNote(TranslateMessage(u"Choose a command."_s));
+    return;
+  }
   QString page;
   if (Brivon1::NeedsPage(*command)) {
     const auto text = frmPage::Ask(this);

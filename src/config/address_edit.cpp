@@ -32,10 +32,8 @@ void AddressEdit::Refuse() {
   const QScopedValueRollback refusing(is_refusing_, true);
   // A button that is being pressed never sees its release, or sees it when all is over.
   for (auto* button : window()->findChildren<QAbstractButton*>()) button->setDown(false);
-  const QString remedy = ModuleLanguage::TranslateMessage(
-      u"\"%1\" is not four numbers from 0 to 254 with points between them."_s);
-  ShowRefusal(window(),
-              {ModuleLanguage::TranslateMessage(u"Invalid IP Address!"_s), remedy.arg(text())});
+  ShowRefusal(window(), {ModuleLanguage::TranslateMessage(u"Invalid IP Address!"_s),
+                         Brivon1::AddressRemedy(text())});
   setText(Brivon1::kNoAddress);
 }
 

@@ -97,6 +97,19 @@ QString InputRemedy(const PanelBoxes& boxes) {
       .arg(kLongestPanelValue);
 }
 
+QString AddressRemedy(const QString& text) {
+  return TranslateMessage(u"\"%1\" is not four numbers from 0 to 254 with points between them."_s)
+      .arg(text);
+}
+
+QString ConfigurationRemedy(SaveResult result, const QString& reason, const QString& button) {
+  const QString remedy = TranslateMessage(
+      result == SaveResult::kDriveNotAvailable
+          ? u"Make room there, then press \"%1\" again."_s
+          : u"Make sure that this file can be read and written, then press \"%1\" again."_s);
+  return ConfigurationPath() + u": "_s + TranslateMessage(reason) + u'\n' + remedy.arg(button);
+}
+
 bool IsNoAddress(const QString& address) { return IpAddress(address) == kNoAddress; }
 
 bool IsReadBackShort(const QString& columns) {

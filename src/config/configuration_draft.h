@@ -44,6 +44,12 @@ bool IsNoAddress(const QString& address);
 /// Why boxes with an IP address are no panel, in the operator's language; empty where they are one.
 QString InputRemedy(const PanelBoxes& boxes);
 
+/// Why `text` is no IP address, in the operator's language.
+QString AddressRemedy(const QString& text);
+
+/// Why "brivon.ini" was not saved, and what to do before `button` is pressed once more.
+QString ConfigurationRemedy(SaveResult result, const QString& reason, const QString& button);
+
 /// Whether a panel with so many dot columns has more digits than the store reads back.
 bool IsReadBackShort(const QString& columns);
 

@@ -16,6 +16,7 @@
 #include "widgets/caption_room.h"
 #include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
+#include "widgets/kept_place.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -43,13 +44,6 @@ bool IsEnter(const QKeyEvent& press) {
 // land on the first one, for Space to choose it.
 void TabLandsOn(const QRadioButton* chosen, QRadioButton* option) {
   option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
-}
-
-// A note keeps its place while it is hidden, so that nothing moves when it appears.
-void KeepPlace(QWidget* note) {
-  QSizePolicy place = note->sizePolicy();
-  place.setRetainSizeWhenHidden(true);
-  note->setSizePolicy(place);
 }
 
 }  // namespace
@@ -154,7 +148,7 @@ void frmConfig::SetUpPanels() {
   ui_->ComboColorType->addItems({TranslateText(u"Mono"_s), TranslateText(u"Tri"_s)});
   IgnoreWheel(ui_->ComboColorType);
   ui_->txtIPAddress->GiveUpAt(ui_->butCancel);
-  KeepPlace(ui_->lblColumnsNote);
+  KeepPlaceWhenHidden(ui_->lblColumnsNote);
   ui_->lblColumnsNote->hide();
   connect(ui_->txtcol, &QLineEdit::textChanged, this, [this](const QString& text) {
     ui_->lblColumnsNote->setVisible(Brivon1::IsReadBackShort(text));
@@ -201,9 +195,9 @@ void frmConfig::ShowSelected() {
 }
 
 void frmConfig::SetUpNotes() {
-  KeepPlace(ui_->lblNotAdded);
-  KeepPlace(ui_->lblNoAddress);
-  KeepPlace(ui_->lblNoLink);
+  KeepPlaceWhenHidden(ui_->lblNotAdded);
+  KeepPlaceWhenHidden(ui_->lblNoAddress);
+  KeepPlaceWhenHidden(ui_->lblNoLink);
   ui_->lblNotAdded->setText(TranslateMessage(u"Not added yet"_s));
   ui_->lblNoAddress->setText(TranslateMessage(u"No address yet"_s));
   ui_->lblNoLink->setText(TranslateMessage(u"No link is chosen yet"_s));
@@ -312,6 +306,7 @@ void frmConfig::accept() {
     QDialog::accept();
     return;
   }
+  const QString button = WithoutShortcutMark(ui_->butOK->text());
   ShowRefusal(this, {TranslateMessage(Brivon1::SaveFailureText(result)),
-                     Brivon1::ConfigurationPath() + u": "_s + TranslateMessage(reason)});
+                     Brivon1::ConfigurationRemedy(result, reason, button)});
 }

@@ -74,12 +74,12 @@ QString WrongKindRemedy(const QString& path, FileSort wanted) {
   const Sort& sort = kSorts[static_cast<int>(wanted)];
   const QString choose = u'\n' + Translated(sort.wanted);
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return WithReason(path, file.errorString());
+  if (!file.open(QIODevice::ReadOnly)) return WithReason(path, file.errorString()) + choose;
   if (file.size() == 0) return TranslateMessage(u"%1 is empty."_s).arg(path) + choose;
   LineReader lines(file);
   const auto line = lines.Next();
   if (!line) {
-    if (!lines.IsLineTooLong()) return WithReason(path, file.errorString());
+    if (!lines.IsLineTooLong()) return WithReason(path, file.errorString()) + choose;
     return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
                .arg(path, QString::number(kLongestLine)) +
            choose;

@@ -10,6 +10,7 @@
 #include "language/module_language.h"
 #include "sending/sending_words.h"
 #include "widgets/elided_label.h"
+#include "widgets/kept_place.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,12 +18,6 @@ using Brivon1::Progress;
 using ModuleLanguage::TranslateMessage;
 
 namespace {
-
-void KeepItsRoom(QWidget* control) {
-  QSizePolicy policy = control->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  control->setSizePolicy(policy);
-}
 
 /// How many of all frames have arrived, and how many there are.
 struct Frames {
@@ -67,7 +62,7 @@ ProgressView::ProgressView(QWidget* parent)
   layout->setColumnStretch(0, 1);
   connect(stop_, &QPushButton::clicked, this, &ProgressView::StopPressed);
   for (QWidget* control : {static_cast<QWidget*>(bar_), static_cast<QWidget*>(stop_)}) {
-    KeepItsRoom(control);
+    KeepPlaceWhenHidden(control);
     control->hide();
   }
 }

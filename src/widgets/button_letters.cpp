@@ -120,11 +120,13 @@ class ButtonLetters : public QObject {
     }
   }
 
-  // As a click does it: at once, and with the focus. A key that is held too long presses once.
+  // As a click does it: at once, and with the focus. A key that is held too long presses once. The
+  // control that loses the focus may refuse what it holds, and lets the button go then.
   bool Press(QAbstractButton& button) const {
     if (is_held_) return true;
+    button.setDown(true);
     if (button.focusPolicy() & Qt::ClickFocus) button.setFocus(Qt::ShortcutFocusReason);
-    button.click();
+    if (button.isDown()) button.click();
     return true;
   }
 

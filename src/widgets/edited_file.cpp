@@ -8,6 +8,7 @@
 #include "language/file_remedies.h"
 #include "language/further_texts.h"
 #include "language/module_language.h"
+#include "widgets/kept_place.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -22,9 +23,7 @@ EditedFile::EditedFile(QWidget* window, const Labels& labels, Brivon1::ModifiedF
       modified_(modified),
       editor_(std::move(editor)) {
   labels_.not_saved->setText(TranslateText(u"not saved"_s));
-  QSizePolicy place = labels_.not_saved->sizePolicy();
-  place.setRetainSizeWhenHidden(true);  // nothing moves while one types
-  labels_.not_saved->setSizePolicy(place);
+  KeepPlaceWhenHidden(labels_.not_saved);
   ShowNotSaved(IsModified());
   modified_.Tell([this](bool is_modified) { ShowNotSaved(is_modified); });
 }

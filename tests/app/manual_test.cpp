@@ -5,12 +5,14 @@
 #include <string>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QTest>
 #include <QUrl>
@@ -24,6 +26,7 @@
 #include "page/frmMsgEditor.h"
 #include "page/frmPage.h"
 #include "page/frmSendMsg.h"
+#include "row/row_surface.h"
 #include "schedule/frmDelay.h"
 #include "schedule/frmSchedule.h"
 #include "schedule/frmSendSch.h"
@@ -154,13 +157,48 @@ TEST(ManualWhileSending, F1DoesNotHoldTheTransmissionUp) {
   EXPECT_EQ(boxes.Texts(), QStringList({u"The manual is missing."_s, u"Transmission finished!"_s}));
 }
 
-#ifdef BRIVON_HTML_MANUAL
-
 QString Read(const QString& path) {
   QFile file(path);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
   return QString::fromUtf8(file.readAll());
 }
+
+/// The keys of a row that the table of all keys names.
+QStringList KeysOfARow() {
+  const QString keys = Read(QStringLiteral(BRIVON_MANUAL)).section(u"\n## All keys\n"_s, 1);
+  QStringList named;
+  for (const QString& line : keys.section(u"\n## "_s, 0, 0).split(u'\n')) {
+    const QString where = line.section(u'|', 1, 1).trimmed();
+    if (where == "a row"_L1 || where == "rows of a page"_L1 ||
+        where == "page and scrolling message"_L1) {
+      named += line.section(u'|', 2, 2).trimmed().split(u", "_s);
+    }
+  }
+  return named;
+}
+
+TEST(ManualText, TheTableOfAllKeysHasThoseOfARowsMenu) {
+  const TemporaryProgramFolder folder;
+  folder.Configure("[Dimension Config]\r\nID001=4x96,Tri,192.168.10.1:80\r\n");
+  frmMsgEditor editor(nullptr);
+  editor.show();
+  auto* row = editor.findChild<RowSurface*>();
+  ASSERT_NE(row, nullptr);
+  Q_EMIT row->MenuAsked(row->mapToGlobal(QPoint()));
+  const auto* menu = row->findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  const QStringList named = KeysOfARow();
+  int keys = 0;
+  for (const QAction* action : menu->actions()) {
+    if (action->shortcut().isEmpty()) continue;
+    ++keys;
+    const QString key = action->shortcut().toString(QKeySequence::PortableText);
+    EXPECT_TRUE(named.contains(key)) << key.toStdString();
+  }
+  EXPECT_GE(keys, 8);
+}
+
+#ifdef BRIVON_HTML_MANUAL
 
 const QString kManual = QStringLiteral(BRIVON_HTML_MANUAL);
 

@@ -33,7 +33,7 @@ constexpr const char* kConfig = "Setting up panels and the link";
 constexpr const char* kOpening = "Beginning a page";
 constexpr const char* kSaving = "Saving";
 constexpr const char* kPage = "Messages about a page that is sent";
-constexpr const char* kSchedules = "Schedules";
+constexpr const char* kSchedules = "The files of a schedule";
 constexpr const char* kSchedule = "Sending a schedule";
 constexpr const char* kScrolling = "Sending a scrolling message";
 constexpr const char* kCommands = "Commands";
@@ -68,8 +68,13 @@ const Message kMessages[] = {
     {kConfig, "Invalid IP Address!",
      "\"1.2.3\" is not four numbers from 0 to 254 with points between them.",
      [](Stage& s) { return Config(s, "txtIPAddress", "1.2.3"); }},
-    {kConfig, "Invalid path!", "%1/brivon.ini: The file cannot be read.", SaveConfigOntoFolder},
-    {kConfig, "Drive not available!", "%1/brivon.ini: File too large", SaveConfigOntoFullDisk},
+    {kConfig, "Invalid path!",
+     "%1/brivon.ini: The file cannot be read.\nMake sure that this file can be read and written, "
+     "then press \"OK\" again.",
+     SaveConfigOntoFolder},
+    {kConfig, "Drive not available!",
+     "%1/brivon.ini: File too large\nMake room there, then press \"OK\" again.",
+     SaveConfigOntoFullDisk},
 
     {kOpening, "File not found!", Gone("gone.msg"),
      [](Stage& s) { return OpenIn<frmMsgEditor>(s, "gone.msg"); }},
@@ -97,7 +102,7 @@ const Message kMessages[] = {
      [](Stage& s) { return SendPage(In(s, "page.msg"), Stage::Panel(2)); }},
     {kPage, "Fail to initialize communication port!", kNoPort, NoPort},
     {kPage, "Cannot create TCP link!", kNoServer, NoServer},
-    {kPage, "Aborted!", "1 of 4 rows have arrived, 3 have not.",
+    {kPage, "Aborted!", "1 of 4 rows have arrived, missing: 3.",
      [](Stage&) {
        return Refusal{u"Aborted!"_s, Brivon1::ArrivedText({.row = 2, .rows = 4, .attempt = 1}, 1)};
      }},

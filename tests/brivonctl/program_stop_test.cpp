@@ -48,7 +48,7 @@ TEST_P(BrivonctlStop, OneSignalLetsTheAttemptsInProgressEndAndSaysWhatIsWhere) {
   }
   ASSERT_EQ(panels.size(), 3U);
   EXPECT_EQ(panels[1][u"result"_s], u"stopped"_s);
-  EXPECT_EQ(panels[1][u"reason"_s], u"Aborted! 0 of 2 rows have arrived, 2 have not."_s);
+  EXPECT_EQ(panels[1][u"reason"_s], u"Aborted! 0 of 2 rows have arrived, missing: 2."_s);
   EXPECT_EQ(run_.Events().last()[u"status"_s], 130);
 }
 

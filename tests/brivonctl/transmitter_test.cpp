@@ -77,7 +77,7 @@ TEST_P(TransmitterTest, APanelThatNeverAnswersFailsAfterFiveAttempts) {
   EXPECT_EQ(transmissions_[0].result.text, u"Transmission failure!"_s);
   EXPECT_EQ(transmissions_[0].result.reason,
             u"No response from display panel. Please check connection.\n"
-            "Panel ID 2 was tried 5 times.\n0 of 2 rows have arrived, 2 have not."_s);
+            "Panel ID 2 was tried 5 times.\n0 of 2 rows have arrived, missing: 2."_s);
   EXPECT_EQ(transmissions_[0].attempts, 5);
   EXPECT_EQ(transmissions_[0].acknowledged_rows, 0);
   EXPECT_EQ(bench_.Time().Now(), (IsSerial() ? 0 : 500) + 5 * 1100);
@@ -124,7 +124,7 @@ TEST_P(TransmitterTest, AStopLetsTheAttemptInProgressEndAndNothingElseBegin) {
   ASSERT_EQ(transmissions_.size(), 2);
   EXPECT_EQ(transmissions_[0].result.result, Result::kStopped);
   EXPECT_EQ(transmissions_[0].result.text, u"Aborted!"_s);
-  EXPECT_EQ(transmissions_[0].result.reason, u"1 of 2 rows have arrived, 1 have not."_s);
+  EXPECT_EQ(transmissions_[0].result.reason, u"1 of 2 rows have arrived, missing: 1."_s);
   EXPECT_EQ(transmissions_[0].acknowledged_rows, 1);
   EXPECT_EQ(transmissions_[1].result.result, Result::kStopped);
   EXPECT_EQ(transmissions_[1].result.reason, u"Nothing has been sent."_s);

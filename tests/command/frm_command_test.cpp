@@ -245,6 +245,19 @@ TEST_P(CommandOverLink, WithoutASelectedCommandNothingIsSent) {
   EXPECT_TRUE(bench_.IsReleased());
 }
 
+TEST_P(CommandOverLink, WithoutASelectedCommandTheWindowAsksForOneUntilItIsChosen) {
+  CommandWindow command(bench_.Ports());
+  EXPECT_EQ(command.Shown("lblNote"), QString());
+  command.Click("butSend");
+  EXPECT_EQ(command.Shown("lblNote"), u"Choose a command."_s);
+  EXPECT_TRUE(command.Find<QWidget>("lblNote")->isVisible());
+  QTest::mouseClick(command.Commands()->viewport(), Qt::LeftButton, {},
+                    command.Commands()->visualItemRect(command.Commands()->item(0)).center());
+  EXPECT_FALSE(command.Find<QWidget>("lblNote")->isVisible());
+  EXPECT_EQ(command.Send(), QStringList{u"Command is sent successfully!"_s});
+  EXPECT_FALSE(command.Find<QWidget>("lblNote")->isVisible());
+}
+
 TEST_P(CommandOverLink, TheSecondPanelOfTheListIsReachedByItsOwnId) {
   CommandWindow command(bench_.Ports());
   const MessageBoxReader boxes;
@@ -348,6 +361,17 @@ TEST_F(CommandWindowAlone, SendModeEmptyOpensNothingAndReportsNothing) {
   command.DoubleClick(0);
   EXPECT_TRUE(boxes.Seen().isEmpty());
   EXPECT_TRUE(command.IsReady());
+}
+
+TEST_F(CommandWindowAlone, WithoutALinkItsNoteStaysWhateverIsSelectedAndSent) {
+  folder_.Configure("[Dimension Config]\r\nID001=4x96,Tri,1.2.3.4:80\r\n");
+  CommandWindow command;
+  const QString note = u"No link is chosen: Config, Communication Selection"_s;
+  EXPECT_EQ(command.Shown("lblNote"), note);
+  command.Click("butSend");
+  EXPECT_EQ(command.Shown("lblNote"), note);
+  command.DoubleClick(0);
+  EXPECT_EQ(command.Shown("lblNote"), note);
 }
 
 TEST_F(CommandWindowAlone, TextsAndTitleComeFromTheLanguageFile) {

@@ -66,6 +66,13 @@ class BadAddressTest : public ConfigDialogTest {
     QCoreApplication::processEvents();
   }
 
+  // After a message box, whose end leaves the window without the keyboard for a moment.
+  void PressAltOnceMore(Qt::Key letter) {
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(window_->focusWidget(), letter, Qt::AltModifier);
+  }
+
   void ExpectRefused() {
     ExpectOneBox("Invalid IP Address!");
     EXPECT_TRUE(window_->isVisible());
@@ -110,6 +117,36 @@ TEST_F(BadAddressTest, EnterInTheAddressBoxIsRefusedWithOneMessage) {
   QTest::keyClick(Box("txtIPAddress"), Qt::Key_Return);
   QCoreApplication::processEvents();
   ExpectRefused();
+}
+
+TEST_F(BadAddressTest, AltAndTheLetterOfAddIsRefusedWithOneMessageAndReplacesNoPanel) {
+  Open(kTwoPanels);
+  ClickLine(List(), 0);
+  Type("txtIPAddress", "10.0.0.255");
+  QTest::keyClick(Box("txtIPAddress"), Qt::Key_A, Qt::AltModifier);
+  QCoreApplication::processEvents();
+  ExpectRefused();
+  EXPECT_FALSE(Find<QPushButton>("butAdd")->isDown());
+  PressAltOnceMore(Qt::Key_A);
+  EXPECT_EQ(Lines().first(), Text("ID001     4x96     Tri-Color     0.0.0.0:2101"));
+}
+
+TEST_F(BadAddressTest, AltAndTheLetterOfOkIsRefusedWithOneMessageAndSavesNothing) {
+  Prepare();
+  QTest::keyClick(Box("txtIPAddress"), Qt::Key_O, Qt::AltModifier);
+  QCoreApplication::processEvents();
+  ExpectRefused();
+  EXPECT_FALSE(Find<QPushButton>("butOK")->isDown());
+  PressAltOnceMore(Qt::Key_O);
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(BadAddressTest, AltAndTheLetterOfCancelShowsNoMessage) {
+  Prepare();
+  QTest::keyClick(Box("txtIPAddress"), Qt::Key_C, Qt::AltModifier);
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_TRUE(reader_.Seen().isEmpty());
+  EXPECT_EQ(File(), kTwoPanels);
 }
 
 TEST_F(BadAddressTest, TwoMistakesAreReportedOneAtATime) {

@@ -182,7 +182,8 @@ TEST_F(ConfigDialogTest, AFullDiskIsReportedAndTheDialogStaysOpenWithNothingLost
   }
   ExpectOneBox("Drive not available!");
   EXPECT_EQ(reader_.Seen().first().informative,
-            folder_.Path(Text("brivon.ini")) + Text(": File too large"));
+            folder_.Path(Text("brivon.ini")) +
+                Text(": File too large\nMake room there, then press \"OK\" again."));
   EXPECT_TRUE(window_->isVisible());
   EXPECT_EQ(Lines().size(), 3);
   EXPECT_EQ(File(), kTwoPanels);
@@ -232,6 +233,10 @@ TEST_F(ConfigDialogTest, AFolderWithoutPermissionIsReportedAndTheDialogStaysOpen
   }
   ASSERT_EQ(chmod(folder.constData(), 0755), 0);
   ExpectOneBox("Invalid path!");
+  EXPECT_EQ(reader_.Seen().first().informative,
+            folder_.Path(Text("brivon.ini")) +
+                Text(": Permission denied\nMake sure that this file can be read and written, then "
+                     "press \"OK\" again."));
   EXPECT_TRUE(window_->isVisible());
   EXPECT_TRUE(Option("opt9600")->isChecked());
   EXPECT_EQ(File(), kTwoPanels);

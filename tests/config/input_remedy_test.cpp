@@ -37,6 +37,11 @@ TEST(InputRemedyTest, AnEntryThatIsTooLongForTheFileSaysSo) {
             "digits."_s);
 }
 
+TEST(AddressRemedyTest, WhatWasEnteredIsRepeatedAsItIs) {
+  EXPECT_EQ(Brivon1::AddressRemedy(u"1.%1.255"_s),
+            u"\"1.%1.255\" is not four numbers from 0 to 254 with points between them."_s);
+}
+
 TEST(InputRemedyTest, APanelNeedsNone) {
   EXPECT_EQ(InputRemedy(Right()), QString());
   PanelBoxes without_port = Right();

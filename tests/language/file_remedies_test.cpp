@@ -1,6 +1,9 @@
 // Why a file cannot be opened or saved, as an operator is told.
 #include "language/file_remedies.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -84,6 +87,22 @@ TEST_F(FileRemedies, AFileThatBreaksOffIsSaidToDoSo) {
             "%1 ends after its first line.\nChoose a page (.msg).");
   EXPECT_EQ(Wrong(QByteArray((1 << 20) + 1, 'x'), FileSort::kSchedule),
             "A line of %1 is longer than 1048576 bytes.\nChoose a schedule (.sch).");
+}
+
+TEST_F(FileRemedies, AFileThatMayNotBeReadSaysWhyAndWhatToChoose) {
+  const QString path = folder_.Write(u"some.file"_s, kPage);
+  ASSERT_EQ(chmod(QFile::encodeName(folder_.Path(QString())).constData(), 0755), 0);
+  ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0), 0);
+  // The superuser may read everything, so the file is opened as somebody else.
+  const bool is_superuser = geteuid() == 0;
+  if (is_superuser) {
+    ASSERT_EQ(seteuid(65534), 0);
+  }
+  const QString remedy = WrongKindRemedy(path, FileSort::kScrolling);
+  if (is_superuser) {
+    ASSERT_EQ(seteuid(0), 0);
+  }
+  EXPECT_EQ(Short(remedy, path), "%1: Permission denied\nChoose a scrolling message (.srl).");
 }
 
 TEST_F(FileRemedies, AFileThatBeginsRightNeedsNone) {

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTest>
@@ -78,9 +79,23 @@ void PictureMaker::Show(QWidget& window) {
 
 QImage PictureMaker::Picture(QWidget& window) const {
   const QString folder = folder_.Path(QString());
+  const auto replace_folder = [&folder](QString& text) {
+    text.replace(folder + u"/dev/"_s, u"/dev/"_s).replace(folder, kOperatorsFolder);
+  };
+  // A box is as wide as its text, so that it must not keep the width of this folder's name.
+  if (auto* box = qobject_cast<QMessageBox*>(&window)) {
+    QString text = box->informativeText();
+    replace_folder(text);
+    for (QLabel* label : box->findChildren<QLabel*>()) {
+      if (label->text() != box->informativeText() || label->minimumWidth() == 0) continue;
+      const QFontMetrics letters = label->fontMetrics();
+      label->setMinimumWidth(letters.horizontalAdvance(text) + letters.averageCharWidth());
+    }
+    box->setInformativeText(text);
+  }
   for (QLabel* label : window.findChildren<QLabel*>()) {
     QString text = label->text();
-    text.replace(folder + u"/dev/"_s, u"/dev/"_s).replace(folder, kOperatorsFolder);
+    replace_folder(text);
     if (text != label->text()) label->setText(text);
   }
   for (int i = 0; i < 3; ++i) QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);

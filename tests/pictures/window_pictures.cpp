@@ -1,5 +1,9 @@
 // The windows of the program, each in the state that the manual explains.
+#include <algorithm>
+
+#include <QCoreApplication>
 #include <QFile>
+#include <QLabel>
 #include <QListWidget>
 #include <QTest>
 
@@ -13,6 +17,7 @@
 #include "page/frmPage.h"
 #include "page/frmSendMsg.h"
 #include "pictures/picture_maker.h"
+#include "row/row_surface.h"
 #include "schedule/frmDelay.h"
 #include "schedule/frmSchedule.h"
 #include "schedule/frmSendSch.h"
@@ -21,6 +26,24 @@
 #include "support/message_box_reader.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// So high that the dots of the panel below the rows can be told apart.
+constexpr QSize kEditorWithPanel(708, 800);
+
+// A message file is read beside the window.
+void AwaitPage(const QWidget& window) {
+  const auto is_read = [&window] {
+    const QList<QLabel*> labels = window.findChildren<QLabel*>();
+    return std::none_of(labels.begin(), labels.end(), [](const QLabel* label) {
+      return label->isVisible() && label->text().startsWith("Reading "_L1);
+    });
+  };
+  if (!QTest::qWaitFor(is_read)) qFatal("a page is not read");
+}
+
+}  // namespace
 
 void PictureMaker::Launcher() {
   frmMain window;
@@ -56,6 +79,8 @@ void PictureMaker::PageEditor() {
   Show(editor);
   const FileChooser chooser(Sample("messages/all_colours.msg"));
   Click(&editor, "butOpen");
+  editor.resize(kEditorWithPanel);
+  QCoreApplication::processEvents();
   Save(editor, "colours");
 }
 
@@ -115,10 +140,12 @@ void PictureMaker::NoPort() {
 
 void PictureMaker::ScheduleEditor() {
   {
-    frmSchedule editor(nullptr, [](const QString&) { return true; });
+    frmSchedule editor(
+        nullptr, [](const QString&) { return true; }, [this] { return engine_.Now(); });
     Show(editor);
     const FileChooser chooser(Sample("schedules/every_day.sch"));
     Click(&editor, "butOpen");
+    AwaitPage(editor);
     Save(editor, "schedule");
   }
   frmSendSch dialog(nullptr, Sample("schedules/every_day.sch"), &ports_);
@@ -130,10 +157,14 @@ void PictureMaker::ScheduleEditor() {
 
 void PictureMaker::ScrollingEditor() {
   {
-    frmShiftMsg editor(nullptr);
+    frmShiftMsg editor(nullptr, [this] { return engine_.Now(); });
     Show(editor);
     const FileChooser chooser(Sample("messages/roadworks.srl"));
     Click(&editor, "butOpen");
+    QTest::keyClick(editor.findChild<RowSurface*>(), Qt::Key_Home);
+    Click(&editor, "butPlay");
+    // The text is all over the panel then.
+    for (int i = 0; i < 2; ++i) LetPagesEnter();
     Save(editor, "scrolling");
   }
   Configure("RS232");

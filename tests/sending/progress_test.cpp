@@ -119,7 +119,7 @@ TEST_P(ProgressOfAWindow, OfASilentPanelIsSaidWithTheFailureAndWhatToDo) {
                       "Panel ID %1 was tried 5 times.\n"_s.arg(window_.panel.id)))
       << said.toStdString();
   if (window_.name == std::string("Page")) {
-    EXPECT_TRUE(said.endsWith(u"\n0 of 4 rows have arrived, 4 have not."_s)) << said.toStdString();
+    EXPECT_TRUE(said.endsWith(u"\n0 of 4 rows have arrived, missing: 4."_s)) << said.toStdString();
   }
 }
 

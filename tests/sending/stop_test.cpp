@@ -21,10 +21,10 @@ class Stop : public WindowOverLineTest {
   /// What is said of a transmission that was stopped at its first frame.
   QString NothingArrived() {
     const QByteArray name = window_.name;
-    if (name == "Page") return u"0 of 4 rows have arrived, 4 have not."_s;
+    if (name == "Page") return u"0 of 4 rows have arrived, missing: 4."_s;
     if (name == "Schedule") {
       return u"0 of 1 files have arrived. The schedule has not.\n%1: 0 of 2 rows have arrived, "
-             "2 have not."_s.arg(bench_.Folder().Path(u"first.msg"_s));
+             "missing: 2."_s.arg(bench_.Folder().Path(u"first.msg"_s));
     }
     return u"The panel has not acknowledged it."_s;
   }
@@ -140,7 +140,7 @@ TEST_P(StopOfAPage, LeavesTheRowsThatHaveArrivedOnThePanel) {
   const MessageBoxReader boxes;
   dialog.Click("butSend");
   EXPECT_EQ(boxes.Texts(), kAborted);
-  EXPECT_EQ(boxes.Seen().value(0).informative, u"2 of 4 rows have arrived, 2 have not."_s);
+  EXPECT_EQ(boxes.Seen().value(0).informative, u"2 of 4 rows have arrived, missing: 2."_s);
   EXPECT_EQ(bench_.Frames(), window_.frames.first(2));
 }
 
