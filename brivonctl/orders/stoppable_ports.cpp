@@ -1,15 +1,41 @@
 #include "orders/stoppable_ports.h"
 
+#include <algorithm>
+#include <utility>
+
+#include <QCoreApplication>
+
+#include "panel_line/waits.h"
+
 namespace BrivonCtl {
 
+void StoppableTimer::Enable() {
+  if (std::exchange(is_enabled_, true)) return;
+  counted_ = 0;
+  since_enabled_.start();
+}
+
 bool StoppableTimer::WaitForEvent() {
-  const bool goes_on = WindowTickTimer::WaitForEvent();
+  // Reading may have woken it already; of a line whose input never ends it does so each time.
+  if (waiter_.IsWoken()) ProcessEvents();
+  if (!is_enabled_) return waiter_.Wait(-1);
+  // What has passed while nobody waited is one tick at the most.
+  counted_ = std::max(counted_, TicksPassed() - 1);
+  // A pause may end at each tick, an acknowledgement wait only at its time-out.
+  const qint64 ticks = waiting ? 1 : (Brivon1::kAckTimeout - ack_tick_counter - 1) / kInterval + 1;
+  const qint64 due = (counted_ + std::max<qint64>(ticks, 1)) * kInterval;
+  const bool goes_on = waiter_.Wait(std::max<qint64>(due - since_enabled_.elapsed(), 0));
+  for (; counted_ < TicksPassed(); ++counted_) Tick();
   TakeInStop();
   return goes_on;
 }
 
 void StoppableTimer::ProcessEvents() {
-  WindowTickTimer::ProcessEvents();
+  constexpr qint64 kLongestWithoutEvents = 20;
+  if (!since_events_.isValid() || since_events_.elapsed() >= kLongestWithoutEvents) {
+    QCoreApplication::processEvents();
+    since_events_.start();
+  }
   TakeInStop();
 }
 
@@ -20,7 +46,7 @@ bool StoppableClock::WaitForEvent(qint64 at_most) {
 }
 
 StoppablePorts::StoppablePorts(const StopFlag& flag)
-    : timer_(this, waiter_, flag), clock_(waiter_, timer_), serial_(this), tcp_(this) {
+    : timer_(waiter_, flag), clock_(waiter_, timer_), serial_(this), tcp_(this) {
   connect(&serial_, &Brivon1::SerialLink::Happened, this, [this] { waiter_.Wake(); });
   connect(&tcp_, &Brivon1::TcpLink::Happened, this, [this] { waiter_.Wake(); });
 }

@@ -4,6 +4,7 @@
 
 #include <atomic>
 
+#include <QElapsedTimer>
 #include <QObject>
 
 #include "panel_line/panel_connection.h"
@@ -16,20 +17,29 @@ namespace BrivonCtl {
 /// Set by one thread, looked at by many.
 using StopFlag = std::atomic<bool>;
 
-class StoppableTimer : public Brivon1::WindowTickTimer {
-  Q_OBJECT
-
+/// Counts its ticks by the clock, and sleeps through those that nobody can be waiting for: hundreds
+/// of threads that woke up at every tick would keep a processor busy.
+class StoppableTimer : public Brivon1::TickTimer {
  public:
-  StoppableTimer(QObject* parent, Brivon1::EventWaiter& waiter, const StopFlag& flag)
-      : WindowTickTimer(parent, waiter), flag_(flag) {}
+  StoppableTimer(Brivon1::EventWaiter& waiter, const StopFlag& flag)
+      : waiter_(waiter), flag_(flag) {}
 
+  void Enable() override;
+  void Disable() override { is_enabled_ = false; }
   bool WaitForEvent() override;
   void ProcessEvents() override;
 
   void TakeInStop() { stop.made = stop.made || flag_.load(); }
 
  private:
+  qint64 TicksPassed() const { return since_enabled_.elapsed() / kInterval; }
+
+  Brivon1::EventWaiter& waiter_;
   const StopFlag& flag_;
+  bool is_enabled_ = false;
+  qint64 counted_ = 0;  // ticks since it was enabled
+  QElapsedTimer since_enabled_;
+  QElapsedTimer since_events_;
 };
 
 class StoppableClock : public Brivon1::EventClock {

@@ -5,6 +5,8 @@
 #include <map>
 #include <set>
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 #include "brivonctl/site.h"
@@ -72,7 +74,10 @@ TEST_F(CrewTest, FaultyPanelsFailAndDisturbNobody) {
   site.Close(6);
   site.Fail(7, {.silent_answers = 2});
   site.Fail(8, {.flood = true});
+  QElapsedTimer clock;
+  clock.start();
   Run(PageTo(site.Page()), Lines({1, 2, 3, 4, 5, 6, 7, 8}), 8, 8);
+  EXPECT_GE(clock.elapsed(), 500 + 5 * 1100);  // a connection, and five attempts in vain
 
   for (const int panel : {1, 3, 7}) EXPECT_EQ(Of(panel), Result::kOk) << panel;
   for (const int panel : {2, 4, 5, 6, 8}) EXPECT_EQ(Of(panel), Result::kFailed) << panel;
