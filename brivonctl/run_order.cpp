@@ -7,7 +7,9 @@
 #include <memory>
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 
+#include "files/file_check.h"
 #include "orders/crew.h"
 #include "orders/order_checks.h"
 #include "orders/panel_words.h"
@@ -20,6 +22,7 @@
 #include "reports/text_report.h"
 #include "store/configuration_store.h"
 #include "usage/exit_status.h"
+#include "usage/output.h"
 #include "usage/words.h"
 
 using namespace Qt::StringLiterals;
@@ -41,6 +44,18 @@ int JobsThatFit(int jobs) {
   if (limit.rlim_cur >= wanted) return jobs;
   const rlim_t left = limit.rlim_cur > kForProgram ? limit.rlim_cur - kForProgram : 0;
   return std::max(1, static_cast<int>(left / kForThreads));
+}
+
+/// Lines are appended to what is there; no file that Brivon reads is to be spoilt.
+QString WhatIsWrongWithLog(const QString& path) {
+  const QFileInfo info(path);
+  const bool is_there = !path.isEmpty() && info.isFile();
+  if (!is_there) return {};
+  const QString name = QFileInfo(info.canonicalFilePath()).fileName();
+  const bool is_settings = name.compare("brivon.ini"_L1, Qt::CaseInsensitive) == 0 ||
+                           name.compare("langSetting.INI"_L1, Qt::CaseInsensitive) == 0;
+  if (!is_settings && KindOf(path) == FileKind::kUnknown) return {};
+  return u"--log: %1 is a file of Brivon and no log; name another file"_s.arg(path);
 }
 
 class OrderRun {
@@ -76,6 +91,7 @@ class OrderRun {
   CheckedPanels panels_;
   std::map<int, PanelResult> results_;
   bool is_log_whole_ = true;
+  int refusal_status_ = kRefused;
   QElapsedTimer clock_;
 };
 
@@ -93,6 +109,9 @@ QString OrderRun::Prepare() {
   if (!wrong.isEmpty()) return wrong;
   wrong = CheckChosen();
   if (!wrong.isEmpty()) return wrong;
+  if (options_.is_dry_run) return {};
+  wrong = WhatIsWrongWithLog(TextOf(options_.log));
+  if (!wrong.isEmpty()) return wrong;
   return log_.Check() ? QString() : u"--log: "_s + log_.ErrorText();
 }
 
@@ -101,6 +120,11 @@ QString OrderRun::CheckChosen() {
   if (!chosen.empty.isEmpty()) {
     return u"--to: no configured panel is \"%1\"; brivonctl list shows the panels that are"_s.arg(
         chosen.empty);
+  }
+  if (MustBeSure(assignment_.order.action, options_) &&
+      AreAll(chosen.ids, assignment_.configuration)) {
+    refusal_status_ = kWrongUse;
+    return NotSureText(options_);
   }
   panels_ = CheckPanels(assignment_.order, chosen.ids, assignment_.configuration);
   for (const PanelResult& panel : panels_.unfit) results_[panel.panel] = panel;
@@ -161,6 +185,7 @@ int OrderRun::Status() const {
   };
   if (has(Result::kStopped)) return kStopped;
   if (has(Result::kFailed) || has(Result::kRefused) || !is_log_whole_) return kSomeFailed;
+  if (!IsOutputWhole()) return kSomeFailed;
   return kAllDone;
 }
 
@@ -171,7 +196,7 @@ int OrderRun::End(int status, const QString& reason) {
   summary.status = status;
   summary.reason = reason;
   report_->End(summary);
-  return status;
+  return status == kAllDone && !IsOutputWhole() ? int{kSomeFailed} : status;
 }
 
 int OrderRun::Run() {
@@ -180,7 +205,7 @@ int OrderRun::Run() {
   if (!wrong.isEmpty()) {
     Complain(OneLine(wrong));
     for (const PanelResult& panel : panels_.unfit) report_->TakeInRefused(panel);
-    return End(kRefused, wrong);
+    return End(refusal_status_, wrong);
   }
   Beginning beginning;
   beginning.order = assignment_.order;
