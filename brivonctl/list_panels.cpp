@@ -65,12 +65,9 @@ void PrintTable(const Configuration& configuration) {
 }
 
 void PrintEvents(const Configuration& configuration) {
-  const SendMode mode = configuration.Mode();
   JsonLine link;
   link.Add("event", u"start"_s).Add("version", kJsonVersion).Add("action", u"list"_s);
-  link.Add("link", mode == SendMode::kTcp      ? u"tcp"_s
-                   : mode == SendMode::kSerial ? u"serial"_s
-                                               : u"none"_s);
+  link.Add("link", ModeName(configuration.Mode()));
   link.Add("device", Brivon1::SerialDevice(configuration, configuration.com_port));
   link.Add("baud_rate", configuration.baud_rate).Add("delay_period", configuration.delay_period);
   QByteArray lines = link.Text() + '\n';
