@@ -55,22 +55,19 @@ void PrintTable(const Configuration& configuration) {
     const QString size = u"%1x%2"_s.arg(panel.rows).arg(panel.columns);
     const QString address = AddressOf(panel);
     text += PanelName(id) + u"  "_s + size.leftJustified(8) + u' ' +
-            ColourName(panel).leftJustified(5) + (address.isEmpty() ? u"no address"_s : address) +
-            u'\n';
+            ColourName(panel).leftJustified(5) +
+            (address.isEmpty() ? u"no address"_s : Harmless(address)) + u'\n';
   }
   if (text.isEmpty()) text = u"no panel is configured\n"_s;
-  PrintText(
-      Stream::kOutput,
-      LinkText(configuration) + u", delay period %1 ms\n"_s.arg(configuration.delay_period) + text);
+  PrintText(Stream::kOutput, Harmless(LinkText(configuration)) +
+                                 u", delay period %1 ms\n"_s.arg(configuration.delay_period) +
+                                 text);
 }
 
 void PrintEvents(const Configuration& configuration) {
-  const SendMode mode = configuration.Mode();
   JsonLine link;
   link.Add("event", u"start"_s).Add("version", kJsonVersion).Add("action", u"list"_s);
-  link.Add("link", mode == SendMode::kTcp      ? u"tcp"_s
-                   : mode == SendMode::kSerial ? u"serial"_s
-                                               : u"none"_s);
+  link.Add("link", ModeName(configuration.Mode()));
   link.Add("device", Brivon1::SerialDevice(configuration, configuration.com_port));
   link.Add("baud_rate", configuration.baud_rate).Add("delay_period", configuration.delay_period);
   QByteArray lines = link.Text() + '\n';
@@ -102,7 +99,7 @@ int ListPanels(const ListOptions& options) {
   } else {
     PrintTable(Brivon1::Store());
   }
-  return kAllDone;
+  return IsOutputWhole() ? kAllDone : kSomeFailed;
 }
 
 }  // namespace BrivonCtl

@@ -129,13 +129,18 @@ void AddOrderOptions(CLI::App* command, Action action, OrderOptions* options) {
   }
 }
 
+bool MustBeSure(Action action, const OrderOptions& options) {
+  return action == Action::kDeleteAll && !options.is_dry_run && !options.is_sure;
+}
+
+QString NotSureText(const OrderOptions& options) {
+  return u"delete-all --to %1 deletes every page of all panels; add --yes if it is to"_s.arg(
+      TextOf(options.panels));
+}
+
 QString WhatIsWrongWith(Action action, const OrderOptions& options) {
-  const bool must_be_sure = action == Action::kDeleteAll && !options.is_dry_run;
-  if (must_be_sure && !options.is_sure && ReadPanelWords(options.panels).NamesAll()) {
-    return u"delete-all --to %1 deletes every page of all panels; add --yes if it is to"_s.arg(
-        TextOf(options.panels));
-  }
-  return {};
+  const bool is_wrong = MustBeSure(action, options) && ReadPanelWords(options.panels).NamesAll();
+  return is_wrong ? NotSureText(options) : QString();
 }
 
 Order OrderOf(Action action, const OrderOptions& options) {

@@ -34,6 +34,13 @@ struct OrderOptions {
 /// Gives `command` the options of an order of this kind.
 void AddOrderOptions(CLI::App* command, Action action, OrderOptions* options);
 
+/// Whether `action` deletes in earnest and nobody has said that it may delete the pages of all
+/// panels.
+bool MustBeSure(Action action, const OrderOptions& options);
+
+/// What is said where they are all chosen all the same.
+QString NotSureText(const OrderOptions& options);
+
 /// What is wrong with the options together and what would be right; empty where nothing is.
 QString WhatIsWrongWith(Action action, const OrderOptions& options);
 

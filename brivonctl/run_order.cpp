@@ -7,7 +7,9 @@
 #include <memory>
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 
+#include "files/file_check.h"
 #include "orders/crew.h"
 #include "orders/order_checks.h"
 #include "orders/panel_words.h"
@@ -20,6 +22,7 @@
 #include "reports/text_report.h"
 #include "store/configuration_store.h"
 #include "usage/exit_status.h"
+#include "usage/output.h"
 #include "usage/words.h"
 
 using namespace Qt::StringLiterals;
@@ -43,6 +46,18 @@ int JobsThatFit(int jobs) {
   return std::max(1, static_cast<int>(left / kForThreads));
 }
 
+/// Lines are appended to what is there; no file that Brivon reads is to be spoilt.
+QString WhatIsWrongWithLog(const QString& path) {
+  const QFileInfo info(path);
+  const bool is_there = !path.isEmpty() && info.isFile();
+  if (!is_there) return {};
+  const QString name = QFileInfo(info.canonicalFilePath()).fileName();
+  const bool is_settings = name.compare("brivon.ini"_L1, Qt::CaseInsensitive) == 0 ||
+                           name.compare("langSetting.INI"_L1, Qt::CaseInsensitive) == 0;
+  if (!is_settings && KindOf(path) == FileKind::kUnknown) return {};
+  return u"--log: %1 is a file of Brivon and no log; name another file"_s.arg(path);
+}
+
 class OrderRun {
  public:
   OrderRun(Action action, const OrderOptions& options)
@@ -63,7 +78,9 @@ class OrderRun {
   QString Prepare();
   QString CheckChosen();
   void Rehearse();
-  void CarryOut();
+  void CarryOut(Crew& crew);
+  void Begin();
+  int RunCaught();
   void TakeIn(const Step& step) { report_->TakeIn(step); }
   void TakeIn(const Transmission& transmission);
   int Status() const;
@@ -73,15 +90,18 @@ class OrderRun {
   Assignment assignment_;
   LogFile log_;
   std::unique_ptr<Report> report_;
+  EventQueue queue_;
   CheckedPanels panels_;
   std::map<int, PanelResult> results_;
   bool is_log_whole_ = true;
+  int refusal_status_ = kRefused;
   QElapsedTimer clock_;
 };
 
 /// Takes in the configuration and checks everything. Returns why nothing is sent to anybody, or an
 /// empty text.
 QString OrderRun::Prepare() {
+  if (!queue_.IsOpen()) return u"the system has no more descriptors"_s;
   QString wrong = UseFolder(options_.folder, true);
   if (!wrong.isEmpty()) return wrong;
   assignment_.configuration = Brivon1::Store();
@@ -89,9 +109,14 @@ QString OrderRun::Prepare() {
   if (const auto delay = options_.DelayPeriod()) {
     assignment_.configuration.delay_period = static_cast<qint16>(*delay);
   }
+  // Before the checks: what changes while they run is noticed.
+  assignment_.checked_content = ContentDigest(assignment_.order);
   wrong = WhatIsWrongWith(assignment_.order, assignment_.configuration);
   if (!wrong.isEmpty()) return wrong;
   wrong = CheckChosen();
+  if (!wrong.isEmpty()) return wrong;
+  if (options_.is_dry_run) return {};
+  wrong = WhatIsWrongWithLog(TextOf(options_.log));
   if (!wrong.isEmpty()) return wrong;
   return log_.Check() ? QString() : u"--log: "_s + log_.ErrorText();
 }
@@ -101,6 +126,11 @@ QString OrderRun::CheckChosen() {
   if (!chosen.empty.isEmpty()) {
     return u"--to: no configured panel is \"%1\"; brivonctl list shows the panels that are"_s.arg(
         chosen.empty);
+  }
+  if (MustBeSure(assignment_.order.action, options_) &&
+      AreAll(chosen.ids, assignment_.configuration)) {
+    refusal_status_ = kWrongUse;
+    return NotSureText(options_);
   }
   panels_ = CheckPanels(assignment_.order, chosen.ids, assignment_.configuration);
   for (const PanelResult& panel : panels_.unfit) results_[panel.panel] = panel;
@@ -128,30 +158,23 @@ void OrderRun::TakeIn(const Transmission& transmission) {
   report_->TakeIn(transmission);
 }
 
-void OrderRun::CarryOut() {
+void OrderRun::CarryOut(Crew& crew) {
   constexpr int kBetweenPictures = 200;  // milliseconds
   const bool is_watched = !options_.is_json && assignment_.tells_steps;
-  const auto lines = ByLine(panels_.fit, ModeFor(assignment_.order, assignment_.configuration));
   const auto all = results_.size() + static_cast<std::size_t>(panels_.fit.size());
-  EventQueue queue;
-  CatchStopSignals(queue.WakingEnd());
-  {
-    Crew crew(assignment_, lines, JobsThatFit(options_.Jobs()), queue);
-    bool is_stopping = false;
-    while (results_.size() < all) {
-      queue.Wait(is_watched ? kBetweenPictures : -1);
-      if (IsStopRequested() && !is_stopping) {
-        is_stopping = true;
-        crew.Stop();
-        report_->TakeInStop();
-      }
-      for (const Happening& happening : queue.TakeAll()) {
-        std::visit([this](const auto& what) { TakeIn(what); }, happening);
-      }
-      report_->Refresh();
+  bool is_stopping = false;
+  while (results_.size() < all) {
+    queue_.Wait(is_watched ? kBetweenPictures : -1);
+    if (IsStopRequested() && !is_stopping) {
+      is_stopping = true;
+      crew.Stop();
+      report_->TakeInStop();
     }
+    for (const Happening& happening : queue_.TakeAll()) {
+      std::visit([this](const auto& what) { TakeIn(what); }, happening);
+    }
+    report_->Refresh();
   }
-  ReleaseStopSignals();
 }
 
 int OrderRun::Status() const {
@@ -161,6 +184,7 @@ int OrderRun::Status() const {
   };
   if (has(Result::kStopped)) return kStopped;
   if (has(Result::kFailed) || has(Result::kRefused) || !is_log_whole_) return kSomeFailed;
+  if (!IsOutputWhole()) return kSomeFailed;
   return kAllDone;
 }
 
@@ -171,17 +195,10 @@ int OrderRun::End(int status, const QString& reason) {
   summary.status = status;
   summary.reason = reason;
   report_->End(summary);
-  return status;
+  return status == kAllDone && !IsOutputWhole() ? int{kSomeFailed} : status;
 }
 
-int OrderRun::Run() {
-  clock_.start();
-  const QString wrong = Prepare();
-  if (!wrong.isEmpty()) {
-    Complain(OneLine(wrong));
-    for (const PanelResult& panel : panels_.unfit) report_->TakeInRefused(panel);
-    return End(kRefused, wrong);
-  }
+void OrderRun::Begin() {
   Beginning beginning;
   beginning.order = assignment_.order;
   for (const Brivon1::PanelListEntry& panel : panels_.fit) beginning.panels.append(panel.id);
@@ -192,12 +209,37 @@ int OrderRun::Run() {
   beginning.is_dry_run = options_.is_dry_run;
   report_->Begin(beginning);
   for (const PanelResult& panel : panels_.unfit) report_->TakeInRefused(panel);
+}
+
+int OrderRun::RunCaught() {
+  const auto refuse = [this](const QString& wrong, int status) {
+    Complain(OneLine(wrong));
+    for (const PanelResult& panel : panels_.unfit) report_->TakeInRefused(panel);
+    return End(status, wrong);
+  };
+  const QString wrong = Prepare();
+  if (IsStopRequested()) return refuse(u"stopped; nothing was sent"_s, kStopped);
+  if (!wrong.isEmpty()) return refuse(wrong, refusal_status_);
   if (options_.is_dry_run) {
+    Begin();
     Rehearse();
-  } else {
-    CarryOut();
+    return End(Status());
   }
+  // What its threads tell waits in the queue until the beginning has been told.
+  Crew crew(assignment_, ByLine(panels_.fit, ModeFor(assignment_.order, assignment_.configuration)),
+            JobsThatFit(options_.Jobs()), queue_);
+  if (crew.IsEmpty()) return refuse(u"nothing was sent: the system gives no thread"_s, kRefused);
+  Begin();
+  CarryOut(crew);
   return End(Status());
+}
+
+int OrderRun::Run() {
+  clock_.start();
+  CatchStopSignals(queue_.WakingEnd());
+  const int status = RunCaught();
+  ReleaseStopSignals();
+  return status;
 }
 
 }  // namespace

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "files/file_check.h"
-#include "files/output.h"
 #include "files/report_text.h"
 #include "usage/command_line.h"
 #include "usage/exit_status.h"
+#include "usage/output.h"
 #include "usage/program_folder.h"
 #include "usage/words.h"
 
@@ -25,9 +25,9 @@ struct CheckOptions {
 };
 
 bool Show(const FileReport& report, const CheckOptions& options) {
-  if (options.json) return Print(ReportJson(report));
+  if (options.json) return Print(Stream::kOutput, ReportJson(report));
   const bool is_fine = !report.IsRefused() && report.Warnings() == 0;
-  return (options.quiet && is_fine) || Print(ReportText(report).toLocal8Bit());
+  return (options.quiet && is_fine) || Print(Stream::kOutput, ReportText(report).toLocal8Bit());
 }
 
 QString RefusalText(const CheckSummary& summary) {
@@ -44,7 +44,7 @@ int Check(const CheckOptions& options) {
   }
   CheckSummary summary;
   summary.files = static_cast<int>(options.files.size());
-  if (options.json && !Print(StartJson(summary.files))) return kSomeFailed;
+  if (options.json && !Print(Stream::kOutput, StartJson(summary.files))) return kSomeFailed;
   for (const std::string& name : options.files) {
     const FileReport report = CheckFile(TextOf(name));
     if (!Show(report, options)) return kSomeFailed;
@@ -55,7 +55,7 @@ int Check(const CheckOptions& options) {
     }
   }
   const int status = summary.refused == 0 ? kAllDone : kRefused;
-  if (options.json && !Print(SummaryJson(summary, status))) return kSomeFailed;
+  if (options.json && !Print(Stream::kOutput, SummaryJson(summary, status))) return kSomeFailed;
   if (summary.refused > 0) Complain(RefusalText(summary));
   return status;
 }

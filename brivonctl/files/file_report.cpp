@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/code_page.h"
+#include "usage/words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,11 +11,6 @@ namespace BrivonCtl {
 namespace {
 
 constexpr qsizetype kLongestQuotation = 60;
-constexpr qsizetype kLongestName = 300;
-
-QString Escaped(char32_t character) {
-  return u"\\x"_s + u"%1"_s.arg(static_cast<uint>(character), 2, 16, QLatin1Char('0')).toUpper();
-}
 
 }  // namespace
 
@@ -75,19 +71,6 @@ QString Quoted(const QByteArray& bytes) {
     }
   }
   return u'"' + text + (bytes.size() > kLongestQuotation ? u"...\""_s : u"\""_s);
-}
-
-QString Printable(const QString& text) {
-  if (text.isEmpty()) return u"\"\""_s;
-  QString printable;
-  for (const char32_t character : text.left(kLongestName).toUcs4()) {
-    if (QChar::isPrint(character)) {
-      printable += QString::fromUcs4(&character, 1);
-    } else {
-      printable += Escaped(character);
-    }
-  }
-  return text.size() > kLongestName ? printable + u"..."_s : printable;
 }
 
 }  // namespace BrivonCtl

@@ -63,8 +63,4 @@ struct FileReport::Named {
 /// and a long text is cut.
 QString Quoted(const QByteArray& bytes);
 
-/// A name for the terminal: what would move its cursor or change its colours is written "\x1B", a
-/// long one is cut, and one of nothing is two quotation marks.
-QString Printable(const QString& text);
-
 }  // namespace BrivonCtl

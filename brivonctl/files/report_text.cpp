@@ -4,6 +4,7 @@
 
 #include "reports/json_events.h"
 #include "usage/json_line.h"
+#include "usage/words.h"
 
 using namespace Qt::StringLiterals;
 

@@ -23,7 +23,6 @@ namespace {
 
 constexpr int kHourLine = 3;
 constexpr int kMinuteLine = 4;
-constexpr int kPagesOfALetter = 12;
 
 QString SizeText(Brivon1::Dimension dimension) {
   return u"%1 rows x %2 columns"_s.arg(dimension.rows).arg(dimension.columns);
@@ -168,10 +167,10 @@ void CheckSteps(const QList<ScheduleStep>& steps, Brivon1::Dimension dimension,
       continue;
     }
     firsts.append(step);
-    if (firsts.size() == kPagesOfALetter + 1) {
+    if (firsts.size() == Brivon1::kPagesOfALetter + 1) {
       report->Warn(step.line,
                    u"more than %1 different message files: this one takes the place of "
-                   "the next schedule letter's first page"_s.arg(kPagesOfALetter));
+                   "the next schedule letter's first page"_s.arg(Brivon1::kPagesOfALetter));
     }
     if (names_files) report->files.push_back({step.line, CheckNamedFile(step.name, dimension)});
   }

@@ -4,16 +4,17 @@
 #include <optional>
 #include <string>
 
+#include <QFile>
 #include <QFileInfo>
 
 #include "base/files.h"
 #include "files/file_check.h"
-#include "files/output.h"
 #include "files/png_picture.h"
 #include "files/shown_file.h"
 #include "files/terminal_picture.h"
 #include "usage/command_line.h"
 #include "usage/exit_status.h"
+#include "usage/output.h"
 #include "usage/program_folder.h"
 #include "usage/words.h"
 
@@ -34,10 +35,24 @@ int Refuse(const QString& reason, int status = kRefused) {
   return status;
 }
 
+/// Whether nothing would be lost but an older picture.
+bool MayBeReplaced(const QString& path) {
+  const QByteArray signature = "\x89PNG\r\n\x1a\n";
+  if (!QFileInfo(path).isFile()) return true;  // where a file cannot be, none is written
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) &&
+         (file.size() == 0 || file.read(signature.size()) == signature);
+}
+
 /// What speaks against a picture file of this name; empty where nothing does.
 QString OutputRefusal(const QString& output) {
+  if (output == "-"_L1) return {};
   const FileKind kind = KindOf(output);
-  if (kind == FileKind::kUnknown) return {};
+  if (kind == FileKind::kUnknown) {
+    if (MayBeReplaced(output)) return {};
+    return u"--output: %1 is no picture (PNG) and is not replaced; name another file"_s.arg(
+        Printable(output));
+  }
   return u"--output: %1 holds a %2 and is not replaced; name another file"_s.arg(
       Printable(output),
       kind == FileKind::kSchedule ? u"schedule"_s : KindName(kind) + u" message"_s);
@@ -50,7 +65,7 @@ int SavePicture(const ShownFile& shown, const QString& file, const QString& outp
         "message files"_s.arg(file));
   }
   const QByteArray png = PngPicture(shown.pages.front().picture);
-  if (output == "-"_L1) return Print(png) ? kAllDone : kSomeFailed;
+  if (output == "-"_L1) return Print(Stream::kOutput, png) ? kAllDone : kSomeFailed;
   const QString failure = Brivon1::SaveFailureText(Brivon1::SaveWholeFile(output, png));
   if (failure.isEmpty()) return kAllDone;
   return Refuse(u"--output: %1: %2"_s.arg(Printable(output), failure));
@@ -62,7 +77,8 @@ int PrintPages(const ShownFile& shown) {
   for (const ShownPage& page : shown.pages) {
     const QByteArray heading =
         page.heading.isEmpty() ? QByteArray() : page.heading.toLocal8Bit() + '\n';
-    if (!Print(between + heading + TerminalPicture(page.picture, screen))) return kSomeFailed;
+    if (!Print(Stream::kOutput, between + heading + TerminalPicture(page.picture, screen)))
+      return kSomeFailed;
     between = "\n";
   }
   return kAllDone;

@@ -11,6 +11,7 @@
 #include "schedule/schedule.h"
 #include "scrolling/scrolling_transmission.h"
 #include "store/configuration_store.h"
+#include "usage/words.h"
 
 using namespace Qt::StringLiterals;
 

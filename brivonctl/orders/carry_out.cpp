@@ -30,9 +30,12 @@ PanelResult Ending(const OpenLine& line, int panel, bool succeeded, const QStrin
     return {panel, Result::kStopped, TranslateMessage(u"Aborted!"_s),
             Brivon1::ArrivedText(line.progress, panel)};
   }
-  why.append(Brivon1::WhyNotSent(line, panel));
   why.removeAll(QString());
-  return {panel, Result::kFailed, text, why.join(u'\n')};
+  const QString whole = why.join(u'\n');
+  const QString last = Brivon1::WhyNotSent(line, panel);
+  // A schedule has told it already with the page at which it failed.
+  if (whole.endsWith(last)) return {panel, Result::kFailed, text, whole};
+  return {panel, Result::kFailed, text, whole.isEmpty() ? last : whole + u'\n' + last};
 }
 
 PanelResult FileEnding(const OpenLine& line, int panel, bool succeeded, const QString& sent_text,

@@ -1,6 +1,7 @@
 #include "orders/crew.h"
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 #include <QEventLoop>
@@ -11,7 +12,12 @@ Crew::Crew(const Assignment& assignment, const QList<PanelsOfALine>& lines, int 
            EventQueue& queue)
     : assignment_(assignment), lines_(lines), queue_(queue) {
   const auto count = std::min<qsizetype>(jobs, lines_.size());
-  for (qsizetype i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
+  threads_.reserve(static_cast<std::size_t>(count));
+  try {
+    for (qsizetype i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
+  } catch (const std::system_error&) {
+    // The system gives no more threads; the lines are left to those that there are.
+  }
 }
 
 Crew::~Crew() {

@@ -15,7 +15,8 @@ namespace BrivonCtl {
 
 class Crew {
  public:
-  /// Begins at once, with at most `jobs` lines side by side. `queue` outlives the crew.
+  /// Begins at once, with at most `jobs` lines side by side, fewer where the system gives fewer
+  /// threads. `queue` outlives the crew.
   Crew(const Assignment& assignment, const QList<PanelsOfALine>& lines, int jobs,
        EventQueue& queue);
 
@@ -24,6 +25,9 @@ class Crew {
 
   Crew(const Crew&) = delete;
   Crew& operator=(const Crew&) = delete;
+
+  /// Whether the system has given no thread at all: nothing will happen.
+  bool IsEmpty() const { return threads_.empty(); }
 
   /// Ends every transmission after the attempt in progress. The panels that are left are told as
   /// stopped.

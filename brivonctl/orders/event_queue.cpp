@@ -4,23 +4,16 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <utility>
-
-#include "usage/words.h"
-
-using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
 
 EventQueue::EventQueue() {
-  if (::pipe2(ends_, O_CLOEXEC | O_NONBLOCK) != 0) {
-    Complain(u"the system has no more descriptors"_s);
-    std::abort();
-  }
+  if (::pipe2(ends_, O_CLOEXEC | O_NONBLOCK) != 0) ends_[0] = ends_[1] = -1;
 }
 
 EventQueue::~EventQueue() {
+  if (!IsOpen()) return;
   ::close(ends_[0]);
   ::close(ends_[1]);
 }

@@ -11,12 +11,14 @@ namespace BrivonCtl {
 
 class EventQueue {
  public:
-  /// The queue ends the program where the system has no more descriptors.
   EventQueue();
   ~EventQueue();
 
   EventQueue(const EventQueue&) = delete;
   EventQueue& operator=(const EventQueue&) = delete;
+
+  /// False where the system had no more descriptors: the queue cannot be waited at.
+  bool IsOpen() const { return ends_[0] >= 0; }
 
   /// From any thread.
   void Tell(Happening happening);

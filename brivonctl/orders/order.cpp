@@ -3,6 +3,12 @@
 #include <QCryptographicHash>
 #include <QFile>
 
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/text.h"
+#include "schedule/schedule_file.h"
+#include "schedule/schedule_reader.h"
+
 using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
@@ -74,6 +80,24 @@ QByteArray FileDigest(const QString& path) {
   QCryptographicHash hash(QCryptographicHash::Sha256);
   if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
   return hash.result().toHex();
+}
+
+QByteArray ContentDigest(const Order& order) {
+  if (!SendsFile(order.action)) return {};
+  QCryptographicHash hash(QCryptographicHash::Sha256);
+  hash.addData(FileDigest(order.path));
+  if (order.action == Action::kSendSchedule) {
+    Brivon1::ScheduleReader schedule(order.path);
+    const int steps = schedule.Head() ? schedule.Head()->sequences : 0;
+    for (int step = 0; step < steps; ++step) {
+      const auto path = schedule.NextPath();
+      if (!path || !schedule.NextDetails()) break;
+      const QString name = Brivon1::CodePage::System().ToText(
+          Brivon1::TrimBlanks(*path).left(Brivon1::kLongestPath));
+      hash.addData(FileDigest(Brivon1::FindFile(Brivon1::InProgramFolder(name))));
+    }
+  }
+  return hash.result();
 }
 
 }  // namespace BrivonCtl

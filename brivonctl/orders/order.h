@@ -42,6 +42,10 @@ std::optional<Brivon1::PanelCommand> CommandOf(Action action);
 /// The SHA-256 of the file at `path` in hexadecimal digits, or nothing where it cannot be read.
 QByteArray FileDigest(const QString& path);
 
+/// A digest of everything that the order sends: of a schedule its message files included. Empty for
+/// a command.
+QByteArray ContentDigest(const Order& order);
+
 using Brivon1::PanelName;
 
 }  // namespace BrivonCtl

@@ -153,7 +153,7 @@ QString OneLine(const QString& text) {
   QString whole;
   for (const QString& line : text.split(u'\n', Qt::SkipEmptyParts)) {
     if (!whole.isEmpty()) whole += u".!?:"_s.contains(whole.back()) ? u" "_s : u". "_s;
-    whole += line.simplified();
+    whole += line.trimmed();  // blanks may belong to a name
   }
   return whole;
 }

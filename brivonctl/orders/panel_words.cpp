@@ -47,6 +47,12 @@ std::optional<PanelWord> ReadWord(std::string_view text, QString* wrong) {
   if (text == "tri") return Brivon1::kTri;
   if (const auto id = WholeNumber(text, 0, kHighestId)) return IdRange{*id, *id};
   if (const auto ids = TwoNumbers(text, '-', kHighestId)) {
+    if (ids->first == 0 || ids->second == 0) {
+      *wrong =
+          u"%1 reaches to ID 0, which is all panels at once; write 0 alone, or a range from 1"_s
+              .arg(Quoted(text));
+      return std::nullopt;
+    }
     if (ids->first <= ids->second) return IdRange{ids->first, ids->second};
     *wrong = u"%1 runs backwards; write %2-%3"_s.arg(Quoted(text)).arg(ids->second).arg(ids->first);
     return std::nullopt;
@@ -122,6 +128,15 @@ ChosenPanels Choose(const PanelWords& words, const Brivon1::Configuration& confi
     if (is_chosen[static_cast<std::size_t>(id)]) chosen.ids.append(id);
   }
   return chosen;
+}
+
+bool AreAll(const QList<int>& ids, const Brivon1::Configuration& configuration) {
+  if (ids.contains(0)) return true;
+  for (int id = 1; id < Brivon1::kPanelIds; ++id) {
+    const bool is_configured = configuration.panels[static_cast<std::size_t>(id)].IsConfigured();
+    if (is_configured && !ids.contains(id)) return false;
+  }
+  return true;
 }
 
 }  // namespace BrivonCtl

@@ -49,4 +49,7 @@ struct ChosenPanels {
 /// configured panels alone, and never ID 0, which addresses all of them together.
 ChosenPanels Choose(const PanelWords& words, const Brivon1::Configuration& configuration);
 
+/// Whether `ids` are all configured panels, be it under the ID that addresses all of them.
+bool AreAll(const QList<int>& ids, const Brivon1::Configuration& configuration);
+
 }  // namespace BrivonCtl

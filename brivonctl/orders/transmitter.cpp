@@ -3,6 +3,11 @@
 #include <map>
 #include <utility>
 
+#include "language/module_language.h"
+#include "panel_line/transmission.h"
+
+using namespace Qt::StringLiterals;
+
 namespace BrivonCtl {
 namespace {
 
@@ -48,6 +53,16 @@ class Count {
   std::pair<int, int> place_;
 };
 
+/// What a stop ends may have come less far than the transmission before it: what that one brought
+/// is on the panel all the same.
+void TakeOver(const Transmission& previous, Transmission* stopped) {
+  if (stopped->result.result != Result::kStopped) return;
+  const bool is_begun = stopped->attempts > 0;
+  if (is_begun && stopped->acknowledged_rows >= previous.acknowledged_rows) return;
+  stopped->acknowledged_rows = previous.acknowledged_rows;
+  stopped->result.reason = previous.result.text + u'\n' + previous.result.reason;
+}
+
 }  // namespace
 
 QList<PanelsOfALine> ByLine(const QList<PanelListEntry>& panels, SendMode mode) {
@@ -72,14 +87,15 @@ Transmitter::Transmitter(const Assignment& assignment, const Brivon1::PanelPorts
 
 void Transmitter::Serve(const PanelsOfALine& panels) {
   std::deque<Turn> turns;
-  for (const PanelListEntry& panel : panels) turns.push_back({panel, 1});
+  for (const PanelListEntry& panel : panels) turns.push_back({panel, 1, {}});
   while (!turns.empty()) {
     const Turn turn = turns.front();
     turns.pop_front();
     Transmission transmission = Transmit(turn);
+    if (turn.number > 1) TakeOver(turn.previous, &transmission);
     transmission.is_last = transmission.result.result != Result::kFailed ||
                            turn.number > assignment_.further_transmissions;
-    if (!transmission.is_last) turns.push_back({turn.panel, turn.number + 1});
+    if (!transmission.is_last) turns.push_back({turn.panel, turn.number + 1, transmission});
     // The serial port serves all panels, a connection one transmission.
     if (mode_ != SendMode::kSerial) Close();
     tell_(std::move(transmission));
@@ -99,12 +115,23 @@ Transmission Transmitter::Transmit(const Turn& turn) {
   if (SendsFile(assignment_.order.action)) {
     transmission.digest = FileDigest(assignment_.order.path);
   }
-  if (OpenFor(turn.panel)) {
+  if (HasFileChanged()) {
+    transmission.result = {turn.panel.id, Result::kFailed,
+                           ModuleLanguage::TranslateMessage(u"Transmission failure!"_s),
+                           assignment_.order.path +
+                               u": the file, or one that it names, has changed since it was "
+                               "checked; nothing of it has been sent"_s};
+  } else if (OpenFor(turn.panel)) {
     transmission.result = TransmitOverLine(turn, &transmission);
   } else {
     transmission.result = NotOpened(connection_, mode_, turn.panel.id);
   }
   return transmission;
+}
+
+bool Transmitter::HasFileChanged() const {
+  return !assignment_.checked_content.isEmpty() &&
+         ContentDigest(assignment_.order) != assignment_.checked_content;
 }
 
 PanelResult Transmitter::TransmitOverLine(const Turn& turn, Transmission* transmission) {
@@ -121,7 +148,11 @@ PanelResult Transmitter::TransmitOverLine(const Turn& turn, Transmission* transm
 }
 
 bool Transmitter::OpenFor(const PanelListEntry& panel) {
-  if (is_open_ && !connection_.Link().IsLost()) return true;
+  if (is_open_ && !connection_.Link().IsLost()) {
+    // A late answer of the panel before is none of this one.
+    Brivon1::DiscardInput(connection_.Link());
+    return true;
+  }
   Close();
   is_open_ = connection_.Open(mode_, assignment_.configuration, panel.endpoint);
   return is_open_;

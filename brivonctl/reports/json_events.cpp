@@ -41,10 +41,6 @@ JsonLine PanelLine(const PanelResult& result) {
   return line;
 }
 
-QString ModeName(Brivon1::SendMode mode) {
-  return mode == Brivon1::SendMode::kTcp ? u"tcp"_s : u"serial"_s;
-}
-
 QString IsoTime(const QDateTime& time) {
   constexpr int kMinute = 60;
   const int offset = time.offsetFromUtc() / kMinute;
@@ -67,6 +63,11 @@ QString ResultName(Result result) {
       return u"stopped"_s;
   }
   return {};
+}
+
+QString ModeName(Brivon1::SendMode mode) {
+  if (mode == Brivon1::SendMode::kNone) return u"none"_s;
+  return mode == Brivon1::SendMode::kTcp ? u"tcp"_s : u"serial"_s;
 }
 
 QByteArray StartEvent(const Beginning& beginning) {

@@ -14,6 +14,9 @@ inline constexpr int kJsonVersion = 1;
 /// "ok", "failed", "refused" or "stopped".
 QString ResultName(Result result);
 
+/// "tcp", "serial" or "none".
+QString ModeName(Brivon1::SendMode mode);
+
 QByteArray StartEvent(const Beginning& beginning);
 
 /// A "row" where the step is a row of a page, else an "attempt".

@@ -4,6 +4,7 @@
 
 #include "orders/order_checks.h"
 #include "reports/json_events.h"
+#include "usage/words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +19,7 @@ constexpr int kFewestColumns = 20;  // for a reason
 QStringList Broken(const QString& text, int columns) {
   QStringList lines;
   QString line;
-  for (const QString& word : text.split(u' ', Qt::SkipEmptyParts)) {
+  for (const QString& word : text.split(u' ')) {
     if (!line.isEmpty() && line.size() + 1 + word.size() > columns) {
       lines.append(line);
       line.clear();
@@ -32,7 +33,7 @@ QStringList Broken(const QString& text, int columns) {
 
 QString Row(const PanelResult& panel, const Terminal& terminal) {
   const int indent = kNameColumns + kResultColumns;
-  const QString why = OneLine(panel.text + u'\n' + panel.reason);
+  const QString why = Harmless(OneLine(panel.text + u'\n' + panel.reason));
   const QStringList lines = terminal.is_terminal
                                 ? Broken(why, std::max(terminal.columns - indent, kFewestColumns))
                                 : QStringList{why};

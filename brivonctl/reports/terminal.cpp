@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -16,20 +15,6 @@ int DescriptorOf(Stream stream) {
 }
 
 }  // namespace
-
-void Print(Stream stream, const QByteArray& bytes) {
-  const char* next = bytes.constData();
-  auto left = static_cast<std::size_t>(bytes.size());
-  while (left > 0) {
-    const ssize_t size = ::write(DescriptorOf(stream), next, left);
-    if (size < 0 && errno == EINTR) continue;
-    if (size <= 0) return;
-    next += size;
-    left -= static_cast<std::size_t>(size);
-  }
-}
-
-void PrintText(Stream stream, const QString& text) { Print(stream, text.toLocal8Bit()); }
 
 Terminal LookAt(Stream stream) {
   Terminal terminal;

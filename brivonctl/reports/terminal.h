@@ -1,18 +1,11 @@
-// The two streams of the program: what a terminal can show, and what is written to it.
+// The two streams of the program: what a terminal can show.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 
+#include "usage/output.h"
+
 namespace BrivonCtl {
-
-enum class Stream { kOutput, kError };
-
-/// Writes the bytes at once. Nobody may be listening any more; that changes nothing.
-void Print(Stream stream, const QByteArray& bytes);
-
-/// The same for a text, in the system's own encoding.
-void PrintText(Stream stream, const QString& text);
 
 /// What a stream shows.
 struct Terminal {

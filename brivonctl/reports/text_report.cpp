@@ -7,6 +7,7 @@
 #include "reports/json_events.h"
 #include "reports/results_table.h"
 #include "sending/sending_words.h"
+#include "usage/words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,7 +32,7 @@ void TextReport::TakeIn(const Transmission& transmission) {
   // What has succeeded is seen in the total; the table says it again.
   if (terminal.is_terminal && result.result == Result::kOk) return;
   const QString name = transmission.is_last ? ResultName(result.result) : u"once more"_s;
-  const QString why = u' ' + OneLine(result.text + u'\n' + result.reason);
+  const QString why = u' ' + Harmless(OneLine(result.text + u'\n' + result.reason));
   const QString place = PanelName(result.panel) + u' ';
   PrintAbove(terminal.is_terminal
                  ? place + Coloured(name, ColourOf(result.result), terminal) +
@@ -57,7 +58,7 @@ QStringList TextReport::MovingLines(const Terminal& terminal) const {
   std::size_t shown = 0;
   for (const auto& [panel, text] : moving_) {
     if (shown == room) break;
-    lines.append(Cut(PanelName(panel) + u' ' + text, terminal.columns - 1));
+    lines.append(Cut(PanelName(panel) + u' ' + Harmless(text), terminal.columns - 1));
     ++shown;
   }
   if (shown < moving_.size()) {

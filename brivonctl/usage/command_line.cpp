@@ -1,8 +1,11 @@
 #include "usage/command_line.h"
 
-#include <cstdio>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "usage/exit_status.h"
+#include "usage/output.h"
 #include "usage/pages.h"
 #include "usage/words.h"
 
@@ -23,6 +26,16 @@ std::string NamesBelow(const CLI::App* command) {
   return names;
 }
 
+/// The words behind the program's name. One in square brackets would be taken for a list; it can
+/// only be the name of a file, which stays what it is with its folder in front.
+std::vector<std::string> WordsOf(int argc, const char* const* argv) {
+  std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  for (std::string& word : words) {
+    if (word.size() > 1 && word.front() == '[' && word.back() == ']') word.insert(0, "./");
+  }
+  return words;
+}
+
 }  // namespace
 
 CommandLine::CommandLine()
@@ -30,6 +43,7 @@ CommandLine::CommandLine()
            "brivonctl") {
   top_.set_version_flag("--version", "brivonctl " BRIVON_VERSION, "Prints the version");
   top_.set_help_flag("-h,--help", "Prints this text");
+  top_.require_subcommand(0, 1);  // a second one is a word like any other
   top_.get_formatter()->column_width(28);
   top_.footer(
       "Exit status: 0 all done; 1 some panel has it not; 2 wrong use; 3 the configuration, a file\n"
@@ -44,7 +58,11 @@ CommandLine::CommandLine()
 CLI::App* CommandLine::Add(const std::string& name, const std::string& summary,
                            const std::function<int()>& run, CLI::App* parent) {
   CLI::App* command = (parent == nullptr ? &top_ : parent)->add_subcommand(name, summary);
-  if (run) runs_[command] = run;
+  if (run) {
+    runs_[command] = run;
+  } else {
+    command->require_subcommand(0, 1);
+  }
   return command;
 }
 
@@ -66,12 +84,13 @@ std::string CommandLine::WhatIsWrong(const CLI::ParseError& error) const {
 
 int CommandLine::Run(int argc, const char* const* argv) {
   try {
-    top_.parse(argc, argv);
+    std::vector<std::string> words = WordsOf(argc, argv);
+    std::reverse(words.begin(), words.end());  // as they are taken from the end
+    top_.parse(std::move(words));
   } catch (const CLI::Success& success) {
     const bool is_help = dynamic_cast<const CLI::CallForHelp*>(&success) != nullptr;
-    std::fputs(is_help ? top_.help().c_str() : (std::string(success.what()) + '\n').c_str(),
-               stdout);
-    return kAllDone;
+    const std::string text = is_help ? top_.help() : std::string(success.what()) + '\n';
+    return Print(Stream::kOutput, QByteArray::fromStdString(text)) ? kAllDone : kSomeFailed;
   } catch (const CLI::ParseError& error) {
     Complain(TextOf(WhatIsWrong(error)));
     return kWrongUse;
@@ -80,8 +99,7 @@ int CommandLine::Run(int argc, const char* const* argv) {
   if (top_.count("--print-manual-page") > 0) page = ManualPage(top_);
   if (top_.count("--print-completion") > 0) page = BashCompletion(top_);
   if (!page.empty()) {
-    std::fputs(page.c_str(), stdout);
-    return kAllDone;
+    return Print(Stream::kOutput, QByteArray::fromStdString(page)) ? kAllDone : kSomeFailed;
   }
   const auto run = runs_.find(Deepest());
   if (run == runs_.end()) {

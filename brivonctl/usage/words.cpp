@@ -22,10 +22,29 @@ std::optional<int> WholeNumber(std::string_view word, int lowest, int highest) {
 
 QString TextOf(const std::string& word) { return QFile::decodeName(word.c_str()); }
 
+QString Escaped(char32_t character) {
+  return u"\\x"_s + u"%1"_s.arg(static_cast<uint>(character), 2, 16, QLatin1Char('0')).toUpper();
+}
+
+QString Harmless(const QString& text) {
+  QString harmless;
+  for (const char32_t character : text.toUcs4()) {
+    harmless += QChar::isPrint(character) ? QString::fromUcs4(&character, 1) : Escaped(character);
+  }
+  return harmless;
+}
+
+QString Printable(const QString& name) {
+  constexpr qsizetype kLongestName = 300;
+  if (name.isEmpty()) return u"\"\""_s;
+  const QString printable = Harmless(name.left(kLongestName));
+  return name.size() > kLongestName ? printable + u"..."_s : printable;
+}
+
 void Complain(const QString& text) {
   QString line = text;
   line.replace(u'\n', u' ').replace(u'\r', u' ');
-  const QByteArray bytes = (u"brivonctl: "_s + line + u'\n').toLocal8Bit();
+  const QByteArray bytes = (u"brivonctl: "_s + Harmless(line) + u'\n').toLocal8Bit();
   std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
 }
 

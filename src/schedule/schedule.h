@@ -15,6 +15,7 @@ inline constexpr qsizetype kPathField = 100;  ///< Characters of a sequence's pa
 inline constexpr int kMostSequences = 32;     ///< What a schedule file may hold.
 inline constexpr int kEditedSequences = 12;   ///< What the editor lengthens a schedule to.
 inline constexpr qsizetype kMostDistinctFiles = 26;
+inline constexpr int kPagesOfALetter = 12;  ///< Of a panel: the first one for A is 1, for B 13.
 
 inline constexpr int kLastWeekday = 7;  ///< Weekdays are 0 (every day), 1 (Sunday) to 7 (Saturday).
 inline constexpr const char* kEveryTime = "**";  ///< Every hour, or every minute.

@@ -28,7 +28,6 @@ namespace {
 
 using ModuleLanguage::TranslateMessage;
 
-constexpr int kPagesOfALetter = 12;
 constexpr int kPausesAheadOfTheSchedule = 3;
 
 /// A step of the schedule as the panel is told it.

@@ -2,6 +2,9 @@
 // has the result that it has alone, and none is disturbed by its neighbours.
 #include "orders/crew.h"
 
+#include <pthread.h>
+#include <sys/resource.h>
+
 #include <map>
 #include <set>
 
@@ -146,6 +149,35 @@ TEST_F(CrewTest, AStopEndsEveryPanelAfterItsAttempt) {
     EXPECT_EQ(site.Frames(id).size(), id <= 3 ? 1 : 0) << id;
   }
   EXPECT_EQ(results_[5].result.reason, u"Nothing has been sent."_s);
+}
+
+#ifdef __GLIBC__
+TEST_F(CrewTest, WithoutAThreadItIsEmptyAndNothingIsSent) {
+  Site site(1);
+  pthread_attr_t usual;
+  ASSERT_EQ(pthread_getattr_default_np(&usual), 0);
+  pthread_attr_t huge;
+  ASSERT_EQ(pthread_attr_init(&huge), 0);
+  ASSERT_EQ(pthread_attr_setstacksize(&huge, std::size_t{1} << 50), 0);  // more than can be had
+  ASSERT_EQ(pthread_setattr_default_np(&huge), 0);
+  EventQueue queue;
+  const Crew crew(PageTo(site.Page()), Lines({1}), 1, queue);
+  pthread_setattr_default_np(&usual);
+  EXPECT_TRUE(crew.IsEmpty());
+  EXPECT_TRUE(queue.TakeAll().empty());
+}
+#endif
+
+TEST(EventQueue, WithoutADescriptorItIsNotOpen) {
+  EXPECT_TRUE(EventQueue().IsOpen());
+  rlimit usual = {};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+  rlimit none = usual;
+  none.rlim_cur = 0;
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+  const EventQueue queue;
+  ::setrlimit(RLIMIT_NOFILE, &usual);
+  EXPECT_FALSE(queue.IsOpen());
 }
 
 }  // namespace

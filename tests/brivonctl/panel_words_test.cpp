@@ -47,7 +47,7 @@ TEST(PanelWords, AllSizesAndColoursChooseConfiguredPanelsButNeverId0) {
 
 TEST(PanelWords, Id0IsChosenWhereItIsWrittenDown) {
   EXPECT_EQ(Chosen("0"), (QList<int>{0}));
-  EXPECT_EQ(Chosen("0-1"), (QList<int>{0, 1}));
+  EXPECT_EQ(Chosen("0,1"), (QList<int>{0, 1}));
 }
 
 TEST(PanelWords, ACommaAddsAndAPlusNarrowsDown) {
@@ -84,12 +84,28 @@ TEST(PanelWords, ARangeThatRunsBackwardsAndASizeThatNoPanelHasAreRefused) {
   EXPECT_EQ(Wrong("0x96"), "\"0x96\" is no size; a panel has 1 to 12 rows, as in 4x96");
 }
 
+TEST(PanelWords, ARangeNeverReachesToId0) {
+  const std::string right =
+      " reaches to ID 0, which is all panels at once; write 0 alone, or a range from 1";
+  for (const std::string word : {"0-9", "0-0", "9-0", "000-1"}) {
+    EXPECT_EQ(Wrong(word.c_str()), '"' + word + '"' + right);
+  }
+}
+
 TEST(PanelWords, AllOfThemAreMeantByAllAndById0) {
   EXPECT_TRUE(ReadPanelWords("1,all").NamesAll());
   EXPECT_TRUE(ReadPanelWords("0").NamesAll());
-  EXPECT_TRUE(ReadPanelWords("0-4").NamesAll());
+  EXPECT_TRUE(ReadPanelWords("4,0").NamesAll());
   EXPECT_FALSE(ReadPanelWords("all+mono").NamesAll());
   EXPECT_FALSE(ReadPanelWords("1-255").NamesAll());
+}
+
+TEST(PanelWords, AllPanelsAreThoseThatAreConfiguredHoweverTheyWereChosen) {
+  const auto are_all = [](const char* text) { return AreAll(Chosen(text), Configured()); };
+  for (const char* text : {"all", "0", "mono,tri", "1-255", "1,4,5,26,255", "4x96,12x192", "7,0"}) {
+    EXPECT_TRUE(are_all(text)) << text;
+  }
+  for (const char* text : {"mono", "1-254", "4x96,26", "1"}) EXPECT_FALSE(are_all(text)) << text;
 }
 
 }  // namespace

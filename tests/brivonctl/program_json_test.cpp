@@ -124,12 +124,36 @@ TEST(BrivonctlJson, WithoutATerminalAPersonReadsPlainLinesAndTheTableIsTheResult
   EXPECT_EQ(quiet.errors, "");
 }
 
-TEST(BrivonctlJson, AReaderThatLeavesDoesNotKeepThePanelsFromTheirPage) {
+TEST(BrivonctlJson, AResultThatCannotBeWrittenIsNoSuccessButThePanelsGetTheirPage) {
   Site site(1);
   ProgramRun run;
   run.Process().setStandardOutputFile(u"/dev/full"_s);
   run.To("send page --page 7 --to 1 --json", QStringList{site.Page()} + In(site));
-  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.errors.toStdString(),
+            "brivonctl: the result cannot be written: No space left on device\n");
+  EXPECT_EQ(site.Frames(1), Site::PageFrames(1));
+  for (const char* line : {"poll --to 1", "poll --to 1 --dry-run", "list", "list --json"}) {
+    ProgramRun other;
+    other.Process().setStandardOutputFile(u"/dev/full"_s);
+    EXPECT_EQ(other.To(line, In(site)).status, 1) << line;
+    EXPECT_EQ(other.errors.count("No space left on device\n"), 1) << other.errors.toStdString();
+  }
+  ProgramRun help;
+  help.Process().setStandardOutputFile(u"/dev/full"_s);
+  EXPECT_EQ(help.To("--help").status, 1);
+}
+
+TEST(BrivonctlJson, AReaderThatLeavesDoesNotKeepThePanelsFromTheirPage) {
+  Site site(1);
+  QProcess shell;
+  shell.start(u"bash"_s, {u"-c"_s,
+                          u"\"$0\" send page \"$1\" --page 7 --to 1 --json --folder \"$2\" | "
+                          "true; exit ${PIPESTATUS[0]}"_s,
+                          QStringLiteral(BRIVONCTL), site.Page(), site.Folder().Path({})});
+  ASSERT_TRUE(WaitUntil([&] { return shell.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(shell.exitCode(), 0);
+  EXPECT_EQ(shell.readAllStandardError(), "");
   EXPECT_EQ(site.Frames(1), Site::PageFrames(1));
 }
 

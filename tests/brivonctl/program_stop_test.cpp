@@ -3,6 +3,10 @@
 
 #include <map>
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 
 #include "brivonctl/program_run.h"
@@ -70,6 +74,24 @@ TEST_P(BrivonctlStop, ASignalBehindTheLastAttemptIsNoFailure) {
   ProgramRun run;
   run.To("poll --to 3 --folder", {site_.Folder().Path({})});
   EXPECT_EQ(run.status, 0);
+}
+
+TEST_P(BrivonctlStop, ASignalDuringTheChecksIsAStopBeforeAnythingIsSent) {
+  // Nobody reads what stands behind the rows, but its digest takes a while.
+  ASSERT_TRUE(QFile::resize(site_.Page(), qint64{256} << 20));
+  run_.Start("send page --page 7 --to 1", {site_.Page(), u"--folder"_s, site_.Folder().Path({})});
+  const QDir open(u"/proc/%1/fd"_s.arg(run_.Process().processId()));
+  ASSERT_TRUE(WaitUntil([&] {
+    for (const QFileInfo& file : open.entryInfoList(QDir::NoDotAndDotDot | QDir::AllEntries)) {
+      if (file.symLinkTarget() == site_.Page()) return true;
+    }
+    return false;
+  }));
+  Signal();
+  run_.Wait();
+  EXPECT_EQ(run_.status, 130);
+  EXPECT_EQ(run_.errors.toStdString(), "brivonctl: stopped; nothing was sent\n");
+  EXPECT_EQ(site_.Frames(1), QList<QByteArray>());
 }
 
 }  // namespace

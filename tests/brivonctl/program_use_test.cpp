@@ -1,4 +1,6 @@
 // What the program says to a command line that makes no sense, and to what does not fit.
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 
 #include "brivonctl/program_run.h"
@@ -37,6 +39,13 @@ TEST(BrivonctlUse, EveryWrongUseIsOneLineThatSaysWhatWouldBeRight) {
       {"poll --to 9-4", "--to: \"9-4\" runs backwards; write 4-9; see brivonctl poll --help"},
       {"delete-all --to all",
        "delete-all --to all deletes every page of all panels; add --yes if it is to"},
+      {"clock --to 3 --folder . delete-all",
+       "The following argument was not expected: delete-all; see brivonctl clock --help"},
+      {"send page a.msg --page 1 --to 1 schedule",
+       "The following argument was not expected: schedule; see brivonctl send page --help"},
+      {"poll --to 0-9",
+       "--to: \"0-9\" reaches to ID 0, which is all panels at once; write 0 alone, or a range from "
+       "1; see brivonctl poll --help"},
       {"delete-all --to 0",
        "delete-all --to 0 deletes every page of all panels; add --yes if it is to"},
   };
@@ -120,6 +129,60 @@ TEST(BrivonctlUse, WhatDoesNotFitIsRefusedAndNothingIsSent) {
   expect_refusal("poll --to all --log", {site.Folder().Path({})}, "--log: ");
   EXPECT_EQ(site.Frames(1), QList<QByteArray>());
   EXPECT_EQ(site.Frames(2), QList<QByteArray>());
+}
+
+TEST(BrivonctlUse, WhatComesToAllPanelsIsDeletedNowhereWithoutYes) {
+  Site site(2);
+  const QStringList folder = {u"--folder"_s, site.Folder().Path({})};
+  for (const char* panels : {"tri", "1-2", "1,2", "2x96", "1-255"}) {
+    ProgramRun run;
+    run.To("delete-all --to", QStringList{QString::fromLatin1(panels)} + folder);
+    ExpectComplaint(run,
+                    "delete-all --to " + QByteArray(panels) +
+                        " deletes every page of all panels; add --yes if it is to",
+                    2);
+  }
+  ProgramRun second;
+  EXPECT_EQ(second.To("clock --to 2 delete-all --to 1", folder).status, 2);
+  EXPECT_EQ(site.Frames(1), QList<QByteArray>());
+  EXPECT_EQ(site.Frames(2), QList<QByteArray>());
+  ProgramRun one;
+  EXPECT_EQ(one.To("delete-all --to 2", folder).status, 0);
+  ProgramRun sure;
+  EXPECT_EQ(sure.To("delete-all --to tri --yes", folder).status, 0);
+  EXPECT_EQ(site.Frames(1).size(), 1);
+  EXPECT_EQ(site.Frames(2).size(), 2);
+}
+
+TEST(BrivonctlUse, NoFileOfBrivonBecomesALog) {
+  Site site(1);
+  const QString page = site.Page();
+  const QString settings = site.Folder().Path(u"brivon.ini"_s);
+  const QString texts = site.Folder().Write(u"langSetting.INI"_s, "[Messages]\r\n");
+  for (const QString& path : {page, settings, texts}) {
+    const QByteArray before = site.Folder().Read(QFileInfo(path).fileName());
+    ProgramRun run;
+    run.To("poll --to 1 --log", {path, u"--folder"_s, site.Folder().Path({})});
+    ExpectComplaint(
+        run, "--log: " + path.toLocal8Bit() + " is a file of Brivon and no log; name another file",
+        3);
+    EXPECT_EQ(site.Folder().Read(QFileInfo(path).fileName()), before);
+  }
+  EXPECT_EQ(site.Frames(1), QList<QByteArray>());
+}
+
+TEST(BrivonctlUse, NoNameMovesTheCursorOfATerminal) {
+  const TemporaryProgramFolder folder;
+  folder.Configure("[Communication]\r\nSendMode=TCPIP\r\n[Dimension Config]\r\nID001=4x96\r\n");
+  ProgramRun run;
+  run.To("send page --page 7 --to 1 --folder",
+         {folder.Path({}), u"two  blanks\x1b[2J\u202e.msg"_s});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_TRUE(run.errors.contains("two  blanks\\x1B[2J\\x202E.msg")) << run.errors.toStdString();
+  EXPECT_FALSE(run.errors.contains('\x1b'));
+  ProgramRun word;
+  EXPECT_EQ(word.To("poll --to", {u"\x1b[31m"_s}).status, 2);
+  EXPECT_TRUE(word.errors.contains("\\x1B[31m\" is no panel")) << word.errors.toStdString();
 }
 
 TEST(BrivonctlUse, AFolderWithoutAConfigurationIsRefused) {

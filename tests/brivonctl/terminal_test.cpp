@@ -65,5 +65,12 @@ TEST(TextReport, ALineForEachPanelThatMovesAndATotalFitTheTerminal) {
                          u"0 of 4 done,..."_s}));
 }
 
+TEST(ResultsTable, AReasonMovesNoCursorAndKeepsItsBlanks) {
+  Summary summary;
+  summary.results = {{3, Result::kFailed, u"No"_s, u"two  blanks\x1b[2J"_s}};
+  EXPECT_EQ(ResultsTable(summary, true, {}).toStdString(),
+            "ID003  failed   No. two  blanks\\x1B[2J\n");
+}
+
 }  // namespace
 }  // namespace BrivonCtl

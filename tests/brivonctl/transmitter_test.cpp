@@ -132,6 +132,73 @@ TEST_P(TransmitterTest, AStopLetsTheAttemptInProgressEndAndNothingElseBegin) {
   EXPECT_TRUE(bench_.IsReleased());
 }
 
+TEST_P(TransmitterTest, AStopBehindAFailureTellsWhatTheFailedTransmissionHasBrought) {
+  assignment_.further_transmissions = 1;
+  bench_.Fail({.close_after_frame = 1});
+  const Tell tell = [this](const Happening& happening) {
+    if (!std::holds_alternative<Transmission>(happening)) return;
+    transmissions_.append(std::get<Transmission>(happening));
+    bench_.Ports()->timer.stop.made = true;
+  };
+  Transmitter(assignment_, *bench_.Ports(), tell).Serve({Entry(1)});
+  ASSERT_EQ(transmissions_.size(), 2);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_EQ(transmissions_[0].acknowledged_rows, 1);
+  EXPECT_EQ(transmissions_[1].result.result, Result::kStopped);
+  EXPECT_EQ(transmissions_[1].result.text, u"Aborted!"_s);
+  EXPECT_EQ(transmissions_[1].acknowledged_rows, 1);
+  EXPECT_EQ(transmissions_[1].result.reason,
+            u"Transmission failure!\n"_s + transmissions_[0].result.reason);
+  EXPECT_TRUE(transmissions_[1].result.reason.endsWith(u"1 of 2 rows have arrived, missing: 1."_s));
+}
+
+TEST_P(TransmitterTest, AFileThatHasChangedSinceItWasCheckedIsNotSent) {
+  assignment_.checked_content = ContentDigest(assignment_.order);
+  Serve({1});
+  EXPECT_EQ(transmissions_.takeFirst().result.result, Result::kOk);
+  const auto frames = bench_.Frames();
+  bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96).replace("Row", "Raw"));
+  Serve({1});
+  ASSERT_EQ(transmissions_.size(), 1);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_TRUE(transmissions_[0].result.reason.contains(u"has changed since it was checked"_s));
+  EXPECT_EQ(bench_.Frames(), frames);
+}
+
+TEST_P(TransmitterTest, AnAnswerThatComesBetweenTwoPanelsIsNoneOfTheNextOne) {
+  assignment_.order = {Action::kPoll, {}, {}};
+  const Tell tell = [this](const Happening& happening) {
+    if (!std::holds_alternative<Transmission>(happening)) return;
+    transmissions_.append(std::get<Transmission>(happening));
+    if (transmissions_.size() > 1) return;
+    bench_.Ports()->serial.Write(bench_.Frames().last());
+    bench_.Ports()->clock.WaitForEvent(50);
+    bench_.Fail({.silent = true});
+  };
+  Transmitter(assignment_, *bench_.Ports(), tell).Serve({Entry(1), Entry(1)});
+  ASSERT_EQ(transmissions_.size(), 2);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kOk);
+  EXPECT_EQ(transmissions_[1].result.result, Result::kFailed);
+}
+
+TEST_P(TransmitterTest, AScheduleSaysOnceWhyItHasFailed) {
+  assignment_.order = {Action::kSendSchedule,
+                       bench_.Folder().Write(u"week.sch"_s,
+                                             "*** Brivon Schedule File ***\r\nWeekday = 0\r\n"
+                                             "Hour = *\r\nMinute = *\r\nRow = 2\r\nCol = 96\r\n"
+                                             "Seq = 1\r\npage.msg\r\n5\r\nFlip\r\n"),
+                       u"A"_s};
+  bench_.Fail({.silent = true});
+  Serve({2});
+  ASSERT_EQ(transmissions_.size(), 1);
+  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_EQ(transmissions_[0].result.reason.toStdString(),
+            "Error in sending page.msg!\n"
+            "No response from display panel. Please check connection.\n"
+            "Panel ID 2 was tried 5 times.\n0 of 1 files have arrived. The schedule has not.\n"
+            "page.msg: 0 of 2 rows have arrived, missing: 2.");
+}
+
 TEST_P(TransmitterTest, ALineThatCannotBeOpenedIsTheReason) {
   bench_.Unplug();
   Serve({1, 2});

@@ -80,6 +80,18 @@ TEST_F(CheckProgram, JsonIsOneObjectALine) {
   EXPECT_EQ(events.join(u'|').toStdString(), "start |file ok|file refused|summary | ");
 }
 
+TEST_F(CheckProgram, FilesMayBeNamedLikeSubcommandsAndStandInBrackets) {
+  const QStringList names = {u"poll"_s, u"list"_s, u"[a]"_s, u"[b,c]"_s};
+  for (const QString& name : names) folder_.Write(name, Page(1, "<L01>\r\n"));
+  const Ended ended = Run(names);
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(ended.output,
+            "poll: page message, 1 row x 96 columns: ok\n"
+            "list: page message, 1 row x 96 columns: ok\n"
+            "./[a]: page message, 1 row x 96 columns: ok\n"
+            "./[b,c]: page message, 1 row x 96 columns: ok\n");
+}
+
 TEST_F(CheckProgram, WrongUseGivesTwoAndOneLineOfError) {
   for (const QStringList& arguments :
        {QStringList{}, QStringList{u"--colour"_s, u"a.msg"_s}, QStringList{u"--folder"_s}}) {

@@ -78,6 +78,23 @@ TEST_F(ShowProgram, AFileOfTheSystemIsNotReplacedByAPicture) {
   EXPECT_EQ(folder_.Read(u"a.msg"_s), before);
 }
 
+TEST_F(ShowProgram, APictureTakesThePlaceOfNothingButAPictureOrAnEmptyFile) {
+  const QByteArray other = "[Dimension Config]\r\n";
+  for (const QString& name : {u"brivon.ini"_s, u"other"_s}) {
+    folder_.Write(name, other);
+    ExpectRefusal({u"a.msg"_s, u"--output"_s, name}, 2,
+                  "brivonctl: --output: " + name.toStdString() +
+                      " is no picture (PNG) and is not replaced; name another file\n");
+    EXPECT_EQ(folder_.Read(name), other);
+  }
+  folder_.Write(u"empty"_s, "");
+  EXPECT_EQ(Run({u"a.msg"_s, u"--output"_s, u"empty"_s}).status, 0);
+  const QByteArray png = folder_.Read(u"empty"_s);
+  EXPECT_TRUE(png.startsWith("\x89PNG\r\n"));
+  EXPECT_EQ(Run({u"--mono"_s, u"a.msg"_s, u"--output"_s, u"empty"_s}).status, 0);
+  EXPECT_NE(folder_.Read(u"empty"_s), png);
+}
+
 TEST_F(ShowProgram, APictureThatCannotBeSavedIsRefused) {
   ExpectRefusal({u"a.msg"_s, u"--output"_s, u"none/a.png"_s}, 3,
                 "brivonctl: --output: none/a.png: Invalid path!\n");
