@@ -117,6 +117,11 @@ PasteLoss EditedMessage::Paste(const QString& text) {
     PageRow& row = GoToRow(first + at);
     const PageRow before = row;
     if (at > 0) row.Home();
+    // Of several lines an empty first one takes the place of the selection too.
+    if (at == 0 && typed.bytes.isEmpty() && !typed.refused && pasted.lines.size() > 1) {
+      is_typing = is_typing || row.HasSelection();
+      row.RemoveSelection();
+    }
     const TypingResult result = TypeAllInto(row, typed.bytes, attributes_, Places());
     ShowEditedRow(before);
     is_typing = is_typing || result.is_typing || typed.refused;
