@@ -21,14 +21,20 @@ class ModifiedFlag {
     return *this;
   }
 
+  /// The work has changed by an edit that leaves the flag as it is.
+  void TellChanged() const {
+    if (told_) told_(true);
+  }
+
   explicit operator bool() const { return modified_; }
 
-  /// From now on `told` is called whenever the flag is set or cleared, also to what it is already.
-  void Tell(std::function<void(bool modified)> told) { told_ = std::move(told); }
+  /// From now on `told` is called whenever the flag is set or cleared, also to what it is already,
+  /// and with true at TellChanged(): whether the work has changed.
+  void Tell(std::function<void(bool changed)> told) { told_ = std::move(told); }
 
  private:
   bool modified_ = false;
-  std::function<void(bool modified)> told_;
+  std::function<void(bool changed)> told_;
 };
 
 }  // namespace Brivon1

@@ -111,6 +111,7 @@ void frmMsgEditor::ConnectRows() {
     connect(&surface, &RowSurface::MoveKeyPressed, this,
             [this, row](Brivon1::MoveKey key) { PressMoveKey(row, key); });
     connect(&surface, &RowSurface::Clicked, this, [this, row](double x) { ClickRow(row, x); });
+    connect(&surface, &RowSurface::Released, ui_->rowArea, &RowArea::FollowCursor);
     connect(&surface, &RowSurface::KeyboardEntered, this, [this, row] { EnterRow(row); });
     commands_->Serve(surface, row);
   }
@@ -136,10 +137,7 @@ void frmMsgEditor::BuildPreview() {
     ShowPanel();
   });
   // The attributes of what is typed next are said too.
-  for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize}) {
-    connect(list, &QComboBox::currentIndexChanged, this, &frmMsgEditor::ShowPanel);
-  }
-  connect(ui_->chkBlink, &QCheckBox::toggled, this, &frmMsgEditor::ShowPanel);
+  connect(commands_, &RowCommands::AttributesChosen, this, &frmMsgEditor::ShowPanel);
   const auto bind = [this](const QKeySequence& keys, QCheckBox* box) {
     connect(new QShortcut(keys, this), &QShortcut::activated, box, &QCheckBox::toggle);
     box->setToolTip(keys.toString(QKeySequence::NativeText));

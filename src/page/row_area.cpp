@@ -263,8 +263,11 @@ void RowArea::FollowCursor() {
   const bool in_sight = cursor + left_ >= 0 && cursor + left_ < width;
   const bool within_page = left_ <= kFirstLeft && left_ >= LastLeft(width);
   if (in_sight && !within_page) return;  // moved there by hand
+  const RowSurface::Hold hold = Surface(page_->CurrentRow()).MouseHold();
+  if (hold == RowSurface::Hold::kPressed) return;
   // Some room on both sides of the cursor, but none beyond the ends of the page.
-  const int left = std::clamp(left_, kSight - cursor, std::max(width - kSight, kSight) - cursor);
+  const int sight = hold == RowSurface::Hold::kDragging ? 0 : kSight;
+  const int left = std::clamp(left_, sight - cursor, std::max(width - sight, sight) - cursor);
   SetLeft(std::clamp(left, LastLeft(width), kFirstLeft));
 }
 

@@ -47,7 +47,8 @@ class RowArea : public QWidget {
   /// Marks the current row; of all rows, Tab stops at this one alone.
   void MarkCurrentRow();
 
-  /// Moves the surfaces as far as it takes to show the cursor of the current row.
+  /// Moves the surfaces as far as it takes to show the cursor of the current row. Below a mouse
+  /// that is pressed they stay where they are, and below one that drags until it leaves the area.
   void FollowCursor();
 
   /// Marks behind how many characters of row `number` a panel's dots end; nothing takes the mark

@@ -33,6 +33,10 @@ void EditHistory::Record(std::vector<RowState> before) {
   ForgetOldest();
 }
 
+void EditHistory::JoinLast() {
+  if (undo_.size() > 1) undo_.pop_back();
+}
+
 void EditHistory::ForgetOldest() {
   qsizetype characters = 0;
   for (const RowState& state : undo_) characters += state.row.Length();

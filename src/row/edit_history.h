@@ -28,6 +28,9 @@ class EditHistory {
   /// One edit was made of several rows, of at least one.
   void Record(std::vector<RowState> before);
 
+  /// Makes the last two edits one. Both were made of the same row.
+  void JoinLast();
+
   bool CanUndo() const { return !undo_.empty(); }
   bool CanRedo() const { return !redo_.empty(); }
 

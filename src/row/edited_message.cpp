@@ -7,20 +7,23 @@ namespace Brivon1 {
 
 bool EditedMessage::ChooseColour(int index) {
   if (index < 0 || index >= static_cast<int>(kColourNames.size())) return true;
-  return Restyle([&](Attributes& chosen) { chosen.colour = static_cast<char>('A' + index); });
+  return Restyle(Choice::kColour,
+                 [&](Attributes& chosen) { chosen.colour = static_cast<char>('A' + index); });
 }
 
 bool EditedMessage::ChooseSize(int index) {
   if (index < 0 || index >= static_cast<int>(kSizeNames.size())) return true;
-  return Restyle([&](Attributes& chosen) { chosen.size = static_cast<char>('A' + index); });
+  return Restyle(Choice::kSize,
+                 [&](Attributes& chosen) { chosen.size = static_cast<char>('A' + index); });
 }
 
 bool EditedMessage::ChooseBlink(bool blinking) {
-  return Restyle([&](Attributes& chosen) { chosen.blink = blinking ? kBlinking : kSteady; });
+  return Restyle(Choice::kBlink,
+                 [&](Attributes& chosen) { chosen.blink = blinking ? kBlinking : kSteady; });
 }
 
 template <typename Choose>
-bool EditedMessage::Restyle(const Choose& choose) {
+bool EditedMessage::Restyle(Choice choice, const Choose& choose) {
   const PageRow& row = EditedRow();
   if (row.HasSelection()) {
     PageRow changed = row;
@@ -30,10 +33,17 @@ bool EditedMessage::Restyle(const Choose& choose) {
       changed.SetAttributes(at, attributes);
     }
     if (changed.Size() != row.Size() && !HasRoomFor(changed, row)) return false;
-    Edit([&](PageRow& edited) { edited = std::move(changed); });
+    EditRestyled(choice, std::move(changed));
   }
   choose(attributes_);
   return true;
+}
+
+void EditedMessage::EditRestyled(Choice choice, PageRow changed) {
+  const bool goes_on = last_edit_ == choice;
+  const bool is_edit = Edit([&](PageRow& row) { row = std::move(changed); });
+  if (is_edit && goes_on) history_.JoinLast();
+  if (is_edit || goes_on) last_edit_ = choice;
 }
 
 template <typename Change>
@@ -49,6 +59,7 @@ bool EditedMessage::Edit(const Change& change) {
 }
 
 void EditedMessage::Select(int number, qsizetype anchor, qsizetype cursor) {
+  last_edit_ = Choice::kNone;
   PageRow& row = GoToRow(number);
   const PageRow before = row;
   row.Select(anchor, cursor);
@@ -56,6 +67,7 @@ void EditedMessage::Select(int number, qsizetype anchor, qsizetype cursor) {
 }
 
 void EditedMessage::SelectByKey(int number, MoveKey key) {
+  last_edit_ = Choice::kNone;
   PageRow& row = GoToRow(number);
   const PageRow before = row;
   SelectByKeyIn(row, key);
@@ -68,6 +80,7 @@ void EditedMessage::SelectTo(int number, double x) {
 }
 
 void EditedMessage::SelectWord(int number, double x) {
+  last_edit_ = Choice::kNone;
   PageRow& row = GoToRow(number);
   const PageRow before = row;
   SelectWordIn(row, PositionAt(x));
@@ -104,6 +117,11 @@ PasteLoss EditedMessage::Paste(const QString& text) {
     PageRow& row = GoToRow(first + at);
     const PageRow before = row;
     if (at > 0) row.Home();
+    // Of several lines an empty first one takes the place of the selection too.
+    if (at == 0 && typed.bytes.isEmpty() && !typed.refused && pasted.lines.size() > 1) {
+      is_typing = is_typing || row.HasSelection();
+      row.RemoveSelection();
+    }
     const TypingResult result = TypeAllInto(row, typed.bytes, attributes_, Places());
     ShowEditedRow(before);
     is_typing = is_typing || result.is_typing || typed.refused;
@@ -113,6 +131,7 @@ PasteLoss EditedMessage::Paste(const QString& text) {
   }
   if (is_typing) MarkTyped();
   if (!edited.empty()) {
+    last_edit_ = Choice::kNone;
     history_.Record(std::move(edited));
     SetModified(true);
   }
@@ -130,6 +149,7 @@ bool EditedMessage::Undo() {
   if (!history_.CanUndo()) return false;
   while (history_.Undo(GoToRow(history_.UndoRow()))) {
   }
+  last_edit_ = Choice::kNone;
   ShowRestoredRow();
   SetModified(true);
   return true;
@@ -139,14 +159,22 @@ bool EditedMessage::Redo() {
   if (!history_.CanRedo()) return false;
   while (history_.Redo(GoToRow(history_.RedoRow()))) {
   }
+  last_edit_ = Choice::kNone;
   ShowRestoredRow();
   SetModified(true);
   return true;
 }
 
+void EditedMessage::ForgetEdits() {
+  last_edit_ = Choice::kNone;
+  history_.Clear();
+}
+
 bool EditedMessage::RecordEdit(int number, const PageRow& before, const PageRow& now) {
+  last_edit_ = Choice::kNone;
   if (now.ShowsTheSameAs(before)) return false;
   history_.Record({number, before});
+  modified_.TellChanged();
   return true;
 }
 

@@ -29,8 +29,9 @@ class EditedMessage {
   virtual int EditedNumber() const = 0;
 
   /// The attributes of characters typed from now on. The index is a place in kColourNames or
-  /// kSizeNames; one outside is ignored. The selected characters get them too, as one edit. False,
-  /// and nothing is chosen, if they would not fit any more.
+  /// kSizeNames; one outside is ignored. The selected characters get them too, as one edit, which
+  /// goes on while another colour is chosen for the same ones, or another size. False, and nothing
+  /// is chosen, if they would not fit any more.
   const Attributes& CurrentAttributes() const { return attributes_; }
   bool ChooseColour(int index);
   bool ChooseSize(int index);
@@ -79,9 +80,11 @@ class EditedMessage {
   /// Remembers row `number` as it was `before`, if it is another one `now`. Says whether it is.
   bool RecordEdit(int number, const PageRow& before, const PageRow& now);
 
-  void ForgetEdits() { history_.Clear(); }
+  void ForgetEdits();
 
  private:
+  enum class Choice { kNone, kColour, kSize, kBlink };
+
   /// Makes row `number` the current one.
   virtual PageRow& GoToRow(int number) = 0;
 
@@ -111,10 +114,12 @@ class EditedMessage {
   template <typename Change>
   bool Edit(const Change& change);
   template <typename Choose>
-  bool Restyle(const Choose& choose);
+  bool Restyle(Choice choice, const Choose& choose);
+  void EditRestyled(Choice choice, PageRow changed);
 
   Attributes attributes_;
   EditHistory history_;
+  Choice last_edit_ = Choice::kNone;  // what was chosen, if the last edit did that and no more
   ModifiedFlag modified_;
 };
 

@@ -1,5 +1,6 @@
 #include "row/editor_controls.h"
 
+#include <memory>
 #include <utility>
 
 #include <QAbstractItemView>
@@ -17,12 +18,20 @@
 namespace {
 
 /// Calls `choose` for each choice in a list, also of the entry that stands there already: selected
-/// characters may have another one.
+/// characters may have another one. Where it returns false the list is back at an earlier entry,
+/// which nobody has chosen.
 template <typename Choose>
 void ConnectChoice(QComboBox* list, const Choose& choose) {
-  QObject::connect(list, &QComboBox::currentIndexChanged, list, choose);
-  QObject::connect(list, &QComboBox::activated, list, [list, choose](int index) {
-    if (index == list->currentIndex()) choose(index);
+  const auto is_refused = std::make_shared<bool>(false);
+  QObject::connect(list, &QComboBox::currentIndexChanged, list,
+                   [list, choose, is_refused](int index) {
+                     *is_refused = !choose(index);
+                     // A change that the program makes is followed by no activated().
+                     QMetaObject::invokeMethod(
+                         list, [is_refused] { *is_refused = false; }, Qt::QueuedConnection);
+                   });
+  QObject::connect(list, &QComboBox::activated, list, [choose, is_refused](int index) {
+    if (!std::exchange(*is_refused, false)) choose(index);
   });
 }
 
@@ -37,12 +46,17 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
   ConnectChoice(controls.colour, [&message, &commands](int index) {
     message.ChooseColour(index);
     commands.ShowAttributes();
+    return true;
   });
   ConnectChoice(controls.size, [&message, &commands, list = controls.size](int index) {
-    if (message.ChooseSize(index)) return commands.ShowAttributes();
+    if (message.ChooseSize(index)) {
+      commands.ShowAttributes();
+      return true;
+    }
     const QSignalBlocker blocker(list);
     list->setCurrentIndex(message.CurrentAttributes().size - 'A');
     commands.SayTooWide();
+    return false;
   });
   QObject::connect(controls.blink, &QCheckBox::toggled, controls.blink,
                    [&message, &commands](bool checked) {

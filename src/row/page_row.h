@@ -11,6 +11,11 @@
 
 namespace Brivon1 {
 
+/// A control character is a key and never text.
+constexpr bool IsControlCharacter(char character) {
+  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+}
+
 class PageRow {
  public:
   /// The last column that the cursor of a page's row reaches: it is held in 16 bits.

@@ -12,10 +12,6 @@ QByteArray FirstLine() {
   return "Brivon row 1 " + QByteArray::number(CodePage::System().Number()) + '\n';
 }
 
-constexpr bool IsControlCharacter(char character) {
-  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
-
 /// Whether a row may have these. A hand-made file gives any colour, and it comes back as it was.
 bool AreValid(const Attributes& attributes) {
   return attributes.size >= 'A' && attributes.size <= 'D' &&

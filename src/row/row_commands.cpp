@@ -194,7 +194,11 @@ void RowCommands::Show() {
 }
 
 void RowCommands::ShowAttributes() {
-  if (message_.EditedRow().HasSelection()) show_();
+  if (message_.EditedRow().HasSelection()) {
+    show_();
+  } else {
+    Q_EMIT AttributesChosen();
+  }
 }
 
 void RowCommands::SayTooWide() {

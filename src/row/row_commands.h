@@ -25,12 +25,15 @@ class RowCommands : public QObject {
   /// Does from now on in row `number` what is asked for on `surface`.
   void Serve(RowSurface& surface, int number);
 
-  /// Shows selected characters that were given other attributes; says that they were not, because
-  /// they would be too wide.
+  /// Shows what became of a choice of attributes; says of selected characters that they did not get
+  /// them, because they would be too wide.
   void ShowAttributes();
   void SayTooWide();
 
  Q_SIGNALS:
+  /// Other attributes were chosen for what is typed next, and nothing was selected.
+  void AttributesChosen();
+
   /// A paste has left characters out: so many for want of room, and those that the code page lacks.
   void PasteCut(qsizetype no_room, const QString& missing);
 

@@ -9,11 +9,6 @@
 namespace Brivon1 {
 namespace {
 
-/// A control character is a key and never text.
-constexpr bool IsControlCharacter(char character) {
-  return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
-
 enum class CharacterKind { kBlank, kLetter, kOther };
 
 CharacterKind KindOf(QChar character) {
@@ -220,8 +215,9 @@ PastedText PastedLines(const QString& text, qsizetype most) {
         *end == QLatin1Char('\r') && end + 1 != text.end() && *(end + 1) == QLatin1Char('\n');
     begin = end + (is_pair ? 2 : 1);
   } while (begin != text.end() && pasted.lines.size() < most);
-  pasted.left_over =
-      std::count_if(begin, text.end(), [&](QChar c) { return !is_line_end(c) && !is_key(c); });
+  pasted.left_over = std::count_if(begin, text.end(), [&](QChar c) {
+    return !is_line_end(c) && !is_key(c) && !c.isLowSurrogate();  // a pair is one character
+  });
   return pasted;
 }
 

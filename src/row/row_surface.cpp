@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -250,7 +251,8 @@ void RowSurface::inputMethodEvent(QInputMethodEvent* event) {
 
 void RowSurface::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  dragging_ = true;
+  hold_ = Hold::kPressed;
+  press_place_ = event->globalPosition();
   if (event->modifiers().testFlag(Qt::ShiftModifier)) {
     Q_EMIT Dragged(event->position().x());
   } else {
@@ -259,12 +261,17 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
 }
 
 void RowSurface::mouseMoveEvent(QMouseEvent* event) {
-  const bool held = event->buttons().testFlag(Qt::LeftButton);
-  if (dragging_ && held) Q_EMIT Dragged(event->position().x());
+  if (hold_ == Hold::kNone || !event->buttons().testFlag(Qt::LeftButton)) return;
+  const QPointF way = event->globalPosition() - press_place_;
+  if (hold_ == Hold::kPressed && way.manhattanLength() < QApplication::startDragDistance()) return;
+  hold_ = Hold::kDragging;
+  Q_EMIT Dragged(event->position().x());
 }
 
 void RowSurface::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) dragging_ = false;
+  if (event->button() != Qt::LeftButton || hold_ == Hold::kNone) return;
+  hold_ = Hold::kNone;
+  Q_EMIT Released();
 }
 
 void RowSurface::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -280,5 +287,9 @@ void RowSurface::contextMenuEvent(QContextMenuEvent* event) {
 
 void RowSurface::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
+  const Hold before = hold_;
+  // The keyboard comes before the press that brings it.
+  if (event->reason() == Qt::MouseFocusReason) hold_ = Hold::kPressed;
   Q_EMIT KeyboardEntered();
+  hold_ = before;
 }

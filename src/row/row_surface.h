@@ -50,6 +50,11 @@ class RowSurface : public QWidget {
   /// row.
   void Select(qsizetype anchor, qsizetype cursor);
 
+  /// What the mouse does here: it is no drag before the mouse has come some way on the screen,
+  /// whatever the surface does below it.
+  enum class Hold { kNone, kPressed, kDragging };
+  Hold MouseHold() const { return hold_; }
+
   /// Where the cursor is.
   QRect CursorRectangle() const;
 
@@ -72,6 +77,9 @@ class RowSurface : public QWidget {
 
   /// The mouse, its left button held, has come to `x`, or the button was pressed there with Shift.
   void Dragged(double x);
+
+  /// The left button, pressed before, is held no more.
+  void Released();
 
   /// The left button was pressed twice at `x`.
   void DoubleClicked(double x);
@@ -111,5 +119,6 @@ class RowSurface : public QWidget {
   RowSpan span_;
   CursorLine cursor_line_ = CursorLine::kNone;
   bool blinking_hidden_ = false;
-  bool dragging_ = false;
+  Hold hold_ = Hold::kNone;
+  QPointF press_place_;  // on the screen
 };

@@ -41,7 +41,8 @@ frmShiftMsg::frmShiftMsg(QWidget* parent, ScrollingPreview::TimeSource now)
   surface_->setFixedSize(RowWidth(ScrollingMessage::kSpan), kCellHeight);
   ui_->messageLayout->addWidget(surface_);
   setTabOrder(ui_->chkBlink, surface_);
-  ui_->panePreview->Build(message_.Row(), std::move(now));
+  ui_->panePreview->Build(
+      message_.Row(), [this] { return message_.FirstVisible(); }, std::move(now));
   file_ = new EditedFile(
       this, {ui_->lblFileName, ui_->lblNotSaved}, message_.Modified(),
       {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
@@ -86,10 +87,7 @@ void frmShiftMsg::ConnectMessage() {
     message_.Click(x);
     ShowEdit();
   });
-  for (QComboBox* list : {ui_->ComboColor, ui_->ComboSize}) {
-    connect(list, &QComboBox::currentIndexChanged, this, &frmShiftMsg::ShowStatus);
-  }
-  connect(ui_->chkBlink, &QCheckBox::toggled, this, &frmShiftMsg::ShowStatus);
+  connect(commands_, &RowCommands::AttributesChosen, this, &frmShiftMsg::ShowStatus);
   AddUndoShortcuts(this, message_, [this] { ResumeTyping(); });
   connect(timers_, &BlinkTimers::CursorBlinked, surface_, [this](bool shown) {
     surface_->SetCursorLine(shown ? RowSurface::CursorLine::kShown

@@ -16,6 +16,7 @@
 #include "store/configuration_store.h"
 #include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
+#include "widgets/ignore_wheel.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,15 +47,11 @@ int ConfiguredColumns() {
 
 QList<Cell> CellsOf(const PageRow& row) { return PanelDots::ParseCells(Brivon1::CodedText(row)); }
 
-/// The beginning of the message, as far as so many dot columns show it: a file may hold a message
-/// of any length.
-QList<Cell> FirstCells(const PageRow& message, int columns) {
+/// The message from a character on, as far as so many dot columns show it: a file may hold a
+/// message of any length.
+QList<Cell> CellsFrom(const PageRow& message, qsizetype first, int columns) {
   const qsizetype most = columns / PanelDots::kCompressedColumns + 1;
-  PageRow first;
-  for (qsizetype at = 0; at < std::min(most, message.Length()); ++at) {
-    first.Append(message.Text()[at], message.AttributesAt(at));
-  }
-  return CellsOf(first);
+  return CellsOf(message.Part(first, std::min(first + most, message.Length())));
 }
 
 }  // namespace
@@ -73,6 +70,7 @@ ScrollingPreview::ScrollingPreview(QWidget* parent)
   columns_->setRange(kFewestColumns, kMostColumns);
   columns_->setValue(ConfiguredColumns());
   columns_->setFocusPolicy(Qt::TabFocus);
+  IgnoreWheel(columns_);
   play_->setAutoDefault(false);
   play_->setFocusPolicy(Qt::TabFocus);
   play_->setMinimumHeight(kButtonHeight);
@@ -97,8 +95,10 @@ ScrollingPreview::ScrollingPreview(QWidget* parent)
   });
 }
 
-void ScrollingPreview::Build(const PageRow& message, TimeSource now) {
+void ScrollingPreview::Build(const PageRow& message, std::function<qsizetype()> first,
+                             TimeSource now) {
   message_ = &message;
+  first_ = std::move(first);
   now_ = std::move(now);
   picture_->SetTimeSource(now_);
   picture_->setAccessibleName(ModuleLanguage::TranslateText(u"Preview on a panel"_s));
@@ -110,7 +110,7 @@ void ScrollingPreview::Rest() {
   if (std::exchange(is_running_, false)) play_->setText(play_caption_);
   if (!isVisible() || message_ == nullptr) return;
   PanelPicture picture{Shape()};
-  picture.rows.insert(1, FirstCells(*message_, columns_->value()));
+  picture.rows.insert(1, CellsFrom(*message_, first_(), columns_->value()));
   picture_->ShowNow(std::move(picture));
 }
 

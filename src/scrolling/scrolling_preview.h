@@ -22,8 +22,9 @@ class ScrollingPreview : public QWidget {
 
   explicit ScrollingPreview(QWidget* parent = nullptr);
 
-  /// The message to show, which outlives this. The panel runs by `now`, and has its date and time.
-  void Build(const Brivon1::PageRow& message, TimeSource now);
+  /// The message to show, which outlives this, and at rest from which character on. The panel runs
+  /// by `now`, and has its date and time.
+  void Build(const Brivon1::PageRow& message, std::function<qsizetype()> first, TimeSource now);
 
   /// To be called after every edit: the text rests.
   void Rest();
@@ -42,6 +43,7 @@ class ScrollingPreview : public QWidget {
   PanelDots::PanelShape Shape() const;
 
   const Brivon1::PageRow* message_ = nullptr;
+  std::function<qsizetype()> first_;
   TimeSource now_;
   bool is_running_ = false;
   PanelDots::LivePicture* picture_;

@@ -1,7 +1,7 @@
 #include "widgets/ignore_wheel.h"
 
-#include <QComboBox>
 #include <QEvent>
+#include <QWidget>
 
 namespace {
 
@@ -11,14 +11,14 @@ class WheelFilter : public QObject {
 
   bool eventFilter(QObject* /*object*/, QEvent* event) override {
     if (event->type() != QEvent::Wheel) return false;
-    event->ignore();  // it goes on to what lies around the list
+    event->ignore();  // it goes on to what lies around the control
     return true;
   }
 };
 
 }  // namespace
 
-void IgnoreWheel(QComboBox* list) {
-  list->installEventFilter(new WheelFilter(list));
-  if (list->focusPolicy() == Qt::WheelFocus) list->setFocusPolicy(Qt::StrongFocus);
+void IgnoreWheel(QWidget* control) {
+  control->installEventFilter(new WheelFilter(control));
+  if (control->focusPolicy() == Qt::WheelFocus) control->setFocusPolicy(Qt::StrongFocus);
 }

@@ -1,8 +1,9 @@
-// A wheel that turns while the pointer passes over a closed list changes nothing by accident.
+// A wheel that turns while the pointer passes over a closed list or a number changes nothing by
+// accident.
 #pragma once
 
-class QComboBox;
+class QWidget;
 
-/// Lets `list` ignore the wheel as long as it is closed: it keeps its entry, what lies around it is
-/// scrolled instead, and the keyboard stays where it is.
-void IgnoreWheel(QComboBox* list);
+/// Lets a list, as long as it is closed, or a box for a number ignore the wheel: it keeps what it
+/// has, what lies around it is scrolled instead, and the keyboard stays where it is.
+void IgnoreWheel(QWidget* control);

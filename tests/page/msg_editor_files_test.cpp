@@ -25,6 +25,32 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
   EXPECT_EQ(RowLines(), "<L01><SG><CD>Hello\r\n<L02><SA><CD>~A\r\n");
 }
 
+TEST_F(MsgEditor, DeleteMarksThePageAsNotSavedAlsoWhereItIsNotAskedAbout) {
+  Open(WriteMessage("two.msg", "<L01>ab\r\n<L02>\r\n"));
+  const auto* mark = Find<QLabel>("lblNotSaved");
+  Key(Qt::Key_Home);
+  EXPECT_FALSE(mark->isVisible());
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(mark->isVisible());
+  EXPECT_FALSE(Asks());
+  Press("butSave");
+  EXPECT_FALSE(mark->isVisible());
+  Activate();
+  Surface()->setFocus();
+  // After "Yes" the page counts as modified on, and nothing is left to be saved until an edit.
+  Keys("x");
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::Yes);
+  const ModalWindowDriver send(Text("frmSendMsg"), [](QWidget* w) { w->close(); });
+  Press("butSend");
+  EXPECT_FALSE(mark->isVisible());
+  Activate();
+  Surface()->setFocus();
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(mark->isVisible());
+  EXPECT_TRUE(Asks());
+}
+
 TEST_F(MsgEditor, SaveAfterOpenWritesTheOpenedFileWithoutAskingForAName) {
   const MessageBoxReader boxes;
   Open(folder_.Write(Text("bad.msg"), "bad"));  // refused: forgotten with the next file

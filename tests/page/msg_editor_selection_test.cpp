@@ -4,7 +4,9 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -21,6 +23,13 @@ namespace {
 
 class MsgEditorSelection : public MsgEditor {
  protected:
+  bool IsAnySelected() {
+    const QImage image = Picture(1);
+    for (int x = 6; x < image.width(); x += 12) {
+      if (image.pixelColor(x, 0) == QColor(120, 180, 255)) return true;
+    }
+    return false;
+  }
   bool IsFramed(int row) { return Picture(row).pixelColor(6, 0) == QColor(120, 180, 255); }
 };
 
@@ -89,6 +98,64 @@ TEST_F(MsgEditorSelection, ASizeThatIsRefusedIsSaidAndTheListGoesBack) {
   EXPECT_FALSE(Asks());
   EXPECT_TRUE(IsFramed(1));
   EXPECT_EQ(RowLines(), "<L01><SD><CA>12345678\r\n");
+}
+
+TEST_F(MsgEditorSelection, ARefusedSizeLeavesOtherSizesOfTheSelectionAndTheLineSaysSo) {
+  for (const bool by_list : {true, false}) {
+    New(1, 40);
+    auto* sizes = Find<QComboBox>("ComboSize");
+    sizes->setCurrentIndex(1);
+    Keys("123456");
+    sizes->setCurrentIndex(3);
+    Keys("78");
+    Key(Qt::Key_A, Qt::ControlModifier);
+    const QByteArray before = RowLines();
+    ASSERT_EQ(before, "<L01><SB><CA>123456<SD>78\r\n");
+    sizes->setFocus();
+    if (by_list) {
+      sizes->showPopup();
+      QTest::keyClick(sizes->view(), Qt::Key_Up);
+      QTest::keyClick(sizes->view(), Qt::Key_Return);
+    } else {
+      QTest::keyClick(sizes, Qt::Key_Home);
+    }
+    EXPECT_EQ(sizes->currentIndex(), 3);
+    EXPECT_EQ(Find<QLabel>("lblRowStatus")->text(),
+              u"The size stays: the row would be wider than the panel."_s);
+    EXPECT_TRUE(IsFramed(1));
+    EXPECT_FALSE(Asks());
+    EXPECT_EQ(RowLines(), before);
+    // The next choice counts again.
+    QTest::qWait(0);
+    Q_EMIT sizes->activated(3);
+    EXPECT_EQ(RowLines(), "<L01><SD><CA>12345678\r\n");
+  }
+}
+
+TEST_F(MsgEditorSelection, AClickAtTheEdgeOfAWidePageSelectsNothingAndScrollsWhenItIsOver) {
+  New(2, 3000);
+  Keys(QByteArray(200, 'x').constData());
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Up);
+  Key(Qt::Key_Home);
+  const int left = Row(1)->x();
+  const int edge = Row(1)->parentWidget()->width() - left - 2;
+  const auto move = [this](int x, const QPointF& on_screen) {
+    QMouseEvent event(QEvent::MouseMove, QPointF(x, 10), on_screen, Qt::NoButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(Row(1), &event);
+  };
+  const QPointF place = Row(1)->mapToGlobal(QPointF(edge, 10));
+  QTest::mousePress(Row(1), Qt::LeftButton, {}, QPoint(edge, 10));
+  EXPECT_EQ(Row(1)->x(), left);
+  move(edge + 24, place + QPointF(1, 0));
+  EXPECT_FALSE(IsAnySelected());
+  QTest::mouseRelease(Row(1), Qt::LeftButton, {}, QPoint(edge, 10));
+  EXPECT_LT(Row(1)->x(), left);
+  EXPECT_FALSE(IsAnySelected());
+  QTest::mousePress(Row(1), Qt::LeftButton, {}, QPoint(edge, 10));
+  move(edge - 60, Row(1)->mapToGlobal(QPointF(edge - 60, 10)));
+  EXPECT_TRUE(IsAnySelected());
 }
 
 TEST_F(MsgEditorSelection, CentreRowAndCopyRowHaveKeys) {

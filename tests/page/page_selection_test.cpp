@@ -78,6 +78,21 @@ TEST(PageSelection, APasteTakesThePlaceOfTheSelectionAndCountsIt) {
   EXPECT_EQ(page.Row(1).SelectionLength(), 2);
 }
 
+TEST(PageSelection, AnEmptyFirstLineTakesThePlaceOfTheSelectionToo) {
+  PageMessage page = PageOf(2, 40);
+  Type(page, "abcde");
+  page.Select(1, 1, 3);
+  EXPECT_EQ(page.Paste(u"\nxy"_s), PasteLoss{});
+  EXPECT_EQ(Texts(page), QByteArrayList({"ade", "xy"}));
+  page.Undo();
+  EXPECT_EQ(Texts(page), QByteArrayList({"abcde", ""}));
+}
+
+TEST(PageSelection, WhatIsLeftOverIsCountedInCharacters) {
+  PageMessage page = PageOf(1, 40);
+  EXPECT_EQ(page.Paste(u"a\nb\U0001F600c"_s), (PasteLoss{3}));
+}
+
 TEST(PageSelection, PastedCharactersKeepTheirAttributesAndObeyTheTypingRule) {
   PageMessage page = PageOf(2, 20);
   Choose(page, 3, 15);

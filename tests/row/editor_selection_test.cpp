@@ -253,6 +253,28 @@ TEST_P(RowEditor, AChoiceWithASelectionIsForItAndForWhatIsTypedNext) {
   EXPECT_EQ(Saved(), FileOf("<SA><CA>abcd<SF><CB>x"));
 }
 
+TEST_P(RowEditor, StepsThroughAClosedListAreOneEditOfTheSelection) {
+  Keys("abcd");
+  Key(Qt::Key_A, Qt::ControlModifier);
+  auto* colours = Find<QComboBox>("ComboColor");
+  colours->setFocus();
+  for (int step = 0; step < 5; ++step) QTest::keyClick(colours, Qt::Key_Down);
+  Surface()->setFocus();
+  EXPECT_EQ(Saved(), FileOf("<SA><CF>abcd"));
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>abcd"));
+  Key(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(Saved(), FileOf("<SA><CF>abcd"));
+  // Another selection is another edit.
+  Key(Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(colours, Qt::Key_Down);
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  QTest::keyClick(colours, Qt::Key_Down);
+  EXPECT_EQ(Saved(), FileOf("<SA><CH>abc<CG>d"));
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Saved(), FileOf("<SA><CG>abcd"));
+}
+
 TEST_P(RowEditor, TheEntryThatStandsInTheListCanBeChosenForTheSelection) {
   auto* colours = Find<QComboBox>("ComboColor");
   colours->setCurrentIndex(2);

@@ -3,6 +3,7 @@
 
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -77,6 +78,22 @@ TEST_F(ScrollingPreviewTest, AClickLetsItRunAndTypingLetsItRest) {
   EXPECT_TRUE(Preview()->IsRunning());
   ClickPicture();
   EXPECT_FALSE(Preview()->IsRunning());
+}
+
+TEST_F(ScrollingPreviewTest, AtRestItBeginsWhereTheRowAboveDoes) {
+  Type(QByteArray(50, 'a').constData());
+  Type("012345678901234567890123456789");  // as many as the row above shows
+  EXPECT_TRUE(Row().startsWith(u"0123456789"_s)) << Row().toStdString();
+  QTest::keyClick(Find<QWidget>("Picture1"), Qt::Key_Home);
+  EXPECT_TRUE(Row().startsWith(u"aaaaaaaaaa"_s)) << Row().toStdString();
+}
+
+TEST_F(ScrollingPreviewTest, AWheelOverTheWidthLeavesIt) {
+  auto* columns = Find<QSpinBox>("spinColumns");
+  QWheelEvent turn(QPointF(5, 5), columns->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), {}, {},
+                   Qt::NoScrollPhase, false);
+  QApplication::sendEvent(columns, &turn);
+  EXPECT_EQ(columns->value(), 60);
 }
 
 TEST_F(ScrollingPreviewTest, NothingOfItIsAnEdit) {
