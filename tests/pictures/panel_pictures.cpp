@@ -17,7 +17,7 @@ namespace {
 
 const QString kLine = u"listening on tcp 127.0.0.1:2101"_s;
 constexpr QSize kWholeWindow(1008, 810);
-constexpr QSize kBesideEditor(774, 648);
+constexpr int kBesideEditor = 774;
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void PictureMaker::EditorAndPanel() {
   LetPagesEnter();
   VirtualPanel::PanelWindow window(&panel);
   window.SetLines(kLine);
-  window.resize(kBesideEditor);
+  window.resize(kBesideEditor, left.height());
   Show(window);
   const QImage right = Picture(window);
 
