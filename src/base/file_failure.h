@@ -31,9 +31,8 @@ struct FileFailure {
 
 /// The failure of a file that has no line where `lines` did not give one.
 inline FileFailure MissingLine(const LineReader& lines) {
-  return {lines.IsLineTooLong() ? FileFault::kLongLine : FileFault::kEndsEarly,
-          lines.LineNumber(),
-          {}};
+  return {
+      lines.IsLineTooLong() ? FileFault::kLongLine : FileFault::kEndsEarly, lines.LineNumber(), {}};
 }
 
 }  // namespace Brivon1

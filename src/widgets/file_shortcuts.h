@@ -1,4 +1,5 @@
-// The usual keys of the buttons with which the three editors start, open, save and send their files.
+// The usual keys of the buttons with which the three editors start, open, save and send their
+// files.
 #pragma once
 
 class QPushButton;

@@ -14,9 +14,9 @@ TEST(PageLoop, APageEntersAnewInEveryRound) {
     qint64 entered;
     qint64 left;
   };
-  for (const Case& c : {Case{0, 0, 0, 5000}, Case{4999, 0, 0, 1}, Case{5000, 1, 5000, 1000},
-                        Case{7999, 2, 6000, 1}, Case{8000, 0, 8000, 5000},
-                        Case{800'005'500, 1, 800'005'000, 500}, Case{-1, 2, -2000, 1}}) {
+  for (const Case& c :
+       {Case{0, 0, 0, 5000}, Case{4999, 0, 0, 1}, Case{5000, 1, 5000, 1000}, Case{7999, 2, 6000, 1},
+        Case{8000, 0, 8000, 5000}, Case{800'005'500, 1, 800'005'000, 500}, Case{-1, 2, -2000, 1}}) {
     const PageAtTime page = PageAt(seconds, c.elapsed);
     EXPECT_EQ(page.index, c.index) << c.elapsed;
     EXPECT_EQ(page.entered_ms, c.entered) << c.elapsed;
