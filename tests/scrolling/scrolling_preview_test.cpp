@@ -1,6 +1,8 @@
 // The row of a panel below the text of a scrolling message.
 #include "scrolling/scrolling_preview.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
