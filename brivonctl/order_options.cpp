@@ -1,6 +1,8 @@
 #include "brivonctl/order_options.h"
 
+#include "command/commands.h"
 #include "orders/panel_words.h"
+#include "schedule/schedule_transmission.h"
 #include "store/configuration_store.h"
 #include "usage/words.h"
 
@@ -12,7 +14,6 @@ namespace {
 constexpr int kUsualJobs = 64;
 constexpr int kMostJobs = Brivon1::kPanelIds;
 constexpr int kMostRetries = 1000;
-constexpr int kLastPage = 120;
 
 /// Takes nothing but a whole number within the bounds; `what` says what it is.
 CLI::Validator Number(const std::string& what, int lowest, int highest) {
@@ -26,9 +27,7 @@ CLI::Validator Number(const std::string& what, int lowest, int highest) {
 
 CLI::Validator Letter() {
   const auto check = [](const std::string& word) -> std::string {
-    const bool is_letter = word.size() == 1 && ((word[0] >= 'A' && word[0] <= 'J') ||
-                                                (word[0] >= 'a' && word[0] <= 'j'));
-    if (is_letter) return {};
+    if (Brivon1::ScheduleLetter(QString::fromStdString(word))) return {};
     return '"' + word + "\" is no letter of a schedule; it must be one from A to J";
   };
   return {check, ""};
@@ -47,7 +46,7 @@ void AddNumber(CLI::App* command, Action action, OrderOptions* options) {
       command->add_option("--page", options->number, "The page of the panel, 1 to 120")
           ->type_name("N")
           ->required()
-          ->check(Number("page", 1, kLastPage));
+          ->check(Number("page", 1, Brivon1::kHighestPage));
       break;
     case Action::kSendSchedule:
       command->add_option("--letter", options->number, "The letter of the schedule, A to J")
@@ -65,7 +64,7 @@ void AddNumber(CLI::App* command, Action action, OrderOptions* options) {
     case Action::kDeletePage:
       command->add_option("N", options->number, "The page, 1 to 120")
           ->required()
-          ->check(Number("page", 1, kLastPage));
+          ->check(Number("page", 1, Brivon1::kHighestPage));
       break;
     default:
       break;

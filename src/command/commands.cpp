@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 namespace Brivon1 {
 namespace {
 
-constexpr int kHighestPage = 120;
-
 QString Title() { return u"Command"_s; }
 
 /// Sends `frame` up to five times; every failed attempt, also the last, is followed by a pause.

@@ -21,6 +21,9 @@ inline constexpr std::array<const char*, 5> kCommandNames = {"Polling", "Set Clo
 /// What is left, in milliseconds, to the last bytes of a command before its line is closed.
 inline constexpr int kLastBytesTime = 300;
 
+/// The highest page of a panel that a command may name; the lowest is 1.
+inline constexpr int kHighestPage = 120;
+
 /// Whether a command wants a page number.
 bool NeedsPage(PanelCommand command);
 
@@ -31,7 +34,7 @@ bool Deletes(PanelCommand command);
 /// the panel's name; empty for the other commands. ID 0 addresses all panels and has no name.
 QString WhatItDeletes(PanelCommand command, int id);
 
-/// Whether `text` begins with a page number that a command may name, 1 to 120.
+/// Whether `text` begins with a page number that a command may name, 1 to kHighestPage.
 bool IsPageNumber(const QString& text);
 
 /// What the operator is told. The pieces of the text are looked up one by one and joined by blanks.

@@ -43,15 +43,6 @@ struct Plan {
   QList<Entry> entries;
 };
 
-/// "A" to "J", or nothing for any other text.
-std::optional<char> ScheduleLetter(const QString& text) {
-  if (text.size() != 1) return std::nullopt;
-  const char letter = text.at(0).toLatin1();
-  if (letter >= 'A' && letter <= 'J') return letter;
-  if (letter >= 'a' && letter <= 'j') return static_cast<char>(letter - 'a' + 'A');
-  return std::nullopt;
-}
-
 QByteArray PageOf(char letter, qsizetype file) {
   return ZeroPadded((letter - 'A') * kPagesOfALetter + 1 + static_cast<int>(file), 3);
 }
@@ -149,6 +140,14 @@ QByteArray ScheduleFrame(const Plan& plan, int id, char letter) {
 }
 
 }  // namespace
+
+std::optional<char> ScheduleLetter(const QString& text) {
+  if (text.size() != 1) return std::nullopt;
+  const char letter = text.at(0).toLatin1();
+  if (letter >= 'A' && letter <= 'J') return letter;
+  if (letter >= 'a' && letter <= 'j') return static_cast<char>(letter - 'a' + 'A');
+  return std::nullopt;
+}
 
 std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter) {
   std::optional<Plan> plan;

@@ -15,6 +15,10 @@ namespace Brivon1 {
 /// Tells the operator why a schedule is not sent, or why no more of it.
 using TellRefusal = std::function<void(const Refusal& refusal)>;
 
+/// The letter of a schedule that `text` is, A to J in either case, as a capital; nothing for any
+/// other text.
+std::optional<char> ScheduleLetter(const QString& text);
+
 /// What keeps the schedule file at `path` (blanks at its ends do not count) from being sent under
 /// the schedule letter `letter`: the letter, the schedule, the first of its message files that
 /// cannot be sent. Nothing where nothing does. The refusal of a schedule that cannot be read has no
