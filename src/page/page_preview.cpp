@@ -143,7 +143,7 @@ void PagePreview::Follow(const Sight& sight) {
   if (hidden <= 0) return SetLeft(0);
   double left = left_;
   const int way = sight.rows_width - sight.width;
-  if (has_moved) left = way > 0 ? hidden * std::clamp(double(sight.left) / way, 0.0, 1.0) : 0;
+  if (has_moved) left = way > 0 ? hidden * std::clamp(1.0 * sight.left / way, 0.0, 1.0) : 0;
   const qsizetype cursor = page_->Row(page_->CurrentRow()).Cursor() * kCellWidth - sight.left;
   if (cursor >= 0 && cursor <= sight.width) {
     const double room = std::min(kSight * Pitch(), width() / 2.0);

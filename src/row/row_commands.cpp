@@ -45,6 +45,14 @@ QString TextOf(const PasteLoss& loss) {
   return reasons.join(u'\n');
 }
 
+void Copy(const PageRow& characters) {
+  auto* data = new QMimeData;
+  data->setText(Brivon1::ClipText(characters));
+  const QByteArray clip = Brivon1::RowClip(characters);
+  if (!clip.isEmpty()) data->setData(ClipType(), clip);
+  QGuiApplication::clipboard()->setMimeData(data);
+}
+
 }  // namespace
 
 RowCommands::RowCommands(QWidget* window, Brivon1::EditedMessage& message,
@@ -168,14 +176,6 @@ void RowCommands::Do(RowCommand command) {
       break;
   }
   Show();
-}
-
-void RowCommands::Copy(const PageRow& characters) {
-  auto* data = new QMimeData;
-  data->setText(Brivon1::ClipText(characters));
-  const QByteArray clip = Brivon1::RowClip(characters);
-  if (!clip.isEmpty()) data->setData(ClipType(), clip);
-  QGuiApplication::clipboard()->setMimeData(data);
 }
 
 void RowCommands::Paste() {

@@ -46,7 +46,6 @@ class RowCommands : public QObject {
   void OpenMenu(RowSurface& surface, int number, const QPoint& place);
 
   void Show();
-  void Copy(const Brivon1::PageRow& characters);
   void Paste();
 
   Brivon1::EditedMessage& message_;
