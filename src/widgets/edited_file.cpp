@@ -45,7 +45,7 @@ void EditedFile::SetRefusedPath(const QString& path) {
   was_refused_ = true;
 }
 
-void EditedFile::ShowNotSaved(bool not_saved) {
+void EditedFile::ShowNotSaved(bool not_saved) const {
   labels_.not_saved->setVisible(not_saved);
   labels_.name->setAccessibleDescription(not_saved ? labels_.not_saved->text() : QString());
 }

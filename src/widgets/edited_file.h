@@ -72,7 +72,7 @@ class EditedFile : public QObject {
   bool SaveAs();
 
  private:
-  void ShowNotSaved(bool not_saved);
+  void ShowNotSaved(bool not_saved) const;
 
   /// What "Yes" to the question about unsaved work would do.
   QString WhatYesDoes() const;

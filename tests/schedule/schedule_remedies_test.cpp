@@ -100,7 +100,7 @@ TEST_F(ScheduleRemedies, APathThatAScheduleCannotHoldIsSaidWhy) {
   const QString root = folder_.Path(u"x"_s).chopped(1);
   EXPECT_EQ(Entering(WritePage(root.leftJustified(102, u'x').mid(root.size()))),
             "The path has 102 characters, 100 are possible." + rename);
-  EXPECT_EQ(Entering(WritePage(u"стр.msg"_s)),
+  EXPECT_EQ(Entering(WritePage(u"道.msg"_s)),
             "%1 has characters that the code page does not have." + rename);
   EXPECT_EQ(Entering(WritePage(u"page.msg "_s)), "A schedule cannot hold the name %1." + rename);
 }
