@@ -64,7 +64,9 @@ class Site {
     for (const auto& panel : panels_) panel->engine.SetFaults(faults);
   }
 
-  QString Panels() const { return u"%1-%2"_s.arg(first_).arg(first_ + count_ - 1); }
+  QString Panels() const {
+    return (first_ == 0 ? u"0,"_s : QString()) + u"1-%1"_s.arg(first_ + count_ - 1);
+  }
   QString Folder() const { return folder_.path(); }
   QString Page() const { return folder_.filePath(u"page.msg"_s); }
 
