@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Reads sources with clang-tidy, by the rules of .clang-tidy; every finding is an error. Takes
-# sources and folders; without any it reads the three programs, which takes about ten minutes.
+# sources and folders; without any it reads the programs, which takes some minutes.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/run_parts.sh
@@ -8,9 +8,9 @@ path=$(path_to_build_in "$PWD")
 cd "$path"
 [ $# -gt 0 ] || set -- src panel_dots virtual_panel brivonctl
 
-tools/install_missing.sh --tests clang clang-tidy
+tools/install_missing.sh --tests clang clang-tidy python3
 # The build leaves what the sources include and nobody wrote: forms, precompiled headers.
 cmake --preset ci-clang >/dev/null
 cmake --build --preset ci-clang
-find "$@" -name '*.cpp' -print0 | sort -z |
-  xargs -0 -n 1 -P 2 clang-tidy -p build/ci-clang --quiet 2> >(grep -v ' warnings\? generated\.$' >&2)
+mapfile -d '' -t sources < <(find "$@" -name '*.cpp' -print0)
+python3 tools/tidy_groups.py build/ci-clang "${sources[@]}"
