@@ -194,5 +194,5 @@ void SavedWork::ComeBack() {
   // The configuration's window reads the file when it is made.
   if (!IsEditor()) window_ = kind_.make_window();
   window_->show();
-  ActivateWindow(window_.get());
+  if (IsEditor()) ActivateWindow(window_.get());
 }
