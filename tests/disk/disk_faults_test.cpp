@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include "disk/faulty_disk.h"
 #include "disk/saved_work.h"
@@ -56,17 +57,23 @@ class DiskFaults : public testing::TestWithParam<std::tuple<const FileKind*, boo
   int saves_ = 0;
 
  private:
-  /// Whether the save did not succeed, which is right where a call has failed that it needs.
+  /// Whether a call has failed that a save needs; `at` receives the first such call's name.
   static bool MustFail(const DiskFault& fault, const Error* error, const QStringList& calls,
                        QString* at);
   void ExpectFailure(WayToSave way, const Error& error, const QString& at,
                      const MessageBoxReader& boxes) const;
 
+  /// Looks that the window says what is true of a save to `path`, and that what was to follow it,
+  /// `dialogs` of them, has.
+  void ExpectWindow(WayToSave way, const QString& path, bool must_fail, int dialogs);
+
+  void SaveAgain(WayToSave way, const QString& path);
+  void ReturnFrom(const QString& path, QStringList* names);
+
   SavedWork work_{*std::get<0>(GetParam())};
   int version_ = 0;
 };
 
-/// The first call that has failed and that a save needs.
 bool DiskFaults::MustFail(const DiskFault& fault, const Error* error, const QStringList& calls,
                           QString* at) {
   if (fault.call == 0) return false;
@@ -94,6 +101,38 @@ void DiskFaults::ExpectFailure(WayToSave way, const Error& error, const QString&
       << remedy.toStdString();
 }
 
+void DiskFaults::ExpectWindow(WayToSave way, const QString& path, bool must_fail, int dialogs) {
+  const bool is_left = way == WayToSave::kExit || way == WayToSave::kCloseBox || !work_.IsEditor();
+  const bool is_new_work =
+      way == WayToSave::kNew && !std::get<0>(GetParam())->asks_for_size && !must_fail;
+  EXPECT_EQ(work_.IsLeft(), is_left && !must_fail);
+  EXPECT_EQ(dialogs, HasQuestion(way) && !is_left && !must_fail && !is_new_work ? 1 : 0);
+  if (is_new_work) {
+    EXPECT_TRUE(work_.ShownPath().endsWith(u"/NEW.SRL"));
+    EXPECT_FALSE(work_.Asks());
+    work_.OpenItsFile();
+  } else if (work_.IsEditor()) {
+    const bool is_page = work_.Path().endsWith(u".msg");
+    EXPECT_EQ(work_.ShownPath().toStdString(), (must_fail ? work_.Path() : path).toStdString());
+    EXPECT_EQ(work_.SaysNotSaved(), must_fail);
+    EXPECT_EQ(work_.Asks(), must_fail || (is_page && HasQuestion(way)));
+  }
+}
+
+void DiskFaults::SaveAgain(WayToSave way, const QString& path) {
+  const MessageBoxReader boxes;
+  work_.Save(IsUnderOtherName(way) ? way : WayToSave::kSave);
+  EXPECT_EQ(boxes.Texts(), QStringList());
+  EXPECT_FALSE(work_.SaysNotSaved());
+  EXPECT_EQ(work_.ShownPath().toStdString(), path.toStdString());
+}
+
+void DiskFaults::ReturnFrom(const QString& path, QStringList* names) {
+  work_.ReturnToItsFile();
+  QFile::remove(path);
+  names->removeOne(QFileInfo(path).fileName());
+}
+
 QStringList DiskFaults::Try(WayToSave way, DiskFault fault, const Error* error) {
   fault.error = error == nullptr ? 0 : error->number;
   fault.has_nameless_files = IsNameless();
@@ -113,7 +152,7 @@ QStringList DiskFaults::Try(WayToSave way, DiskFault fault, const Error* error) 
     dialogs = work_.Save(way);
     for (int call = 1; call <= disk.Calls(); ++call) calls.append(Text(disk.Name(call)));
   }
-  ++saves_;
+  if (fault.call != 0) ++saves_;
   EXPECT_GE(calls.size(), fault.call);
 
   const auto now = Read(path);
@@ -123,21 +162,7 @@ QStringList DiskFaults::Try(WayToSave way, DiskFault fault, const Error* error) 
       << "what stands there has " << (now ? now->toStdString() : "no file");
   EXPECT_EQ(boxes.Seen().size(), (HasQuestion(way) ? 1 : 0) + (must_fail ? 1 : 0));
   if (must_fail) ExpectFailure(way, *error, at, boxes);
-  const bool is_left = way == WayToSave::kExit || way == WayToSave::kCloseBox || !work_.IsEditor();
-  const bool is_new_work =
-      way == WayToSave::kNew && !std::get<0>(GetParam())->asks_for_size && !must_fail;
-  EXPECT_EQ(work_.IsLeft(), is_left && !must_fail);
-  EXPECT_EQ(dialogs, HasQuestion(way) && !is_left && !must_fail && !is_new_work ? 1 : 0);
-  if (is_new_work) {
-    EXPECT_TRUE(work_.ShownPath().endsWith(u"/NEW.SRL"));
-    EXPECT_FALSE(work_.Asks());
-    work_.OpenItsFile();
-  } else if (work_.IsEditor()) {
-    const bool is_page = work_.Path().endsWith(u".msg");
-    EXPECT_EQ(work_.ShownPath().toStdString(), (must_fail ? work_.Path() : path).toStdString());
-    EXPECT_EQ(work_.SaysNotSaved(), must_fail);
-    EXPECT_EQ(work_.Asks(), must_fail || (is_page && HasQuestion(way)));
-  }
+  ExpectWindow(way, path, must_fail, dialogs);
   QStringList names = names_before;
   if (!must_fail && !names.contains(QFileInfo(path).fileName())) {
     names.append(QFileInfo(path).fileName());
@@ -148,17 +173,9 @@ QStringList DiskFaults::Try(WayToSave way, DiskFault fault, const Error* error) 
     EXPECT_EQ(Names().join(u' ').toStdString(), names.join(u' ').toStdString());
   }
 
-  const MessageBoxReader no_boxes;
-  if (must_fail || work_.IsEditor()) work_.Save(IsUnderOtherName(way) ? way : WayToSave::kSave);
+  if (must_fail || work_.IsEditor()) SaveAgain(way, path);
   EXPECT_TRUE(Read(path) == content);
-  EXPECT_EQ(no_boxes.Texts(), QStringList());
-  EXPECT_FALSE(work_.SaysNotSaved());
-  if (IsUnderOtherName(way)) {
-    EXPECT_EQ(work_.ShownPath().toStdString(), path.toStdString());
-    work_.ReturnToItsFile();
-    QFile::remove(path);
-    names.removeOne(QFileInfo(path).fileName());
-  }
+  if (IsUnderOtherName(way)) ReturnFrom(path, &names);
   EXPECT_EQ(Names().join(u' ').toStdString(), names.join(u' ').toStdString());
   return calls;
 }
@@ -193,7 +210,8 @@ TEST_P(DiskFaults, LeaveTheOldFileOrTheNewOneWholeAndTheWindowSaysWhich) {
     if (way != WayToSave::kSave && std::get<0>(GetParam())->label == nullptr) break;
     EveryFaultOf(way);
   }
-  std::printf("%d saves on a disk that fails\n", saves_);
+  std::printf("%s, %s: %d saves on a disk that fails\n", std::get<0>(GetParam())->name,
+              IsNameless() ? "written without a name" : "written under a name", saves_);
 }
 
 TEST_P(DiskFaults, MeetEveryCallOfASave) {

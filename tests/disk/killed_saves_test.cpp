@@ -4,15 +4,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstdio>
+#include <new>
 #include <random>
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 
 #include "disk/faulty_disk.h"
 #include "disk/saved_work.h"
@@ -146,7 +147,7 @@ void KilledSaves::KillAtEachCall(bool is_nameless) {
     EXPECT_EQ(File().toStdString(), (is_renamed ? work_.Content(version_) : old).toStdString());
     EXPECT_EQ(LeftOvers(), is_named && !is_renamed ? 1 : 0);
     SaveNext(version_);
-    ++kills_;
+    if (was_killed) ++kills_;
   };
   // The last one is behind the end, where nothing is left to kill.
   for (int call = 1; call <= calls.size() + 1; ++call) kill_at(call, Way::kKill);
@@ -156,7 +157,7 @@ void KilledSaves::KillAtEachCall(bool is_nameless) {
 TEST_P(KilledSaves, AtEachCallLeaveTheOldFileOrTheNewOneAndTheNextSaveClearsUp) {
   KillAtEachCall(true);
   KillAtEachCall(false);
-  std::printf("killed at %d calls\n", kills_);
+  std::printf("%s: killed at %d calls\n", GetParam()->name, kills_);
 }
 
 TEST_P(KilledSaves, AtRandomMomentsLeaveTheOldFileOrTheNewOneAndTheNextSaveClearsUp) {
@@ -203,9 +204,10 @@ TEST_P(KilledSaves, AtRandomMomentsLeaveTheOldFileOrTheNewOneAndTheNextSaveClear
     version_ = first + kSavesOfOne + 1;
     SaveNext(version_);
   }
-  std::printf("%d kills, %d of them in a save; %d left-over files found and removed (start %d)\n",
-              kills, in_a_save, left_over, start);
-  EXPECT_GT(in_a_save, kills / 10) << "the moments are not those of saves";
+  std::printf(
+      "%s: %d kills, %d of them in a save; %d left-over files found and removed (start %d)\n",
+      GetParam()->name, kills, in_a_save, left_over, start);
+  EXPECT_TRUE(HasFailure() || in_a_save > kills / 10) << "the moments are not those of saves";
 }
 
 INSTANTIATE_TEST_SUITE_P(All, KilledSaves,
