@@ -96,7 +96,7 @@ int ReplacingFile::OpenWithName(mode_t mode) {
   return EEXIST;
 }
 
-int ReplacingFile::Write(const QByteArray& content) {
+int ReplacingFile::Write(const QByteArray& content) const {
   QByteArrayView rest = content;
   while (!rest.isEmpty()) {
     const ssize_t written = write(handle_, rest.data(), static_cast<std::size_t>(rest.size()));

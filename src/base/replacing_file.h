@@ -27,7 +27,7 @@ class ReplacingFile {
   /// Removes what killed saves of this file have left, and begins the new one.
   int Open();
 
-  int Write(const QByteArray& content);
+  int Write(const QByteArray& content) const;
 
   /// Gives the new file the owner, the group and the mode of the old one, as far as this user may,
   /// and waits until it has reached the disk.

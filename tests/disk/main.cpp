@@ -35,6 +35,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   unsetenv("LD_PRELOAD");
+  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);  // counts are seen as they are made
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   QApplication application(argc, argv);
