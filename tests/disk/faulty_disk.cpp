@@ -1,6 +1,8 @@
 #include "disk/faulty_disk.h"
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -24,3 +26,9 @@ const char* FaultyDisk::Name(int call) const {
 }
 
 bool FaultyDisk::IsLoaded() { return dlsym(RTLD_DEFAULT, "FaultyDiskBegin") != nullptr; }
+
+bool FaultyDisk::HasNamelessFiles(const char* folder) {
+  const int handle = open(folder, O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
+  if (handle >= 0) close(handle);
+  return handle >= 0;
+}

@@ -37,4 +37,7 @@ class FaultyDisk {
 
   /// Whether the library is loaded; without it there is no fault.
   static bool IsLoaded();
+
+  /// Whether the real disk of `folder` can hold a file without a name.
+  static bool HasNamelessFiles(const char* folder);
 };

@@ -7,10 +7,12 @@
 
 #include <QByteArray>
 #include <QDialog>
+#include <QFile>
 #include <QString>
 
 #include <gtest/gtest.h>
 
+#include "disk/faulty_disk.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 #include "support/text.h"
@@ -67,6 +69,11 @@ class SavedWork {
   bool IsEditor() const { return kind_.label != nullptr; }
 
   const TemporaryProgramFolder& Folder() const { return folder_; }
+
+  /// Whether the folder's disk can hold a file without a name.
+  bool HasNamelessFiles() const {
+    return FaultyDisk::HasNamelessFiles(QFile::encodeName(folder_.Path({})).constData());
+  }
 
   /// The path of the file that is worked on, and of another one.
   QString Path() const { return folder_.Path(Text(kind_.file)); }
