@@ -5,10 +5,11 @@
 #include <cerrno>
 
 #include <QFileInfo>
-#include <QSaveFile>
+
 #ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#include <unistd.h>
+#include "base/replacing_file.h"
+#else
+#include <QSaveFile>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -53,33 +54,36 @@ QString ReasonOf(int error) {
   }
 }
 
-/// Whether what was flushed has reached the disk: a disk that is full or failing may say so only
-/// now, and the toolkit would not ask.
-bool IsOnDisk([[maybe_unused]] const QSaveFile& file) {
-#ifdef Q_OS_UNIX
-  return fsync(file.handle()) == 0 || !IsDiskFailure(errno);
-#else
-  return true;
-#endif
-}
+/// Why a save was refused, and at what: the disk refuses bytes, whatever its reason.
+struct Failure {
+  int error = 0;
+  bool is_of_disk = false;
+};
 
-/// Gives `file` the owner, the group and the mode of the file at `path` that it replaces, if there
-/// is one: the superuser's save would take it away from its owner. Others can give a file to a
-/// group of theirs at the most, and the system's refusal changes nothing.
-void KeepOwner([[maybe_unused]] const QString& path, [[maybe_unused]] const QSaveFile& file) {
+/// Replaces the file at `path` by `content`; nothing where that has succeeded.
+std::optional<Failure> Replace(const QString& path, const QByteArray& content) {
+  const auto failure = [](int error) { return Failure{error, IsDiskFailure(error)}; };
 #ifdef Q_OS_UNIX
-  struct stat old {};
-  if (stat(QFile::encodeName(path).constData(), &old) != 0) return;
-  const auto give_to = [&](uid_t owner) { return fchown(file.handle(), owner, old.st_gid) == 0; };
-  const bool is_kept = give_to(old.st_uid);
-  const bool is_group_kept = is_kept || give_to(static_cast<uid_t>(-1));  // that is, nobody else
-  // What runs as its owner may be made by that owner alone, and what one group may do is nothing to
-  // another.
-  mode_t mode = old.st_mode & (is_kept ? 07777U : 0777U);
-  if (!is_group_kept) mode = (mode & 0707U) | ((mode & 07U) << 3U);
-  // Last, because a change of hands and a write may cost bits.
-  fchmod(file.handle(), mode);
+  ReplacingFile file(path);
+  if (const int error = file.Open(); error != 0) return failure(error);
+  if (const int error = file.Write(content); error != 0) return Failure{error, true};
+  // A disk that is full or failing may say so only now; others cannot tell whether they flush.
+  if (const int error = file.Flush(); IsDiskFailure(error)) return failure(error);
+  if (const int error = file.TakePlace(); error != 0) return failure(error);
+#else
+  QSaveFile file(path);
+  errno = 0;
+  if (!file.open(QIODevice::WriteOnly)) return failure(errno);
+  errno = 0;
+  if (file.write(content) != content.size() || !file.flush()) {
+    const int error = errno;
+    file.cancelWriting();
+    return Failure{error, true};
+  }
+  errno = 0;
+  if (!file.commit()) return failure(errno);
 #endif
+  return std::nullopt;
 }
 
 }  // namespace
@@ -127,33 +131,15 @@ QString FindFile(const QString& path) {
 }
 
 SaveResult SaveWholeFile(const QString& path, const QByteArray& content, QString* reason) {
-  const auto refuse = [reason](SaveResult result, int error) {
-    if (reason != nullptr) *reason = ReasonOf(error);
-    return result;
-  };
-  const auto failure = [&refuse](int error) {
-    return refuse(IsDiskFailure(error) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath,
-                  error);
+  const auto refuse = [reason](const Failure& failure) {
+    if (reason != nullptr) *reason = ReasonOf(failure.error);
+    return failure.is_of_disk ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
   };
   const QFileInfo target(path);
-  if (path.isEmpty()) return refuse(SaveResult::kInvalidPath, ENOENT);
-  if (target.exists() && !target.isFile()) {
-    return refuse(SaveResult::kInvalidPath, target.isDir() ? EISDIR : EINVAL);
-  }
-  QSaveFile file(path);
-  errno = 0;
-  if (!file.open(QIODevice::WriteOnly)) return failure(errno);
-  errno = 0;
-  const bool is_written = file.write(content) == content.size() && file.flush();
-  const int write_error = errno;
-  if (is_written) KeepOwner(path, file);
-  if (!is_written || !IsOnDisk(file)) {
-    const int error = is_written ? errno : write_error;
-    file.cancelWriting();
-    return refuse(SaveResult::kDriveNotAvailable, error);
-  }
-  errno = 0;
-  return file.commit() ? SaveResult::kSaved : failure(errno);
+  if (path.isEmpty()) return refuse({ENOENT});
+  if (target.exists() && !target.isFile()) return refuse({target.isDir() ? EISDIR : EINVAL});
+  const std::optional<Failure> failure = Replace(path, content);
+  return failure ? refuse(*failure) : SaveResult::kSaved;
 }
 
 QString SaveFailureText(SaveResult result) {

@@ -61,8 +61,9 @@ enum class SaveResult {
 /// Replaces the file at `path` by `content`, whole: it is written beside the file, flushed, and
 /// renamed over it. On any failure the old file stays as it was. A link stays, its target is
 /// replaced. A replaced file keeps its mode, and as far as this user may give files away its owner
-/// and group. Its other names are cut off: a hard link to it stays with the old content. `reason`
-/// receives why the system has refused it, in English.
+/// and group. Its other names are cut off: a hard link to it stays with the old content. What a
+/// killed program has left of an earlier save of that file is removed. `reason` receives why the
+/// system has refused it, in English.
 SaveResult SaveWholeFile(const QString& path, const QByteArray& content, QString* reason = nullptr);
 
 /// The English message for a failed save, "Invalid path!" or "Drive not available!"; empty for a

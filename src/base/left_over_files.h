@@ -1,0 +1,25 @@
+// What a save that was killed leaves beside its file: how it is called, and how the next save of
+// that file removes it.
+#pragma once
+
+#include <QByteArray>
+#include <qglobal.h>
+
+#ifdef Q_OS_UNIX
+
+namespace Brivon1 {
+
+inline constexpr int kLeftOverLetters = 4;
+
+/// What the file that is to replace `target` is called while it is written: "page.msg.~QxAd~". Only
+/// letters, because numbers stand there in the names of some editors' older versions.
+QByteArray LeftOverName(const QByteArray& target, const QByteArray& letters);
+
+/// Removes the files beside `target` that killed saves of it have left. Stays: what has any other
+/// name, what belongs neither to this user nor to the owner of `target`, what has a further name,
+/// what is no ordinary file, and what a living program is about to put in the place of `target`.
+void RemoveLeftOverFiles(const QByteArray& target);
+
+}  // namespace Brivon1
+
+#endif

@@ -1,0 +1,51 @@
+// The file that a save writes in order to put it in another's place. Where the system can, it has
+// no name while it is written, so that a program that is killed leaves nothing; where it has one,
+// it is locked for as long as its program lives, so that the next save of that file knows what has
+// been left by one that does not.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <qglobal.h>
+
+#ifdef Q_OS_UNIX
+
+#include <sys/types.h>
+
+namespace Brivon1 {
+
+/// Its functions are called in their order and give 0 or the system's number of the error, after
+/// which no further one is called. What has not taken its place is gone with the object.
+class ReplacingFile {
+ public:
+  /// It is to stand at `path`; where that is a link, in the place of the link's target.
+  explicit ReplacingFile(const QString& path);
+  ~ReplacingFile();
+  ReplacingFile(const ReplacingFile&) = delete;
+  ReplacingFile& operator=(const ReplacingFile&) = delete;
+
+  /// Removes what killed saves of this file have left, and begins the new one.
+  int Open();
+
+  int Write(const QByteArray& content) const;
+
+  /// Gives the new file the owner, the group and the mode of the old one, as far as this user may,
+  /// and waits until it has reached the disk.
+  int Flush();
+
+  int TakePlace();
+
+ private:
+  int OpenWithName(mode_t mode);
+  int GiveName();
+  QByteArray SomeName() const;
+  void KeepOwner() const;
+
+  QByteArray target_;
+  QByteArray name_;  ///< Empty while the file has none of its own.
+  int handle_ = -1;
+};
+
+}  // namespace Brivon1
+
+#endif

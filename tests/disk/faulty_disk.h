@@ -1,0 +1,43 @@
+// A disk that fails, for tests. The library "faulty_disk", loaded before all others, sees the
+// system calls that change files below one folder, counts them, and lets any of them fail.
+#pragma once
+
+#include <sys/types.h>
+
+/// What fails, and how. It crosses the border of a library that knows nothing of the toolkit.
+struct DiskFault {
+  enum class Way : int {
+    kError,           ///< The call does nothing and gives `error`.
+    kShort,           ///< A write takes half of its bytes.
+    kShortThenError,  ///< The same, and the next call gives `error`.
+    kKill,            ///< The program is killed in place of the call.
+    kShortThenKill,   ///< A write takes half of its bytes, and the next call kills.
+  };
+
+  int call = 0;  ///< The number, from 1, of the call; 0: none fails.
+  Way way = Way::kError;
+  int error = 0;       ///< The system's number.
+  bool stays = false;  ///< Whether all calls behind it give `error`, too.
+  bool has_nameless_files = true;
+};
+
+/// While it lives, the disk has this fault for files below `folder`. One at a time.
+class FaultyDisk {
+ public:
+  FaultyDisk(const char* folder, const DiskFault& fault);
+  ~FaultyDisk();
+  FaultyDisk(const FaultyDisk&) = delete;
+  FaultyDisk& operator=(const FaultyDisk&) = delete;
+
+  /// How many calls there were.
+  int Calls() const;
+
+  /// The name of a call, by its number from 1.
+  const char* Name(int call) const;
+
+  /// Whether the library is loaded; without it there is no fault.
+  static bool IsLoaded();
+
+  /// Whether the real disk of `folder` can hold a file without a name.
+  static bool HasNamelessFiles(const char* folder);
+};
