@@ -57,7 +57,9 @@ TEST_F(ProgramFolderTest, AFolderThatCannotBeWrittenToGivesWayToTheUsers) {
 class AsNobody {
  public:
   AsNobody() {
-    if (geteuid() == 0) EXPECT_EQ(setresuid(kNobody, kNobody, 0), 0);
+    if (effective_ == 0) {
+      EXPECT_EQ(setresuid(kNobody, kNobody, 0), 0);
+    }
   }
   ~AsNobody() { EXPECT_EQ(setresuid(real_, effective_, effective_), 0); }
 
