@@ -49,7 +49,7 @@ void QuitOnSignals(QCoreApplication* application) {
 // Options that need no display.
 bool WantsNoWindow(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    for (const char* option : {"--headless", "--help", "-h"}) {
+    for (const char* option : {"--headless", "--help", "-h", "--version"}) {
       if (std::strcmp(argv[i], option) == 0) return true;
     }
   }
