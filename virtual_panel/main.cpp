@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QSocketNotifier>
 
+#include "base/program_icon.h"
 #include "virtual_panel/options.h"
 #include "virtual_panel/program.h"
 
@@ -48,7 +49,7 @@ void QuitOnSignals(QCoreApplication* application) {
 // Options that need no display.
 bool WantsNoWindow(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    for (const char* option : {"--headless", "--help", "-h"}) {
+    for (const char* option : {"--headless", "--help", "-h", "--version"}) {
       if (std::strcmp(argv[i], option) == 0) return true;
     }
   }
@@ -88,8 +89,11 @@ int main(int argc, char** argv) {
       return VirtualPanel::Refuse(u"there is no display: use --headless"_s);
     }
     application = std::make_unique<QApplication>(argc, argv);
+    QApplication::setDesktopFileName(u"org.brivon.VirtualPanel"_s);
+    QApplication::setWindowIcon(Brivon1::ProgramIcon(u"org.brivon.VirtualPanel"_s));
   }
   QCoreApplication::setApplicationName(u"virtual_panel"_s);
+  QCoreApplication::setApplicationVersion(QStringLiteral(BRIVON_VERSION));
   VirtualPanel::QuitOnSignals(application.get());
   return VirtualPanel::Run(*application);
 }

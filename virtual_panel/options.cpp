@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include "base/code_page.h"
 #include "engine/schedule.h"
@@ -16,6 +17,7 @@ constexpr quint16 kUsualPort = 2101;
 
 struct KnownOptions {
   QCommandLineOption help{{u"h"_s, u"help"_s}, u"Show this text."_s};
+  QCommandLineOption version{u"version"_s, u"Show the version."_s};
   QCommandLineOption panel{u"panel"_s, u"A panel, such as 1:4x96:tri (may be repeated)."_s,
                            u"ID:ROWSxCOLUMNS:mono|tri"_s};
   QCommandLineOption tcp{u"tcp"_s,
@@ -188,11 +190,14 @@ std::variant<Options, HelpText, BadUse> ParseOptions(const QStringList& argument
   QCommandLineParser parser;
   parser.setApplicationDescription(
       u"LED text panels on the desk: what they are sent is acknowledged and shown."_s);
-  parser.addOptions({known.help, known.panel, known.tcp, known.serial, known.baud, known.pty,
-                     known.headless, known.log, known.state, known.picture, known.fault,
+  parser.addOptions({known.help, known.version, known.panel, known.tcp, known.serial, known.baud,
+                     known.pty, known.headless, known.log, known.state, known.picture, known.fault,
                      known.clock_answer, known.play, known.scroll_speed, known.code_page});
   if (!parser.parse(arguments)) return BadUse{parser.errorText()};
   if (parser.isSet(known.help)) return HelpText{parser.helpText()};
+  if (parser.isSet(known.version)) {
+    return HelpText{u"virtual_panel %1\n"_s.arg(QCoreApplication::applicationVersion())};
+  }
   if (!parser.positionalArguments().isEmpty()) {
     return BadUse{u"\"%1\": not an option"_s.arg(parser.positionalArguments().first())};
   }

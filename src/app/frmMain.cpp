@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "app/about.h"
 #include "app/blocked_clicks.h"
 #include "app/launcher_layout.h"
 #include "app/session_end.h"
@@ -40,6 +41,7 @@ frmMain::frmMain(std::vector<TaskWindow> windows)
   } else {
     GiveWindowKeys(this);
   }
+  TellAboutProgram(this);
   LayOut();
 }
 

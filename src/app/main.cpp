@@ -1,6 +1,8 @@
 #include <QApplication>
 
 #include "app/frmMain.h"
+#include "base/program_icon.h"
+#include "store/program_folder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,6 +11,10 @@ int main(int /*argc*/, char** argv) {
   QApplication application(count, argv);
   // No display name: the toolkit would append it to the caption of every window.
   QApplication::setApplicationName(u"brivon"_s);
+  QApplication::setApplicationVersion(QStringLiteral(BRIVON_VERSION));
+  QApplication::setDesktopFileName(u"org.brivon.Brivon"_s);
+  QApplication::setWindowIcon(Brivon1::ProgramIcon(u"org.brivon.Brivon"_s));
+  Brivon1::LayOutProgramFolder();
 
   frmMain window;
   window.show();

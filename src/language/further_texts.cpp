@@ -249,6 +249,11 @@ constexpr FurtherText kTexts[] = {
     {"txtManualPlace", "It should be here:", "F1, there is no manual; its path follows"},
     {"txtNoBrowser", "No program opens the manual.", "F1, there is no browser"},
     {"txtManualIsHere", "It is here:", "F1, there is no browser; the path of the manual follows"},
+    // The launcher
+    {"txtAbout", "About", "launcher, the menu of the right mouse button, and what it shows"},
+    {"txtProgramFolder", "Program folder: %1", "launcher, tool tip and About; %1 is the path"},
+    {"txtLicences", "Brivon is under the MIT license, the toolkit Qt %1 under the GNU LGPL 3.",
+     "launcher, About; %1 is the toolkit's version"},
     // File types
     {"txtBrivonPage", "Brivon page", "file dialogs, the type of a .msg file"},
     {"txtBrivonSchedule", "Brivon schedule", "file dialogs, the type of a .sch file"},

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 
 #include "base/text.h"
@@ -23,11 +21,6 @@ constexpr int kHighestNumber = std::numeric_limits<qint16>::max();
 Configuration& MutableStore() {
   static Configuration store;
   return store;
-}
-
-QString& FolderOverride() {
-  static QString folder;
-  return folder;
 }
 
 /// The text after the first ","; the whole text where there is none.
@@ -111,16 +104,6 @@ QString SerialDevice(const Configuration& configuration, int port) {
 void LoadConfiguration() { MutableStore() = ReadConfiguration(IniFile::Load(ConfigurationPath())); }
 
 const Configuration& Store() { return MutableStore(); }
-
-QString ProgramFolder() {
-  return FolderOverride().isEmpty() ? QCoreApplication::applicationDirPath() : FolderOverride();
-}
-
-void SetProgramFolder(const QString& folder) { FolderOverride() = folder; }
-
-QString InProgramFolder(const QString& file_name) {
-  return QDir::toNativeSeparators(QDir(ProgramFolder()).filePath(file_name));
-}
 
 QString ConfigurationPath() { return InProgramFolder(u"brivon.ini"_s); }
 

@@ -11,6 +11,7 @@
 #include <QString>
 
 #include "store/ini_file.h"
+#include "store/program_folder.h"
 
 namespace Brivon1 {
 
@@ -76,16 +77,6 @@ void LoadConfiguration();
 
 /// The store, as the last LoadConfiguration() left it; empty before the first.
 const Configuration& Store();
-
-/// The folder that holds the program, its configuration and its language file, without a separator
-/// at the end.
-QString ProgramFolder();
-
-/// Lets another folder stand for the program's; an empty path returns to the program's own.
-void SetProgramFolder(const QString& folder);
-
-/// The full path of a file in the program's folder; a full path stays as it is.
-QString InProgramFolder(const QString& file_name);
 
 /// The full path of "brivon.ini".
 QString ConfigurationPath();

@@ -43,7 +43,12 @@ QLatin1String ManualChapter(QStringView window) {
   return QLatin1String(found == std::end(kChapters) ? kKeys : found->anchor);
 }
 
-QString ManualPath() { return Brivon1::InProgramFolder(u"manual/manual.html"_s); }
+QString ManualPath() {
+  constexpr auto kManual = "manual/manual.html"_L1;
+  const QString beside = Brivon1::InProgramFolder(kManual);
+  const QString installed = QDir(Brivon1::InstalledFolder()).filePath(kManual);
+  return !QFileInfo::exists(beside) && QFileInfo::exists(installed) ? installed : beside;
+}
 
 QUrl ChapterUrl(const QString& manual, QLatin1String chapter) {
   const QString page = QFileInfo(manual).dir().filePath(u"chapters/"_s + chapter + u".html"_s);

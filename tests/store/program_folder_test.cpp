@@ -1,0 +1,147 @@
+#include "store/program_folder.h"
+
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace Brivon1 {
+namespace {
+
+class ProgramFolderTest : public testing::Test {
+ protected:
+  QString Path(const QString& name) const { return folder_.filePath(name); }
+
+  void Write(const QString& name, const QByteArray& content) const {
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(Path(name)).path()));
+    QFile file(Path(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(content), content.size());
+  }
+
+  QByteArray Read(const QString& name) const {
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return file.readAll();
+  }
+
+  /// An installation of one file of each kind.
+  void Install() const {
+    Write(u"installed/brivon.ini"_s, "[Files]\r\n");
+    Write(u"installed/messages/welcome.msg"_s, "welcome");
+    Write(u"installed/schedules/every_day.sch"_s, "every day");
+    Write(u"installed/languages/deutsch/langSetting.INI"_s, "[frmMain]\r\n");
+    Write(u"installed/manual/manual.html"_s, "<html>");
+  }
+
+  bool LayOut() const { return LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s)); }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(ProgramFolderTest, AFolderThatCanBeWrittenToIsTheProgramsOwn) {
+  EXPECT_EQ(ChooseProgramFolder(folder_.path(), u"/users"_s), folder_.path());
+}
+
+TEST_F(ProgramFolderTest, AFolderThatCannotBeWrittenToGivesWayToTheUsers) {
+  EXPECT_EQ(ChooseProgramFolder(Path(u"nowhere"_s), u"/users"_s), u"/users"_s);
+}
+
+// The superuser may write everywhere, so somebody else looks.
+class AsNobody {
+ public:
+  AsNobody() {
+    if (effective_ == 0) {
+      EXPECT_EQ(setresuid(kNobody, kNobody, 0), 0);
+    }
+  }
+  ~AsNobody() { EXPECT_EQ(setresuid(real_, effective_, effective_), 0); }
+
+  AsNobody(const AsNobody&) = delete;
+  AsNobody& operator=(const AsNobody&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  const uid_t real_ = getuid();
+  const uid_t effective_ = geteuid();
+};
+
+TEST_F(ProgramFolderTest, AConfigurationBesideTheProgramIsUsedWhereNobodyMayWrite) {
+  const QString programs = Path(u"bin"_s);
+  const QFile::Permissions no_writing = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                        QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+  ASSERT_TRUE(QFile::setPermissions(folder_.path(), no_writing | QFile::WriteOwner));
+  Write(u"bin/program"_s, "");
+  ASSERT_TRUE(QFile::setPermissions(programs, no_writing));
+  {
+    const AsNobody nobody;
+    EXPECT_EQ(ChooseProgramFolder(programs, u"/users"_s), u"/users"_s);
+  }
+  ASSERT_TRUE(QFile::setPermissions(programs, no_writing | QFile::WriteOwner));
+  Write(u"bin/brivon.ini"_s, "");
+  ASSERT_TRUE(QFile::setPermissions(programs, no_writing));
+  {
+    const AsNobody nobody;
+    EXPECT_EQ(ChooseProgramFolder(programs, u"/users"_s), programs);
+  }
+  ASSERT_TRUE(QFile::setPermissions(programs, no_writing | QFile::WriteOwner));
+}
+
+TEST_F(ProgramFolderTest, TheFirstStartLaysTheSamplesOut) {
+  Install();
+  EXPECT_TRUE(LayOut());
+  EXPECT_EQ(Read(u"data/brivon/brivon.ini"_s), "[Files]\r\n");
+  EXPECT_EQ(Read(u"data/brivon/messages/welcome.msg"_s), "welcome");
+  EXPECT_EQ(Read(u"data/brivon/schedules/every_day.sch"_s), "every day");
+  EXPECT_EQ(Read(u"data/brivon/languages/deutsch/langSetting.INI"_s), "[frmMain]\r\n");
+  EXPECT_FALSE(QFileInfo::exists(Path(u"data/brivon/manual"_s)));
+}
+
+TEST_F(ProgramFolderTest, WhatIsInstalledReadOnlyIsTheOperatorsToChange) {
+  Install();
+  ASSERT_TRUE(QFile::setPermissions(Path(u"installed/brivon.ini"_s), QFile::ReadOwner));
+  EXPECT_TRUE(LayOut());
+  EXPECT_TRUE(QFile::permissions(Path(u"data/brivon/brivon.ini"_s)) & QFile::WriteOwner);
+}
+
+TEST_F(ProgramFolderTest, ALaterStartReplacesNothingAndBringsNothingBack) {
+  Install();
+  EXPECT_TRUE(LayOut());
+  Write(u"data/brivon/brivon.ini"_s, "mine");
+  Write(u"data/brivon/messages/welcome.msg"_s, "mine");
+  ASSERT_TRUE(QFile::remove(Path(u"data/brivon/schedules/every_day.sch"_s)));
+  EXPECT_TRUE(LayOut());
+  EXPECT_EQ(Read(u"data/brivon/brivon.ini"_s), "mine");
+  EXPECT_EQ(Read(u"data/brivon/messages/welcome.msg"_s), "mine");
+  EXPECT_FALSE(QFileInfo::exists(Path(u"data/brivon/schedules/every_day.sch"_s)));
+}
+
+TEST_F(ProgramFolderTest, AnInterruptedFirstStartIsCompletedAndReplacesNothing) {
+  Install();
+  Write(u"data/brivon/messages/welcome.msg"_s, "mine");
+  EXPECT_TRUE(LayOut());
+  EXPECT_EQ(Read(u"data/brivon/messages/welcome.msg"_s), "mine");
+  EXPECT_EQ(Read(u"data/brivon/brivon.ini"_s), "[Files]\r\n");
+}
+
+TEST_F(ProgramFolderTest, AFileInPlaceOfAFolderEndsTheLayingOut) {
+  Install();
+  Write(u"data/brivon/messages"_s, "a file");
+  EXPECT_FALSE(LayOut());
+  EXPECT_FALSE(QFileInfo::exists(Path(u"data/brivon/brivon.ini"_s)));
+  EXPECT_EQ(Read(u"data/brivon/messages"_s), "a file");
+}
+
+TEST_F(ProgramFolderTest, WithoutAnInstallationTheFolderIsMadeEmpty) {
+  EXPECT_FALSE(LayOut());
+  EXPECT_TRUE(QDir(Path(u"data/brivon"_s)).isEmpty());
+}
+
+}  // namespace
+}  // namespace Brivon1
