@@ -6,12 +6,12 @@
 
 namespace Brivon1 {
 
-ScheduleReader::ScheduleReader(const QString& path)
-    : file_(path), lines_(file_), head_(ReadHead()) {}
+ScheduleReader::ScheduleReader(const QString& path, const FileSource& files)
+    : file_(files.Device(path)), lines_(*file_), head_(ReadHead(files.Exists(path))) {}
 
-std::optional<ScheduleHead> ScheduleReader::ReadHead() {
-  if (!FileExists(file_.fileName())) return Refuse({FileFault::kNoFile, 0, {}});
-  if (!file_.open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
+std::optional<ScheduleHead> ScheduleReader::ReadHead(bool exists) {
+  if (!exists) return Refuse({FileFault::kNoFile, 0, {}});
+  if (!file_->open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
   const std::optional<QByteArray> header = lines_.Next();
   if (!header || TrimBlanks(*header) != kScheduleHeader) {
     return Refuse({FileFault::kHeader, 1, {}});

@@ -1,14 +1,16 @@
 // A schedule file, line by line: what its editor and its transmission both read it by.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QByteArray>
-#include <QFile>
+#include <QIODevice>
 #include <QString>
 
 #include "base/dimension.h"
 #include "base/file_failure.h"
+#include "base/file_source.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -30,7 +32,7 @@ struct SequenceDetails {
 
 class ScheduleReader {
  public:
-  explicit ScheduleReader(const QString& path);
+  explicit ScheduleReader(const QString& path, const FileSource& files = Disk());
 
   /// Nothing where the file is no schedule: no such file, another header line, a weekday outside 0
   /// to 7, no sequences or more than 32, rows or columns of 0, or a file that ends before that.
@@ -56,10 +58,10 @@ class ScheduleReader {
   std::optional<SequenceDetails> NextDetails();
 
  private:
-  std::optional<ScheduleHead> ReadHead();
+  std::optional<ScheduleHead> ReadHead(bool exists);
   std::nullopt_t Refuse(const FileFailure& failure);
 
-  QFile file_;
+  std::unique_ptr<QIODevice> file_;
   LineReader lines_;
   FileFailure failure_;
   const char* wrong_line_ = nullptr;

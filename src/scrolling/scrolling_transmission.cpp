@@ -42,7 +42,7 @@ QByteArray ScrollingPanelText(const QByteArray& text, qint16 colour_type) {
 }
 
 bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_number) {
-  const std::optional<QByteArray> text = ScrollingFileText(path);
+  const std::optional<QByteArray> text = ScrollingFileText(path, nullptr, *line.files);
   if (!text) {
     line.refusal = ScrollingFileRemedy(path);
     return false;
