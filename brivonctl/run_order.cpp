@@ -121,7 +121,8 @@ QString OrderRun::Prepare() {
   if (options_.is_dry_run) return {};
   wrong = WhatIsWrongWithLog(TextOf(options_.log));
   if (!wrong.isEmpty()) return wrong;
-  return log_.Check() ? QString() : u"--log: "_s + log_.ErrorText();
+  if (log_.Check()) return {};
+  return u"--log: %1; name a file in a folder that you may write to"_s.arg(log_.ErrorText());
 }
 
 QString OrderRun::CheckChosen() {

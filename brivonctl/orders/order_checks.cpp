@@ -108,7 +108,9 @@ PanelResult Refused(int id, const Refusal& refusal) {
 QString WhatIsWrongWith(const Order& order, const Configuration& configuration) {
   if (ModeFor(order, configuration) == SendMode::kNone) return Brivon1::LinkNote(configuration);
   if (!SendsFile(order.action)) return {};
-  if (const auto refusal = FileRefusal(order)) return order.path + u": "_s + TextOf(*refusal);
+  if (const auto refusal = FileRefusal(order)) {
+    return (order.path.isEmpty() ? u"\"\""_s : order.path) + u": "_s + TextOf(*refusal);
+  }
   return {};
 }
 
