@@ -53,9 +53,6 @@ class MessageFileReader {
   /// Why FileDimension() is nothing, or why NextRowLine() gave nothing.
   FileFailure Failure() const { return dimension_ ? MissingLine(lines_) : failure_; }
 
-  /// Whether it was too long a line that ended the row lines.
-  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
-
  private:
   std::unique_ptr<QIODevice> file_;
   LineReader lines_;

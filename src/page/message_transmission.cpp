@@ -42,7 +42,7 @@ bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArr
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
   const auto frames = MessageFrames(path, id, page, panel, colour_type, *line.files);
   if (!frames) {
-    line.refusal = MessageFileRemedy(path);
+    line.refusal = MessageFileRemedy(path, SendingFailure(path, *line.files));
     return false;
   }
   line.progress.rows = panel.rows;

@@ -13,6 +13,7 @@ std::optional<ScheduleHead> ScheduleReader::ReadHead(bool exists) {
   if (!exists) return Refuse({FileFault::kNoFile, 0, {}});
   if (!file_->open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
   const std::optional<QByteArray> header = lines_.Next();
+  if (lines_.IsLineTooLong()) return Refuse(MissingLine(lines_));
   if (!header || TrimBlanks(*header) != kScheduleHeader) {
     return Refuse({FileFault::kHeader, 1, {}});
   }
@@ -55,6 +56,7 @@ std::optional<ScheduleHead> ScheduleReader::ReadHead(bool exists) {
 
 std::nullopt_t ScheduleReader::Refuse(const FileFailure& failure) {
   failure_ = failure;
+  failure_.key = wrong_line_;
   return std::nullopt;
 }
 

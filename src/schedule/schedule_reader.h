@@ -44,13 +44,6 @@ class ScheduleReader {
   /// The number, from 1, of the line that was read last.
   int LineNumber() const { return lines_.LineNumber(); }
 
-  /// The name of the first line above the sequences that is missing or out of its range; null where
-  /// Head() has something and where the file does not begin as a schedule.
-  const char* WrongLine() const { return wrong_line_; }
-
-  /// Whether it was too long a line that ended the reading.
-  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
-
   /// The path line of the next sequence, or nothing where the file ends before it.
   std::optional<QByteArray> NextPath() { return lines_.Next(); }
 

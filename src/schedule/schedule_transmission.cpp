@@ -102,9 +102,9 @@ std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension,
 }
 
 /// Why ReadPlan() gives nothing.
-QString ScheduleFileRemedy(const QString& path) {
-  QString remedy;
-  if (!LoadScheduleFile(path, &remedy)) return remedy;
+QString PlanRemedy(const QString& path, const FileSource& files) {
+  FileFailure failure;
+  if (!LoadScheduleFile(path, &failure, files)) return ScheduleFileRemedy(path, failure);
   return TranslateMessage(u"%1 names more than 26 different message files."_s).arg(path);
 }
 
@@ -118,7 +118,7 @@ std::optional<Refusal> PlanRefusal(const QString& path, const QString& letter,
                        : TranslateMessage(u"\"%1\" is no letter of a schedule."_s).arg(letter)};
   }
   plan = ReadPlan(path.trimmed(), files);
-  if (!plan) return Refusal{{}, ScheduleFileRemedy(path.trimmed())};
+  if (!plan) return Refusal{{}, PlanRemedy(path.trimmed(), files)};
   if (IsEmpty(*plan)) {
     return Refusal{TranslateMessage(u"Empty Schedule File!"_s),
                    TranslateMessage(u"Add a message file in the schedule editor."_s)};
