@@ -120,7 +120,8 @@ void AddOrderOptions(CLI::App* command, Action action, OrderOptions* options) {
                     "Leaves out panels that it does not fit, in place of sending nothing");
   command->add_flag("--dry-run", options->is_dry_run, "Prints every frame and sends nothing");
   command->add_option("--log", options->log, "Appends one line of JSON for every transmission")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NotEmpty("a file"));
   command->add_flag("--json", options->is_json, "Prints one object of JSON for every event");
   command->add_flag("--quiet", options->is_quiet, "Prints only which panels have not got it");
   if (action == Action::kDeleteAll) {

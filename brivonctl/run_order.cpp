@@ -11,6 +11,7 @@
 
 #include "files/file_check.h"
 #include "orders/crew.h"
+#include "orders/file_copies.h"
 #include "orders/order_checks.h"
 #include "orders/panel_words.h"
 #include "orders/rehearsal.h"
@@ -109,8 +110,10 @@ QString OrderRun::Prepare() {
   if (const auto delay = options_.DelayPeriod()) {
     assignment_.configuration.delay_period = static_cast<qint16>(*delay);
   }
-  // Before the checks: what changes while they run is noticed.
-  assignment_.checked_content = ContentDigest(assignment_.order);
+  if (SendsFile(assignment_.order.action)) {
+    assignment_.order.copies =
+        std::make_shared<FileCopies>(assignment_.order.path, IsStopRequested);
+  }
   wrong = WhatIsWrongWith(assignment_.order, assignment_.configuration);
   if (!wrong.isEmpty()) return wrong;
   wrong = CheckChosen();
@@ -118,7 +121,8 @@ QString OrderRun::Prepare() {
   if (options_.is_dry_run) return {};
   wrong = WhatIsWrongWithLog(TextOf(options_.log));
   if (!wrong.isEmpty()) return wrong;
-  return log_.Check() ? QString() : u"--log: "_s + log_.ErrorText();
+  if (log_.Check()) return {};
+  return u"--log: %1; name a file in a folder that you may write to"_s.arg(log_.ErrorText());
 }
 
 QString OrderRun::CheckChosen() {
@@ -202,9 +206,7 @@ void OrderRun::Begin() {
   Beginning beginning;
   beginning.order = assignment_.order;
   for (const Brivon1::PanelListEntry& panel : panels_.fit) beginning.panels.append(panel.id);
-  if (SendsFile(assignment_.order.action)) {
-    beginning.digest = FileDigest(assignment_.order.path);
-  }
+  beginning.digest = assignment_.order.Digest();
   beginning.mode = ModeFor(assignment_.order, assignment_.configuration);
   beginning.is_dry_run = options_.is_dry_run;
   report_->Begin(beginning);

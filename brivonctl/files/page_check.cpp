@@ -12,11 +12,9 @@ using namespace Qt::StringLiterals;
 namespace BrivonCtl {
 namespace {
 
-constexpr int kLinesAboveRows = 3;
 constexpr int kFewestSentColumns = 5;
 
 QString FailureText(const Brivon1::FileFailure& failure, Brivon1::Dimension dimension) {
-  const int row = failure.line - kLinesAboveRows;
   const QString found = QString::fromLatin1(failure.found);
   switch (failure.fault) {
     case Brivon1::FileFault::kRows:
@@ -24,12 +22,13 @@ QString FailureText(const Brivon1::FileFailure& failure, Brivon1::Dimension dime
     case Brivon1::FileFault::kColumns:
       return u"%1 dot columns; a page has 1 at the least"_s.arg(found);
     case Brivon1::FileFault::kEndsEarly:
-      return u"row %1 is missing: the file ends, and by its line 2 it has %2 rows"_s.arg(row).arg(
-          dimension.rows);
+      return u"row %1 is missing: the file ends, and by its line 2 it has %2 rows"_s
+          .arg(failure.number)
+          .arg(dimension.rows);
     case Brivon1::FileFault::kRowTag:
       return u"the tag %1 stands in row %2; expected was <L%3>"_s.arg(
-          Quoted(failure.found), QString::number(row),
-          QString::fromLatin1(Brivon1::ZeroPadded(row, 2)));
+          Quoted(failure.found), QString::number(failure.number),
+          QString::fromLatin1(Brivon1::ZeroPadded(failure.number, 2)));
     default:
       return CommonFailureText(failure);
   }
@@ -58,7 +57,7 @@ void CheckRows(const QString& path, const Brivon1::LoadedPage& page, FileReport*
 void CheckPage(const QString& path, FileReport* report) {
   report->dimension = Brivon1::IsMessageFile(path);
   Brivon1::FileFailure failure;
-  const auto page = Brivon1::LoadMessageFile(path, nullptr, &failure);
+  const auto page = Brivon1::LoadMessageFile(path, &failure);
   if (!page) {
     const auto dimension = report->dimension.value_or(Brivon1::Dimension{});
     report->Refuse(failure.line, FailureText(failure, dimension));

@@ -182,7 +182,7 @@ void CheckSchedule(const QString& path, FileReport* report) {
   report->dimension = Brivon1::IsScheduleFile(path);
   Brivon1::FileFailure failure;
   Brivon1::ScheduleReader file(path);
-  if (!Brivon1::LoadScheduleFile(path, nullptr, &failure) || !file.Head()) {
+  if (!Brivon1::LoadScheduleFile(path, &failure) || !file.Head()) {
     report->Refuse(failure.line, FailureText(failure));
     return;
   }

@@ -2,14 +2,14 @@
 
 #include <langinfo.h>
 #include <locale.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <optional>
 
 #include <QString>
+
+#include "reports/terminal.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +22,6 @@ using PanelDots::kRowDots;
 using Colours = Screen::Colours;
 
 constexpr int kMarkWidth = 2;  // a blank and the mark
-constexpr int kUsualWidth = 80;
 
 /// How colours are chosen, by Dot; the mark's comes last.
 constexpr std::array<const char*, 5> kEveryColour = {"2;38;32;31", "2;255;40;24", "2;64;232;44",
@@ -112,24 +111,21 @@ void AddLetters(const DotMatrix& dots, int y, int width, Line* line) {
 }  // namespace
 
 Screen StandardOutput() {
-  if (::isatty(STDOUT_FILENO) == 0) return {};
-  Screen terminal;
-  winsize size{};
-  const bool is_known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-  terminal.width = is_known ? size.ws_col : kUsualWidth;
-  const QByteArray name = qgetenv("TERM");
-  if (name.isEmpty() || name == "dumb") return terminal;
+  const Terminal terminal = LookAt(Stream::kOutput);
+  Screen screen;
+  if (terminal.has_size) screen.width = terminal.columns;
+  if (!terminal.is_terminal) return screen;
   // The program itself may run in the "C" language; what counts is that of its environment.
   const locale_t locale = ::newlocale(LC_CTYPE_MASK, "", nullptr);
   if (locale != nullptr) {
-    terminal.draws_blocks = qstrcmp(::nl_langinfo_l(CODESET, locale), "UTF-8") == 0;
+    screen.draws_blocks = qstrcmp(::nl_langinfo_l(CODESET, locale), "UTF-8") == 0;
     ::freelocale(locale);
   }
-  if (!terminal.draws_blocks || !qgetenv("NO_COLOR").isEmpty()) return terminal;
+  if (!screen.draws_blocks || !terminal.has_colours) return screen;
   const QByteArray colours = qgetenv("COLORTERM");
   const bool has_every = colours == "truecolor" || colours == "24bit";
-  terminal.colours = has_every ? Colours::kEvery : Colours::k256;
-  return terminal;
+  screen.colours = has_every ? Colours::kEvery : Colours::k256;
+  return screen;
 }
 
 QByteArray TerminalPicture(const PanelDots::PanelPicture& picture, const Screen& terminal) {

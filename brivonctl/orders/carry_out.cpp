@@ -67,6 +67,7 @@ PanelResult Command(OpenLine& line, Brivon1::PanelCommand command, const Order& 
 PanelResult CarryOut(OpenLine& line, const Order& order, const PanelListEntry& panel,
                      const TimeSource& now) {
   line.timer.last_ack_status = 0;
+  line.files = &order.Files();
   if (const auto command = CommandOf(order.action)) {
     return Command(line, *command, order, panel.id, now());
   }

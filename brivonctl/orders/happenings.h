@@ -26,7 +26,7 @@ struct PanelResult {
 struct Transmission {
   PanelResult result;
   QDateTime begun;
-  QByteArray digest;          ///< Of the file, as it was when the transmission began.
+  QByteArray digest;          ///< Of the file that was sent.
   int acknowledged_rows = 0;  ///< Of the page, or of all pages of the schedule.
   int attempts = 0;           ///< At all frames together.
   int number = 1;             ///< Which one of those to this panel it was.

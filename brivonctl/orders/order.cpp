@@ -1,14 +1,5 @@
 #include "orders/order.h"
 
-#include <QCryptographicHash>
-#include <QFile>
-
-#include "base/code_page.h"
-#include "base/files.h"
-#include "base/text.h"
-#include "schedule/schedule_file.h"
-#include "schedule/schedule_reader.h"
-
 using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
@@ -75,29 +66,8 @@ std::optional<Brivon1::PanelCommand> CommandOf(Action action) {
   return std::nullopt;
 }
 
-QByteArray FileDigest(const QString& path) {
-  QFile file(path);
-  QCryptographicHash hash(QCryptographicHash::Sha256);
-  if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) return {};
-  return hash.result().toHex();
-}
-
-QByteArray ContentDigest(const Order& order) {
-  if (!SendsFile(order.action)) return {};
-  QCryptographicHash hash(QCryptographicHash::Sha256);
-  hash.addData(FileDigest(order.path));
-  if (order.action == Action::kSendSchedule) {
-    Brivon1::ScheduleReader schedule(order.path);
-    const int steps = schedule.Head() ? schedule.Head()->sequences : 0;
-    for (int step = 0; step < steps; ++step) {
-      const auto path = schedule.NextPath();
-      if (!path || !schedule.NextDetails()) break;
-      const QString name = Brivon1::CodePage::System().ToText(
-          Brivon1::TrimBlanks(*path).left(Brivon1::kLongestPath));
-      hash.addData(FileDigest(Brivon1::FindFile(Brivon1::InProgramFolder(name))));
-    }
-  }
-  return hash.result();
+const Brivon1::FileSource& Order::Files() const {
+  return copies ? static_cast<const Brivon1::FileSource&>(*copies) : Brivon1::Disk();
 }
 
 }  // namespace BrivonCtl

@@ -1,12 +1,14 @@
 // What is asked of the chosen panels: one file to be sent, or one command.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QByteArray>
 #include <QString>
 
 #include "command/commands.h"
+#include "orders/file_copies.h"
 #include "sending/refusals.h"
 
 namespace BrivonCtl {
@@ -26,6 +28,10 @@ struct Order {
   Action action = Action::kPoll;
   QString path;    ///< Of the file to be sent; empty for a command.
   QString number;  ///< The page or the line, decimal; the letter of a schedule.
+  std::shared_ptr<const FileCopies> copies = {};  ///< What is sent; else the files as they are.
+
+  const Brivon1::FileSource& Files() const;
+  QByteArray Digest() const { return copies ? copies->Digest(path) : QByteArray(); }
 };
 
 /// As it stands on the command line: "send page", "delete-all".
@@ -38,13 +44,6 @@ bool SendsFile(Action action);
 
 /// The command that the action is; nothing where it sends a file.
 std::optional<Brivon1::PanelCommand> CommandOf(Action action);
-
-/// The SHA-256 of the file at `path` in hexadecimal digits, or nothing where it cannot be read.
-QByteArray FileDigest(const QString& path);
-
-/// A digest of everything that the order sends: of a schedule its message files included. Empty for
-/// a command.
-QByteArray ContentDigest(const Order& order);
 
 using Brivon1::PanelName;
 

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "base/file_checks.h"
-#include "base/files.h"
 #include "command/command_order.h"
 #include "language/module_language.h"
 #include "orders/carry_out.h"
@@ -40,11 +39,11 @@ Brivon1::FileSort SortOf(Action action) {
 bool IsOfItsKind(const Order& order) {
   switch (SortOf(order.action)) {
     case Brivon1::FileSort::kSchedule:
-      return Brivon1::IsScheduleFile(order.path).has_value();
+      return Brivon1::IsScheduleFile(order.path, order.Files()).has_value();
     case Brivon1::FileSort::kScrolling:
-      return Brivon1::IsScrollingFile(order.path);
+      return Brivon1::IsScrollingFile(order.path, order.Files());
     default:
-      return Brivon1::IsMessageFile(order.path).has_value();
+      return Brivon1::IsMessageFile(order.path, order.Files()).has_value();
   }
 }
 
@@ -54,14 +53,14 @@ QString TextOf(const Refusal& refusal) {
 
 /// What keeps the file from being sent to any panel.
 std::optional<Refusal> FileRefusal(const Order& order) {
-  if (!Brivon1::FileExists(order.path)) {
+  if (!order.Files().Exists(order.path)) {
     return Brivon1::FileNotFound(order.path, MessageEnd(order.action));
   }
   if (!IsOfItsKind(order)) {
     return Brivon1::WrongKind(order.path, SortOf(order.action), MessageEnd(order.action));
   }
   if (order.action != Action::kSendSchedule) return std::nullopt;
-  auto refusal = Brivon1::CheckScheduleFile(order.path, order.number);
+  auto refusal = Brivon1::CheckScheduleFile(order.path, order.number, order.Files());
   if (refusal && refusal->text.isEmpty()) {
     refusal->text = TranslateMessage(u"Error in opening file"_s);
   }
@@ -73,11 +72,14 @@ std::optional<Refusal> PanelRefusal(const Order& order, const PanelListEntry& pa
   std::optional<Brivon1::Dimension> dimension;
   switch (order.action) {
     case Action::kSendPage:
-      return Brivon1::CheckPageOrder({order.path, panel, order.number}, configuration);
+      return Brivon1::CheckPageOrder({order.path, panel, order.number}, configuration,
+                                     order.Files());
     case Action::kSendSchedule:
-      return Brivon1::CheckScheduleOrder({order.path, panel}, configuration, dimension);
+      return Brivon1::CheckScheduleOrder({order.path, panel}, configuration, dimension,
+                                         order.Files());
     case Action::kSendScrolling:
-      return Brivon1::CheckScrollingOrder({order.path, panel, order.number}, configuration);
+      return Brivon1::CheckScrollingOrder({order.path, panel, order.number}, configuration,
+                                          order.Files());
     default:
       break;
   }
@@ -106,7 +108,9 @@ PanelResult Refused(int id, const Refusal& refusal) {
 QString WhatIsWrongWith(const Order& order, const Configuration& configuration) {
   if (ModeFor(order, configuration) == SendMode::kNone) return Brivon1::LinkNote(configuration);
   if (!SendsFile(order.action)) return {};
-  if (const auto refusal = FileRefusal(order)) return order.path + u": "_s + TextOf(*refusal);
+  if (const auto refusal = FileRefusal(order)) {
+    return (order.path.isEmpty() ? u"\"\""_s : order.path) + u": "_s + TextOf(*refusal);
+  }
   return {};
 }
 

@@ -24,14 +24,21 @@ bool StoppableTimer::WaitForEvent() {
   // A pause may end at each tick, an acknowledgement wait only at its time-out.
   const qint64 ticks = waiting ? 1 : (Brivon1::kAckTimeout - ack_tick_counter - 1) / kInterval + 1;
   const qint64 due = (counted_ + std::max<qint64>(ticks, 1)) * kInterval;
-  const bool goes_on = waiter_.Wait(std::max<qint64>(due - since_enabled_.elapsed(), 0));
+  const bool goes_on = Sleep(std::max<qint64>(due - since_enabled_.elapsed(), 0));
   for (; counted_ < TicksPassed(); ++counted_) Tick();
   TakeInStop();
   return goes_on;
 }
 
+/// An answer over TCP is waited for at its socket: a thread has no window to keep alive, and of
+/// hundreds that get their answers at the same time each would go twice through its event loop.
+bool StoppableTimer::Sleep(qint64 at_most) {
+  if (waiting || waiter_.IsWoken() || !tcp_.WaitForInput(at_most)) return waiter_.Wait(at_most);
+  return !waiter_.IsWoken() || waiter_.Wait(0);
+}
+
 void StoppableTimer::ProcessEvents() {
-  constexpr qint64 kLongestWithoutEvents = 20;
+  constexpr qint64 kLongestWithoutEvents = kInterval;
   if (!since_events_.isValid() || since_events_.elapsed() >= kLongestWithoutEvents) {
     QCoreApplication::processEvents();
     since_events_.start();
@@ -46,7 +53,7 @@ bool StoppableClock::WaitForEvent(qint64 at_most) {
 }
 
 StoppablePorts::StoppablePorts(const StopFlag& flag)
-    : timer_(waiter_, flag), clock_(waiter_, timer_), serial_(this), tcp_(this) {
+    : serial_(this), tcp_(this, 0), timer_(waiter_, tcp_, flag), clock_(waiter_, timer_) {
   connect(&serial_, &Brivon1::SerialLink::Happened, this, [this] { waiter_.Wake(); });
   connect(&tcp_, &Brivon1::TcpLink::Happened, this, [this] { waiter_.Wake(); });
 }

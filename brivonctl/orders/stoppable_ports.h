@@ -21,8 +21,8 @@ using StopFlag = std::atomic<bool>;
 /// of threads that woke up at every tick would keep a processor busy.
 class StoppableTimer : public Brivon1::TickTimer {
  public:
-  StoppableTimer(Brivon1::EventWaiter& waiter, const StopFlag& flag)
-      : waiter_(waiter), flag_(flag) {}
+  StoppableTimer(Brivon1::EventWaiter& waiter, Brivon1::TcpLink& tcp, const StopFlag& flag)
+      : waiter_(waiter), tcp_(tcp), flag_(flag) {}
 
   void Enable() override;
   void Disable() override { is_enabled_ = false; }
@@ -32,9 +32,11 @@ class StoppableTimer : public Brivon1::TickTimer {
   void TakeInStop() { stop.made = stop.made || flag_.load(); }
 
  private:
+  bool Sleep(qint64 at_most);
   qint64 TicksPassed() const { return since_enabled_.elapsed() / kInterval; }
 
   Brivon1::EventWaiter& waiter_;
+  Brivon1::TcpLink& tcp_;
   const StopFlag& flag_;
   bool is_enabled_ = false;
   qint64 counted_ = 0;  // ticks since it was enabled
@@ -64,10 +66,10 @@ class StoppablePorts : public QObject {
 
  private:
   Brivon1::EventWaiter waiter_;
-  StoppableTimer timer_;
-  StoppableClock clock_;
   Brivon1::SerialLink serial_;
   Brivon1::TcpLink tcp_;
+  StoppableTimer timer_;
+  StoppableClock clock_;
 };
 
 }  // namespace BrivonCtl

@@ -112,26 +112,13 @@ Transmission Transmitter::Transmit(const Turn& turn) {
     transmission.result = NotBegun(turn.panel.id);
     return transmission;
   }
-  if (SendsFile(assignment_.order.action)) {
-    transmission.digest = FileDigest(assignment_.order.path);
-  }
-  if (HasFileChanged()) {
-    transmission.result = {turn.panel.id, Result::kFailed,
-                           ModuleLanguage::TranslateMessage(u"Transmission failure!"_s),
-                           assignment_.order.path +
-                               u": the file, or one that it names, has changed since it was "
-                               "checked; nothing of it has been sent"_s};
-  } else if (OpenFor(turn.panel)) {
+  transmission.digest = assignment_.order.Digest();
+  if (OpenFor(turn.panel)) {
     transmission.result = TransmitOverLine(turn, &transmission);
   } else {
     transmission.result = NotOpened(connection_, mode_, turn.panel.id);
   }
   return transmission;
-}
-
-bool Transmitter::HasFileChanged() const {
-  return !assignment_.checked_content.isEmpty() &&
-         ContentDigest(assignment_.order) != assignment_.checked_content;
 }
 
 PanelResult Transmitter::TransmitOverLine(const Turn& turn, Transmission* transmission) {

@@ -18,7 +18,6 @@ namespace BrivonCtl {
 struct Assignment {
   Order order;
   Brivon1::Configuration configuration;
-  QByteArray checked_content;     ///< ContentDigest() of what was checked; empty: not compared.
   int further_transmissions = 0;  ///< To a panel at which one has failed.
   bool tells_steps = true;        ///< Whether anybody looks at more than the ends.
   TimeSource now = [] { return QDateTime::currentDateTime(); };
@@ -51,7 +50,6 @@ class Transmitter {
   };
 
   Transmission Transmit(const Turn& turn);
-  bool HasFileChanged() const;
   PanelResult TransmitOverLine(const Turn& turn, Transmission* transmission);
   bool OpenFor(const Brivon1::PanelListEntry& panel);
   void Close();

@@ -19,11 +19,12 @@ int DescriptorOf(Stream stream) {
 Terminal LookAt(Stream stream) {
   Terminal terminal;
   const int descriptor = DescriptorOf(stream);
-  terminal.is_terminal = ::isatty(descriptor) == 1 && qgetenv("TERM") != "dumb" &&
-                         !qEnvironmentVariableIsEmpty("TERM");
+  terminal.has_size = ::isatty(descriptor) == 1;
+  const QByteArray name = qgetenv("TERM");
+  terminal.is_terminal = terminal.has_size && !name.isEmpty() && name != "dumb";
   terminal.has_colours = terminal.is_terminal && qEnvironmentVariableIsEmpty("NO_COLOR");
   winsize size = {};
-  if (terminal.is_terminal && ::ioctl(descriptor, TIOCGWINSZ, &size) == 0) {
+  if (terminal.has_size && ::ioctl(descriptor, TIOCGWINSZ, &size) == 0) {
     if (size.ws_col > 0) terminal.columns = size.ws_col;
     if (size.ws_row > 0) terminal.lines = size.ws_row;
   }

@@ -13,6 +13,7 @@ struct Terminal {
   bool has_colours = false;
   int columns = 80;
   int lines = 24;
+  bool has_size = false;  ///< Whether it has so many columns; so has one that is "dumb".
 };
 
 /// Asked for at every use: a window changes its size. A terminal that calls itself "dumb" is none.

@@ -47,8 +47,20 @@ std::string Roff(const std::string& text) {
   return is_request ? "\\&" + result : result;
 }
 
+/// "FILE", "FILE..." where there may be several.
+std::string PositionalName(const CLI::Option& option) {
+  return option.get_name(true) + (option.get_expected_max() > 1 ? "..." : "");
+}
+
+/// The words of `command` and what must stand behind them, each with a blank.
+std::string WordsAndPositionals(const CLI::App& command) {
+  std::string words = WordsOf(command);
+  for (const CLI::Option* option : Options(command, true)) words += PositionalName(*option) + ' ';
+  return words;
+}
+
 std::string RoffOption(const CLI::Option& option) {
-  const std::string name = option.get_positional() ? option.get_name(true) : option.get_name();
+  const std::string name = option.get_positional() ? PositionalName(option) : option.get_name();
   const std::string type = option.get_type_size() == 0 || option.get_positional()
                                ? std::string()
                                : ' ' + option.get_type_name();
@@ -56,9 +68,8 @@ std::string RoffOption(const CLI::Option& option) {
 }
 
 std::string RoffCommand(const CLI::App& command) {
-  std::string words = WordsOf(command);
-  for (const CLI::Option* option : Options(command, true)) words += option->get_name(true) + ' ';
-  std::string text = ".SS " + Roff(words) + '\n' + Roff(command.get_description()) + '\n';
+  std::string text =
+      ".SS " + Roff(WordsAndPositionals(command)) + '\n' + Roff(command.get_description()) + '\n';
   for (const CLI::Option* option : Options(command, true)) text += RoffOption(*option);
   for (const CLI::Option* option : Options(command, false)) text += RoffOption(*option);
   return text;
@@ -88,9 +99,7 @@ std::string ManualPage(const CLI::App& top) {
   Commands all;
   Collect(top, all);
   for (const CLI::App* command : all) {
-    std::string words = "brivonctl " + WordsOf(*command);
-    for (const CLI::Option* option : Options(*command, true)) words += option->get_name(true) + ' ';
-    page += ".B " + Roff(words) + "[options]\n.br\n";
+    page += ".B " + Roff("brivonctl " + WordsAndPositionals(*command)) + "[options]\n.br\n";
   }
   page += ".SH SUBCOMMANDS\n";
   for (const CLI::App* command : all) page += RoffCommand(*command);

@@ -12,12 +12,20 @@ using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
 
+CLI::Validator NotEmpty(const std::string& what) {
+  const auto check = [=](const std::string& word) {
+    return word.empty() ? "the name is empty; name " + what : std::string();
+  };
+  return {check, ""};
+}
+
 void AddFolderOption(CLI::App* command, FolderOption* option) {
   command
       ->add_option("--folder", option->folder,
                    "The program folder, which holds brivon.ini; brivonctl's own unless told "
                    "otherwise")
-      ->type_name("DIR");
+      ->type_name("DIR")
+      ->check(NotEmpty("the folder that holds brivon.ini"));
 }
 
 QString UseFolder(const FolderOption& option, bool needs_configuration) {
@@ -33,7 +41,7 @@ QString UseFolder(const FolderOption& option, bool needs_configuration) {
   }
   const QString path = Brivon1::ConfigurationPath();
   const auto file = Brivon1::IniFile::Read(path);
-  if (!file) return u"%1 cannot be read"_s.arg(path);
+  if (!file) return u"%1 cannot be read; it must be an ordinary file that you may read"_s.arg(path);
   if (needs_configuration && !QFileInfo::exists(path)) {
     return u"%1 does not exist; name the folder that holds it with --folder"_s.arg(path);
   }

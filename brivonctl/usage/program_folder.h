@@ -12,6 +12,9 @@ struct FolderOption {
   std::string folder;  ///< Empty: the program's own folder.
 };
 
+/// Refuses an empty word, as an unset variable of a script gives one; `what` would be right.
+CLI::Validator NotEmpty(const std::string& what);
+
 /// Gives `command` the option "--folder".
 void AddFolderOption(CLI::App* command, FolderOption* option);
 

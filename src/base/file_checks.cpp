@@ -1,7 +1,5 @@
 #include "base/file_checks.h"
 
-#include <QFileInfo>
-
 #include "base/files.h"
 #include "base/text.h"
 
@@ -18,16 +16,16 @@ constexpr FileKind kMessageFile{kMessageHeader, 2};
 constexpr FileKind kScheduleFile{kScheduleHeader, 5};
 constexpr FileKind kScrollingFile{kScrollingHeader, 0};
 
-/// Opens `file` and reads its header; `lines` reads from it and stands behind the header then.
-std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKind& kind,
-                                    FileFailure& why) {
+/// Opens `file`, that of `path` in `files`, and reads its header; `lines` reads from it and stands
+/// behind the header then.
+std::optional<Dimension> ReadHeader(const QString& path, const FileSource& files, QIODevice& file,
+                                    LineReader& lines, const FileKind& kind, FileFailure& why) {
   const auto refuse = [&why](FileFault fault, int line = 0) {
     why = {fault, line, {}};
     return std::nullopt;
   };
-  const QFileInfo info(file);
-  if (!info.isFile()) return refuse(FileFault::kNoFile);
-  if (info.size() < kShortestFile) return refuse(FileFault::kTooShort);
+  if (!files.Exists(path)) return refuse(FileFault::kNoFile);
+  if (file.size() < kShortestFile) return refuse(FileFault::kTooShort);
   if (!file.open(QIODevice::ReadOnly)) return refuse(FileFault::kNotReadable);
   const std::optional<QByteArray> header = lines.Next();
   if (!header || TrimBlanks(*header) != kind.header) return refuse(FileFault::kHeader, 1);
@@ -42,38 +40,44 @@ std::optional<Dimension> ReadHeader(QFile& file, LineReader& lines, const FileKi
   return dimension;
 }
 
-std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind) {
-  QFile file(path);
-  LineReader lines(file);
+std::optional<Dimension> CheckFile(const QString& path, const FileKind& kind,
+                                   const FileSource& files) {
+  const auto file = files.Device(path);
+  LineReader lines(*file);
   FileFailure why;
-  return ReadHeader(file, lines, kind, why);
+  return ReadHeader(path, files, *file, lines, kind, why);
 }
 
 }  // namespace
 
-MessageFileReader::MessageFileReader(const QString& path)
-    : file_(path), lines_(file_), dimension_(ReadHeader(file_, lines_, kMessageFile, failure_)) {}
+MessageFileReader::MessageFileReader(const QString& path, const FileSource& files)
+    : file_(files.Device(path)),
+      lines_(*file_),
+      dimension_(ReadHeader(path, files, *file_, lines_, kMessageFile, failure_)) {}
 
 std::optional<QByteArray> MessageFileReader::NextRowLine() {
   return dimension_ ? lines_.Next() : std::nullopt;
 }
 
-std::optional<Dimension> IsMessageFile(const QString& path) {
-  return CheckFile(path, kMessageFile);
+std::optional<Dimension> IsMessageFile(const QString& path, const FileSource& files) {
+  return CheckFile(path, kMessageFile, files);
 }
 
-std::optional<Dimension> IsScheduleFile(const QString& path) {
-  return CheckFile(path, kScheduleFile);
+std::optional<Dimension> IsScheduleFile(const QString& path, const FileSource& files) {
+  return CheckFile(path, kScheduleFile, files);
 }
 
-bool IsScrollingFile(const QString& path) { return CheckFile(path, kScrollingFile).has_value(); }
+bool IsScrollingFile(const QString& path, const FileSource& files) {
+  return CheckFile(path, kScrollingFile, files).has_value();
+}
 
-std::optional<QByteArray> ScrollingFileText(const QString& path, FileFailure* why) {
-  QFile file(path);
-  LineReader lines(file);
+std::optional<QByteArray> ScrollingFileText(const QString& path, FileFailure* why,
+                                            const FileSource& files) {
+  const auto file = files.Device(path);
+  LineReader lines(*file);
   FileFailure failure;
   std::optional<QByteArray> text;
-  if (ReadHeader(file, lines, kScrollingFile, failure)) {
+  if (ReadHeader(path, files, *file, lines, kScrollingFile, failure)) {
     text = lines.Next();
     if (!text) failure = MissingLine(lines);
   }

@@ -2,14 +2,16 @@
 // for which panel dimension was it made?
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QByteArray>
-#include <QFile>
+#include <QIODevice>
 #include <QString>
 
 #include "base/dimension.h"
 #include "base/file_failure.h"
+#include "base/file_source.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -20,23 +22,24 @@ inline constexpr const char* kScrollingHeader = "*** Brivon Shift Message File *
 
 /// The dimension of a page message file, or nothing where `path` names none: a missing file, one of
 /// fewer than 30 bytes, or another header line. The dimension's range is not checked.
-std::optional<Dimension> IsMessageFile(const QString& path);
+std::optional<Dimension> IsMessageFile(const QString& path, const FileSource& files = Disk());
 
 /// The same for a schedule file.
-std::optional<Dimension> IsScheduleFile(const QString& path);
+std::optional<Dimension> IsScheduleFile(const QString& path, const FileSource& files = Disk());
 
 /// Whether `path` names a scrolling message file.
-bool IsScrollingFile(const QString& path);
+bool IsScrollingFile(const QString& path, const FileSource& files = Disk());
 
 /// The text of a scrolling message file, codes included: its second line. Nothing where `path`
 /// names no such file or where it has no second line.
 /// `why`, where it is not null, is told why there is none.
-std::optional<QByteArray> ScrollingFileText(const QString& path, FileFailure* why = nullptr);
+std::optional<QByteArray> ScrollingFileText(const QString& path, FileFailure* why = nullptr,
+                                            const FileSource& files = Disk());
 
 /// A page message file, opened and read up to its row lines.
 class MessageFileReader {
  public:
-  explicit MessageFileReader(const QString& path);
+  explicit MessageFileReader(const QString& path, const FileSource& files = Disk());
 
   /// What IsMessageFile() says of the file.
   const std::optional<Dimension>& FileDimension() const { return dimension_; }
@@ -50,11 +53,8 @@ class MessageFileReader {
   /// Why FileDimension() is nothing, or why NextRowLine() gave nothing.
   FileFailure Failure() const { return dimension_ ? MissingLine(lines_) : failure_; }
 
-  /// Whether it was too long a line that ended the row lines.
-  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
-
  private:
-  QFile file_;
+  std::unique_ptr<QIODevice> file_;
   LineReader lines_;
   FileFailure failure_;
   std::optional<Dimension> dimension_;

@@ -1,9 +1,10 @@
-// Why a reader takes a file for none of its kind, and where in the file: for whoever has to mend
-// it. The windows say only that it is refused.
+// Why a reader takes a file for none of its kind, and where in the file. The windows make a
+// sentence of it for their operator, brivonctl one with its line for whoever has to mend the file.
 #pragma once
 
 #include <QByteArray>
 
+#include "base/dimension.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -27,6 +28,10 @@ struct FileFailure {
   FileFault fault = FileFault::kNone;
   int line = 0;      ///< From 1; 0 where the file as a whole is meant.
   QByteArray found;  ///< What stands there, where a value or a tag is refused.
+  int number = 0;    ///< The row or step that is not right, from 1; 0 where it is none of them.
+  int count = 0;     ///< How many there should be.
+  const char* key = nullptr;  ///< How the line above the steps begins that is not right.
+  Dimension dimension = {};   ///< Of a page whose size is not right.
 };
 
 /// The failure of a file that has no line where `lines` did not give one.

@@ -80,13 +80,16 @@ QString WrongKindRemedy(const QString& path, FileSort wanted) {
   const auto line = lines.Next();
   if (!line) {
     if (!lines.IsLineTooLong()) return WithReason(path, file.errorString()) + choose;
-    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
-               .arg(path, QString::number(kLongestLine)) +
-           choose;
+    return LongLineRemedy(path) + choose;
   }
   if (TrimBlanks(*line) != sort.header) return WhatItIs(path, *line) + choose;
   if (file.size() >= kShortestFile) return {};
   return TranslateMessage(u"%1 ends after its first line."_s).arg(path) + choose;
+}
+
+QString LongLineRemedy(const QString& path) {
+  return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
+      .arg(path, QString::number(kLongestLine));
 }
 
 QString SaveRemedy(const QString& path, SaveResult result, const QString& reason) {

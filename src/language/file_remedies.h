@@ -18,6 +18,9 @@ QString MissingFileRemedy(const QString& path);
 /// begins so.
 QString WrongKindRemedy(const QString& path, FileSort wanted);
 
+/// About a file with a line that is too long to be read.
+QString LongLineRemedy(const QString& path);
+
 /// About a save to `path` that has ended with `result`, for which the system gives `reason`. Empty
 /// for one that succeeded.
 QString SaveRemedy(const QString& path, SaveResult result, const QString& reason);

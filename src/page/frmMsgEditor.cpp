@@ -167,10 +167,11 @@ void frmMsgEditor::OpenFile() {
                        Brivon1::WrongKindRemedy(path, Brivon1::FileSort::kPage)});
     return;
   }
-  QString remedy;
-  auto loaded = Brivon1::LoadMessageFile(path, &remedy);
+  Brivon1::FileFailure failure;
+  auto loaded = Brivon1::LoadMessageFile(path, &failure);
   if (!loaded) {
-    ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!', remedy});
+    ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!',
+                       Brivon1::MessageFileRemedy(path, failure)});
     return;
   }
   file_->SetPath(path);

@@ -20,7 +20,7 @@ frmSendMsg::frmSendMsg(QWidget* parent, const QString& file_name, const Brivon1:
   panels_ = new PanelChoice(ui_->ComboID);
   file_ = new FileToSend(this,
                          {.filter = u"Message File|*.msg|All|*.*"_s,
-                          .check = Brivon1::IsMessageFile,
+                          .check = [](const QString& path) { return Brivon1::IsMessageFile(path); },
                           .sort = Brivon1::FileSort::kPage,
                           .browse_end = u"!"_s,
                           .dialog_name = u"CMDialog1"_s},

@@ -59,14 +59,19 @@ QString SizeRemedy(const QString& path, Dimension dimension) {
       .arg(path, QString::number(dimension.rows), QString::number(dimension.columns));
 }
 
-/// Why `file` has no line for row `number`.
-QString MissingRowRemedy(const QString& path, const MessageFileReader& file, int number) {
-  if (file.IsLineTooLong()) {
-    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
-        .arg(path, QString::number(kLongestLine));
-  }
-  return TranslateMessage(u"%1 ends early: row %2 of %3 is missing."_s)
-      .arg(path, QString::number(number), QString::number(file.FileDimension()->rows));
+FileFailure SizeFailure(FileFault fault, Dimension dimension) {
+  const bool is_rows = fault == FileFault::kRows;
+  FileFailure failure{fault, is_rows ? 2 : 3,
+                      QByteArray::number(is_rows ? dimension.rows : dimension.columns)};
+  failure.dimension = dimension;
+  return failure;
+}
+
+/// `failure` as one of row `number`.
+FileFailure OfRow(int number, const MessageFileReader& file, FileFailure failure) {
+  failure.number = number;
+  failure.count = file.FileDimension()->rows;
+  return failure;
 }
 
 }  // namespace
@@ -86,56 +91,64 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page, QString
   return SaveWholeFile(path, content, reason);
 }
 
-std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy,
-                                          FileFailure* failure) {
-  // What is wrong is looked for only where somebody asks.
-  const auto refuse = [&](const FileFailure& found, const auto& why) {
+std::optional<LoadedPage> LoadMessageFile(const QString& path, FileFailure* failure) {
+  const auto refuse = [failure](const FileFailure& found) {
     if (failure != nullptr) *failure = found;
-    if (remedy != nullptr) *remedy = why();
     return std::nullopt;
   };
   MessageFileReader file(path);
   const std::optional<Dimension>& dimension = file.FileDimension();
-  if (!dimension) {
-    return refuse(file.Failure(), [&] { return WrongKindRemedy(path, FileSort::kPage); });
-  }
+  if (!dimension) return refuse(file.Failure());
   const FileFault fault = SizeFault(*dimension);
-  if (fault != FileFault::kNone) {
-    const bool is_rows = fault == FileFault::kRows;
-    const int found = is_rows ? dimension->rows : dimension->columns;
-    return refuse({fault, is_rows ? 2 : 3, QByteArray::number(found)},
-                  [&] { return SizeRemedy(path, *dimension); });
-  }
+  if (fault != FileFault::kNone) return refuse(SizeFailure(fault, *dimension));
 
   LoadedPage page{*dimension, {}};
   Attributes attributes;  // carried on from row to row
   for (int number = 1; number <= dimension->rows; ++number) {
     const std::optional<QByteArray> line = file.NextRowLine();
     PageRow& row = page.rows[static_cast<std::size_t>(number - 1)];
-    if (!line) {
-      return refuse(file.Failure(), [&] { return MissingRowRemedy(path, file, number); });
-    }
+    if (!line) return refuse(OfRow(number, file, file.Failure()));
     const QByteArrayView unread = ReadRowLine(*line, number, attributes, row);
     if (!unread.isEmpty()) {
       const QByteArray tag = unread.first(ReadRowTag(unread).length).toByteArray();
-      return refuse({FileFault::kRowTag, file.LineNumber(), tag}, [&] {
-        return TranslateMessage(u"The line of row %1 in %2 bears the number of another row."_s)
-            .arg(QString::number(number), path);
-      });
+      return refuse(OfRow(number, file, {FileFault::kRowTag, file.LineNumber(), tag}));
     }
   }
   return page;
 }
 
-QString MessageFileRemedy(const QString& path) {
-  MessageFileReader file(path);
+FileFailure SendingFailure(const QString& path, const FileSource& files) {
+  MessageFileReader file(path, files);
   const std::optional<Dimension>& dimension = file.FileDimension();
-  if (!dimension) return WrongKindRemedy(path, FileSort::kPage);
-  if (!CanBeSent(*dimension)) return SizeRemedy(path, *dimension);
+  if (!dimension) return file.Failure();
+  if (!CanBeSent(*dimension)) {
+    const bool is_rows = dimension->rows < kFewestRows || dimension->rows > kMaxRows;
+    return SizeFailure(is_rows ? FileFault::kRows : FileFault::kColumns, *dimension);
+  }
   for (int number = 1; number <= dimension->rows; ++number) {
-    if (!file.NextRowLine()) return MissingRowRemedy(path, file, number);
+    if (!file.NextRowLine()) return OfRow(number, file, file.Failure());
   }
   return {};
+}
+
+QString MessageFileRemedy(const QString& path, const FileFailure& failure) {
+  switch (failure.fault) {
+    case FileFault::kNone:
+      return {};
+    case FileFault::kRows:
+    case FileFault::kColumns:
+      return SizeRemedy(path, failure.dimension);
+    case FileFault::kEndsEarly:
+      return TranslateMessage(u"%1 ends early: row %2 of %3 is missing."_s)
+          .arg(path, QString::number(failure.number), QString::number(failure.count));
+    case FileFault::kLongLine:
+      return LongLineRemedy(path);
+    case FileFault::kRowTag:
+      return TranslateMessage(u"The line of row %1 in %2 bears the number of another row."_s)
+          .arg(QString::number(failure.number), path);
+    default:
+      return WrongKindRemedy(path, FileSort::kPage);
+  }
 }
 
 }  // namespace Brivon1

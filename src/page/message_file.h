@@ -7,6 +7,7 @@
 #include <QString>
 
 #include "base/file_failure.h"
+#include "base/file_source.h"
 #include "base/files.h"
 #include "page/page_message.h"
 
@@ -26,13 +27,14 @@ SaveResult SaveMessageFile(const QString& path, const PageMessage& page, QString
 
 /// Reads a page, or gives nothing where the file is none: no message header, a size of less than 1
 /// row and less than 10 dot columns, a negative size or more than twelve rows, fewer row lines than
-/// rows, or a row tag out of order. Rows are read whole, however long. `remedy` receives why there
-/// is nothing, in the operator's language, `failure` the same for a program.
-std::optional<LoadedPage> LoadMessageFile(const QString& path, QString* remedy = nullptr,
-                                          FileFailure* failure = nullptr);
+/// rows, or a row tag out of order. Rows are read whole, however long. `failure` receives why there
+/// is nothing.
+std::optional<LoadedPage> LoadMessageFile(const QString& path, FileFailure* failure = nullptr);
 
-/// Why nothing of the file can be sent, in the operator's language; empty where nothing is wrong
-/// with it.
-QString MessageFileRemedy(const QString& path);
+/// Why nothing of the file can be sent; of kind kNone where nothing is wrong with it.
+FileFailure SendingFailure(const QString& path, const FileSource& files = Disk());
+
+/// The failure of the page at `path` in the operator's language; empty for one of kind kNone.
+QString MessageFileRemedy(const QString& path, const FileFailure& failure);
 
 }  // namespace Brivon1

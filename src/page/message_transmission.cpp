@@ -23,8 +23,9 @@ QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& p
 }  // namespace
 
 std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, const QByteArray& page,
-                                               Dimension panel, qint16 colour_type) {
-  MessageFileReader file(path);
+                                               Dimension panel, qint16 colour_type,
+                                               const FileSource& files) {
+  MessageFileReader file(path, files);
   if (file.FileDimension() != panel || !CanBeSent(panel)) return std::nullopt;
   QList<QByteArray> frames;
   for (int row = 1; row <= panel.rows; ++row) {
@@ -39,9 +40,9 @@ bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArr
                      Dimension panel) {
   line.status(TranslateText(u"Reading %1"_s).arg(path));
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;
-  const auto frames = MessageFrames(path, id, page, panel, colour_type);
+  const auto frames = MessageFrames(path, id, page, panel, colour_type, *line.files);
   if (!frames) {
-    line.refusal = MessageFileRemedy(path);
+    line.refusal = MessageFileRemedy(path, SendingFailure(path, *line.files));
     return false;
   }
   line.progress.rows = panel.rows;

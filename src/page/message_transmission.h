@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "base/dimension.h"
+#include "base/file_source.h"
 #include "panel_line/transmission.h"
 
 namespace Brivon1 {
@@ -17,7 +18,8 @@ namespace Brivon1 {
 /// `panel`, rows outside 1 to 12, columns below 5, or fewer row lines than rows. For `colour_type`
 /// kMono the colour codes are taken out.
 std::optional<QList<QByteArray>> MessageFrames(const QString& path, int id, const QByteArray& page,
-                                               Dimension panel, qint16 colour_type);
+                                               Dimension panel, qint16 colour_type,
+                                               const FileSource& files = Disk());
 
 /// Sends a page message file to panel `id` as page `page` (the digits as they go on the wire).
 /// Every frame is built before the first byte leaves. True when all rows were acknowledged; false

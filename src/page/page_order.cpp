@@ -14,11 +14,12 @@ namespace Brivon1 {
 
 using ModuleLanguage::TranslateMessage;
 
-std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration) {
-  if (!FileExists(order.path)) return FileNotFound(order.path, u"!"_s);
+std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration,
+                                      const FileSource& files) {
+  if (!files.Exists(order.path)) return FileNotFound(order.path, u"!"_s);
   if (!order.panel) return NoPanel(u"Invalid ID Selection!"_s, configuration);
   if (order.page.isEmpty()) return PageNumberRefusal();
-  const auto dimension = IsMessageFile(order.path);
+  const auto dimension = IsMessageFile(order.path, files);
   if (!dimension) return WrongKind(order.path, FileSort::kPage, u"!"_s);
   if (*dimension != Dimension{order.panel->rows, order.panel->columns}) {
     return DimensionNotMatched(FileSort::kPage, *dimension, *order.panel);

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "base/file_source.h"
 #include "base/refusal.h"
 #include "store/configuration_store.h"
 #include "store/panel_list.h"
@@ -21,7 +22,8 @@ struct PageOrder {
 
 /// What keeps the order from being carried out over the configured link; nothing where nothing
 /// does.
-std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration);
+std::optional<Refusal> CheckPageOrder(const PageOrder& order, const Configuration& configuration,
+                                      const FileSource& files = Disk());
 
 /// The refusal of a page number.
 Refusal PageNumberRefusal();

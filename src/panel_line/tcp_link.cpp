@@ -15,7 +15,8 @@ namespace Brivon1 {
 
 using ModuleLanguage::TranslateText;
 
-TcpLink::TcpLink(QObject* parent) : QObject(parent), socket_(new QTcpSocket(this)) {
+TcpLink::TcpLink(QObject* parent, int prompt_answer)
+    : QObject(parent), socket_(new QTcpSocket(this)), prompt_answer_(prompt_answer) {
   socket_->setObjectName(u"Winsock1"_s);
   socket_->setProxy(QNetworkProxy::NoProxy);
   socket_->setReadBufferSize(kReadBuffer);
@@ -55,11 +56,17 @@ int TcpLink::Speed() const {
 }
 
 QByteArray TcpLink::ReadAvailable() {
-  const bool answer_is_due = std::exchange(answer_is_due_, false);
+  const bool answer_is_due = std::exchange(answer_is_due_, false) && prompt_answer_ > 0;
   if (IsConnected() && (answer_is_due || HasWaitingInput(socket_->socketDescriptor()))) {
-    socket_->waitForReadyRead(answer_is_due ? kPromptAnswer : 0);
+    socket_->waitForReadyRead(answer_is_due ? prompt_answer_ : 0);
   }
   return socket_->isOpen() ? socket_->readAll() : QByteArray();
+}
+
+bool TcpLink::WaitForInput(qint64 at_most) {
+  if (!IsConnected()) return false;
+  socket_->waitForReadyRead(static_cast<int>(at_most));
+  return true;
 }
 
 void TcpLink::Close() {

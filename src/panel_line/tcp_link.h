@@ -5,6 +5,7 @@
 #include <QTcpSocket>
 
 #include "panel_line/link.h"
+#include "panel_line/waiting_input.h"
 
 namespace Brivon1 {
 
@@ -12,8 +13,9 @@ class TcpLink : public QObject, public TcpSocket {
   Q_OBJECT
 
  public:
-  /// The socket object is a child named "Winsock1".
-  explicit TcpLink(QObject* parent);
+  /// The socket object is a child named "Winsock1". The first read behind a frame waits up to
+  /// `prompt_answer` milliseconds for its answer.
+  explicit TcpLink(QObject* parent, int prompt_answer = kPromptAnswer);
 
   void Connect(const QString& host, int port) override;
   bool IsConnected() const override;
@@ -25,12 +27,17 @@ class TcpLink : public QObject, public TcpSocket {
   void Close() override;
   QString FailureReason() const override;
 
+  /// Sleeps, without a look at any other event, until bytes arrive, the connection is lost, or so
+  /// many milliseconds have passed. False at once where there is no connection.
+  bool WaitForInput(qint64 at_most);
+
  Q_SIGNALS:
   /// Bytes have arrived, or the connection was lost.
   void Happened();
 
  private:
   QTcpSocket* socket_;
+  const int prompt_answer_;
   QString endpoint_;
   bool answer_is_due_ = false;  // a frame has been written and nothing read since
 };

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "base/file_source.h"
 #include "panel_line/link.h"
 #include "panel_line/progress.h"
 #include "store/configuration_store.h"
@@ -26,6 +27,7 @@ struct OpenLine {
   ShowProgress show_progress = {};  ///< Empty where nobody looks.
   Progress progress = {};           ///< As it was shown last; after a failure, where it ended.
   QString refusal = {};             ///< Why nothing of a file was sent, as it is shown; else empty.
+  const FileSource* files = &Disk();  ///< Where its files are read.
 
   /// Shows `progress`, which the caller has changed.
   void Report() const {

@@ -171,10 +171,11 @@ void frmSchedule::OpenFile() {
   const QString filter = TranslateMessage(u"Schedule File"_s) + u"(*.sch)|*.sch|All|*.*"_s;
   const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
   if (path.isEmpty()) return;
-  QString remedy;
-  auto loaded = Brivon1::LoadScheduleFile(path, &remedy);
+  Brivon1::FileFailure failure;
+  auto loaded = Brivon1::LoadScheduleFile(path, &failure);
   if (!loaded) {
-    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!', remedy});
+    ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
+                       Brivon1::ScheduleFileRemedy(path, failure)});
     return;
   }
   schedule_ = *std::move(loaded);

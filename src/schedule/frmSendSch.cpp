@@ -21,7 +21,7 @@ frmSendSch::frmSendSch(QWidget* parent, const QString& file_name, const Brivon1:
   file_ =
       new FileToSend(this,
                      {.filter = u"Schedule File|*.sch|All|*.*"_s,
-                      .check = Brivon1::IsScheduleFile,
+                      .check = [](const QString& path) { return Brivon1::IsScheduleFile(path); },
                       .sort = Brivon1::FileSort::kSchedule,
                       .browse_end = QString(),
                       .dialog_name = u"DialogBrowse"_s},

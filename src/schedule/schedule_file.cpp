@@ -54,21 +54,6 @@ void Tell(QString* remedy, const QString& text) {
   if (remedy != nullptr) *remedy = text;
 }
 
-/// Why `file` at `path` ends before its sequence of that number, or has none at all.
-QString ReadingRemedy(const QString& path, const ScheduleReader& file, int sequence) {
-  if (file.IsLineTooLong()) {
-    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
-        .arg(path, QString::number(kLongestLine));
-  }
-  if (file.WrongLine() != nullptr) {
-    return TranslateMessage(u"The line \"%1\" of %2 is missing or holds no possible number."_s)
-        .arg(QString::fromLatin1(file.WrongLine()), path);
-  }
-  if (!file.Head()) return WrongKindRemedy(path, FileSort::kSchedule);
-  return TranslateMessage(u"%1 ends early: message %2 of %3 is missing."_s)
-      .arg(path, QString::number(sequence), QString::number(file.Head()->sequences));
-}
-
 /// Why PathField() or LeadsTo() refuses `path`.
 QString PathRemedy(const QString& path) {
   const std::optional<QByteArray> bytes = CodePage::System().ToBytes(path);
@@ -83,13 +68,26 @@ QString PathRemedy(const QString& path) {
 
 }  // namespace
 
-std::optional<Schedule> LoadScheduleFile(const QString& path, QString* remedy,
-                                         FileFailure* failure) {
-  ScheduleReader file(path);
+QString ScheduleFileRemedy(const QString& path, const FileFailure& failure) {
+  if (failure.fault == FileFault::kLongLine) return LongLineRemedy(path);
+  if (failure.key != nullptr) {
+    return TranslateMessage(u"The line \"%1\" of %2 is missing or holds no possible number."_s)
+        .arg(QString::fromLatin1(failure.key), path);
+  }
+  if (failure.fault != FileFault::kEndsEarly) return WrongKindRemedy(path, FileSort::kSchedule);
+  return TranslateMessage(u"%1 ends early: message %2 of %3 is missing."_s)
+      .arg(path, QString::number(failure.number), QString::number(failure.count));
+}
+
+std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* failure,
+                                         const FileSource& files) {
+  ScheduleReader file(path, files);
   const std::optional<ScheduleHead>& head = file.Head();
   const auto refuse = [&](int sequence) {
-    if (failure != nullptr) *failure = file.Failure();
-    if (remedy != nullptr) *remedy = ReadingRemedy(path, file, sequence);
+    if (failure == nullptr) return std::nullopt;
+    *failure = file.Failure();
+    failure->number = sequence;
+    failure->count = head ? head->sequences : 0;
     return std::nullopt;
   };
   if (!head) return refuse(0);

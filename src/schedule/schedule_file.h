@@ -7,16 +7,19 @@
 #include <QString>
 
 #include "base/file_failure.h"
+#include "base/file_source.h"
 #include "schedule/schedule.h"
 
 namespace Brivon1 {
 
 /// Reads a schedule, or gives nothing where ScheduleReader refuses the file or it ends early. A
 /// file that names a 27th different message file is read up to there; the sequences from that one's
-/// delay on are blank. `remedy` receives why there is nothing, in the operator's language,
-/// `failure` the same for a program.
-std::optional<Schedule> LoadScheduleFile(const QString& path, QString* remedy = nullptr,
-                                         FileFailure* failure = nullptr);
+/// delay on are blank. `failure` receives why there is nothing.
+std::optional<Schedule> LoadScheduleFile(const QString& path, FileFailure* failure = nullptr,
+                                         const FileSource& files = Disk());
+
+/// The failure of the schedule at `path` in the operator's language.
+QString ScheduleFileRemedy(const QString& path, const FileFailure& failure);
 
 /// How a save of a schedule ended.
 enum class ScheduleSaveResult {

@@ -13,11 +13,12 @@ using ModuleLanguage::TranslateMessage;
 
 std::optional<Refusal> CheckScheduleOrder(const ScheduleOrder& order,
                                           const Configuration& configuration,
-                                          std::optional<Dimension>& dimension) {
-  if (!FileExists(order.path)) return FileNotFound(order.path);
+                                          std::optional<Dimension>& dimension,
+                                          const FileSource& files) {
+  if (!files.Exists(order.path)) return FileNotFound(order.path);
   if (!order.panel) return NoPanel(u"No ID Selected!"_s, configuration);
   // The file may have been saved for another panel since it was chosen.
-  if (const auto now = IsScheduleFile(order.path)) dimension = now;
+  if (const auto now = IsScheduleFile(order.path, files)) dimension = now;
   if (dimension != Dimension{order.panel->rows, order.panel->columns}) {
     return dimension ? DimensionNotMatched(FileSort::kSchedule, *dimension, *order.panel)
                      : Refusal{TranslateMessage(u"Dimension not matched!"_s),

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include "base/dimension.h"
+#include "base/file_source.h"
 #include "base/refusal.h"
 #include "store/configuration_store.h"
 #include "store/panel_list.h"
@@ -24,7 +25,8 @@ struct ScheduleOrder {
 /// to date where the checks come to it, and stays where the file is no schedule any more.
 std::optional<Refusal> CheckScheduleOrder(const ScheduleOrder& order,
                                           const Configuration& configuration,
-                                          std::optional<Dimension>& dimension);
+                                          std::optional<Dimension>& dimension,
+                                          const FileSource& files = Disk());
 
 /// The message about a schedule that was acknowledged.
 QString ScheduleSentText(SendMode mode);

@@ -6,13 +6,14 @@
 
 namespace Brivon1 {
 
-ScheduleReader::ScheduleReader(const QString& path)
-    : file_(path), lines_(file_), head_(ReadHead()) {}
+ScheduleReader::ScheduleReader(const QString& path, const FileSource& files)
+    : file_(files.Device(path)), lines_(*file_), head_(ReadHead(files.Exists(path))) {}
 
-std::optional<ScheduleHead> ScheduleReader::ReadHead() {
-  if (!FileExists(file_.fileName())) return Refuse({FileFault::kNoFile, 0, {}});
-  if (!file_.open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
+std::optional<ScheduleHead> ScheduleReader::ReadHead(bool exists) {
+  if (!exists) return Refuse({FileFault::kNoFile, 0, {}});
+  if (!file_->open(QIODevice::ReadOnly)) return Refuse({FileFault::kNotReadable, 0, {}});
   const std::optional<QByteArray> header = lines_.Next();
+  if (lines_.IsLineTooLong()) return Refuse(MissingLine(lines_));
   if (!header || TrimBlanks(*header) != kScheduleHeader) {
     return Refuse({FileFault::kHeader, 1, {}});
   }
@@ -55,6 +56,7 @@ std::optional<ScheduleHead> ScheduleReader::ReadHead() {
 
 std::nullopt_t ScheduleReader::Refuse(const FileFailure& failure) {
   failure_ = failure;
+  failure_.key = wrong_line_;
   return std::nullopt;
 }
 

@@ -1,14 +1,16 @@
 // A schedule file, line by line: what its editor and its transmission both read it by.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QByteArray>
-#include <QFile>
+#include <QIODevice>
 #include <QString>
 
 #include "base/dimension.h"
 #include "base/file_failure.h"
+#include "base/file_source.h"
 #include "base/files.h"
 
 namespace Brivon1 {
@@ -30,7 +32,7 @@ struct SequenceDetails {
 
 class ScheduleReader {
  public:
-  explicit ScheduleReader(const QString& path);
+  explicit ScheduleReader(const QString& path, const FileSource& files = Disk());
 
   /// Nothing where the file is no schedule: no such file, another header line, a weekday outside 0
   /// to 7, no sequences or more than 32, rows or columns of 0, or a file that ends before that.
@@ -42,13 +44,6 @@ class ScheduleReader {
   /// The number, from 1, of the line that was read last.
   int LineNumber() const { return lines_.LineNumber(); }
 
-  /// The name of the first line above the sequences that is missing or out of its range; null where
-  /// Head() has something and where the file does not begin as a schedule.
-  const char* WrongLine() const { return wrong_line_; }
-
-  /// Whether it was too long a line that ended the reading.
-  bool IsLineTooLong() const { return lines_.IsLineTooLong(); }
-
   /// The path line of the next sequence, or nothing where the file ends before it.
   std::optional<QByteArray> NextPath() { return lines_.Next(); }
 
@@ -56,10 +51,10 @@ class ScheduleReader {
   std::optional<SequenceDetails> NextDetails();
 
  private:
-  std::optional<ScheduleHead> ReadHead();
+  std::optional<ScheduleHead> ReadHead(bool exists);
   std::nullopt_t Refuse(const FileFailure& failure);
 
-  QFile file_;
+  std::unique_ptr<QIODevice> file_;
   LineReader lines_;
   FileFailure failure_;
   const char* wrong_line_ = nullptr;

@@ -57,8 +57,8 @@ QByteArray TimeText(const QByteArray& value) {
 }
 
 /// Nothing for a file that ends early or names more than kMostDistinctFiles.
-std::optional<Plan> ReadPlan(const QString& path) {
-  ScheduleReader file(path);
+std::optional<Plan> ReadPlan(const QString& path, const FileSource& files) {
+  ScheduleReader file(path, files);
   if (!file.Head()) return std::nullopt;
   const CodePage& code_page = CodePage::System();
   const FeatureNames features;
@@ -88,11 +88,12 @@ bool IsEmpty(const Plan& plan) {
 }
 
 /// What keeps a message file from being sent; nothing where nothing does.
-std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension) {
-  const QString file = FindFile(InProgramFolder(name));
+std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension,
+                                   const FileSource& files) {
+  const QString file = files.Find(InProgramFolder(name));
   const QString end = u": "_s + name;
-  if (!FileExists(file)) return FileNotFound(file, end);
-  const std::optional<Dimension> found = IsMessageFile(file);
+  if (!files.Exists(file)) return FileNotFound(file, end);
+  const std::optional<Dimension> found = IsMessageFile(file, files);
   if (!found) return WrongKind(file, FileSort::kPage, end);
   if (*found != dimension) {
     return Refusal{TranslateMessage(u"Dimension Not Match"_s) + end, StepRemedy(*found, dimension)};
@@ -101,29 +102,29 @@ std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension) {
 }
 
 /// Why ReadPlan() gives nothing.
-QString ScheduleFileRemedy(const QString& path) {
-  QString remedy;
-  if (!LoadScheduleFile(path, &remedy)) return remedy;
+QString PlanRemedy(const QString& path, const FileSource& files) {
+  FileFailure failure;
+  if (!LoadScheduleFile(path, &failure, files)) return ScheduleFileRemedy(path, failure);
   return TranslateMessage(u"%1 names more than 26 different message files."_s).arg(path);
 }
 
 /// As CheckScheduleFile() says; `plan` is what was read of the file.
 std::optional<Refusal> PlanRefusal(const QString& path, const QString& letter,
-                                   std::optional<Plan>& plan) {
+                                   const FileSource& files, std::optional<Plan>& plan) {
   if (!ScheduleLetter(letter)) {
     return Refusal{TranslateMessage(u"Please enter A-J"_s),
                    letter.isEmpty()
                        ? TranslateMessage(u"No letter has been entered."_s)
                        : TranslateMessage(u"\"%1\" is no letter of a schedule."_s).arg(letter)};
   }
-  plan = ReadPlan(path.trimmed());
-  if (!plan) return Refusal{{}, ScheduleFileRemedy(path.trimmed())};
+  plan = ReadPlan(path.trimmed(), files);
+  if (!plan) return Refusal{{}, PlanRemedy(path.trimmed(), files)};
   if (IsEmpty(*plan)) {
     return Refusal{TranslateMessage(u"Empty Schedule File!"_s),
                    TranslateMessage(u"Add a message file in the schedule editor."_s)};
   }
   for (const QString& name : plan->files) {
-    if (auto refusal = FileRefusal(name, plan->head.dimension)) return refusal;
+    if (auto refusal = FileRefusal(name, plan->head.dimension, files)) return refusal;
   }
   return std::nullopt;
 }
@@ -149,15 +150,16 @@ std::optional<char> ScheduleLetter(const QString& text) {
   return std::nullopt;
 }
 
-std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter) {
+std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter,
+                                         const FileSource& files) {
   std::optional<Plan> plan;
-  return PlanRefusal(path, letter, plan);
+  return PlanRefusal(path, letter, files, plan);
 }
 
 bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString& letter_text,
                       const TellRefusal& tell_refusal) {
   std::optional<Plan> plan;
-  if (const auto refusal = PlanRefusal(path, letter_text, plan)) {
+  if (const auto refusal = PlanRefusal(path, letter_text, *line.files, plan)) {
     if (refusal->text.isEmpty()) {
       line.refusal = refusal->remedy;
     } else {
@@ -172,7 +174,7 @@ bool SendScheduleFile(OpenLine& line, const QString& path, int id, const QString
     line.progress.file = static_cast<int>(index) + 1;
     line.progress.file_name = name;
     line.progress.row = line.progress.attempt = 0;
-    if (SendMessageFile(line, FindFile(InProgramFolder(name)), id, PageOf(letter, index),
+    if (SendMessageFile(line, line.files->Find(InProgramFolder(name)), id, PageOf(letter, index),
                         plan->head.dimension)) {
       continue;
     }

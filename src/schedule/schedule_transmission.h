@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include "base/file_source.h"
 #include "base/refusal.h"
 #include "panel_line/transmission.h"
 
@@ -23,7 +24,8 @@ std::optional<char> ScheduleLetter(const QString& text);
 /// the schedule letter `letter`: the letter, the schedule, the first of its message files that
 /// cannot be sent. Nothing where nothing does. The refusal of a schedule that cannot be read has no
 /// text: who sends it says that the transmission has failed.
-std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter);
+std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter,
+                                         const FileSource& files = Disk());
 
 /// Sends the schedule file at `path` (blanks at its ends do not count) to panel `id` under the
 /// schedule letter `letter`, "A" to "J" in either case. Each different message file is sent once,

@@ -110,13 +110,14 @@ void frmShiftMsg::OpenFile() {
   if (path.isEmpty()) return;
   if (!Brivon1::IsScrollingFile(path)) {
     ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
-                       Brivon1::ScrollingFileRemedy(path)});
+                       Brivon1::WrongKindRemedy(path, Brivon1::FileSort::kScrolling)});
     return;
   }
-  auto row = Brivon1::ReadScrollingMessage(path);
+  Brivon1::FileFailure failure;
+  auto row = Brivon1::ReadScrollingMessage(path, &failure);
   if (!row) {
     ShowRefusal(this, {TranslateMessage(u"Error in Opening file"_s) + u'!',
-                       Brivon1::ScrollingFileRemedy(path)});
+                       Brivon1::ScrollingFileRemedy(path, failure)});
     return;
   }
   message_.TakeOver(std::move(*row));

@@ -1,7 +1,5 @@
 #include "scrolling/scrolling_file.h"
 
-#include <QFile>
-
 #include "base/file_checks.h"
 #include "language/file_remedies.h"
 #include "language/module_language.h"
@@ -18,15 +16,9 @@ SaveResult WriteScrollingMessage(const QString& path, const PageRow& message, QS
                        reason);
 }
 
-QString ScrollingFileRemedy(const QString& path) {
-  const QString wrong_kind = WrongKindRemedy(path, FileSort::kScrolling);
-  if (!wrong_kind.isEmpty()) return wrong_kind;
-  QFile file(path);
-  LineReader lines(file);
-  if (file.open(QIODevice::ReadOnly) && lines.Next() && !lines.Next() && lines.IsLineTooLong()) {
-    return TranslateMessage(u"A line of %1 is longer than %2 bytes."_s)
-        .arg(path, QString::number(kLongestLine));
-  }
+QString ScrollingFileRemedy(const QString& path, const FileFailure& failure) {
+  if (failure.fault == FileFault::kLongLine) return LongLineRemedy(path);
+  if (failure.fault != FileFault::kEndsEarly) return WrongKindRemedy(path, FileSort::kScrolling);
   return TranslateMessage(u"%1 ends after its first line."_s).arg(path);
 }
 

@@ -16,8 +16,8 @@ namespace Brivon1 {
 SaveResult WriteScrollingMessage(const QString& path, const PageRow& message,
                                  QString* reason = nullptr);
 
-/// Why nothing of the file can be read or sent, in the operator's language.
-QString ScrollingFileRemedy(const QString& path);
+/// Why nothing of the file at `path` can be read or sent, in the operator's language.
+QString ScrollingFileRemedy(const QString& path, const FileFailure& failure);
 
 /// Reads a message, or gives nothing where the file is none: no scrolling message header, or no
 /// second line. The message is read whole, however long; its cursor stands at column 0 and reaches

@@ -14,8 +14,9 @@ namespace Brivon1 {
 using ModuleLanguage::TranslateMessage;
 
 std::optional<Refusal> CheckScrollingOrder(const ScrollingOrder& order,
-                                           const Configuration& configuration) {
-  if (!FileExists(order.path)) return FileNotFound(order.path, u"!"_s);
+                                           const Configuration& configuration,
+                                           const FileSource& files) {
+  if (!files.Exists(order.path)) return FileNotFound(order.path, u"!"_s);
   if (!order.panel) return NoPanel(u"Invalid ID Selection!"_s, configuration);
   const auto refuse_line = [&](const QString& text) {
     return Refusal{TranslateMessage(text), TranslateMessage(u"%1 has the lines 1 to %2."_s)

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include "base/file_source.h"
 #include "base/refusal.h"
 #include "store/configuration_store.h"
 #include "store/panel_list.h"
@@ -21,7 +22,8 @@ struct ScrollingOrder {
 /// What keeps the order from being carried out; nothing where nothing does. A line below 1 is none
 /// of it: what it means is the panel's affair.
 std::optional<Refusal> CheckScrollingOrder(const ScrollingOrder& order,
-                                           const Configuration& configuration);
+                                           const Configuration& configuration,
+                                           const FileSource& files = Disk());
 
 /// The number that the text of a line begins with; 0 where it begins with none.
 int LineNumber(const QString& text);

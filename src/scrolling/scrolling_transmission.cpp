@@ -42,9 +42,10 @@ QByteArray ScrollingPanelText(const QByteArray& text, qint16 colour_type) {
 }
 
 bool SendScrollingFile(OpenLine& line, const QString& path, int id, int line_number) {
-  const std::optional<QByteArray> text = ScrollingFileText(path);
+  FileFailure failure;
+  const std::optional<QByteArray> text = ScrollingFileText(path, &failure, *line.files);
   if (!text) {
-    line.refusal = ScrollingFileRemedy(path);
+    line.refusal = ScrollingFileRemedy(path, failure);
     return false;
   }
   const qint16 colour_type = line.configuration.panels[static_cast<std::size_t>(id)].colour_type;

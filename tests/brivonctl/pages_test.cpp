@@ -1,6 +1,8 @@
 #include "usage/pages.h"
 
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -18,6 +20,7 @@ class Pages : public testing::Test {
         "page", "Sends a page", [] { return 0; }, send);
     page->add_option("FILE", text_, "The file")->required();
     page->add_option("--to", text_, "The panels: 4-9")->type_name("PANELS");
+    line_.Add("check", "Checks")->add_option("FILE", files_, "The files")->required();
     page->add_flag("--json", flag_, "For programs");
   }
 
@@ -31,6 +34,7 @@ class Pages : public testing::Test {
 
   CommandLine line_;
   std::string text_;
+  std::vector<std::string> files_;
   bool flag_ = false;
 };
 
@@ -38,6 +42,7 @@ TEST_F(Pages, TheManualPageNamesEverySubcommandAndOptionWithItsHelp) {
   const std::string page = ManualPage(line_.Top());
   for (const char* line :
        {".SH NAME", ".B brivonctl list [options]", ".B brivonctl send page FILE [options]",
+        ".B brivonctl check FILE... [options]", ".SS check FILE... ", ".B FILE...",
         ".SS send page FILE ", "Sends a page", ".B \\-\\-to PANELS", "The panels: 4\\-9",
         ".B \\-\\-json ", "For programs", ".B FILE", "The file"}) {
     EXPECT_TRUE(HasLine(page, line)) << line << "\n" << page;

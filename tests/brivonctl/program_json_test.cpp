@@ -177,4 +177,24 @@ TEST(BrivonctlJson, TheDelayPeriodOfTheCommandLineIsTheOneThatCounts) {
   EXPECT_GE(run.Events().last()[u"seconds"_s].toDouble(), 1.9);
 }
 
+TEST(BrivonctlJson, ASecondProgramAtOneSerialPortFailsAndDisturbsNobody) {
+  OneLine line(true);
+  line.Fail({.silent = true});
+  const QStringList folder = {u"--folder"_s, line.Folder().Path({})};
+  ProgramRun first;
+  first.Start("poll --to 1 --json", folder);
+  ASSERT_TRUE(WaitUntil([&] {
+    first.Read();
+    return first.output.contains("\"attempt\"");
+  }));
+  ProgramRun second;
+  second.To("poll --to 2 --json", folder);
+  EXPECT_EQ(second.status, 1);
+  const QJsonObject end = second.Events().at(1);
+  EXPECT_EQ(end[u"result"_s], u"failed"_s);
+  EXPECT_TRUE(end[u"reason"_s].toString().startsWith(u"Fail to initialize communication port!"_s));
+  line.Fail({});
+  EXPECT_EQ(first.Wait().status, 0);
+}
+
 }  // namespace

@@ -1,5 +1,7 @@
 // What the program says to a command line that makes no sense, and to what does not fit.
+#include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -124,9 +126,11 @@ TEST(BrivonctlUse, WhatDoesNotFitIsRefusedAndNothingIsSent) {
   expect_refusal("send page --page 7 --to all", {other}, "Dimension not matched!");
   expect_refusal("send page --page 7 --to all", {u"no.msg"_s}, "no.msg: File not found!");
   expect_refusal("send page --page 7 --to all", {site.Folder().Path({})}, "File not found!");
+  expect_refusal("send page --page 7 --to all", {QString()}, "brivonctl: \"\": File not found!");
   expect_refusal("send schedule --letter A --to all", {site.Page()}, "Error in opening file");
   expect_refusal("send scrolling --line 1 --to all", {site.Page()}, "Error in opening file!");
-  expect_refusal("poll --to all --log", {site.Folder().Path({})}, "--log: ");
+  expect_refusal("poll --to all --log", {site.Folder().Path({})},
+                 "; name a file in a folder that you may write to");
   EXPECT_EQ(site.Frames(1), QList<QByteArray>());
   EXPECT_EQ(site.Frames(2), QList<QByteArray>());
 }
@@ -195,6 +199,31 @@ TEST(BrivonctlUse, AFolderWithoutAConfigurationIsRefused) {
   poll.To("poll --to all --folder", {folder.Path(u"nowhere"_s)});
   EXPECT_EQ(poll.status, 3);
   EXPECT_TRUE(poll.errors.contains("is no folder")) << poll.errors.toStdString();
+}
+
+TEST(BrivonctlUse, AConfigurationThatIsNoFileIsRefused) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(u"brivon.ini"_s);
+  ASSERT_TRUE(QDir().mkdir(path));
+  ProgramRun run;
+  run.To("poll --to all --folder", {folder.path()});
+  ExpectComplaint(
+      run, path.toLocal8Bit() + " cannot be read; it must be an ordinary file that you may read",
+      3);
+}
+
+TEST(BrivonctlUse, AnEmptyNameIsNoneOfTheProgramsOwn) {
+  Site site(1);
+  const Wrong wrongs[] = {{"--log", "a file"}, {"--folder", "the folder that holds brivon.ini"}};
+  for (const Wrong& wrong : wrongs) {
+    ProgramRun run;
+    run.To("poll --to 1", {QString::fromLatin1(wrong.line), QString()});
+    ExpectComplaint(run,
+                    QByteArray(wrong.line) + ": the name is empty; name " + wrong.said +
+                        "; see brivonctl poll --help",
+                    2);
+  }
+  EXPECT_EQ(site.Frames(1), QList<QByteArray>());
 }
 
 TEST(BrivonctlUse, ThePanelsAndTheLinkAreListed) {

@@ -1,5 +1,9 @@
 #include "orders/transmitter.h"
 
+#include <memory>
+
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include "support/panel_bench.h"
@@ -18,6 +22,7 @@ class TransmitterTest : public testing::TestWithParam<LineKind> {
   TransmitterTest() {
     assignment_.order = {Action::kSendPage,
                          bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96)), u"7"_s};
+    assignment_.order.copies = std::make_shared<FileCopies>(assignment_.order.path);
     assignment_.configuration = Brivon1::Store();
     assignment_.configuration.delay_period = 300;
   }
@@ -152,17 +157,40 @@ TEST_P(TransmitterTest, AStopBehindAFailureTellsWhatTheFailedTransmissionHasBrou
   EXPECT_TRUE(transmissions_[1].result.reason.endsWith(u"1 of 2 rows have arrived, missing: 1."_s));
 }
 
-TEST_P(TransmitterTest, AFileThatHasChangedSinceItWasCheckedIsNotSent) {
-  assignment_.checked_content = ContentDigest(assignment_.order);
+TEST_P(TransmitterTest, AFileThatChangesMeanwhileIsSentAsItWasChecked) {
+  const QByteArray digest = assignment_.order.Digest();
   Serve({1});
-  EXPECT_EQ(transmissions_.takeFirst().result.result, Result::kOk);
   const auto frames = bench_.Frames();
   bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96).replace("Row", "Raw"));
   Serve({1});
+  ASSERT_TRUE(QFile::remove(assignment_.order.path));
+  Serve({1});
+  EXPECT_EQ(bench_.Frames(), frames + frames + frames);
+  ASSERT_EQ(transmissions_.size(), 3);
+  for (const Transmission& transmission : transmissions_) {
+    EXPECT_EQ(transmission.result.result, Result::kOk);
+    EXPECT_EQ(transmission.digest, digest);
+  }
+}
+
+TEST_P(TransmitterTest, SoAreTheMessageFilesOfASchedule) {
+  const QString path =
+      bench_.Folder().Write(u"week.sch"_s,
+                            "*** Brivon Schedule File ***\r\nWeek =0\r\nHour =8\r\n"
+                            "Min =30\r\nRow =2\r\nCol =96\r\nNo of Sequence =1\r\npage.msg\r\n5\r\n"
+                            "Flip\r\n");
+  assignment_.order = {Action::kSendSchedule, path, u"A"_s, std::make_shared<FileCopies>(path)};
+  bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96).replace("Row", "Raw"));
+  ASSERT_TRUE(QFile::remove(path));
+  Serve({1});
+  EXPECT_EQ(bench_.Frames(), (QList<QByteArray>{"<ID01><L01><P001><SA><CA>Row 01 \r\n",
+                                                "<ID01><L02><P001><SA><CB>Row 02 \r\n",
+                                                "<ID01><TA>*083000105B\r\n"}));
   ASSERT_EQ(transmissions_.size(), 1);
-  EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
-  EXPECT_TRUE(transmissions_[0].result.reason.contains(u"has changed since it was checked"_s));
-  EXPECT_EQ(bench_.Frames(), frames);
+  EXPECT_EQ(transmissions_[0].result.text, IsSerial()
+                                               ? u"Transmission finished!"_s
+                                               : u"Schedules file is sent successfully through "
+                                                 "network"_s);
 }
 
 TEST_P(TransmitterTest, AnAnswerThatComesBetweenTwoPanelsIsNoneOfTheNextOne) {

@@ -12,7 +12,7 @@ class MessageFileFailure : public MessageFile {
   /// Expects that the file is refused for `fault`, which stands in line `line`.
   void ExpectFailure(const QString& path, FileFault fault, int line, const char* found = "") {
     Brivon1::FileFailure why;
-    EXPECT_FALSE(Brivon1::LoadMessageFile(path, nullptr, &why));
+    EXPECT_FALSE(Brivon1::LoadMessageFile(path, &why));
     EXPECT_EQ(why.fault, fault);
     EXPECT_EQ(why.line, line);
     EXPECT_EQ(why.found.toStdString(), found);
@@ -57,7 +57,7 @@ TEST_F(MessageFileFailure, TheTagOfAnotherRowIsNamedWithItsLine) {
 
 TEST_F(MessageFileFailure, AFileThatIsReadHasNone) {
   Brivon1::FileFailure why;
-  EXPECT_TRUE(Brivon1::LoadMessageFile(Page("Row = 1\r\nCol = 80\r\n<L01>a\r\n"), nullptr, &why));
+  EXPECT_TRUE(Brivon1::LoadMessageFile(Page("Row = 1\r\nCol = 80\r\n<L01>a\r\n"), &why));
   EXPECT_EQ(why.fault, FileFault::kNone);
 }
 

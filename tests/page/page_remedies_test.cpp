@@ -25,8 +25,9 @@ class PageRemedies : public testing::Test {
   /// Why the editor cannot open the page; "%1" is its path.
   std::string Opening(const QByteArray& lines) {
     const QString path = Write(lines);
-    QString remedy;
-    const bool is_open = Brivon1::LoadMessageFile(path, &remedy).has_value();
+    Brivon1::FileFailure failure;
+    const bool is_open = Brivon1::LoadMessageFile(path, &failure).has_value();
+    QString remedy = Brivon1::MessageFileRemedy(path, failure);
     EXPECT_EQ(is_open, remedy.isEmpty());
     return remedy.replace(path, u"%1"_s).toStdString();
   }
@@ -34,7 +35,9 @@ class PageRemedies : public testing::Test {
   /// Why nothing of it can be sent.
   std::string Sending(const QByteArray& lines) {
     const QString path = Write(lines);
-    return Brivon1::MessageFileRemedy(path).replace(path, u"%1"_s).toStdString();
+    return Brivon1::MessageFileRemedy(path, Brivon1::SendingFailure(path))
+        .replace(path, u"%1"_s)
+        .toStdString();
   }
 
   TemporaryProgramFolder folder_;

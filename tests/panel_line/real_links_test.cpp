@@ -311,6 +311,19 @@ TEST_F(TcpLinkTest, ASocketThatIsInUseIsClosedByTheNextRequest) {
   }));
 }
 
+TEST_F(TcpLinkTest, BytesTheEndOfTheLineAndTheTimeEndAWaitAtTheSocket) {
+  EXPECT_FALSE(TcpLink(nullptr).WaitForInput(60'000));
+  EXPECT_TRUE(link_.WaitForInput(1));
+  EXPECT_EQ(link_.ReadAvailable(), "");
+  panel_->write("<ID1A>\r\n");
+  ASSERT_TRUE(panel_->flush());
+  EXPECT_TRUE(link_.WaitForInput(60'000));
+  EXPECT_EQ(link_.ReadAvailable(), "<ID1A>\r\n");
+  panel_->abort();
+  EXPECT_TRUE(link_.WaitForInput(60'000));
+  EXPECT_TRUE(link_.IsLost());
+}
+
 TEST(WindowTickTimer, TicksComeAlsoWhereInputNeverEnds) {
   EventWaiter waiter;
   WindowTickTimer timer(nullptr, waiter);

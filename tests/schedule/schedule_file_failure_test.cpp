@@ -12,7 +12,7 @@ class ScheduleFileFailure : public ScheduleFile {
   /// Expects that the file is refused for `fault`, which stands in line `line`.
   void ExpectFailure(const QString& path, FileFault fault, int line, const char* found = "") {
     Brivon1::FileFailure why;
-    EXPECT_FALSE(Brivon1::LoadScheduleFile(path, nullptr, &why));
+    EXPECT_FALSE(Brivon1::LoadScheduleFile(path, &why));
     EXPECT_EQ(why.fault, fault);
     EXPECT_EQ(why.line, line);
     EXPECT_EQ(why.found.toStdString(), found);

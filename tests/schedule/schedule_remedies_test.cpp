@@ -19,10 +19,12 @@ class ScheduleRemedies : public testing::Test {
   /// Why the editor cannot open the schedule; "%1" is its path.
   std::string Opening(const QByteArray& lines) {
     const QString path = folder_.Write(u"week.sch"_s, QByteArray(kHeader) + lines);
-    QString remedy;
-    const bool is_open = Brivon1::LoadScheduleFile(path, &remedy).has_value();
-    EXPECT_EQ(is_open, remedy.isEmpty());
-    return remedy.replace(path, u"%1"_s).toStdString();
+    Brivon1::FileFailure failure;
+    if (Brivon1::LoadScheduleFile(path, &failure)) {
+      EXPECT_EQ(failure.fault, Brivon1::FileFault::kNone);
+      return {};
+    }
+    return Brivon1::ScheduleFileRemedy(path, failure).replace(path, u"%1"_s).toStdString();
   }
 
   /// Why a file with that path cannot enter a schedule of two rows and 96 columns.
@@ -66,9 +68,10 @@ TEST_F(ScheduleRemedies, TheMessageThatIsMissingIsNamed) {
 
 TEST_F(ScheduleRemedies, AFileThatIsNoScheduleIsCalledByItsOwnKind) {
   const QString path = WritePage(u"page.msg"_s);
-  QString remedy;
-  EXPECT_FALSE(Brivon1::LoadScheduleFile(path, &remedy));
-  EXPECT_EQ(remedy, path + u" is a page.\nChoose a schedule (.sch)."_s);
+  Brivon1::FileFailure failure;
+  EXPECT_FALSE(Brivon1::LoadScheduleFile(path, &failure));
+  EXPECT_EQ(Brivon1::ScheduleFileRemedy(path, failure),
+            path + u" is a page.\nChoose a schedule (.sch)."_s);
 }
 
 TEST_F(ScheduleRemedies, AScheduleOfWhichNothingCanBeSentSaysWhyWithoutAText) {

@@ -19,7 +19,9 @@ constexpr const char* kHeader = "*** Brivon Shift Message File ***\r\n";
 std::string Remedy(const QByteArray& content) {
   const TemporaryProgramFolder folder;
   const QString path = folder.Write(u"text.srl"_s, content);
-  return Brivon1::ScrollingFileRemedy(path).replace(path, u"%1"_s).toStdString();
+  Brivon1::FileFailure failure;
+  EXPECT_FALSE(Brivon1::ReadScrollingMessage(path, &failure));
+  return Brivon1::ScrollingFileRemedy(path, failure).replace(path, u"%1"_s).toStdString();
 }
 
 TEST(ScrollingRemedies, AFileWithoutATextLineIsSaidToHaveNone) {
