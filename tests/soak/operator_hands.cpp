@@ -128,3 +128,29 @@ void VisitAnEditor(Random& random, const HostileLines& lines) {
   QTest::keyClick(editor.get(), Qt::Key_Escape);
   if (editor->isVisible()) qFatal("the editor cannot be left");
 }
+
+void ShowEveryCharacter(const HostileLines& lines) {
+  constexpr int kPages = 3;
+  constexpr int kRows = 12;
+  constexpr int kCharacters = 150;
+  int number = 0;
+  for (int page = 0; page < kPages; ++page) {
+    QByteArray file = "*** Brivon Message File ***\r\nRow = 12\r\nCol = 2400\r\n";
+    for (int row = 1; row <= kRows; ++row) {
+      file += "<L" + QByteArray::number(row).rightJustified(2, '0') + '>';
+      for (int count = 0; count < kCharacters; ++count, ++number) {
+        file += "<S" + QByteArray(1, static_cast<char>('A' + number % 4)) + "><C" +
+                static_cast<char>('A' + number / 4 % 16) + '>' +
+                static_cast<char>(0xA1 + number / 64 % 94);
+      }
+      file += "\r\n";
+    }
+    const QString path = lines.Folder().Write(u"all.msg"_s, file);
+    const BoxClicker boxes;
+    frmMsgEditor editor;
+    editor.show();
+    const FileChooser chooser(path);
+    Click(&editor, "butOpen");
+    for (int row = 1; row <= kRows; ++row) Row(&editor, row)->grab();
+  }
+}

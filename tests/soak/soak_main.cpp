@@ -45,6 +45,7 @@ class Soak {
     QObject::connect(&each_second_, &QTimer::timeout,
                      [this] { watch_.Measure(false, transfers_); });
     each_second_.start(kSecond);
+    ShowEveryCharacter(lines_);
   }
 
   /// Whether nothing was wrong.
