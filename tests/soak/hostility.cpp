@@ -75,14 +75,13 @@ Hostility RandomHostility(Random& random, bool is_acknowledged) {
   return hostility;
 }
 
-Outlook OutlookOf(const Work& work, const Hostility& hostility, bool over_tcp) {
+Outlook OutlookOf(const Work& work, const Hostility& hostility) {
   const Faults& faults = hostility.faults;
   if (hostility.is_refused) return hostility.stopped_at < 0 ? Outlook::kFails : Outlook::kOpen;
   if (!hostility.IsOnlyFaults()) return Outlook::kOpen;
-  const bool is_clock = work.kind == WorkKind::kSetClock;
-  if (is_clock) return Outlook::kFinishes;
-  const bool is_open_end = faults.close_after_frame > 0 && (work.panel.id == 0 || over_tcp);
-  if (work.panel.id == 0) return is_open_end ? Outlook::kOpen : Outlook::kFinishes;
+  if (work.kind == WorkKind::kSetClock) return Outlook::kFinishes;
+  // Nobody answers a frame to all panels, so that the moment of a cut decides.
+  if (work.panel.id == 0) return faults.close_after_frame > 0 ? Outlook::kOpen : Outlook::kFinishes;
   if (faults.silent || faults.flood || faults.silent_answers >= kAttempts) return Outlook::kFails;
   if (!AnswersInTime(faults)) return Outlook::kOpen;
   const bool is_misunderstood = faults.lower_case && HasHexadecimalLetter(work.panel.id);

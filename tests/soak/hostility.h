@@ -28,4 +28,4 @@ enum class Outlook { kFinishes, kFails, kOpen };
 
 /// How a transfer of `work` must end; kOpen where that hangs on moments that are no matter of
 /// promises.
-Outlook OutlookOf(const Work& work, const Hostility& hostility, bool over_tcp);
+Outlook OutlookOf(const Work& work, const Hostility& hostility);

@@ -15,6 +15,6 @@ Told SendFromItsWindow(const Work& work, const HostileLines& lines, int stop_aft
 /// Opens one of the three editors, loads or types something, and leaves it without saving.
 void VisitAnEditor(Random& random, const HostileLines& lines);
 
-/// Shows more different characters than an editor keeps the pictures of: what it keeps does not grow
-/// from then on.
+/// Shows more different characters than an editor keeps the pictures of: what it keeps does not
+/// grow from then on.
 void ShowEveryCharacter(const HostileLines& lines);

@@ -145,7 +145,7 @@ Site::Outcome Site::Transfer(qint64 serial) {
   const Told told = Send(work);
   Outcome outcome{told.end, LeftOver(), received_.size(), serial_.Cuts() > cuts};
   if (outcome.wrong.isEmpty()) {
-    outcome.wrong = Wrong(told, work, hostility, over_tcp, time_.Now() - begin);
+    outcome.wrong = Wrong(told, work, hostility, time_.Now() - begin);
   }
   LetItEnd();
   if (outcome.wrong.isEmpty() && time_.Pending() > 0) outcome.wrong = u"something goes on"_s;
@@ -177,11 +177,11 @@ QString Site::LeftOver() const {
   return {};
 }
 
-QString Site::Wrong(const Told& told, const Work& work, const Hostility& hostility, bool over_tcp,
+QString Site::Wrong(const Told& told, const Work& work, const Hostility& hostility,
                     qint64 milliseconds) const {
   const QString untruth = Untruth(told, work, engine_, received_);
   if (!untruth.isEmpty()) return u"what was told is not true: "_s + untruth;
-  const Outlook outlook = OutlookOf(work, hostility, over_tcp && work.kind != WorkKind::kScrolling);
+  const Outlook outlook = OutlookOf(work, hostility);
   if (outlook == Outlook::kFinishes && told.end != Told::End::kFinished) return u"not finished"_s;
   if (outlook == Outlook::kFails && told.end != Told::End::kFailed) return u"not failed"_s;
   if (told.end == Told::End::kStopped && hostility.stopped_at < 0) return u"nobody stopped it"_s;

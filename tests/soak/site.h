@@ -42,7 +42,7 @@ class Site {
   /// Lets the time pass until nothing is to happen any more.
   void LetItEnd();
   QString LeftOver() const;
-  QString Wrong(const Told& told, const Work& work, const Hostility& hostility, bool over_tcp,
+  QString Wrong(const Told& told, const Work& work, const Hostility& hostility,
                 qint64 milliseconds) const;
 
   Random random_;

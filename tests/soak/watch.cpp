@@ -10,7 +10,7 @@ namespace {
 constexpr double kKibInAll = 256;
 constexpr double kPiecesInAll = 2;
 /// In a shorter time too few moments are calm.
-constexpr double kShortestTime = 2;
+constexpr double kShortestTime = 4.5;
 
 struct Quantity {
   const char* name;
@@ -20,7 +20,7 @@ struct Quantity {
 
 constexpr Quantity kQuantities[] = {
     {"allocated KiB", [](const Usage& usage) { return usage.allocated_kib; }, kKibInAll},
-    {"resident KiB", [](const Usage& usage) { return usage.resident_kib; }, 4 * kKibInAll},
+    {"resident KiB", [](const Usage& usage) { return usage.resident_kib; }, 8 * kKibInAll},
     {"proportional KiB", [](const Usage& usage) { return usage.proportional_kib; }, 0},
     {"descriptors", [](const Usage& usage) { return double(usage.descriptors); }, kPiecesInAll},
     {"threads", [](const Usage& usage) { return double(usage.threads); }, kPiecesInAll},
