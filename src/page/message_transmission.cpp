@@ -1,5 +1,7 @@
 #include "page/message_transmission.h"
 
+#include <algorithm>
+
 #include "base/file_checks.h"
 #include "language/further_texts.h"
 #include "page/message_file.h"
@@ -19,6 +21,45 @@ QByteArray MessageFrame(const QByteArray& file_line, int id, const QByteArray& p
   const PanelLine line = AsPanelLine(file_line, colour_type);
   return AckPrefix(id) + line.code + "<P" + page + '>' + line.text + " \r\n";
 }
+
+/// Which rows have left this machine, with every attempt. On a slow line the answer to an earlier
+/// attempt is taken for that to a row whose own bytes still wait here; and what is given up of a
+/// row's further attempt may cut the row that had arrived.
+class RowsOnTheirWay {
+ public:
+  explicit RowsOnTheirWay(const PanelLink& link) : link_(link) {}
+
+  /// To be called ahead of each attempt.
+  void TakeInAttempt(int row, qsizetype size) {
+    written_ += size;
+    if (row > ends_.size()) {
+      others_wait_ = link_.Unsent() > 0;
+      ends_.append(written_);
+    } else {
+      ends_.last() = written_;
+    }
+  }
+
+  /// How many of the first `rows` have not left.
+  int Waiting(int rows) {
+    // A lost line does not say.
+    if (!link_.IsLost()) {
+      left_ = written_ - link_.Unsent();
+    } else if (!others_wait_) {
+      left_ = written_;
+    }
+    while (gone_ < rows && ends_.at(gone_) <= left_) ++gone_;
+    return rows - gone_;
+  }
+
+ private:
+  const PanelLink& link_;
+  QList<qint64> ends_;  // of each row's last attempt, counted in bytes written
+  qint64 written_ = 0;
+  qint64 left_ = 0;
+  bool others_wait_ = false;  // whether other attempts waited ahead of the last row's first one
+  int gone_ = 0;
+};
 
 }  // namespace
 
@@ -46,19 +87,29 @@ bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArr
     return false;
   }
   line.progress.rows = panel.rows;
-  for (qsizetype row = 0; row < frames->size(); ++row) {
-    line.progress.row = static_cast<int>(row) + 1;
+  line.progress.unproven = 0;
+  RowsOnTheirWay on_their_way(line.link);
+  for (int row = 1; row <= panel.rows; ++row) {
+    line.progress.row = row;
+    const QByteArray& frame = frames->at(row - 1);
     const auto show_status = [&](const QString& text) {
-      line.status(TranslateText(text).arg(row + 1));
+      line.status(TranslateText(text).arg(row));
+    };
+    const auto begin_attempt = [&] {
+      on_their_way.TakeInAttempt(row, frame.size());
+      show_status(u" Sending Line %1"_s);
     };
     DiscardInput(line.link);
-    if (!SendUntilAcknowledged(line, id, frames->at(row),
-                               [&] { show_status(u" Sending Line %1"_s); })) {
+    if (!SendUntilAcknowledged(line, id, frame, begin_attempt)) {
+      line.progress.unproven = on_their_way.Waiting(row - 1);
       return false;
     }
     show_status(u" Sending Line %1 <--- Ack"_s);
   }
-  if (!HasArrived(line, id)) return false;
+  const int waiting = on_their_way.Waiting(panel.rows);
+  line.progress.unproven = std::max(waiting - 1, 0);  // of the rows before the last one
+  if ((waiting > 0 && line.link.IsLost()) || !HasArrived(line, id)) return false;
+  line.progress.unproven = 0;
   WaitTicks(line.timer, line.configuration.delay_period);
   return true;
 }

@@ -24,6 +24,11 @@ class PanelLink {
   /// How fast what was written leaves, at the least, in bits per second; a byte is ten bits.
   virtual int Speed() const = 0;
 
+  /// Gives up what has not left. Of a frame that has left in part only, the panel would take the
+  /// next one for the rest: where it does not see the line closing, a line end follows, which is
+  /// all that Unsent() counts then. Any other line is closed.
+  virtual void GiveUp() { Close(); }
+
   /// Everything that has arrived at this machine since the last read, removed from the line. What a
   /// panel sends without end is handed over in bounded portions.
   virtual QByteArray ReadAvailable() = 0;

@@ -10,8 +10,9 @@
 namespace Brivon1 {
 
 struct Progress {
-  int row = 0;   ///< The row of a page that is being sent, from 1; 0 in a frame that is no row.
-  int rows = 0;  ///< How many the page has.
+  int row = 0;       ///< The row of a page that is being sent, from 1; 0 in a frame that is no row.
+  int rows = 0;      ///< How many the page has.
+  int unproven = 0;  ///< Of the rows before it: acknowledged while their own bytes had not left.
   int file = 0;  ///< The message file of a schedule that is being sent, from 1, or was sent last.
   int files = 0;
   QString file_name = {};

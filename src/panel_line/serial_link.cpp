@@ -91,6 +91,13 @@ qint64 SerialLink::Unsent() const {
   return waiting_.size() + port_->bytesToWrite() + BytesInSystem(port_->handle());
 }
 
+void SerialLink::GiveUp() {
+  if (Unsent() == 0) return;
+  waiting_.clear();
+  port_->clear(QSerialPort::Output);
+  Write("\r\n");
+}
+
 QByteArray SerialLink::ReadAvailable() {
   const bool answer_is_due = std::exchange(answer_is_due_, false);
   if (port_->isOpen() && !is_lost_ && (answer_is_due || HasWaitingInput(port_->handle()))) {

@@ -22,6 +22,7 @@ class SerialLink : public QObject, public SerialPort {
   void Write(const QByteArray& bytes) override;
   qint64 Unsent() const override;
   int Speed() const override { return port_->baudRate(); }
+  void GiveUp() override;
   QByteArray ReadAvailable() override;
   bool IsLost() const override { return is_lost_; }
   void Close() override;

@@ -80,16 +80,25 @@ void WaitTicks(TickTimer& timer, int milliseconds) {
 bool DrainLink(PanelLink& link, MillisecondClock& clock, const StopRequest& stop,
                const std::function<void(qint64 milliseconds)>& left_for) {
   constexpr qint64 kBetweenLooks = 10;  // nothing says that the system's buffer is empty
-  const qint64 end = clock.Milliseconds() + LongestDrain(link.Unsent(), link.Speed());
+  constexpr qint64 kLongestLineEnd = 1000;
+  qint64 end = clock.Milliseconds() + LongestDrain(link.Unsent(), link.Speed());
+  bool is_given_up = false;
   while (link.Unsent() > 0) {
+    if (stop.made && !is_given_up) {
+      is_given_up = true;
+      link.GiveUp();
+      end = clock.Milliseconds() + kLongestLineEnd;
+      continue;
+    }
     if (left_for) left_for(SendingTime(link.Unsent(), link.Speed()));
     const qint64 left = end - clock.Milliseconds();
-    if (stop.made || left <= 0 || !clock.WaitForEvent(std::min(left, kBetweenLooks))) {
+    if (left <= 0 || !clock.WaitForEvent(std::min(left, kBetweenLooks))) {
       link.Close();
       return false;
     }
   }
-  return !link.IsLost();
+  if (is_given_up) link.Close();
+  return !is_given_up && !link.IsLost();
 }
 
 bool WaitMilliseconds(MillisecondClock& clock, qint64 milliseconds, const StopRequest& stop) {

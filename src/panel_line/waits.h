@@ -32,7 +32,8 @@ void WaitTicks(TickTimer& timer, int milliseconds);
 /// Waits until everything that was written to `link` has left, for as long as a line of its speed
 /// needs for that and two seconds more. False when the line is lost, the time is over, the program
 /// ends or a stop is asked for; the last three close the line, since what it has not taken by then
-/// is given up. Meanwhile `left` is told, again and again, how many milliseconds it still needs.
+/// is given up, after a stop not before the frame has its line end. Meanwhile `left` is told, again
+/// and again, how many milliseconds it still needs.
 bool DrainLink(PanelLink& link, MillisecondClock& clock, const StopRequest& stop = {},
                const std::function<void(qint64 milliseconds)>& left = {});
 

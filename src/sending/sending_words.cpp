@@ -78,7 +78,7 @@ QString ArrivedText(const Progress& progress, int id) {
   }
   if (progress.is_schedule) return FilesArrived(progress.files, progress.files);
   if (progress.rows == 0) return TranslateMessage(u"The panel has not acknowledged it."_s);
-  const int arrived = std::max(progress.row - 1, 0);
+  const int arrived = std::max(progress.row - 1 - progress.unproven, 0);
   const QString rows = TranslateMessage(u"%1 of %2 rows have arrived, missing: %3."_s)
                            .arg(arrived)
                            .arg(progress.rows)

@@ -121,6 +121,26 @@ TEST_F(SerialLinkTest, ALineThatTakesNothingIsGivenUpWhileTheWindowLives) {
   EXPECT_EQ(terminal_.Received().mid(before), "<ID1A><?>\r\n");
 }
 
+TEST_F(SerialLinkTest, AFrameThatAStopCutsIsEndedSoThatTheNextOneIsReadByItself) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  link_.Write(QByteArray(100000, 'x'));
+  const qsizetype before = terminal_.Received().size();
+  ASSERT_GT(before, 0);
+  EXPECT_FALSE(DrainLink(link_, clock_, {.made = true}));
+  EXPECT_EQ(terminal_.Received().mid(before), "\r\n");
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  link_.Write("<ID1A><?>\r\n");
+  EXPECT_TRUE(CloseSerialPort(link_, clock_));
+  EXPECT_EQ(terminal_.Received().mid(before), "\r\n<ID1A><?>\r\n");
+}
+
+TEST_F(SerialLinkTest, AFrameThatHasLeftIsNotEndedOnceMore) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  link_.Write("<ID1A><?>\r\n");
+  EXPECT_TRUE(CloseSerialPort(link_, clock_, {.made = true}));
+  EXPECT_EQ(terminal_.Received(), "<ID1A><?>\r\n");
+}
+
 TEST_F(SerialLinkTest, APortThatIsLostWhileAFrameWaitsIsFoundOut) {
   ASSERT_TRUE(link_.Open(terminal_.Device(), "300,N,8,1"));
   link_.Write(QByteArray(100000, 'x'));

@@ -50,6 +50,10 @@ class MemoryLine : public Link {
   bool IsOpen() const { return is_open_; }
   int Openings() const { return openings_; }
 
+  /// Whether the other end forgets half a frame when the line is closed, as one does that sees the
+  /// closing. A panel at three wires does not.
+  bool sees_closing = true;
+
   /// Called when the open line is about to be closed.
   std::function<void()> on_close = [] {};
 
@@ -87,7 +91,7 @@ class MemoryLine : public Link {
     target_ = target;
     is_open_ = is_plugged_;
     is_lost_ = !is_plugged_;
-    splitter_ = {};
+    if (sees_closing) splitter_ = {};
     input_.clear();
     busy_to_ = 0;
     return is_open_;

@@ -2,6 +2,7 @@
 // line, whose every move is written down with the millisecond at which it happened.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
 
@@ -21,6 +22,9 @@ class VirtualTime {
   /// Moves to the next moment at which something is due, at most to `limit` (-1: no limit), and
   /// lets it happen. A wait for nothing at all is a mistake that ends the test program.
   void Advance(qint64 limit = -1);
+
+  /// How much is still to happen.
+  std::size_t Pending() const { return due_.size(); }
 
   /// Writes down "@<now> <what>".
   void Note(const QString& what);
