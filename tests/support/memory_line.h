@@ -50,6 +50,9 @@ class MemoryLine : public Link {
   bool IsOpen() const { return is_open_; }
   int Openings() const { return openings_; }
 
+  /// Called when somebody has tried to open the line, in vain or not.
+  std::function<void()> on_open = [] {};
+
   /// Called when the open line is about to be closed.
   std::function<void()> on_close = [] {};
 
@@ -90,6 +93,7 @@ class MemoryLine : public Link {
     splitter_ = {};
     input_.clear();
     busy_to_ = 0;
+    on_open();
     return is_open_;
   }
 
