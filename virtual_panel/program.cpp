@@ -1,6 +1,5 @@
 #include "virtual_panel/program.h"
 
-#include <algorithm>
 #include <cstdio>
 
 #include <QBuffer>
@@ -48,8 +47,7 @@ bool Program::OpenLines(QString* error) {
   lines_.SetExposed(options_.exposed);
   if (!options_.tcp_addresses.isEmpty()) {
     const auto lines = static_cast<int>(options_.tcp_addresses.size());
-    const int free_descriptors = RaiseDescriptorLimit() - kDescriptorsOfOthers;
-    lines_.SetMostConnections(std::max(free_descriptors / lines, 1));
+    lines_.SetMostConnections(MostConnections(RaiseDescriptorLimit(), lines));
   }
   for (const QString& address : std::as_const(options_.tcp_addresses)) {
     if (!lines_.OpenTcp(address, error)) return false;

@@ -51,6 +51,9 @@ class Caller {
     return size < 0 ? 0 : static_cast<size_t>(size);
   }
 
+  /// Ends the line in its own direction, as a program does that has sent everything.
+  void SayNoMore() { ::shutdown(socket_, SHUT_WR); }
+
   /// Everything that has been answered.
   const std::string& Answer() {
     char bytes[256];

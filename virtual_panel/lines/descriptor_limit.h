@@ -9,7 +9,8 @@ int RaiseDescriptorLimit();
 
 inline constexpr int kMostDescriptors = 16'384;
 
-// Of these, files, terminals and the window's own keep so many.
-inline constexpr int kDescriptorsOfOthers = 64;
+// How many connections each of `tcp_lines` may have with so many descriptors: most of them, with
+// some kept for every other line, for files, terminals and the window; at least one.
+int MostConnections(int descriptors, int tcp_lines);
 
 }  // namespace VirtualPanel

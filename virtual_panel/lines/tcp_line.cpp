@@ -23,7 +23,8 @@ TcpLine::TcpLine(PanelEngine* engine, QObject* parent) : QObject(parent), engine
   server_.setListenBacklogSize(kBacklog);
   again_.setInterval(kAcceptAgainMs);
   again_.setSingleShot(true);
-  connect(&server_, &QTcpServer::newConnection, this, &TcpLine::Accept);
+  // Queued, it accepts a few at a time, as the server has room for them: a rush has to wait.
+  connect(&server_, &QTcpServer::newConnection, this, &TcpLine::Accept, Qt::QueuedConnection);
   // The server has stopped accepting then, or it would try the same over and over.
   connect(&server_, &QTcpServer::acceptError, &again_, qOverload<>(&QTimer::start));
   turns_.setInterval(0);
