@@ -1,6 +1,10 @@
 #include "lines/tcp_line.h"
 
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include <QElapsedTimer>
@@ -14,6 +18,8 @@ namespace {
 // As many as the system allows: who waits there is not told to try again.
 constexpr int kBacklog = 4096;
 constexpr int kAcceptAgainMs = 100;
+// A rush of callers has to wait.
+constexpr int kCallsAtATime = 30;
 // How long callers are heard before other lines have their turn.
 constexpr qint64 kTurnsMs = 5;
 
@@ -23,20 +29,23 @@ TcpLine::TcpLine(PanelEngine* engine, QObject* parent) : QObject(parent), engine
   server_.setListenBacklogSize(kBacklog);
   again_.setInterval(kAcceptAgainMs);
   again_.setSingleShot(true);
-  // Queued, it accepts a few at a time, as the server has room for them: a rush has to wait.
-  connect(&server_, &QTcpServer::newConnection, this, &TcpLine::Accept, Qt::QueuedConnection);
-  // The server has stopped accepting then, or it would try the same over and over.
-  connect(&server_, &QTcpServer::acceptError, &again_, qOverload<>(&QTimer::start));
   turns_.setInterval(0);
   connect(&turns_, &QTimer::timeout, this, &TcpLine::HearSome);
-  connect(&again_, &QTimer::timeout, &server_, &QTcpServer::resumeAccepting);
+  connect(&again_, &QTimer::timeout, this, [this] {
+    if (calls_ != nullptr) calls_->setEnabled(true);
+  });
 }
 
 TcpLine::~TcpLine() { Close(); }
 
 bool TcpLine::Listen(const QHostAddress& address, quint16 port) {
   Close();
-  return server_.listen(address, port);
+  if (!server_.listen(address, port)) return false;
+  // The server itself would try again and again to accept where no descriptor is left.
+  server_.pauseAccepting();
+  calls_ = std::make_unique<QSocketNotifier>(server_.socketDescriptor(), QSocketNotifier::Read);
+  connect(calls_.get(), &QSocketNotifier::activated, this, &TcpLine::Accept);
+  return true;
 }
 
 int TcpLine::ConnectionCount() const {
@@ -51,24 +60,42 @@ void TcpLine::DropConnections() {
 
 void TcpLine::Close() {
   again_.stop();
+  calls_.reset();
   server_.close();
   DropConnections();
 }
 
 void TcpLine::Accept() {
-  while (QTcpSocket* socket = server_.nextPendingConnection()) {
-    if (connections_.size() >= most_connections_) {
-      socket->abort();
-      socket->deleteLater();
+  for (int call = 0; call < kCallsAtATime; ++call) {
+    const int descriptor = ::accept4(static_cast<int>(server_.socketDescriptor()), nullptr, nullptr,
+                                     SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (descriptor >= 0) {
+      Take(descriptor);
       continue;
     }
-    auto* connection = new TcpConnection(engine_, socket, this);
-    connections_.insert(connection, {});
-    connect(connection, &TcpConnection::HasSpoken, this, [this, connection] { Queue(connection); });
-    connect(connection, &TcpConnection::Worked, this, [this, connection] { Count(connection); });
-    connect(connection, &TcpConnection::Closed, this, [this, connection] { Forget(connection); });
-    if (connection->HasInput()) Queue(connection);
+    const bool has_given_up = errno == ECONNABORTED || errno == EINTR;
+    if (has_given_up) continue;
+    // Nobody else is there; or the system has no descriptor or no memory, now.
+    if (errno != EAGAIN) {
+      calls_->setEnabled(false);
+      again_.start();
+    }
+    return;
   }
+}
+
+void TcpLine::Take(int descriptor) {
+  if (connections_.size() >= most_connections_) {
+    ::close(descriptor);
+    return;
+  }
+  auto* socket = new QTcpSocket;
+  socket->setSocketDescriptor(descriptor);
+  auto* connection = new TcpConnection(engine_, socket, this);
+  connections_.insert(connection, {});
+  connect(connection, &TcpConnection::HasSpoken, this, [this, connection] { Queue(connection); });
+  connect(connection, &TcpConnection::Worked, this, [this, connection] { Count(connection); });
+  connect(connection, &TcpConnection::Closed, this, [this, connection] { Forget(connection); });
 }
 
 void TcpLine::Queue(TcpConnection* connection) {

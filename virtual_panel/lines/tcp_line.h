@@ -3,9 +3,12 @@
 // leaves the other lines their turn.
 #pragma once
 
+#include <memory>
+
 #include <QHash>
 #include <QHostAddress>
 #include <QQueue>
+#include <QSocketNotifier>
 #include <QTcpServer>
 #include <QTimer>
 
@@ -53,13 +56,15 @@ class TcpLine : public QObject {
   };
 
   void Accept();
+  void Take(int descriptor);
   void Queue(TcpConnection* connection);
   void HearSome();
   void Count(TcpConnection* connection);
   void Forget(TcpConnection* connection);
 
   PanelEngine* engine_;
-  QTcpServer server_;
+  QTcpServer server_;  // listens, and no more
+  std::unique_ptr<QSocketNotifier> calls_;
   QTimer again_;  // until connections are accepted again, after one that could not be
   int most_connections_ = kMostConnections;
   QQueue<TcpConnection*> speaking_;

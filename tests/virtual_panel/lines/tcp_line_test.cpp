@@ -8,8 +8,11 @@
 #include <memory>
 #include <vector>
 
+#include <QAbstractEventDispatcher>
+#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTcpSocket>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -200,6 +203,13 @@ TEST_F(TcpLineTest, AcceptsAgainWhenTheSystemHasDescriptorsAgain) {
     EXPECT_EQ(Exchange(&known, "<ID1A><?>\r\n"), "<ID1A>\r\n");
   }
   EXPECT_EQ(line_.ConnectionCount(), 1);
+  // It waits, asleep.
+  const QSignalSpy awakenings(QAbstractEventDispatcher::instance(),
+                              &QAbstractEventDispatcher::awake);
+  QEventLoop loop;
+  QTimer::singleShot(300, &loop, &QEventLoop::quit);
+  loop.exec();
+  EXPECT_LT(awakenings.count(), 50);
   ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
   EXPECT_TRUE(WaitUntil([&] { return line_.ConnectionCount() == 2; }));
   ::close(caller);

@@ -12,8 +12,8 @@ namespace VirtualPanel {
 namespace {
 
 TEST(TcpTurns, AnotherLineIsServedLongBeforeManyCallersHaveBeenHeardToTheEnd) {
-  constexpr int kCallers = 50;
-  constexpr int kPolls = 3000;
+  constexpr int kCallers = 200;
+  constexpr int kPolls = 372;
   PanelEngine engine({{26, 4, 96, true}});
   TcpLine busy(&engine);
   TcpLine other(&engine);
