@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Tries every fault of a line at every moment of every window that sends: in virtual time, and then
-# over real sockets and pseudo-terminals in real time, which takes about twenty minutes. Takes
+# over real sockets and pseudo-terminals in real time, which takes about a quarter of an hour. Takes
 # options for GoogleTest, such as --gtest_filter=*Page*.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

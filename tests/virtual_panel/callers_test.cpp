@@ -81,7 +81,7 @@ class Callers : public ProgramTest {
     const qint64 tcp = timer.restart();
     EXPECT_EQ(Exchange(&terminal_, kPoll), kAnswer) << meanwhile;
     longest_ = std::max({longest_, tcp, timer.elapsed()});
-    std::printf("%-44s tcp %4lld ms, terminal %4lld ms, %6lld kB\n", meanwhile,
+    std::printf("%-36s tcp %4lld ms, terminal %4lld ms, %6lld kB\n", meanwhile,
                 static_cast<long long>(tcp), static_cast<long long>(timer.elapsed()),
                 static_cast<long long>(Memory()));
   }
