@@ -21,9 +21,13 @@ struct KnownOptions {
   QCommandLineOption panel{u"panel"_s, u"A panel, such as 1:4x96:tri (may be repeated)."_s,
                            u"ID:ROWSxCOLUMNS:mono|tri"_s};
   QCommandLineOption tcp{u"tcp"_s,
-                         u"Listen on a TCP port; port 0 takes any free one. Without any "
-                         "line: 127.0.0.1:%1."_s.arg(kUsualPort),
+                         u"Listen on a TCP port; port 0 takes any free one. Without an address: "
+                         "127.0.0.1. Without any line: 127.0.0.1:%1."_s.arg(kUsualPort),
                          u"[ADDRESS:]PORT"_s};
+  QCommandLineOption expose{
+      u"expose"_s,
+      u"Let --tcp take an address that other machines reach, such as 0.0.0.0. Whoever reaches it "
+      "can change what the panels show."_s};
   QCommandLineOption serial{u"serial"_s, u"Answer on a serial port."_s, u"DEVICE"_s};
   QCommandLineOption baud{u"baud"_s, u"Its baud rate (9600)."_s, u"N"_s, u"9600"_s};
   QCommandLineOption pty{u"pty"_s, u"Make a pseudo-terminal and a symbolic link to it."_s,
@@ -164,6 +168,7 @@ class Reader {
 
   bool ReadLines() {
     options_.tcp_addresses = parser_.values(known_.tcp);
+    options_.exposed = parser_.isSet(known_.expose);
     options_.pty_links = parser_.values(known_.pty);
     options_.serial_devices = parser_.values(known_.serial);
     if (options_.tcp_addresses.isEmpty() && options_.pty_links.isEmpty() &&
@@ -190,9 +195,10 @@ std::variant<Options, HelpText, BadUse> ParseOptions(const QStringList& argument
   QCommandLineParser parser;
   parser.setApplicationDescription(
       u"LED text panels on the desk: what they are sent is acknowledged and shown."_s);
-  parser.addOptions({known.help, known.version, known.panel, known.tcp, known.serial, known.baud,
-                     known.pty, known.headless, known.log, known.state, known.picture, known.fault,
-                     known.clock_answer, known.play, known.scroll_speed, known.code_page});
+  parser.addOptions({known.help, known.version, known.panel, known.tcp, known.expose, known.serial,
+                     known.baud, known.pty, known.headless, known.log, known.state, known.picture,
+                     known.fault, known.clock_answer, known.play, known.scroll_speed,
+                     known.code_page});
   if (!parser.parse(arguments)) return BadUse{parser.errorText()};
   if (parser.isSet(known.help)) return HelpText{parser.helpText()};
   if (parser.isSet(known.version)) {

@@ -28,6 +28,7 @@ struct Options {
   QString picture;  // empty: none
   // Where the panels are reached: at least one in the three together.
   QStringList tcp_addresses;
+  bool exposed = false;  // other machines may reach the addresses
   QStringList pty_links;
   QStringList serial_devices;
   qint32 baud_rate = 9600;

@@ -5,6 +5,7 @@
 #include <QBuffer>
 
 #include "base/code_page.h"
+#include "lines/descriptor_limit.h"
 #include "window/panel_facts.h"
 
 using namespace Qt::StringLiterals;
@@ -43,6 +44,11 @@ bool Program::OpenLines(QString* error) {
     QObject::connect(&lines_, signal, &lines_, Say);
   }
   QObject::connect(&lines_, &PanelLines::Failed, &lines_, Complain);
+  lines_.SetExposed(options_.exposed);
+  if (!options_.tcp_addresses.isEmpty()) {
+    const auto lines = static_cast<int>(options_.tcp_addresses.size());
+    lines_.SetMostConnections(MostConnections(RaiseDescriptorLimit(), lines));
+  }
   for (const QString& address : std::as_const(options_.tcp_addresses)) {
     if (!lines_.OpenTcp(address, error)) return false;
   }

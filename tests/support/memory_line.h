@@ -53,6 +53,8 @@ class MemoryLine : public Link {
   /// Whether the other end forgets half a frame when the line is closed, as one does that sees the
   /// closing. A panel at three wires does not.
   bool sees_closing = true;
+  /// Called when somebody has tried to open the line, in vain or not.
+  std::function<void()> on_open = [] {};
 
   /// Called when the open line is about to be closed.
   std::function<void()> on_close = [] {};
@@ -94,6 +96,7 @@ class MemoryLine : public Link {
     if (sees_closing) splitter_ = {};
     input_.clear();
     busy_to_ = 0;
+    on_open();
     return is_open_;
   }
 

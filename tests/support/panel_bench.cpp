@@ -79,6 +79,11 @@ void VirtualBench::PlugIn() {
   }
 }
 
+void VirtualBench::OnOpen(const std::function<void()>& opened) {
+  serial_.on_open = opened;
+  tcp_.on_open = opened;
+}
+
 void VirtualBench::OnClose(const std::function<void()>& closing) {
   serial_.on_close = closing;
   tcp_.on_close = closing;

@@ -97,6 +97,9 @@ class VirtualBench : public Bench {
   /// How often a connection was requested or a port opened, in vain or not.
   int Openings() const { return serial_.Openings() + tcp_.Openings(); }
 
+  /// `opened` is called when somebody has tried to open a line.
+  void OnOpen(const std::function<void()>& opened);
+
   /// `closing` is called when an open line is about to be closed.
   void OnClose(const std::function<void()>& closing);
 

@@ -115,6 +115,17 @@ TEST_F(ProgramTest, RefusesBadUseInWords) {
   EXPECT_TRUE(Refusal(Words("--headless --tcp 0 --baud fast")).contains(u"\"fast\""_s));
 }
 
+TEST_F(ProgramTest, IsReachedFromOtherMachinesOnlyWhereThatIsAskedFor) {
+  for (const char* address : {"0.0.0.0:0", "[::]:0"}) {
+    EXPECT_EQ(Refusal({u"--headless"_s, u"--tcp"_s, QString::fromLatin1(address)}),
+              u"virtual_panel: TCP address \"%1\": other machines could reach it; with --expose "
+              "they may\n"_s.arg(QLatin1String(address)));
+  }
+  Start(Words("--headless --tcp 0.0.0.0:0 --expose"));
+  EXPECT_TRUE(output_.startsWith(u"listening on tcp 0.0.0.0:"_s)) << output_.toStdString();
+  EXPECT_EQ(Terminate(), 0);
+}
+
 TEST_F(ProgramTest, NeverReplacesAFileByItsLink) {
   const QString path = PathOf("precious");
   QFile file(path);
@@ -131,8 +142,8 @@ TEST_F(ProgramTest, SaysWhatItCanDo) {
   EXPECT_EQ(process_.exitCode(), 0);
   const QByteArray help = process_.readAllStandardOutput();
   for (const char* option :
-       {"--panel", "--tcp", "--serial", "--baud", "--pty", "--headless", "--log", "--state",
-        "--picture", "--fault", "--clock-answer", "--play", "--scroll-speed"}) {
+       {"--panel", "--tcp", "--expose", "--serial", "--baud", "--pty", "--headless", "--log",
+        "--state", "--picture", "--fault", "--clock-answer", "--play", "--scroll-speed"}) {
     EXPECT_TRUE(help.contains(option)) << option;
   }
 }

@@ -27,6 +27,8 @@ class FrameSplitter {
  public:
   // The frames that these bytes complete, in order.
   QList<ReceivedFrame> Feed(QByteArrayView bytes);
+  // The bytes that the frame without an end takes, its room to grow included.
+  qsizetype Held() const { return pending_.capacity(); }
 
  private:
   QByteArray pending_;

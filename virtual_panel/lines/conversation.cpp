@@ -38,6 +38,12 @@ void Conversation::BytesHaveLeft() {
   if (flooding_) Flood();
 }
 
+qint64 Conversation::Held() const {
+  // A step, with the bytes that it sends on the heap.
+  constexpr qsizetype kStepSize = sizeof(Step) + 64;
+  return splitter_.Held() + steps_.size() * kStepSize + outlet_->Unsent();
+}
+
 void Conversation::Reset() {
   splitter_ = FrameSplitter();
   steps_.clear();

@@ -41,6 +41,9 @@ class Conversation : public QObject {
   void Receive(QByteArrayView bytes);
   // To be called when bytes have left: a flood goes on.
   void BytesHaveLeft();
+  // The bytes that are kept for the other end: of a frame without an end, of answers that are still
+  // to come or have not left.
+  qint64 Held() const;
   // Forgets the answers that are still to come and the frame that is half received.
   void Reset();
 

@@ -4,7 +4,6 @@
 
 #include "lines/pty_line.h"
 #include "lines/serial_line.h"
-#include "lines/tcp_line.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,8 +45,14 @@ bool PanelLines::OpenTcp(const QString& address, QString* error) {
     *error = u"TCP address \"%1\": expected ADDRESS:PORT or PORT"_s.arg(address);
     return false;
   }
+  if (!is_exposed_ && !host.isLoopback()) {
+    *error =
+        u"TCP address \"%1\": other machines could reach it; with --expose they may"_s.arg(address);
+    return false;
+  }
   auto line = std::make_unique<Line>();
   auto tcp = std::make_unique<TcpLine>(engine_);
+  tcp->SetMostConnections(most_connections_);
   line->open = [line = line.get(), tcp = tcp.get(), address, host, port](QString* reason) mutable {
     if (!tcp->Listen(host, port)) {
       *reason = u"TCP address \"%1\": %2"_s.arg(address, tcp->ErrorString());

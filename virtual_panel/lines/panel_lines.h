@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "engine/panel_engine.h"
+#include "lines/tcp_line.h"
 
 namespace VirtualPanel {
 
@@ -21,6 +22,11 @@ class PanelLines : public QObject {
   // The engine must outlive the lines.
   explicit PanelLines(PanelEngine* engine, QObject* parent = nullptr);
   ~PanelLines() override;
+
+  // Whether a TCP line may be reached from other machines; without it they are refused.
+  void SetExposed(bool exposed) { is_exposed_ = exposed; }
+  // How many connections each TCP line that is opened from now on takes.
+  void SetMostConnections(int count) { most_connections_ = count; }
 
   // Each opens one more line. False, with a sentence in *error: it cannot be opened.
   // `address` is "ADDRESS:PORT", "[ADDRESS]:PORT" or "PORT"; port 0 takes any free one.
@@ -62,6 +68,8 @@ class PanelLines : public QObject {
   PanelEngine* engine_;
   std::vector<std::unique_ptr<Line>> lines_;
   bool is_plugged_ = true;
+  bool is_exposed_ = false;
+  int most_connections_ = TcpLine::kMostConnections;
 };
 
 }  // namespace VirtualPanel

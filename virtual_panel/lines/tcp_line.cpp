@@ -1,95 +1,142 @@
 #include "lines/tcp_line.h"
 
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+#include <QElapsedTimer>
 #include <QTcpSocket>
 
-#include "lines/conversation.h"
-
-using namespace Qt::StringLiterals;
+#include "lines/tcp_connection.h"
 
 namespace VirtualPanel {
 namespace {
 
-constexpr qint64 kReadAhead = 65'536;
-
-class SocketOutlet : public Outlet {
- public:
-  explicit SocketOutlet(QTcpSocket* socket) : socket_(socket) {}
-
-  void Send(const QByteArray& bytes) override { socket_->write(bytes); }
-  qint64 Unsent() const override { return socket_->bytesToWrite(); }
-  void HangUp() override { socket_->disconnectFromHost(); }
-
- private:
-  QTcpSocket* socket_;
-};
-
-// A connection owns its socket and everything that belongs to it, and goes when the socket is
-// closed.
-class Connection : public QObject {
- public:
-  Connection(PanelEngine* engine, QTcpSocket* socket, QObject* parent)
-      : QObject(parent),
-        socket_(socket),
-        outlet_(socket),
-        conversation_(engine, u"tcp"_s, &outlet_) {
-    socket_->setParent(this);
-    socket_->setReadBufferSize(kReadAhead);
-    socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    connect(socket_, &QTcpSocket::readyRead, this, &Connection::Read);
-    connect(socket_, &QTcpSocket::bytesWritten, &conversation_, &Conversation::BytesHaveLeft);
-    connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
-    Read();
-  }
-
-  ~Connection() override { socket_->disconnect(); }
-
- private:
-  void Read() { conversation_.Receive(socket_->readAll()); }
-
-  QTcpSocket* socket_;
-  SocketOutlet outlet_;
-  Conversation conversation_;
-};
+// As many as the system allows: who waits there is not told to try again.
+constexpr int kBacklog = 4096;
+constexpr int kAcceptAgainMs = 100;
+// A rush of callers has to wait.
+constexpr int kCallsAtATime = 30;
+// How long callers are heard before other lines have their turn.
+constexpr qint64 kTurnsMs = 5;
 
 }  // namespace
 
 TcpLine::TcpLine(PanelEngine* engine, QObject* parent) : QObject(parent), engine_(engine) {
-  connect(&server_, &QTcpServer::newConnection, this, &TcpLine::Accept);
+  server_.setListenBacklogSize(kBacklog);
+  again_.setInterval(kAcceptAgainMs);
+  again_.setSingleShot(true);
+  turns_.setInterval(0);
+  connect(&turns_, &QTimer::timeout, this, &TcpLine::HearSome);
+  connect(&again_, &QTimer::timeout, this, [this] {
+    if (calls_ != nullptr) calls_->setEnabled(true);
+  });
 }
 
 TcpLine::~TcpLine() { Close(); }
 
 bool TcpLine::Listen(const QHostAddress& address, quint16 port) {
   Close();
-  return server_.listen(address, port);
+  if (!server_.listen(address, port)) return false;
+  // The server itself would try again and again to accept where no descriptor is left.
+  server_.pauseAccepting();
+  calls_ = std::make_unique<QSocketNotifier>(server_.socketDescriptor(), QSocketNotifier::Read);
+  connect(calls_.get(), &QSocketNotifier::activated, this, &TcpLine::Accept);
+  return true;
 }
 
 int TcpLine::ConnectionCount() const {
-  int count = 0;
-  for (const auto* socket : findChildren<QTcpSocket*>()) {
-    if (socket->state() == QAbstractSocket::ConnectedState) ++count;
-  }
-  return count;
+  return static_cast<int>(
+      std::count_if(connections_.keyBegin(), connections_.keyEnd(),
+                    [](const TcpConnection* connection) { return connection->IsConnected(); }));
 }
 
 void TcpLine::DropConnections() {
-  for (auto* socket : findChildren<QTcpSocket*>()) socket->abort();
+  for (TcpConnection* connection : connections_.keys()) connection->Cut();
 }
 
 void TcpLine::Close() {
+  again_.stop();
+  calls_.reset();
   server_.close();
   DropConnections();
 }
 
 void TcpLine::Accept() {
-  while (QTcpSocket* socket = server_.nextPendingConnection()) {
-    if (ConnectionCount() < kMostConnections) {
-      new Connection(engine_, socket, this);
-    } else {
-      socket->abort();
-      socket->deleteLater();
+  for (int call = 0; call < kCallsAtATime; ++call) {
+    const int descriptor = ::accept4(static_cast<int>(server_.socketDescriptor()), nullptr, nullptr,
+                                     SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (descriptor >= 0) {
+      Take(descriptor);
+      continue;
     }
+    const bool has_given_up = errno == ECONNABORTED || errno == EINTR;
+    if (has_given_up) continue;
+    // Nobody else is there; or the system has no descriptor or no memory, now.
+    if (errno != EAGAIN) {
+      calls_->setEnabled(false);
+      again_.start();
+    }
+    return;
   }
+}
+
+void TcpLine::Take(int descriptor) {
+  if (connections_.size() >= most_connections_) {
+    ::close(descriptor);
+    return;
+  }
+  auto* socket = new QTcpSocket;
+  socket->setSocketDescriptor(descriptor);
+  auto* connection = new TcpConnection(engine_, socket, this);
+  connections_.insert(connection, {});
+  connect(connection, &TcpConnection::HasSpoken, this, [this, connection] { Queue(connection); });
+  connect(connection, &TcpConnection::Worked, this, [this, connection] { Count(connection); });
+  connect(connection, &TcpConnection::Closed, this, [this, connection] { Forget(connection); });
+}
+
+void TcpLine::Queue(TcpConnection* connection) {
+  const auto caller = connections_.find(connection);
+  if (caller == connections_.end() || std::exchange(caller->is_speaking, true)) return;
+  speaking_.enqueue(connection);
+  if (!turns_.isActive()) turns_.start();
+}
+
+void TcpLine::HearSome() {
+  QElapsedTimer since_begin;
+  since_begin.start();
+  while (!speaking_.isEmpty() && since_begin.elapsed() < kTurnsMs) {
+    TcpConnection* connection = speaking_.dequeue();
+    connections_[connection].is_speaking = false;
+    connection->Hear();
+    if (connections_.contains(connection) && connection->HasInput()) Queue(connection);
+  }
+  if (speaking_.isEmpty()) turns_.stop();
+}
+
+void TcpLine::Count(TcpConnection* connection) {
+  const auto known = connections_.find(connection);
+  if (known == connections_.end()) return;
+  const qint64 held = connection->Held();
+  held_ += held - known->held;
+  known->held = held;
+  while (held_ > kMostHeld) {
+    const auto most = std::max_element(
+        connections_.cbegin(), connections_.cend(),
+        [](const Caller& one, const Caller& other) { return one.held < other.held; });
+    TcpConnection* greediest = most.key();
+    Forget(greediest);
+    greediest->Cut();
+  }
+}
+
+void TcpLine::Forget(TcpConnection* connection) {
+  const Caller caller = connections_.take(connection);
+  held_ -= caller.held;
+  if (caller.is_speaking) speaking_.removeOne(connection);
 }
 
 }  // namespace VirtualPanel

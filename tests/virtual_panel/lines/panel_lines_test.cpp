@@ -57,6 +57,21 @@ TEST_F(PanelLinesTest, RefusesAnAddressThatIsNone) {
   EXPECT_TRUE(lines_.Descriptions().isEmpty());
 }
 
+TEST_F(PanelLinesTest, RefusesAnAddressThatOtherMachinesReachUnlessItIsExposed) {
+  for (const char* address : {"0.0.0.0:0", "[::]:0", "0:0", "192.0.2.1:0", "[::ffff:0.0.0.0]:0"}) {
+    EXPECT_FALSE(lines_.OpenTcp(QString::fromLatin1(address), &error_)) << address;
+    EXPECT_EQ(error_,
+              u"TCP address \"%1\": other machines could reach it; with --expose they "
+              "may"_s.arg(QLatin1String(address)));
+  }
+  for (const char* address : {"0", "localhost:0", "127.0.0.1:0", "127.1.2.3:0", "[::1]:0"}) {
+    const bool is_open = lines_.OpenTcp(QString::fromLatin1(address), &error_);
+    EXPECT_TRUE(is_open || !error_.contains(u"--expose"_s)) << address;
+  }
+  lines_.SetExposed(true);
+  EXPECT_TRUE(lines_.OpenTcp(u"0.0.0.0:0"_s, &error_)) << error_.toStdString();
+}
+
 TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
   QTemporaryDir folder;
   const QString link = folder.filePath(u"panels"_s);

@@ -1,10 +1,18 @@
 #include "lines/tcp_line.h"
 
+#include <netinet/in.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <memory>
 #include <vector>
 
+#include <QAbstractEventDispatcher>
+#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTcpSocket>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -171,6 +179,52 @@ TEST_F(TcpLineTest, CutsMoreConnectionsThanItCanServe) {
   ASSERT_TRUE(WaitUntil([&] { return line_.ConnectionCount() == 249; }));
   Connect(&one_more);
   EXPECT_EQ(Exchange(&one_more, "<ID1A><?>\r\n"), "<ID1A>\r\n");
+}
+
+TEST_F(TcpLineTest, AcceptsAgainWhenTheSystemHasDescriptorsAgain) {
+  QTcpSocket known;
+  Connect(&known);
+  EXPECT_EQ(Exchange(&known, "<ID1A><?>\r\n"), "<ID1A>\r\n");
+  const int caller = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  ASSERT_GE(caller, 0);
+  rlimit limit{};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+  const int next = ::dup(caller);
+  ASSERT_EQ(::close(next), 0);
+  const rlimit none_left{static_cast<rlim_t>(next), limit.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none_left), 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_port = htons(line_.Port());
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  EXPECT_EQ(::connect(caller, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+  // Its turn comes and goes, and the one that is there is served all the same.
+  for (int poll = 0; poll < 20; ++poll) {
+    EXPECT_EQ(Exchange(&known, "<ID1A><?>\r\n"), "<ID1A>\r\n");
+  }
+  EXPECT_EQ(line_.ConnectionCount(), 1);
+  // It waits, asleep.
+  const QSignalSpy awakenings(QAbstractEventDispatcher::instance(),
+                              &QAbstractEventDispatcher::awake);
+  QEventLoop loop;
+  QTimer::singleShot(300, &loop, &QEventLoop::quit);
+  loop.exec();
+  EXPECT_LT(awakenings.count(), 50);
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+  EXPECT_TRUE(WaitUntil([&] { return line_.ConnectionCount() == 2; }));
+  ::close(caller);
+}
+
+TEST_F(TcpLineTest, HoldsAFrameWithoutAnEndNoLongerThanAFrameMayBe) {
+  QTcpSocket socket;
+  Connect(&socket);
+  socket.write(QByteArray(40'000, 'x'));
+  ASSERT_TRUE(WaitUntil([&] { return line_.Held() >= 40'000; }));
+  socket.write(QByteArray(1'000'000, 'x'));
+  ASSERT_TRUE(WaitUntil([&] { return socket.bytesToWrite() == 0 && line_.Held() < 1000; }));
+  socket.abort();
+  ASSERT_TRUE(WaitUntil([&] { return line_.ConnectionCount() == 0; }));
+  EXPECT_EQ(line_.Held(), 0);
 }
 
 TEST_F(TcpLineTest, SurvivesASenderThatNeverReads) {

@@ -1,0 +1,63 @@
+#include "lines/tcp_connection.h"
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
+using namespace Qt::StringLiterals;
+
+namespace VirtualPanel {
+namespace {
+
+// What waits for its turn stays with the system, but for this.
+constexpr qint64 kReadAhead = 4096;
+// A turn is as long as a long row of a page, and short beside a hundred others.
+constexpr qint64 kTurn = 1024;
+
+// A caller whose machine has gone without a word is noticed after a minute and a half.
+constexpr int kSecondsUntilAsked = 60;
+constexpr int kSecondsBetweenAsking = 10;
+constexpr int kMostAskings = 3;
+
+}  // namespace
+
+TcpConnection::TcpConnection(PanelEngine* engine, QTcpSocket* socket, QObject* parent)
+    : QObject(parent), socket_(socket), conversation_(engine, u"tcp"_s, this) {
+  socket_->setParent(this);
+  socket_->setReadBufferSize(kReadAhead);
+  socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+  NoticeDeadCallers();
+  connect(socket_, &QTcpSocket::readyRead, this, &TcpConnection::HasSpoken);
+  connect(socket_, &QTcpSocket::bytesWritten, this, [this] {
+    conversation_.BytesHaveLeft();
+    Q_EMIT Worked();
+  });
+  connect(socket_, &QTcpSocket::disconnected, this, &TcpConnection::GoOnceHeard);
+}
+
+TcpConnection::~TcpConnection() { socket_->disconnect(); }
+
+void TcpConnection::NoticeDeadCallers() {
+  socket_->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+  const int descriptor = static_cast<int>(socket_->socketDescriptor());
+  const auto set = [descriptor](int option, int value) {
+    ::setsockopt(descriptor, IPPROTO_TCP, option, &value, sizeof value);
+  };
+  set(TCP_KEEPIDLE, kSecondsUntilAsked);
+  set(TCP_KEEPINTVL, kSecondsBetweenAsking);
+  set(TCP_KEEPCNT, kMostAskings);
+}
+
+void TcpConnection::Hear() {
+  conversation_.Receive(socket_->read(kTurn));
+  Q_EMIT Worked();
+  if (socket_->state() == QAbstractSocket::UnconnectedState) GoOnceHeard();
+}
+
+void TcpConnection::GoOnceHeard() {
+  if (HasInput()) return;
+  Q_EMIT Closed();
+  deleteLater();
+}
+
+}  // namespace VirtualPanel
