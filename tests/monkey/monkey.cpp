@@ -20,8 +20,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLongestWayHome = 40;
-constexpr int kLongestWayHomeFromASend = 4000;
-constexpr int kPause = 5;  // ms
+constexpr int kLongestStop = 400;  // a step a tick: the attempt in progress, and the line's end
+constexpr int kPause = 5;          // ms
 
 const QList<VirtualPanel::PanelDescription> kPanels = {
     {1, 4, 96, true}, {2, 2, 96, true}, {26, 12, 192, false}};
@@ -124,8 +124,7 @@ void Monkey::Step() {
   const auto action = NextAction();
   if (!action) {
     is_over_ = true;
-    goes_home_ = true;
-    way_home_ = 0;
+    BeginWayHome();
     StepSoon();
     return;
   }
@@ -159,8 +158,7 @@ void Monkey::Do(const Action& action) {
   StepSoon();  // first, as what is done may open a window and return when that is closed
   if (action.verb == "pause"_L1) return;
   if (action.verb == "home"_L1) {
-    goes_home_ = true;
-    way_home_ = 0;
+    BeginWayHome();
   } else if (action.verb == "fault"_L1) {
     SetFault(action.Word(0));
   } else if (!Perform(action)) {
@@ -184,6 +182,12 @@ void Monkey::SetFault(const QString& fault) {
   }
 }
 
+void Monkey::BeginWayHome() {
+  goes_home_ = true;
+  way_home_ = 0;
+  sending_on_way_home_ = 0;
+}
+
 void Monkey::GoHome() {
   QWidget* front = Front();
   if (front == nullptr || front->objectName() == "frmMain"_L1) {
@@ -196,7 +200,8 @@ void Monkey::GoHome() {
     return;
   }
   const int step = way_home_++;
-  if (step > (IsSending() ? kLongestWayHomeFromASend : kLongestWayHome)) {
+  if (IsSending()) ++sending_on_way_home_;
+  if (sending_on_way_home_ > kLongestStop || step - sending_on_way_home_ > kLongestWayHome) {
     Fail(u"no way leads back from "_s + PathOf(front));
   }
   ActivateFront();
@@ -204,10 +209,12 @@ void Monkey::GoHome() {
   auto* box = qobject_cast<QMessageBox*>(front);
   if (box != nullptr && box->button(QMessageBox::No) != nullptr) {
     box->button(QMessageBox::No)->click();
+  } else if (box != nullptr && step % 3 == 2) {
+    PressKeys(u"Return"_s);
   } else if (step % 3 == 1) {
     front->close();
   } else {
-    PressKeys(step % 3 == 0 ? u"Esc"_s : u"Return"_s);
+    PressKeys(u"Esc"_s);
   }
 }
 

@@ -45,6 +45,8 @@ class Monkey : public QObject {
   void Do(const Action& action);
   void SetFault(const QString& fault);
 
+  void BeginWayHome();
+
   /// One step of the way back to the launcher, which must be short.
   void GoHome();
 
@@ -63,6 +65,7 @@ class Monkey : public QObject {
   bool step_is_due_ = false;
   bool goes_home_ = false;
   bool is_over_ = false;
-  int way_home_ = 0;  // steps
-  int away_ = 0;      // steps for which another window has the keyboard
+  int way_home_ = 0;             // steps
+  int sending_on_way_home_ = 0;  // of them
+  int away_ = 0;                 // steps for which another window has the keyboard
 };

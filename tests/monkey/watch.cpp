@@ -42,7 +42,7 @@ bool Watch::eventFilter(QObject* object, QEvent* event) {
   if (window == nullptr || !window->isWindow()) return false;
   if (event->type() == QEvent::Show && !event->spontaneous()) Follow(window);
   if (event->type() == QEvent::Hide && !event->spontaneous() && window == editor_) {
-    ExpectNothingLost(*window, u"the editor has gone"_s);
+    ExpectNothingLost(WorkIn(*window), u"the editor has gone"_s);
     editor_ = nullptr;
   }
   return false;
@@ -54,7 +54,7 @@ void Watch::Follow(QWidget* window) {
   if (auto* dialog = qobject_cast<QFileDialog*>(window)) {
     dialog->setOption(QFileDialog::ReadOnly);
     if (editor_ != nullptr && dialog->parentWidget() == editor_ && OpensWork(*dialog, *editor_)) {
-      ExpectNothingLost(*editor_, u"another file is to be opened"_s);
+      ExpectNothingLost(WorkIn(*editor_), u"another file is to be opened"_s);
     }
     if (dialog->acceptMode() == QFileDialog::AcceptSave) {
       connect(dialog, &QDialog::accepted, this,
@@ -64,7 +64,7 @@ void Watch::Follow(QWidget* window) {
   const QString name = window->objectName();
   if (editor_ != nullptr && window->parentWidget() == editor_ &&
       (name == "frmDimension"_L1 || name.startsWith("frmSend"_L1))) {
-    ExpectNothingLost(*editor_, name + u" is opened"_s);
+    ExpectNothingLost(WorkIn(*editor_), name + u" is opened"_s);
   }
   if (name == "frmConfig"_L1) {
     connect(window->findChild<QAbstractButton*>(u"butOK"_s), &QAbstractButton::clicked, this,
@@ -76,10 +76,20 @@ void Watch::FollowEditor(QWidget* editor) {
   if (editor_ == editor) return;
   editor_ = editor;
   given_up_.clear();
-  connect(editor->findChild<QAbstractButton*>(u"butSave"_s), &QAbstractButton::pressed, this,
-          [this, editor] { AllowFile(NameOfFile(*editor)); });
-  connect(editor->findChild<QAbstractButton*>(u"butSave"_s), &QAbstractButton::clicked, this,
-          [this, editor] { AllowFile(NameOfFile(*editor)); });
+  const auto* save = editor->findChild<QAbstractButton*>(u"butSave"_s);
+  const auto allow = [this, editor] {
+    AllowFile(NameOfFile(*editor));
+    asked_about_.clear();
+  };
+  connect(save, &QAbstractButton::pressed, this, allow);
+  connect(save, &QAbstractButton::clicked, this, allow);
+  // A new work may take the place of the old one without a dialog.
+  const auto* begin = editor->findChild<QAbstractButton*>(u"butNew"_s);
+  connect(begin, &QAbstractButton::pressed, this,
+          [this, editor] { before_new_ = WorkIn(*editor); });
+  connect(begin, &QAbstractButton::clicked, this, [this, editor] {
+    if (WorkIn(*editor) != before_new_) ExpectNothingLost(before_new_, u"new work is begun"_s);
+  });
 }
 
 void Watch::FollowBox(QMessageBox* box) {
@@ -109,7 +119,7 @@ void Watch::LookAtFolder() {
       fail_(u"a file has changed that nobody saved: "_s + path);
       return;
     }
-    if (editor_ == nullptr || path == Brivon1::ConfigurationPath()) continue;
+    if (editor_ == nullptr) continue;
     // After "Yes" the editor may have gone on to other work already.
     const QByteArray work = asked_about_.isEmpty() ? WorkIn(*editor_) : asked_about_;
     if (ComesBack(work) && !folder_.Holds(work)) {
@@ -135,10 +145,9 @@ void Watch::LookAtEditor() {
   }
 }
 
-void Watch::ExpectNothingLost(const QWidget& editor, const QString& why) {
+void Watch::ExpectNothingLost(const QByteArray& work, const QString& why) {
   if (forgives_) return;
   LookAtFolder();  // a question that was answered may have saved the work
-  const QByteArray work = WorkIn(editor);
   if (IsSafe(work) || work == given_up_) return;
   fail_(u"unsaved work is lost without the question: "_s + why);
 }

@@ -41,8 +41,8 @@ class Watch : public QObject {
   void LookAtSender(const QWidget& window) const;
   void ExpectEnabled(const QWidget& window, const QStringList& names) const;
 
-  /// The editor's work goes, or is about to: it must be on the disk or given up.
-  void ExpectNothingLost(const QWidget& editor, const QString& why);
+  /// The work of the editor goes, or is about to: it must be on the disk or given up.
+  void ExpectNothingLost(const QByteArray& work, const QString& why);
 
   bool IsSafe(const QByteArray& work) const { return IsBlank(work) || folder_.Holds(work); }
 
@@ -52,6 +52,7 @@ class Watch : public QObject {
   QPointer<QWidget> editor_;
   QByteArray given_up_;     // the work that the operator has given up, until another action is done
   QByteArray asked_about_;  // the work that "Yes" saves, until then too
+  QByteArray before_new_;   // the work when "New" was pressed
   int looks_since_answer_ = 0;
   QStringList allowed_;  // files that may change before the next look
   QStringList allowed_before_;

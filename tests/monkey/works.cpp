@@ -139,17 +139,20 @@ QStringList Folder::Look() {
     if (before != files_.end() && before->second == bytes) continue;
     changed.append(path);
     works_[path] = WorkOf(path);
+    saved_.erase(path);
   }
   for (const auto& [path, bytes] : files_) {
     if (found.find(path) != found.end()) continue;
     changed.append(path);
     works_.erase(path);
+    saved_.erase(path);
   }
   files_ = std::move(found);
   return changed;
 }
 
 bool Folder::Holds(const QByteArray& work) const {
-  return std::any_of(works_.begin(), works_.end(),
-                     [&](const auto& file) { return file.second == work; });
+  const auto is_it = [&](const auto& file) { return file.second == work; };
+  return std::any_of(works_.begin(), works_.end(), is_it) ||
+         std::any_of(saved_.begin(), saved_.end(), is_it);
 }

@@ -32,8 +32,8 @@ class Folder {
   /// The paths of the files that came, went or changed since the last look.
   QStringList Look();
 
-  /// From now on the file, as it is, counts as holding `work`.
-  void KnowAs(const QString& path, const QByteArray& work) { works_[path] = work; }
+  /// The file, as it is, was written from `work` and counts as holding that too.
+  void KnowAs(const QString& path, const QByteArray& work) { saved_[path] = work; }
 
   /// Whether a file holds the work.
   bool Holds(const QByteArray& work) const;
@@ -41,5 +41,6 @@ class Folder {
  private:
   QString path_;
   std::map<QString, QByteArray> files_;
-  std::map<QString, QByteArray> works_;
+  std::map<QString, QByteArray> works_;  // that the editors read from the files
+  std::map<QString, QByteArray> saved_;  // that the files were written from
 };
