@@ -53,7 +53,8 @@ int main(int argc, char** argv) {
   const QCommandLineOption steps(u"steps"_s, u"How many actions are done."_s, u"COUNT"_s,
                                  u"3000"_s);
   const QCommandLineOption log(u"log"_s, u"Keeps the actions."_s, u"FILE"_s);
-  const QCommandLineOption hang(u"hang"_s, u"The longest work at one event."_s, u"MS"_s, u"1000"_s);
+  const QCommandLineOption hang(u"hang"_s, u"The longest work at one event."_s, u"MS"_s,
+                                u"" BRIVON_LONGEST_WORK ""_s);
   const QCommandLineOption replay(u"replay"_s, u"Does the actions of a log again."_s, u"FILE"_s);
   const QCommandLineOption shrink(
       u"shrink"_s, u"Prints the shortest part of a log that fails in the same way."_s, u"FILE"_s);

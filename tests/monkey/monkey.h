@@ -20,8 +20,8 @@ struct Day {
   std::optional<quint64> start;  ///< Chooses the actions; without it, `actions` are done.
   int steps = 0;                 ///< How many are chosen.
   QList<Action> actions;
-  QString log;  ///< Where what is done is kept; empty: nowhere.
-  int hang_ms = 1000;
+  QString log;      ///< Where what is done is kept; empty: nowhere.
+  int hang_ms = 0;  ///< The longest work at one event.
 };
 
 class Monkey : public QObject {
