@@ -19,6 +19,7 @@ export LSAN_OPTIONS="suppressions=$PWD/tests/support/leaks_of_others.txt"
 monkey=build/sanitize/tests/monkey/brivon_monkey
 logs=build/sanitize/monkey
 mkdir -p "$logs"
+export XDG_CONFIG_HOME=$PWD/$logs/home # where file dialogs keep what they remember
 
 days=0
 bad=0

@@ -99,6 +99,8 @@ void Watch::FollowBox(QMessageBox* box) {
     const auto answer = box->standardButton(box->clickedButton());
     if (editor_ == nullptr) return;
     looks_since_answer_ = 0;
+    given_up_.clear();
+    asked_about_.clear();
     if (answer == QMessageBox::Yes) {
       AllowFile(NameOfFile(*editor_));
       asked_about_ = WorkIn(*editor_);
