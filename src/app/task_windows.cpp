@@ -1,23 +1,22 @@
 #include "app/task_windows.h"
 
+#include <QDateTime>
+
 #include "command/frmCommand.h"
 #include "config/frmConfig.h"
 #include "page/frmMsgEditor.h"
 #include "schedule/frmSchedule.h"
 #include "scrolling/frmShiftMsg.h"
 
-namespace {
-
-// The entry that opens a window of class `Window`, whose constructor takes its owner.
-template <typename Window>
-TaskWindow Opens(const char* button) {
-  return {button, [] { return std::make_unique<Window>(nullptr); }};
-}
-
-}  // namespace
-
-std::vector<TaskWindow> TaskWindows() {
-  return {Opens<frmMsgEditor>("butMsgEdit"), Opens<frmShiftMsg>("butShiftMsg"),
-          Opens<frmSchedule>("butSchEdit"), Opens<frmConfig>("butConfigEdit"),
-          Opens<frmCommand>("butCommand")};
+std::vector<TaskWindow> TaskWindows(const Brivon1::PanelPorts* ports) {
+  const auto now = [] { return QDateTime::currentDateTime(); };
+  return {{"butMsgEdit", [ports] { return std::make_unique<frmMsgEditor>(nullptr, ports); }},
+          {"butShiftMsg", [=] { return std::make_unique<frmShiftMsg>(nullptr, now, ports); }},
+          {"butSchEdit",
+           [=] {
+             return std::make_unique<frmSchedule>(nullptr, &Brivon1::IsMessageFileThere, now,
+                                                  ports);
+           }},
+          {"butConfigEdit", [] { return std::make_unique<frmConfig>(nullptr); }},
+          {"butCommand", [ports] { return std::make_unique<frmCommand>(nullptr, ports); }}};
 }

@@ -37,8 +37,11 @@ constexpr int kShiftPixels = 10;
 
 }  // namespace
 
-frmMsgEditor::frmMsgEditor(QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmMsgEditor>()), timers_(new BlinkTimers(this)) {
+frmMsgEditor::frmMsgEditor(QWidget* parent, const Brivon1::PanelPorts* ports)
+    : QDialog(parent),
+      ui_(std::make_unique<Ui::frmMsgEditor>()),
+      ports_(ports),
+      timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   file_ = new EditedFile(this, {ui_->lblFileName, ui_->lblNotSaved}, page_.Modified(),
@@ -181,7 +184,7 @@ void frmMsgEditor::OpenFile() {
 
 void frmMsgEditor::OpenSendDialog() {
   if (!MayLeave()) return;
-  frmSendMsg(this, file_->Path()).exec();
+  frmSendMsg(this, file_->Path(), ports_).exec();
 }
 
 void frmMsgEditor::reject() {

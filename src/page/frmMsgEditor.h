@@ -8,6 +8,7 @@
 
 #include "page/page_dots.h"
 #include "page/page_message.h"
+#include "panel_line/panel_connection.h"
 #include "row/blink_timers.h"
 #include "row/row_commands.h"
 #include "row/row_status.h"
@@ -22,7 +23,8 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
-  explicit frmMsgEditor(QWidget* parent = nullptr);
+  /// `ports` are those of the window that sends the page, as SendingSession takes them.
+  explicit frmMsgEditor(QWidget* parent = nullptr, const Brivon1::PanelPorts* ports = nullptr);
   ~frmMsgEditor() override;
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
@@ -78,6 +80,7 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void ReturnKeyboardToRow();
 
   std::unique_ptr<Ui::frmMsgEditor> ui_;
+  const Brivon1::PanelPorts* ports_;
   EditedFile* file_;
   BlinkTimers* timers_;
   Brivon1::PageMessage page_;

@@ -70,8 +70,8 @@ QString MessageFileFilter() { return TranslateMessage(u"Message File"_s) + u"(*.
 }  // namespace
 
 frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_there,
-                         SchedulePreview::TimeSource now)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()) {
+                         SchedulePreview::TimeSource now, const Brivon1::PanelPorts* ports)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmSchedule>()), ports_(ports) {
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   resize(size().boundedTo(screen()->availableSize()));
@@ -226,7 +226,7 @@ void frmSchedule::OpenSendDialog() {
     Say(refusal, Brivon1::MissingFileRemedy(file_->Path()));
     return;
   }
-  frmSendSch(this, file_->Path()).exec();
+  frmSendSch(this, file_->Path(), ports_).exec();
 }
 
 void frmSchedule::reject() {

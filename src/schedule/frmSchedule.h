@@ -9,6 +9,7 @@
 
 #include "base/modified_flag.h"
 #include "language/display_feature.h"
+#include "panel_line/panel_connection.h"
 #include "schedule/file_look.h"
 #include "schedule/schedule.h"
 #include "schedule/schedule_file.h"
@@ -26,11 +27,13 @@ class frmSchedule : public QDialog, public UnsavedWork {
 
  public:
   /// `is_there` looks for the message files that the table names, beside the window. The preview
-  /// has the date and time of `now`, and plays by it.
+  /// has the date and time of `now`, and plays by it. `ports` are those of the window that sends
+  /// the schedule, as SendingSession takes them.
   explicit frmSchedule(
       QWidget* parent = nullptr,
       const Brivon1::FileLook::IsThere& is_there = &Brivon1::IsMessageFileThere,
-      SchedulePreview::TimeSource now = [] { return QDateTime::currentDateTime(); });
+      SchedulePreview::TimeSource now = [] { return QDateTime::currentDateTime(); },
+      const Brivon1::PanelPorts* ports = nullptr);
   ~frmSchedule() override;
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
@@ -99,6 +102,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void Say(const QString& english, const QString& remedy);
 
   std::unique_ptr<Ui::frmSchedule> ui_;
+  const Brivon1::PanelPorts* ports_;
   EditedFile* file_;
   SchedulePreview* preview_;
   Brivon1::Schedule schedule_;

@@ -31,8 +31,12 @@ using ModuleLanguage::TranslateText;
 
 }  // namespace
 
-frmShiftMsg::frmShiftMsg(QWidget* parent, ScrollingPreview::TimeSource now)
-    : QDialog(parent), ui_(std::make_unique<Ui::frmShiftMsg>()), timers_(new BlinkTimers(this)) {
+frmShiftMsg::frmShiftMsg(QWidget* parent, ScrollingPreview::TimeSource now,
+                         const Brivon1::PanelPorts* ports)
+    : QDialog(parent),
+      ui_(std::make_unique<Ui::frmShiftMsg>()),
+      ports_(ports),
+      timers_(new BlinkTimers(this)) {
   ui_->setupUi(this);
   surface_ = new RowSurface(message_.Row(), ui_->frameMessage);
   surface_->setObjectName(u"Picture1"_s);
@@ -127,7 +131,7 @@ void frmShiftMsg::OpenFile() {
 
 void frmShiftMsg::OpenSendDialog() {
   if (!MayLeave()) return;
-  frmSendShift(this, file_->Path()).exec();
+  frmSendShift(this, file_->Path(), ports_).exec();
 }
 
 bool frmShiftMsg::WriteFile(const QString& path) {

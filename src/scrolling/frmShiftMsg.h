@@ -6,6 +6,7 @@
 
 #include <QDialog>
 
+#include "panel_line/panel_connection.h"
 #include "row/blink_timers.h"
 #include "row/row_commands.h"
 #include "row/row_surface.h"
@@ -22,10 +23,12 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
   Q_OBJECT
 
  public:
-  /// The preview has the date and time of `now`, and runs by it.
+  /// The preview has the date and time of `now`, and runs by it. `ports` are those of the window
+  /// that sends the message, as SendingSession takes them.
   explicit frmShiftMsg(
       QWidget* parent = nullptr,
-      ScrollingPreview::TimeSource now = [] { return QDateTime::currentDateTime(); });
+      ScrollingPreview::TimeSource now = [] { return QDateTime::currentDateTime(); },
+      const Brivon1::PanelPorts* ports = nullptr);
   ~frmShiftMsg() override;
 
   /// Leaves the window as Exit does: Escape and the close box ask about unsaved work too.
@@ -56,6 +59,7 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
 
   Brivon1::ScrollingMessage message_;
   std::unique_ptr<Ui::frmShiftMsg> ui_;
+  const Brivon1::PanelPorts* ports_;
   EditedFile* file_;
   RowSurface* surface_;
   BlinkTimers* timers_;

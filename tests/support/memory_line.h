@@ -53,6 +53,7 @@ class MemoryLine : public Link {
   /// Whether the other end forgets half a frame when the line is closed, as one does that sees the
   /// closing. A panel at three wires does not.
   bool sees_closing = true;
+
   /// Called when somebody has tried to open the line, in vain or not.
   std::function<void()> on_open = [] {};
 

@@ -1,0 +1,12 @@
+# Does the days again that once ended badly: cmake -DMONKEY=PROGRAM -DDAYS=FOLDER -P kept_days_test.cmake
+file(GLOB days ${DAYS}/*.txt)
+list(LENGTH days count)
+if(count EQUAL 0)
+  message(FATAL_ERROR "There are no days in ${DAYS}.")
+endif()
+foreach(day IN LISTS days)
+  execute_process(COMMAND ${MONKEY} --replay ${day} RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    message(SEND_ERROR "${day} fails.")
+  endif()
+endforeach()
