@@ -209,22 +209,15 @@ void frmMsgEditor::LayOutPage() {
 }
 
 void frmMsgEditor::TypeText(int row, const QString& text) {
-  page_.SetCurrentRow(row);
-  const Brivon1::TypedBytes typed = Brivon1::BytesOf(text);
-  if (typed.refused) page_.RefuseKey();
-  const qsizetype left_out = page_.TypeAll(typed.bytes);
+  const LeftOut left_out = page_.Type(row, text);
   ShowEdit();
-  if (typed.refused) {
-    ShowLeftOut(LeftOut::kNoCharacter, typed.missing.size(), typed.missing);
-  } else if (left_out > 0) {
-    ShowLeftOut(LeftOut::kNoRoom, left_out);
-  }
+  ShowLeftOut(left_out);
 }
 
 void frmMsgEditor::Insert(QByteArrayView placeholder) {
-  const qsizetype left_out = page_.TypeAll(placeholder);
+  const LeftOut left_out{.no_room = page_.TypeAll(placeholder)};
   ResumeTyping();
-  if (left_out > 0) ShowLeftOut(LeftOut::kNoRoom, left_out);
+  ShowLeftOut(left_out);
 }
 
 void frmMsgEditor::PressMoveKey(int row, Brivon1::MoveKey key) {
@@ -273,8 +266,8 @@ void frmMsgEditor::ShowPanel() {
                                 ui_->rowArea->Surface(current), next);
 }
 
-void frmMsgEditor::ShowLeftOut(LeftOut why, qsizetype count, const QString& what) {
-  ui_->lblRowStatus->ShowLeftOut(why, count, what, ui_->rowArea->Surface(page_.CurrentRow()));
+void frmMsgEditor::ShowLeftOut(const LeftOut& left_out) {
+  ui_->lblRowStatus->ShowLeftOut(left_out, ui_->rowArea->Surface(page_.CurrentRow()));
 }
 
 qint16 frmMsgEditor::ShownColourType() const {

@@ -10,7 +10,7 @@
 #include "page/page_message.h"
 #include "row/blink_timers.h"
 #include "row/row_commands.h"
-#include "row/row_status.h"
+#include "row/row_editing.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
@@ -67,9 +67,8 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   /// Shows what a panel makes of the page, and says how the current row stands.
   void ShowPanel();
 
-  /// Says that `count` typed characters are not in the current row, and why. `what` are those that
-  /// the panels lack.
-  void ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what = {});
+  /// Says what was left out of the current row, if anything was.
+  void ShowLeftOut(const Brivon1::LeftOut& left_out);
 
   qint16 ShownColourType() const;
 

@@ -12,15 +12,16 @@
 
 #include "language/further_texts.h"
 #include "row/row_clip.h"
+#include "row/row_status.h"
 #include "row/row_surface.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using Brivon1::LeftOut;
 using Brivon1::MoveKey;
 using Brivon1::PageRow;
-using Brivon1::PasteLoss;
 using Brivon1::RowCommand;
 using ModuleLanguage::TranslateText;
 
@@ -31,18 +32,6 @@ QString ClipType() { return QLatin1String(Brivon1::kRowClipType); }
 std::optional<PageRow> ClipOf(const QMimeData& data) {
   if (!data.hasFormat(ClipType())) return std::nullopt;
   return Brivon1::ReadRowClip(data.data(ClipType()));
-}
-
-QString TextOf(const PasteLoss& loss) {
-  QStringList reasons;
-  if (loss.no_room > 0) {
-    reasons += TranslateText(u"Left out, no room: %1"_s).arg(loss.no_room);
-  }
-  if (!loss.missing.isEmpty()) {
-    const qsizetype count = loss.missing.toUcs4().size();
-    reasons += TranslateText(u"Left out, not in the code page: %1"_s).arg(count);
-  }
-  return reasons.join(u'\n');
 }
 
 void Copy(const PageRow& characters) {
@@ -181,11 +170,9 @@ void RowCommands::Do(RowCommand command) {
 void RowCommands::Paste() {
   const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
   const auto clip = ClipOf(data);
-  const PasteLoss loss = clip ? message_.Paste(*clip) : message_.Paste(data.text());
+  const LeftOut left_out = clip ? message_.Paste(*clip) : message_.Paste(data.text());
   Show();
-  if (loss == PasteLoss{}) return;
-  Q_EMIT PasteCut(loss.no_room, loss.missing);
-  Q_EMIT Said(TextOf(loss));
+  if (left_out.IsAnything()) Q_EMIT Said(Brivon1::RowStatusWords().Refusal(left_out));
 }
 
 void RowCommands::Show() {

@@ -34,9 +34,6 @@ class RowCommands : public QObject {
   /// Other attributes were chosen for what is typed next, and nothing was selected.
   void AttributesChosen();
 
-  /// A paste has left characters out: so many for want of room, and those that the code page lacks.
-  void PasteCut(qsizetype no_room, const QString& missing);
-
   /// What the operator should be told, in his language.
   void Said(const QString& text);
 

@@ -66,18 +66,23 @@ TEST_F(MsgEditorSelection, WhatAPasteLeavesOutIsSaid) {
   New(1, 25);
   auto* commands = window_.findChild<RowCommands*>();
   ASSERT_NE(commands, nullptr);
-  const QSignalSpy cut(commands, &RowCommands::PasteCut);
+  const QSignalSpy said(commands, &RowCommands::Said);
+  const auto status = [this] { return Find<QLabel>("lblRowStatus")->text(); };
   QGuiApplication::clipboard()->setText(u"abc\u9053"_s);
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(cut.value(0), QVariantList({qsizetype{0}, u"\u9053"_s}));
-  EXPECT_EQ(QToolTip::text(), u"Left out, not in the code page: 1"_s);
+  EXPECT_EQ(said.value(0), QVariantList({u"The panels have no character \u9053."_s}));
+  EXPECT_EQ(QToolTip::text(), u"The panels have no character \u9053."_s);
+  EXPECT_EQ(status(), QToolTip::text());
   QGuiApplication::clipboard()->setText(u"defg\u9053\nhij"_s);
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(cut.value(1), QVariantList({qsizetype{5}, u"\u9053"_s}));
-  EXPECT_EQ(QToolTip::text(), u"Left out, no room: 5\nLeft out, not in the code page: 1"_s);
+  EXPECT_EQ(QToolTip::text(),
+            u"The row is full: 2 characters were left out. There is no further row: 3 characters "
+            "were left out. The panels have no character \u9053."_s);
+  EXPECT_EQ(said.value(1), QVariantList({QToolTip::text()}));
+  EXPECT_EQ(status(), QToolTip::text());
   QGuiApplication::clipboard()->setText(QString());
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(cut.size(), 2);
+  EXPECT_EQ(said.size(), 2);
   EXPECT_EQ(RowLines(), "<L01><SA><CA>abcde\r\n");
 }
 
