@@ -8,7 +8,6 @@
 #include <QDateTime>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QShortcut>
 
 #include "base/file_checks.h"
 #include "language/file_remedies.h"
@@ -19,6 +18,7 @@
 #include "row/dots_delegate.h"
 #include "row/editor_controls.h"
 #include "ui_frmMsgEditor.h"
+#include "widgets/bind_key.h"
 #include "widgets/caption_loader.h"
 #include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
@@ -138,12 +138,8 @@ void frmMsgEditor::BuildPreview() {
   });
   // The attributes of what is typed next are said too.
   connect(commands_, &RowCommands::AttributesChosen, this, &frmMsgEditor::ShowPanel);
-  const auto bind = [this](const QKeySequence& keys, QCheckBox* box) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, box, &QCheckBox::toggle);
-    box->setToolTip(keys.toString(QKeySequence::NativeText));
-  };
-  bind(Qt::Key_F9, ui_->chkPreview);
-  bind(Qt::SHIFT | Qt::Key_F9, ui_->chkOneColor);
+  BindKey(Qt::Key_F9, ui_->chkPreview);
+  BindKey(Qt::SHIFT | Qt::Key_F9, ui_->chkOneColor);
 }
 
 void frmMsgEditor::NewPage() {
