@@ -78,33 +78,36 @@ void RowCommands::Serve(RowSurface& surface, int number) {
 }
 
 void RowCommands::OpenMenu(RowSurface& surface, int number, const QPoint& place) {
-  struct Entry {
-    RowCommand command;
-    QString text;
-    bool begins_group = false;
-  };
-  const Entry entries[] = {{RowCommand::kUndo, TranslateText(u"Undo"_s)},
-                           {RowCommand::kRedo, TranslateText(u"Redo"_s)},
-                           {RowCommand::kCut, TranslateText(u"Cut"_s), true},
-                           {RowCommand::kCopy, TranslateText(u"Copy"_s)},
-                           {RowCommand::kPaste, TranslateText(u"Paste"_s)},
-                           {RowCommand::kSelectRow, TranslateText(u"Select row"_s), true},
-                           {RowCommand::kClearRow, TranslateText(u"Clear row"_s)},
-                           {RowCommand::kCentreRow, TranslateText(u"Centre row"_s)},
-                           {RowCommand::kCopyRow, TranslateText(u"Copy row"_s)}};
   message_.MakeCurrent(number);
   Show();
   auto* menu = new QMenu(&surface);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const Entry& entry : entries) {
-    if (entry.begins_group) menu->addSeparator();
-    QAction* action =
-        menu->addAction(entry.text, this, [this, command = entry.command] { Do(command); });
-    action->setShortcut(KeysOf(entry.command));
-    action->setShortcutVisibleInContextMenu(true);
-    action->setEnabled(CanDo(entry.command));
+  AddCommand(menu, RowCommand::kUndo, TranslateText(u"Undo"_s));
+  AddCommand(menu, RowCommand::kRedo, TranslateText(u"Redo"_s));
+  menu->addSeparator();
+  AddCommand(menu, RowCommand::kCut, TranslateText(u"Cut"_s));
+  AddCommand(menu, RowCommand::kCopy, TranslateText(u"Copy"_s));
+  AddCommand(menu, RowCommand::kPaste, TranslateText(u"Paste"_s));
+  menu->addSeparator();
+  if (attributes_.colour != nullptr) {
+    AddAttributes(menu, attributes_, message_, [this](bool blinking) {
+      message_.ChooseBlink(blinking);
+      ShowAttributes();
+    });
+    menu->addSeparator();
   }
+  AddCommand(menu, RowCommand::kSelectRow, TranslateText(u"Select row"_s));
+  AddCommand(menu, RowCommand::kClearRow, TranslateText(u"Clear row"_s));
+  AddCommand(menu, RowCommand::kCentreRow, TranslateText(u"Centre row"_s));
+  AddCommand(menu, RowCommand::kCopyRow, TranslateText(u"Copy row"_s));
   menu->popup(place);
+}
+
+void RowCommands::AddCommand(QMenu* menu, RowCommand command, const QString& text) {
+  QAction* action = menu->addAction(text, this, [this, command] { Do(command); });
+  action->setShortcut(KeysOf(command));
+  action->setShortcutVisibleInContextMenu(true);
+  action->setEnabled(CanDo(command));
 }
 
 bool RowCommands::CanDo(RowCommand command) const {

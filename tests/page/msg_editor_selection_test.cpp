@@ -1,5 +1,6 @@
 // The selection, the clipboard and the menu of the page editor, where a page has several rows.
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -188,6 +189,37 @@ TEST_F(MsgEditorSelection, TheContextMenuPastesIntoItsRow) {
   paste->trigger();
   menu->close();
   EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>abc\r\n");
+}
+
+TEST_F(MsgEditorSelection, ADoubleClickAtTheEdgeSelectsWhatWasPressedFirst) {
+  New(1, 960);
+  QString words;  // each of one character
+  for (int n = 0; n < 90; ++n) words += u"a."_s;
+  Keys(words);
+  Key(Qt::Key_Home);
+  QCoreApplication::processEvents();
+  QWidget* row = Row(1);
+  const QPoint place =
+      row->parentWidget()->mapToGlobal(QPoint(row->parentWidget()->width() - 3, row->y() + 10));
+  const qsizetype pressed = row->mapFromGlobal(place).x() / 12;
+  const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
+    QMouseEvent event(type, row->mapFromGlobal(place), place, Qt::LeftButton, buttons, {});
+    QCoreApplication::sendEvent(row, &event);
+  };
+  send(QEvent::MouseButtonPress, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, Qt::NoButton);
+  const int left = row->x();
+  send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+  EXPECT_EQ(row->x(), left) << "the row stays below a mouse that is pressed";
+  QMouseEvent move(QEvent::MouseMove, row->mapFromGlobal(place - QPoint(60, 0)),
+                   place - QPoint(60, 0), Qt::NoButton, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(row, &move);
+  send(QEvent::MouseButtonRelease, Qt::NoButton);
+  int begin = 0;
+  int end = 0;
+  QAccessible::queryAccessibleInterface(row)->textInterface()->selection(0, &begin, &end);
+  EXPECT_EQ(begin, pressed);
+  EXPECT_EQ(end, pressed + 1);
 }
 
 }  // namespace
