@@ -81,6 +81,9 @@ void ChooseIn(QComboBox* list, int entry) {
 void AddList(QMenu* menu, QComboBox* list, QByteArray (*text_of)(int), std::optional<char> chosen) {
   QMenu* entries = menu->addMenu(Plain(CaptionOf(list)));
   auto* group = new QActionGroup(entries);
+  // Beside a picture some styles hardly mark what is checked.
+  QFont bold = entries->font();
+  bold.setBold(true);
   QSize picture_size;
   for (int n = 0; n < list->count(); ++n) {
     const QPixmap picture =
@@ -90,6 +93,7 @@ void AddList(QMenu* menu, QComboBox* list, QByteArray (*text_of)(int), std::opti
                                          [list, n] { ChooseIn(list, n); });
     action->setCheckable(true);
     action->setChecked(chosen == static_cast<char>('A' + n));
+    if (action->isChecked()) action->setFont(bold);
     action->setIconVisibleInMenu(true);
     group->addAction(action);
   }
