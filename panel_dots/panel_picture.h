@@ -32,6 +32,8 @@ struct PanelShape {
   int rows = 4;      // of text
   int columns = 96;  // of dots
   bool tri_colour = true;
+
+  friend bool operator==(const PanelShape&, const PanelShape&) = default;
 };
 
 using PageRows = QMap<int, QList<Cell>>;  // by row, from 1

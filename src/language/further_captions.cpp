@@ -28,6 +28,7 @@ constexpr CaptionRow kFrmSchedule[] = {
     {CaptionKind::kName, "frmSchedule.txtHour.Name", "txtHour"},
     {CaptionKind::kName, "frmSchedule.txtMin.Name", "txtMin"},
     {CaptionKind::kControl, "frmSchedule.butPlay", "butPlay"},
+    {CaptionKind::kControl, "frmSchedule.chkOneColor", "chkOneColor"},
 };
 
 constexpr CaptionRow kFrmConfig[] = {

@@ -8,7 +8,6 @@
 #include <QDateTime>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QShortcut>
 
 #include "base/file_checks.h"
 #include "language/file_remedies.h"
@@ -19,6 +18,7 @@
 #include "row/dots_delegate.h"
 #include "row/editor_controls.h"
 #include "ui_frmMsgEditor.h"
+#include "widgets/bind_key.h"
 #include "widgets/caption_loader.h"
 #include "widgets/enter_key.h"
 #include "widgets/file_dialogs.h"
@@ -141,12 +141,8 @@ void frmMsgEditor::BuildPreview() {
   });
   // The attributes of what is typed next are said too.
   connect(commands_, &RowCommands::AttributesChosen, this, &frmMsgEditor::ShowPanel);
-  const auto bind = [this](const QKeySequence& keys, QCheckBox* box) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, box, &QCheckBox::toggle);
-    box->setToolTip(keys.toString(QKeySequence::NativeText));
-  };
-  bind(Qt::Key_F9, ui_->chkPreview);
-  bind(Qt::SHIFT | Qt::Key_F9, ui_->chkOneColor);
+  BindKey(Qt::Key_F9, ui_->chkPreview);
+  BindKey(Qt::SHIFT | Qt::Key_F9, ui_->chkOneColor);
 }
 
 void frmMsgEditor::NewPage() {
@@ -213,22 +209,15 @@ void frmMsgEditor::LayOutPage() {
 }
 
 void frmMsgEditor::TypeText(int row, const QString& text) {
-  page_.SetCurrentRow(row);
-  const Brivon1::TypedBytes typed = Brivon1::BytesOf(text);
-  if (typed.refused) page_.RefuseKey();
-  const qsizetype left_out = page_.TypeAll(typed.bytes);
+  const LeftOut left_out = page_.Type(row, text);
   ShowEdit();
-  if (typed.refused) {
-    ShowLeftOut(LeftOut::kNoCharacter, typed.missing.size(), typed.missing);
-  } else if (left_out > 0) {
-    ShowLeftOut(LeftOut::kNoRoom, left_out);
-  }
+  ShowLeftOut(left_out);
 }
 
 void frmMsgEditor::Insert(QByteArrayView placeholder) {
-  const qsizetype left_out = page_.TypeAll(placeholder);
+  const LeftOut left_out{.no_room = page_.TypeAll(placeholder)};
   ResumeTyping();
-  if (left_out > 0) ShowLeftOut(LeftOut::kNoRoom, left_out);
+  ShowLeftOut(left_out);
 }
 
 void frmMsgEditor::PressMoveKey(int row, Brivon1::MoveKey key) {
@@ -277,8 +266,8 @@ void frmMsgEditor::ShowPanel() {
                                 ui_->rowArea->Surface(current), next);
 }
 
-void frmMsgEditor::ShowLeftOut(LeftOut why, qsizetype count, const QString& what) {
-  ui_->lblRowStatus->ShowLeftOut(why, count, what, ui_->rowArea->Surface(page_.CurrentRow()));
+void frmMsgEditor::ShowLeftOut(const LeftOut& left_out) {
+  ui_->lblRowStatus->ShowLeftOut(left_out, ui_->rowArea->Surface(page_.CurrentRow()));
 }
 
 qint16 frmMsgEditor::ShownColourType() const {

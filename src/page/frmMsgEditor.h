@@ -11,7 +11,7 @@
 #include "panel_line/panel_connection.h"
 #include "row/blink_timers.h"
 #include "row/row_commands.h"
-#include "row/row_status.h"
+#include "row/row_editing.h"
 #include "widgets/edited_file.h"
 #include "widgets/unsaved_work.h"
 
@@ -69,9 +69,8 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   /// Shows what a panel makes of the page, and says how the current row stands.
   void ShowPanel();
 
-  /// Says that `count` typed characters are not in the current row, and why. `what` are those that
-  /// the panels lack.
-  void ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what = {});
+  /// Says what was left out of the current row, if anything was.
+  void ShowLeftOut(const Brivon1::LeftOut& left_out);
 
   qint16 ShownColourType() const;
 

@@ -55,12 +55,9 @@ class PageMessage : public EditedMessage {
   /// nothing is selected any more.
   void SetCurrentRow(int number);
 
-  /// Types characters into the current row by the typing rule; Undo() takes them back together.
-  /// Typing marks the page modified, whatever the effect. How many characters found no room.
-  qsizetype TypeAll(QByteArrayView characters);
-
-  /// A key whose character cannot be stored: changes nothing, marks the page modified.
-  void RefuseKey() { SetModified(true); }
+  /// Typing marks the page modified, whatever the effect, also a key whose character cannot be
+  /// stored.
+  qsizetype TypeAll(QByteArrayView characters) override;
 
   /// Types the placeholder of a graphic symbol.
   void InsertGraphic(char letter) { TypeAll(Graphic(letter)); }

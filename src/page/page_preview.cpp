@@ -59,9 +59,7 @@ void PagePreview::Refresh() {
     updateGeometry();
   }
   if (!isVisible()) return;
-  const PanelDots::PanelShape& before = picture_.shape;
-  const bool is_other = shape.rows != before.rows || shape.columns != before.columns ||
-                        shape.tri_colour != before.tri_colour;
+  const bool is_other = !(shape == picture_.shape);
   if (is_other) {
     picture_ = {shape};
     picture_.clock = now_();

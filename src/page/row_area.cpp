@@ -55,13 +55,6 @@ QString Numbered(QLatin1String name, int number) { return u"%1(%2)"_s.arg(name).
 
 QString RowName(const QString& row, int number) { return u"%1 %2"_s.arg(row).arg(number); }
 
-/// A caption without what only the eye wants.
-QString SpokenCaption(const QString& caption) {
-  QString spoken = WithoutShortcutMark(caption).trimmed();
-  if (spoken.endsWith(u':')) spoken.chop(1);
-  return spoken.trimmed();
-}
-
 }  // namespace
 
 RowArea::RowArea(QWidget* parent)
@@ -264,7 +257,7 @@ void RowArea::FollowCursor() {
   const bool within_page = left_ <= kFirstLeft && left_ >= LastLeft(width);
   if (in_sight && !within_page) return;  // moved there by hand
   const RowSurface::Hold hold = Surface(page_->CurrentRow()).MouseHold();
-  if (hold == RowSurface::Hold::kPressed) return;
+  if (hold == RowSurface::Hold::kPressed || hold == RowSurface::Hold::kPressedTwice) return;
   // Some room on both sides of the cursor, but none beyond the ends of the page.
   const int sight = hold == RowSurface::Hold::kDragging ? 0 : kSight;
   const int left = std::clamp(left_, sight - cursor, std::max(width - sight, sight) - cursor);

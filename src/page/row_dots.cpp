@@ -6,6 +6,7 @@
 #include "page/page_picture.h"
 #include "page/row_line.h"
 #include "panel_dots/dot_matrix.h"
+#include "panel_dots/seen_cells.h"
 
 namespace Brivon1 {
 namespace {
@@ -20,8 +21,12 @@ QList<Cell> CellsOf(const PageRow& row, const RowPanel& panel) {
   return PanelCells(RowLine(1, row), panel.colour_type);
 }
 
+PanelDots::RowLook LookOf(const RowPanel& panel) {
+  return {panel.colour_type != kMono, true, panel.clock};
+}
+
 qsizetype FirstCutOf(const QList<Cell>& cells, const RowPanel& panel) {
-  return PanelDots::FirstCut(cells, panel.columns, {panel.colour_type != kMono, true, panel.clock});
+  return PanelDots::FirstCut(cells, panel.columns, LookOf(panel));
 }
 
 /// The row's characters that became a cell.
@@ -67,11 +72,6 @@ qsizetype LengthThatGives(const QList<Cell>& cells, qsizetype count, const PageR
   return enough;
 }
 
-/// More than the parts of a date take that are characters for themselves.
-constexpr int kMargin = 128;
-
-qsizetype UsualLength(const RowPanel& panel) { return panel.columns / kDotsPerCharacter + kMargin; }
-
 qsizetype SeenOf(const QList<Cell>& cells, const PageRow& row, const RowPanel& panel) {
   const qsizetype seen = FirstCutOf(cells, panel);
   if (seen == cells.size()) return row.Length();
@@ -83,19 +83,14 @@ qsizetype SeenOf(const QList<Cell>& cells, const PageRow& row, const RowPanel& p
 }  // namespace
 
 QList<Cell> SeenCells(const PageRow& row, const RowPanel& panel) {
-  for (qsizetype characters = UsualLength(panel);; characters *= 2) {
-    const QList<Cell> cells = CellsOf(FirstOf(row, characters), panel);
-    if (characters >= row.Length()) return cells;
-    if (PanelDots::ColumnsOf(cells, panel.clock) >= panel.columns + kMargin &&
-        FirstCutOf(cells, panel) < cells.size()) {
-      return cells;
-    }
-  }
+  return PanelDots::BeginningOf(
+      row.Length(), panel.columns, LookOf(panel),
+      [&](qsizetype characters) { return CellsOf(FirstOf(row, characters), panel); });
 }
 
 RowUse UseOf(const PageRow& row, const RowPanel& panel) {
   const QList<Cell> cells = SeenCells(row, panel);
-  const bool is_whole = row.Length() <= UsualLength(panel);
+  const bool is_whole = row.Length() <= PanelDots::UsualLength(panel.columns);
   return {is_whole ? PanelDots::ColumnsOf(cells, panel.clock)
                    : DotsOfCharacters(row, row.Length(), panel),
           SeenOf(cells, row, panel)};

@@ -43,35 +43,35 @@ DotsDelegate::DotsDelegate(QComboBox* list, std::function<QByteArray(int entry)>
 
 void DotsDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  const QPixmap picture = PictureOf(index.row(), *option);
+  const double pixels = option->widget != nullptr ? option->widget->devicePixelRatioF() : 1;
+  const QPixmap picture = InDots(text_of_(index.row()), option->fontMetrics, pixels);
   option->features |= QStyleOptionViewItem::HasDecoration;
   option->icon = QIcon(picture);
   option->icon.addPixmap(picture, QIcon::Selected);  // in its own colours there too
   option->decorationSize = picture.deviceIndependentSize().toSize();
 }
 
-QPixmap DotsDelegate::PictureOf(int entry, const QStyleOptionViewItem& option) const {
-  const QList<PanelDots::Cell> cells = PanelDots::ParseCells(text_of_(entry));
+QPixmap InDots(const QByteArray& text, const QFontMetrics& font, double pixels) {
+  const QList<PanelDots::Cell> cells = PanelDots::ParseCells(text);
   // As wide as in the widest size, so that the names stand in one line.
   const auto columns = static_cast<int>(cells.size()) * PanelDots::kNormalColumns;
   PanelDots::DotMatrix dots(columns + 2 * kMargin, PanelDots::kRowDots + 2 * kMargin);
   PanelDots::PutCells(&dots, kMargin, kMargin, cells, {});
-  const double pixels = option.widget != nullptr ? option.widget->devicePixelRatioF() : 1;
   const PanelDots::DotPainter painter(
-      std::max(2, static_cast<int>(option.fontMetrics.height() * pixels / dots.Rows())));
+      std::max(2, static_cast<int>(font.height() * pixels / dots.Rows())));
   QImage image(QSize(dots.Columns(), dots.Rows()) * painter.Pitch(), QImage::Format_RGB32);
   painter.Paint(&image, QPoint(0, 0), dots, 0, dots.Rows());
   image.setDevicePixelRatio(pixels);
   return QPixmap::fromImage(image);
 }
 
-void ShowColoursInDots(QComboBox* colours) {
-  ShowInDots(colours, [](int entry) { return Code('C', entry) + "Abc"; });
-}
+QByteArray ColourInDots(int entry) { return Code('C', entry) + "Abc"; }
 
-void ShowSizesInDots(QComboBox* sizes) {
-  ShowInDots(sizes, [](int entry) { return Code('S', entry) + "<CC>Abc"; });
-}
+QByteArray SizeInDots(int entry) { return Code('S', entry) + "<CC>Abc"; }
+
+void ShowColoursInDots(QComboBox* colours) { ShowInDots(colours, &ColourInDots); }
+
+void ShowSizesInDots(QComboBox* sizes) { ShowInDots(sizes, &SizeInDots); }
 
 void ShowSymbolsInDots(QComboBox* symbols) {
   ShowInDots(symbols, [](int entry) { return "<CC>" + Code('G', entry); });

@@ -5,6 +5,8 @@
 #include <functional>
 
 #include <QByteArray>
+#include <QFontMetrics>
+#include <QPixmap>
 #include <QStyledItemDelegate>
 
 class QComboBox;
@@ -20,10 +22,16 @@ class DotsDelegate : public QStyledItemDelegate {
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
  private:
-  QPixmap PictureOf(int entry, const QStyleOptionViewItem& option) const;
-
   std::function<QByteArray(int entry)> text_of_;
 };
+
+/// What a panel shows that was sent `text`, as a picture about as high as letters of `font`, on a
+/// screen with so many pixels for each unit of length.
+QPixmap InDots(const QByteArray& text, const QFontMetrics& font, double pixels);
+
+/// What a panel would be sent to show colour or size number `entry`, from 0.
+QByteArray ColourInDots(int entry);
+QByteArray SizeInDots(int entry);
 
 /// Lets the lists of the colours, of the sizes and of the symbols show what their entries are.
 void ShowColoursInDots(QComboBox* colours);

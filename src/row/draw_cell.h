@@ -37,6 +37,8 @@ struct RowSpan {
   qsizetype Behind(const Brivon1::PageRow& row) const {
     return most < row.Length() - first ? first + most : row.Length();
   }
+
+  bool operator==(const RowSpan&) const = default;
 };
 
 /// Draws the characters of `row` that lie in `span` and touch `exposed`, the span's left end at x

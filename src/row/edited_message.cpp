@@ -106,10 +106,17 @@ bool EditedMessage::CanCentreRow() const {
   return !Centred(EditedRow()).ShowsTheSameAs(EditedRow());
 }
 
-PasteLoss EditedMessage::Paste(const QString& text) {
+LeftOut EditedMessage::Type(int number, const QString& text) {
+  GoToRow(number);
+  const TypedBytes typed = BytesOf(text);
+  if (typed.refused) MarkTyped();
+  return {.no_room = TypeAll(typed.bytes), .missing = typed.missing, .is_key = text.size() == 1};
+}
+
+LeftOut EditedMessage::Paste(const QString& text) {
   const int first = EditedNumber();
   const PastedText pasted = PastedLines(text, LastNumber() - first + 1);
-  PasteLoss loss{pasted.left_over};
+  LeftOut left_out{.no_row = pasted.left_over};
   std::vector<RowState> edited;
   bool is_typing = false;
   for (int at = 0; at < pasted.lines.size(); ++at) {
@@ -125,8 +132,8 @@ PasteLoss EditedMessage::Paste(const QString& text) {
     const TypingResult result = TypeAllInto(row, typed.bytes, attributes_, Places());
     ShowEditedRow(before);
     is_typing = is_typing || result.is_typing || typed.refused;
-    loss.no_room += result.left_out;
-    loss.missing += typed.missing;
+    left_out.no_room += result.left_out;
+    left_out.missing += typed.missing;
     if (!row.ShowsTheSameAs(before)) edited.push_back({first + at, before});
   }
   if (is_typing) MarkTyped();
@@ -135,14 +142,14 @@ PasteLoss EditedMessage::Paste(const QString& text) {
     history_.Record(std::move(edited));
     SetModified(true);
   }
-  return loss;
+  return left_out;
 }
 
-PasteLoss EditedMessage::Paste(const PageRow& characters) {
+LeftOut EditedMessage::Paste(const PageRow& characters) {
   TypingResult result;
   Edit([&](PageRow& row) { result = TypeAllInto(row, characters, Places()); });
   if (result.is_typing) MarkTyped();
-  return {result.left_out};
+  return {.no_room = result.left_out};
 }
 
 bool EditedMessage::Undo() {

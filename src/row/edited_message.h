@@ -3,6 +3,7 @@
 // save.
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include "base/modified_flag.h"
@@ -11,14 +12,6 @@
 #include "row/row_editing.h"
 
 namespace Brivon1 {
-
-/// What a paste has left out, and why.
-struct PasteLoss {
-  qsizetype no_room = 0;  ///< How many characters found no room.
-  QString missing{};      ///< Characters that the code page lacks.
-
-  bool operator==(const PasteLoss&) const = default;
-};
 
 class EditedMessage {
  public:
@@ -48,6 +41,13 @@ class EditedMessage {
   void SelectTo(int number, double x);
   void SelectWord(int number, double x);
 
+  /// Types characters into the current row by the typing rule; Undo() takes them back together. How
+  /// many found no room.
+  virtual qsizetype TypeAll(QByteArrayView characters) = 0;
+
+  /// Makes row `number` the current one and types a text there as it came from the keyboard.
+  LeftOut Type(int number, const QString& text);
+
   /// Removes the selected characters, or all of the current row. False, and no edit, where nothing
   /// is to be removed.
   bool RemoveSelected();
@@ -60,8 +60,8 @@ class EditedMessage {
 
   /// Pastes a text, or characters with their own attributes, as one edit by the typing rule: a
   /// second line goes to the beginning of the following row, and so on.
-  PasteLoss Paste(const QString& text);
-  PasteLoss Paste(const PageRow& characters);
+  LeftOut Paste(const QString& text);
+  LeftOut Paste(const PageRow& characters);
 
   /// Takes the last edit back, or makes it again: its row, of several one of them, becomes the
   /// current one and the message modified. False, and nothing happens, without such an edit.

@@ -65,6 +65,7 @@ void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage
                    });
   QObject::connect(controls.blink, &QCheckBox::clicked, controls.blink, return_keyboard);
   for (QComboBox* list : {controls.colour, controls.size}) new ListGuard(list, return_keyboard);
+  commands.OfferAttributes(controls);
 }
 
 RowWords WordsOf(const AttributeControls& controls) {

@@ -6,21 +6,16 @@
 
 #include <QObject>
 
+#include "row/attribute_menus.h"
 #include "row/edited_message.h"
 #include "row/row_accessible.h"
 #include "row/row_commands.h"
 
-class QCheckBox;
 class QComboBox;
 
-struct AttributeControls {
-  QComboBox* colour;
-  QComboBox* size;
-  QCheckBox* blink;
-};
-
 /// Fills the lists and lets all three choose the attributes of `message`, which outlives them as
-/// `commands` do. Who has chosen types on: `return_keyboard` is called.
+/// `commands` do, also from the menu of a row. Who has chosen types on: `return_keyboard` is
+/// called.
 void ConnectAttributes(const AttributeControls& controls, Brivon1::EditedMessage& message,
                        RowCommands& commands, const std::function<void()>& return_keyboard);
 

@@ -12,15 +12,16 @@
 
 #include "language/further_texts.h"
 #include "row/row_clip.h"
+#include "row/row_status.h"
 #include "row/row_surface.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using Brivon1::LeftOut;
 using Brivon1::MoveKey;
 using Brivon1::PageRow;
-using Brivon1::PasteLoss;
 using Brivon1::RowCommand;
 using ModuleLanguage::TranslateText;
 
@@ -31,18 +32,6 @@ QString ClipType() { return QLatin1String(Brivon1::kRowClipType); }
 std::optional<PageRow> ClipOf(const QMimeData& data) {
   if (!data.hasFormat(ClipType())) return std::nullopt;
   return Brivon1::ReadRowClip(data.data(ClipType()));
-}
-
-QString TextOf(const PasteLoss& loss) {
-  QStringList reasons;
-  if (loss.no_room > 0) {
-    reasons += TranslateText(u"Left out, no room: %1"_s).arg(loss.no_room);
-  }
-  if (!loss.missing.isEmpty()) {
-    const qsizetype count = loss.missing.toUcs4().size();
-    reasons += TranslateText(u"Left out, not in the code page: %1"_s).arg(count);
-  }
-  return reasons.join(u'\n');
 }
 
 void Copy(const PageRow& characters) {
@@ -89,33 +78,36 @@ void RowCommands::Serve(RowSurface& surface, int number) {
 }
 
 void RowCommands::OpenMenu(RowSurface& surface, int number, const QPoint& place) {
-  struct Entry {
-    RowCommand command;
-    QString text;
-    bool begins_group = false;
-  };
-  const Entry entries[] = {{RowCommand::kUndo, TranslateText(u"Undo"_s)},
-                           {RowCommand::kRedo, TranslateText(u"Redo"_s)},
-                           {RowCommand::kCut, TranslateText(u"Cut"_s), true},
-                           {RowCommand::kCopy, TranslateText(u"Copy"_s)},
-                           {RowCommand::kPaste, TranslateText(u"Paste"_s)},
-                           {RowCommand::kSelectRow, TranslateText(u"Select row"_s), true},
-                           {RowCommand::kClearRow, TranslateText(u"Clear row"_s)},
-                           {RowCommand::kCentreRow, TranslateText(u"Centre row"_s)},
-                           {RowCommand::kCopyRow, TranslateText(u"Copy row"_s)}};
   message_.MakeCurrent(number);
   Show();
   auto* menu = new QMenu(&surface);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const Entry& entry : entries) {
-    if (entry.begins_group) menu->addSeparator();
-    QAction* action =
-        menu->addAction(entry.text, this, [this, command = entry.command] { Do(command); });
-    action->setShortcut(KeysOf(entry.command));
-    action->setShortcutVisibleInContextMenu(true);
-    action->setEnabled(CanDo(entry.command));
+  AddCommand(menu, RowCommand::kUndo, TranslateText(u"Undo"_s));
+  AddCommand(menu, RowCommand::kRedo, TranslateText(u"Redo"_s));
+  menu->addSeparator();
+  AddCommand(menu, RowCommand::kCut, TranslateText(u"Cut"_s));
+  AddCommand(menu, RowCommand::kCopy, TranslateText(u"Copy"_s));
+  AddCommand(menu, RowCommand::kPaste, TranslateText(u"Paste"_s));
+  menu->addSeparator();
+  if (attributes_.colour != nullptr) {
+    AddAttributes(menu, attributes_, message_, [this](bool blinking) {
+      message_.ChooseBlink(blinking);
+      ShowAttributes();
+    });
+    menu->addSeparator();
   }
+  AddCommand(menu, RowCommand::kSelectRow, TranslateText(u"Select row"_s));
+  AddCommand(menu, RowCommand::kClearRow, TranslateText(u"Clear row"_s));
+  AddCommand(menu, RowCommand::kCentreRow, TranslateText(u"Centre row"_s));
+  AddCommand(menu, RowCommand::kCopyRow, TranslateText(u"Copy row"_s));
   menu->popup(place);
+}
+
+void RowCommands::AddCommand(QMenu* menu, RowCommand command, const QString& text) {
+  QAction* action = menu->addAction(text, this, [this, command] { Do(command); });
+  action->setShortcut(KeysOf(command));
+  action->setShortcutVisibleInContextMenu(true);
+  action->setEnabled(CanDo(command));
 }
 
 bool RowCommands::CanDo(RowCommand command) const {
@@ -181,11 +173,9 @@ void RowCommands::Do(RowCommand command) {
 void RowCommands::Paste() {
   const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
   const auto clip = ClipOf(data);
-  const PasteLoss loss = clip ? message_.Paste(*clip) : message_.Paste(data.text());
+  const LeftOut left_out = clip ? message_.Paste(*clip) : message_.Paste(data.text());
   Show();
-  if (loss == PasteLoss{}) return;
-  Q_EMIT PasteCut(loss.no_room, loss.missing);
-  Q_EMIT Said(TextOf(loss));
+  if (left_out.IsAnything()) Q_EMIT Said(Brivon1::RowStatusWords().Refusal(left_out));
 }
 
 void RowCommands::Show() {

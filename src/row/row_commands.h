@@ -7,8 +7,10 @@
 #include <QObject>
 #include <QString>
 
+#include "row/attribute_menus.h"
 #include "row/edited_message.h"
 
+class QMenu;
 class QPoint;
 class RowSurface;
 
@@ -25,6 +27,9 @@ class RowCommands : public QObject {
   /// Does from now on in row `number` what is asked for on `surface`.
   void Serve(RowSurface& surface, int number);
 
+  /// Offers in the menu what `controls` choose; they outlive this.
+  void OfferAttributes(const AttributeControls& controls) { attributes_ = controls; }
+
   /// Shows what became of a choice of attributes; says of selected characters that they did not get
   /// them, because they would be too wide.
   void ShowAttributes();
@@ -34,9 +39,6 @@ class RowCommands : public QObject {
   /// Other attributes were chosen for what is typed next, and nothing was selected.
   void AttributesChosen();
 
-  /// A paste has left characters out: so many for want of room, and those that the code page lacks.
-  void PasteCut(qsizetype no_room, const QString& missing);
-
   /// What the operator should be told, in his language.
   void Said(const QString& text);
 
@@ -44,6 +46,7 @@ class RowCommands : public QObject {
   void Do(Brivon1::RowCommand command);
   bool CanDo(Brivon1::RowCommand command) const;
   void OpenMenu(RowSurface& surface, int number, const QPoint& place);
+  void AddCommand(QMenu* menu, Brivon1::RowCommand command, const QString& text);
 
   void Show();
   void Paste();
@@ -51,6 +54,7 @@ class RowCommands : public QObject {
   Brivon1::EditedMessage& message_;
   std::function<void()> show_;
   std::function<void()> return_keyboard_;
+  AttributeControls attributes_;
 };
 
 /// Shows a text beside the cursor of `surface` for a while.

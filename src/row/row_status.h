@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
+#include "row/row_editing.h"
+
 namespace Brivon1 {
 
 struct RowStatus {
@@ -24,12 +26,6 @@ struct RowStatus {
   QStringList attributes{};  ///< The names of the character's colour, size, blinking.
 };
 
-/// Why something typed is not there.
-enum class LeftOut {
-  kNoRoom,      ///< The row is full.
-  kNoCharacter  ///< The panels have no such character.
-};
-
 /// The texts of it in the chosen language, which are read once.
 class RowStatusWords {
  public:
@@ -41,8 +37,8 @@ class RowStatusWords {
   /// How many characters at the row's end will not be seen; empty where all are.
   QString Unseen(const RowStatus& status) const;
 
-  /// Why `count` characters were left out; `what` are those that the panels lack.
-  QString Refusal(LeftOut why, qsizetype count, const QString& what = {}) const;
+  /// What was left out and why; empty where nothing was.
+  QString Refusal(const LeftOut& left_out) const;
 
  private:
   QString row_place_;
@@ -51,8 +47,12 @@ class RowStatusWords {
   QString last_unseen_;
   QString some_unseen_;
   QString full_;
+  QString one_no_room_;
   QString no_room_;
+  QString one_no_row_;
+  QString no_row_;
   QString no_character_;
+  QString no_characters_;
 };
 
 }  // namespace Brivon1

@@ -34,13 +34,11 @@ void RowStatusLabel::ShowStatus(Brivon1::RowStatus status, RowSurface& surface,
   surface.SetStatus(line, words_.Unseen(status));
 }
 
-void RowStatusLabel::ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what,
-                                 RowSurface& surface) {
-  ShowNote(words_.Refusal(why, count, what), surface);
+void RowStatusLabel::ShowLeftOut(const Brivon1::LeftOut& left_out, RowSurface& surface) {
+  if (left_out.IsAnything()) ShowNote(words_.Refusal(left_out), surface);
 }
 
-void RowStatusLabel::ShowNote(QString note, RowSurface& surface) {
-  note.replace(u'\n', u' ');
+void RowStatusLabel::ShowNote(const QString& note, RowSurface& surface) {
   setText(note);
   surface.SetStatus(note, note);
 }

@@ -38,10 +38,11 @@ class RowStatusLabel : public ElidedLabel {
   void ShowStatus(Brivon1::RowStatus status, RowSurface& surface, const Brivon1::Attributes& next);
 
   /// Says something else of that row, until ShowStatus() is called again.
-  void ShowNote(QString note, RowSurface& surface);
+  void ShowNote(const QString& note, RowSurface& surface);
 
-  /// Says why something was left out of that row, until ShowStatus() is called again.
-  void ShowLeftOut(Brivon1::LeftOut why, qsizetype count, const QString& what, RowSurface& surface);
+  /// Says what was left out of that row and why, if anything was, until ShowStatus() is called
+  /// again.
+  void ShowLeftOut(const Brivon1::LeftOut& left_out, RowSurface& surface);
 
  private:
   Brivon1::RowStatusWords words_;

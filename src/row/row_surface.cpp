@@ -130,6 +130,9 @@ RowSurface::RowSurface(const Brivon1::PageRow& row, QWidget* parent) : QWidget(p
 }
 
 void RowSurface::RedrawRow(RowSpan span) {
+  const bool is_same = span == span_ && row_.ShowsTheSameAs(told_) &&
+                       row_.Cursor() == told_.Cursor() && row_.Anchor() == told_.Anchor();
+  if (is_same) return;
   span_ = span;
   TellRowChange(*this, std::exchange(told_, row_));
   updateMicroFocus();
@@ -253,6 +256,7 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   hold_ = Hold::kPressed;
   press_place_ = event->globalPosition();
+  press_x_ = event->position().x();
   if (event->modifiers().testFlag(Qt::ShiftModifier)) {
     Q_EMIT Dragged(event->position().x());
   } else {
@@ -261,7 +265,8 @@ void RowSurface::mousePressEvent(QMouseEvent* event) {
 }
 
 void RowSurface::mouseMoveEvent(QMouseEvent* event) {
-  if (hold_ == Hold::kNone || !event->buttons().testFlag(Qt::LeftButton)) return;
+  if (hold_ != Hold::kPressed && hold_ != Hold::kDragging) return;
+  if (!event->buttons().testFlag(Qt::LeftButton)) return;
   const QPointF way = event->globalPosition() - press_place_;
   if (hold_ == Hold::kPressed && way.manhattanLength() < QApplication::startDragDistance()) return;
   hold_ = Hold::kDragging;
@@ -276,8 +281,13 @@ void RowSurface::mouseReleaseEvent(QMouseEvent* event) {
 
 void RowSurface::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Q_EMIT Clicked(event->position().x());
-  Q_EMIT DoubleClicked(event->position().x());
+  hold_ = Hold::kPressedTwice;
+  // The row may have moved below the mouse since the first press, which chose the word.
+  const QPointF way = event->globalPosition() - press_place_;
+  const bool is_same_place = way.manhattanLength() < QApplication::startDragDistance();
+  const double x = is_same_place ? press_x_ : event->position().x();
+  Q_EMIT Clicked(x);
+  Q_EMIT DoubleClicked(x);
 }
 
 void RowSurface::contextMenuEvent(QContextMenuEvent* event) {

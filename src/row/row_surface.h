@@ -19,7 +19,8 @@ class RowSurface : public QWidget {
   /// `row` is shown as it is whenever something is painted, and outlives the surface.
   RowSurface(const Brivon1::PageRow& row, QWidget* parent);
 
-  /// To be called after every change of the row. `span` is what is shown of it.
+  /// To be called after every change of the row, which is drawn again if it is another one than
+  /// before. `span` is what is shown of it.
   void RedrawRow(RowSpan span = {});
 
   enum class CursorLine { kNone, kShown, kErased };
@@ -51,8 +52,8 @@ class RowSurface : public QWidget {
   void Select(qsizetype anchor, qsizetype cursor);
 
   /// What the mouse does here: it is no drag before the mouse has come some way on the screen,
-  /// whatever the surface does below it.
-  enum class Hold { kNone, kPressed, kDragging };
+  /// whatever the surface does below it. Pressed twice, it has selected a word and drags no more.
+  enum class Hold { kNone, kPressed, kPressedTwice, kDragging };
   Hold MouseHold() const { return hold_; }
 
   /// Where the cursor is.
@@ -81,7 +82,7 @@ class RowSurface : public QWidget {
   /// The left button, pressed before, is held no more.
   void Released();
 
-  /// The left button was pressed twice at `x`.
+  /// The left button was pressed twice, for the first time at `x`.
   void DoubleClicked(double x);
 
   /// A selection was asked for by other means than key and mouse.
@@ -121,4 +122,5 @@ class RowSurface : public QWidget {
   bool blinking_hidden_ = false;
   Hold hold_ = Hold::kNone;
   QPointF press_place_;  // on the screen
+  double press_x_ = 0;   // from the left edge
 };

@@ -9,7 +9,8 @@
 namespace Brivon1 {
 
 struct SchedulePage {
-  PanelDots::PageRows rows;  ///< Of a panel with three colours, as far as its dots reach.
+  PanelDots::PageRows rows;  ///< Of a panel with three colours, as far as its dots reach,
+  PanelDots::PageRows rows_of_one_colour;  ///< and of a panel with one.
   QString refusal;  ///< Why there is no page, as English message; empty where there is one.
 
   friend bool operator==(const SchedulePage&, const SchedulePage&) = default;

@@ -1,6 +1,7 @@
 #include "schedule/schedule_pane.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -10,8 +11,6 @@
 #include <QVBoxLayout>
 #include <QtMath>
 
-#include "language/further_texts.h"
-#include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
 
 using namespace Qt::StringLiterals;
@@ -29,9 +28,6 @@ constexpr int kUsualPitch = 4;
 constexpr double kLeastPitch = 1;
 constexpr double kScrolledPitch = 2;
 
-/// That of the buttons beside the table.
-constexpr int kButtonHeight = 32;
-
 /// A size that is no bound.
 constexpr double kEndless = 1e6;
 
@@ -42,16 +38,13 @@ SchedulePane::SchedulePane(QSplitter* splitter)
       scroll_(new QScrollArea(this)),
       picture_(new PanelDots::LivePicture),
       note_(new FittedLabel(this)),
-      play_(new CaptionButton(u"Play"_s, this)) {
+      play_(new PlayButton(this)),
+      one_colour_(new CaptionCheckBox(u"One color"_s, this)) {
   picture_->setObjectName(u"picPreview"_s);
   scroll_->setObjectName(u"scrollPreview"_s);
   note_->setObjectName(u"lblPreview"_s);
-  play_->setObjectName(u"butPlay"_s);
+  one_colour_->setObjectName(u"chkOneColor"_s);
   play_->setEnabled(false);
-  play_->setAutoDefault(false);
-  QFont bold = play_->font();
-  bold.setBold(true);
-  play_->setFont(bold);
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setFocusPolicy(Qt::NoFocus);
   scroll_->setWidgetResizable(true);
@@ -60,7 +53,6 @@ SchedulePane::SchedulePane(QSplitter* splitter)
   // The ground of the window shows through.
   picture_->setAutoFillBackground(false);
   scroll_->viewport()->setAutoFillBackground(false);
-  play_->setMinimumHeight(kButtonHeight);
   note_->setWordWrap(true);
   note_->setTextFormat(Qt::PlainText);
   note_->setAlignment(Qt::AlignCenter);
@@ -69,11 +61,15 @@ SchedulePane::SchedulePane(QSplitter* splitter)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(scroll_);
   layout->addWidget(note_);
-  auto* button = new QHBoxLayout;
-  button->addStretch();
-  button->addWidget(play_);
-  button->addStretch();
-  layout->addLayout(button);
+  controls_ = new QVBoxLayout;
+  for (QWidget* control : std::initializer_list<QWidget*>{play_, one_colour_}) {
+    auto* line = new QHBoxLayout;
+    line->addStretch();
+    line->addWidget(control);
+    line->addStretch();
+    controls_->addLayout(line);
+  }
+  layout->addLayout(controls_);
   layout->addStretch();
   Splitter()->installEventFilter(this);
   connect(Splitter(), &QSplitter::splitterMoved, this, &SchedulePane::OnMoved);
@@ -104,11 +100,6 @@ void SchedulePane::ShowScroll() {
   scroll_->setVisible(!HasNote() && shape_.rows > 0 && !is_collapsed_);
 }
 
-void SchedulePane::ShowPlaying(bool is_playing) {
-  if (is_playing) play_caption_ = play_->text();
-  play_->setText(is_playing ? ModuleLanguage::TranslateText(u"Stop"_s) : play_caption_);
-}
-
 void SchedulePane::Arrange() {
   ShowScroll();
   if (shape_.rows == 0) return;
@@ -117,7 +108,7 @@ void SchedulePane::Arrange() {
       PanelDots::DotDistance(QSizeF(width(), kEndless), shape_, devicePixelRatioF());
   const bool is_too_wide = by_width < kLeastPitch;
   const int bar = is_too_wide ? scroll_->horizontalScrollBar()->sizeHint().height() : 0;
-  const int below = play_->sizeHint().height() + layout()->spacing();
+  const int below = controls_->sizeHint().height() + layout()->spacing();
   const int room = std::max(height() - below, 1);
   const double pitch = is_too_wide ? kScrolledPitch : by_width;
   const int wanted = qCeil(dots.height() * pitch) + bar;
@@ -135,7 +126,7 @@ void SchedulePane::TakeRoom() {
   const int least = std::max(table->minimumWidth(), table->minimumSizeHint().width());
   const int all = Splitter()->width() - Splitter()->handleWidth();
   const int room = all - least;
-  setVisible(room >= std::max(kLeastWidth, play_->minimumSizeHint().width()));
+  setVisible(room >= std::max(kLeastWidth, controls_->minimumSize().width()));
   if (was_moved_ || isHidden()) return;
   const int wanted = qCeil(PanelDots::SizeInDots(shape_).width() * kUsualPitch);
   const int share = std::min(room, std::min(std::max(wanted, kUsualWidth), all / 2));

@@ -1,16 +1,19 @@
-// The place of the preview beside the table: the panel, a note in the panel's place, and the button
-// that plays. It is there as long as the splitter that it stands in has room for it.
+// The place of the preview beside the table: the panel, a note in the panel's place, the button
+// that plays, and the choice of a panel of one colour. It is there as long as the splitter that it
+// stands in has room for it.
 #pragma once
 
 #include <QLabel>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QString>
 #include <QWidget>
 
 #include "panel_dots/live_picture.h"
+#include "widgets/caption_check_box.h"
+#include "widgets/play_button.h"
 
 class QSplitter;
+class QVBoxLayout;
 
 class SchedulePane : public QWidget {
   Q_OBJECT
@@ -20,7 +23,10 @@ class SchedulePane : public QWidget {
   explicit SchedulePane(QSplitter* splitter);
 
   PanelDots::LivePicture* Picture() const { return picture_; }
-  QPushButton* PlayButton() const { return play_; }
+  PlayButton* Button() const { return play_; }
+
+  /// Whether the panel is one of a single colour.
+  QCheckBox* OneColour() const { return one_colour_; }
 
   /// A panel of this shape is to have room; one of no dots is not shown.
   void SetShape(const PanelDots::PanelShape& shape);
@@ -31,9 +37,6 @@ class SchedulePane : public QWidget {
   /// Shows `note` in the panel's place; an empty one gives it back.
   void ShowNote(const QString& note);
   bool HasNote() const { return !note_->text().isEmpty(); }
-
-  /// Gives the button the caption that fits.
-  void ShowPlaying(bool is_playing);
 
   bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -57,8 +60,9 @@ class SchedulePane : public QWidget {
   QScrollArea* scroll_;
   PanelDots::LivePicture* picture_;
   QLabel* note_;
-  QPushButton* play_;
-  QString play_caption_;
+  PlayButton* play_;
+  CaptionCheckBox* one_colour_;
+  QVBoxLayout* controls_;
   PanelDots::PanelShape shape_{0, 0};
   bool was_moved_ = false;     // the splitter, by hand
   bool is_collapsed_ = false;  // and to its end

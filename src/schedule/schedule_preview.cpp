@@ -4,7 +4,6 @@
 
 #include <QFileInfo>
 #include <QItemSelectionModel>
-#include <QPushButton>
 #include <QSet>
 
 #include "language/further_texts.h"
@@ -15,6 +14,7 @@
 #include "schedule/schedule_pane.h"
 #include "schedule/sequence_table.h"
 #include "store/configuration_store.h"
+#include "widgets/bind_key.h"
 #include "widgets/next_input.h"
 
 using namespace Qt::StringLiterals;
@@ -39,11 +39,16 @@ SchedulePreview::SchedulePreview(SequenceTable* table, SchedulePane* pane, TimeS
   step_timer_.setSingleShot(true);
   step_timer_.setTimerType(Qt::PreciseTimer);
   connect(&step_timer_, &QTimer::timeout, this, &SchedulePreview::Proceed);
-  connect(pane_.PlayButton(), &QPushButton::clicked, this, &SchedulePreview::PressButton);
+  connect(pane_.Button(), &QPushButton::clicked, this, &SchedulePreview::PressButton);
   connect(&pane_, &SchedulePane::Seen, this, [this](bool is_seen) {
     table_.ReadPages(is_seen);
     if (!is_seen) Stop();
   });
+  connect(pane_.OneColour(), &QCheckBox::toggled, this, [this] {
+    Stop();
+    ShowSelected();
+  });
+  BindKey(Qt::SHIFT | Qt::Key_F9, pane_.OneColour());
   connect(&table_, &SequenceTable::PageRead, this, &SchedulePreview::TakePage);
   connect(table_.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     if (!IsPlaying()) ShowSelected();
@@ -51,7 +56,11 @@ SchedulePreview::SchedulePreview(SequenceTable* table, SchedulePane* pane, TimeS
 }
 
 PanelDots::PanelShape SchedulePreview::Shape() const {
-  return Brivon1::PanelShapeOf(schedule_.dimension, Brivon1::kTri);
+  return Brivon1::PanelShapeOf(schedule_.dimension, ColourType());
+}
+
+qint16 SchedulePreview::ColourType() const {
+  return pane_.OneColour()->isChecked() ? Brivon1::kMono : Brivon1::kTri;
 }
 
 void SchedulePreview::Show(const Brivon1::Schedule& schedule) {
@@ -64,7 +73,7 @@ void SchedulePreview::Show(const Brivon1::Schedule& schedule) {
   }
   pages_.removeIf([&](const auto& page) { return !paths.contains(page.key()); });
   pane_.SetShape(Shape());
-  pane_.PlayButton()->setEnabled(schedule_.Count() > 0);
+  pane_.Button()->setEnabled(schedule_.Count() > 0);
   ShowSelected();
 }
 
@@ -100,7 +109,8 @@ void SchedulePreview::ShowPage(std::optional<Entrance> entrance) {
   } else if (!page->refusal.isEmpty()) {
     pane_.ShowNote(TranslateMessage(page->refusal));
   } else {
-    ShowPicture(page->rows, std::move(entrance));
+    ShowPicture(ColourType() == Brivon1::kMono ? page->rows_of_one_colour : page->rows,
+                std::move(entrance));
   }
 }
 
@@ -124,7 +134,7 @@ void SchedulePreview::Play() {
   // The first page enters a dark panel.
   position_ = 0;
   ShowPage(std::nullopt);
-  pane_.ShowPlaying(true);
+  pane_.Button()->ShowPlaying(true);
   next_input_->Await();
   Proceed();
 }
@@ -151,6 +161,6 @@ void SchedulePreview::Stop() {
   step_timer_.stop();
   next_input_->Cancel();
   table_.ShowPlaying(0);
-  pane_.ShowPlaying(false);
+  pane_.Button()->ShowPlaying(false);
   ShowSelected();
 }

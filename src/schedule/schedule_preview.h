@@ -49,6 +49,7 @@ class SchedulePreview : public QObject {
   void ShowPage(std::optional<PanelDots::Entrance> entrance);
   void ShowPicture(const PanelDots::PageRows& rows, std::optional<PanelDots::Entrance> entrance);
   PanelDots::PanelShape Shape() const;
+  qint16 ColourType() const;
 
   SequenceTable& table_;
   SchedulePane& pane_;

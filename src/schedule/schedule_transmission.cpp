@@ -10,6 +10,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "language/display_feature.h"
+#include "language/file_remedies.h"
 #include "language/further_texts.h"
 #include "language/module_language.h"
 #include "page/message_transmission.h"
@@ -18,7 +19,7 @@
 #include "schedule/schedule.h"
 #include "schedule/schedule_file.h"
 #include "schedule/schedule_reader.h"
-#include "sending/refusals.h"
+#include "schedule/step_file.h"
 #include "sending/sending_words.h"
 
 using namespace Qt::StringLiterals;
@@ -92,13 +93,22 @@ std::optional<Refusal> FileRefusal(const QString& name, Dimension dimension,
                                    const FileSource& files) {
   const QString file = files.Find(InProgramFolder(name));
   const QString end = u": "_s + name;
-  if (!files.Exists(file)) return FileNotFound(file, end);
+  const bool exists = files.Exists(file);
   const std::optional<Dimension> found = IsMessageFile(file, files);
-  if (!found) return WrongKind(file, FileSort::kPage, end);
-  if (*found != dimension) {
-    return Refusal{TranslateMessage(u"Dimension Not Match"_s) + end, StepRemedy(*found, dimension)};
-  }
-  return std::nullopt;
+  const std::optional<StepFault> fault = StepFaultOf(exists, found, dimension);
+  if (!fault) return std::nullopt;
+  const auto remedy = [&] {
+    switch (*fault) {
+      case StepFault::kMissing:
+        return MissingFileRemedy(file);
+      case StepFault::kNoPage:
+        return WrongKindRemedy(file, FileSort::kPage);
+      case StepFault::kOtherSize:
+        return StepRemedy(*found, dimension);
+    }
+    return QString();
+  };
+  return Refusal{TranslateMessage(StepFaultText(*fault)) + end, remedy()};
 }
 
 /// Why ReadPlan() gives nothing.

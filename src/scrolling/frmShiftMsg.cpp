@@ -24,7 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Brivon1::LeftOut;
 using Brivon1::ScrollingMessage;
 using ModuleLanguage::TranslateMessage;
 using ModuleLanguage::TranslateText;
@@ -149,15 +148,9 @@ void frmShiftMsg::reject() {
 }
 
 void frmShiftMsg::TypeText(const QString& text) {
-  const Brivon1::TypedBytes typed = Brivon1::BytesOf(text);
-  const qsizetype left_out = message_.TypeAll(typed.bytes);
+  const Brivon1::LeftOut left_out = message_.Type(message_.EditedNumber(), text);
   ShowEdit();
-  if (typed.refused) {
-    ui_->lblRowStatus->ShowLeftOut(LeftOut::kNoCharacter, typed.missing.size(), typed.missing,
-                                   *surface_);
-  } else if (left_out > 0) {
-    ui_->lblRowStatus->ShowLeftOut(LeftOut::kNoRoom, left_out, {}, *surface_);
-  }
+  ui_->lblRowStatus->ShowLeftOut(left_out, *surface_);
 }
 
 void frmShiftMsg::ShowEdit() {

@@ -36,9 +36,8 @@ class ScrollingMessage : public EditedMessage {
   /// Whether the message takes no further character.
   bool IsFull() const { return row_.Length() >= kMostCharacters; }
 
-  /// Types characters by the typing rule; Undo() takes them back together. Marks the message
-  /// modified if it has changed. How many characters found no room.
-  qsizetype TypeAll(QByteArrayView characters);
+  /// Typing marks the message modified if it has changed.
+  qsizetype TypeAll(QByteArrayView characters) override;
 
   /// What a key does that moves or deletes; up and down do nothing.
   void PressMoveKey(MoveKey key);

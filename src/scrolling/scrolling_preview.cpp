@@ -10,13 +10,13 @@
 #include <QtMath>
 
 #include "language/further_texts.h"
-#include "panel_dots/dot_glyphs.h"
 #include "panel_dots/message_text.h"
+#include "panel_dots/seen_cells.h"
 #include "row/coded_text.h"
 #include "store/configuration_store.h"
-#include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
+#include "widgets/play_button.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +29,6 @@ using PanelDots::PanelPicture;
 constexpr int kUsualColumns = 96;
 constexpr int kFewestColumns = 10;
 constexpr int kMostColumns = 3000;
-constexpr int kButtonHeight = 32;
 
 /// Larger dots do not help anybody.
 constexpr double kMostPitch = 4;
@@ -47,11 +46,15 @@ int ConfiguredColumns() {
 
 QList<Cell> CellsOf(const PageRow& row) { return PanelDots::ParseCells(Brivon1::CodedText(row)); }
 
-/// The message from a character on, as far as so many dot columns show it: a file may hold a
-/// message of any length.
-QList<Cell> CellsFrom(const PageRow& message, qsizetype first, int columns) {
-  const qsizetype most = columns / PanelDots::kCompressedColumns + 1;
-  return CellsOf(message.Part(first, std::min(first + most, message.Length())));
+/// The message from a character on, as far as so many dot columns show it.
+QList<Cell> CellsFrom(const PageRow& message, qsizetype first, int columns,
+                      const QDateTime& clock) {
+  const PanelDots::RowLook look{true, true, clock};
+  return PanelDots::UpToCut(
+      PanelDots::BeginningOf(
+          message.Length() - first, columns, look,
+          [&](qsizetype count) { return CellsOf(message.Part(first, first + count)); }),
+      columns, look);
 }
 
 }  // namespace
@@ -59,11 +62,10 @@ QList<Cell> CellsFrom(const PageRow& message, qsizetype first, int columns) {
 ScrollingPreview::ScrollingPreview(QWidget* parent)
     : QWidget(parent),
       picture_(new PanelDots::LivePicture(this)),
-      play_(new CaptionButton(u"Play"_s, this)),
+      play_(new PlayButton(this)),
       columns_label_(new FittedLabel(u"Dot columns:"_s, this)),
       columns_(new QSpinBox(this)) {
   picture_->setObjectName(u"picPreview"_s);
-  play_->setObjectName(u"butPlay"_s);
   columns_label_->setObjectName(u"lblColumns"_s);
   columns_->setObjectName(u"spinColumns"_s);
   columns_label_->setBuddy(columns_);
@@ -71,12 +73,7 @@ ScrollingPreview::ScrollingPreview(QWidget* parent)
   columns_->setValue(ConfiguredColumns());
   columns_->setFocusPolicy(Qt::TabFocus);
   IgnoreWheel(columns_);
-  play_->setAutoDefault(false);
   play_->setFocusPolicy(Qt::TabFocus);
-  play_->setMinimumHeight(kButtonHeight);
-  QFont bold = play_->font();
-  bold.setBold(true);
-  play_->setFont(bold);
   picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   picture_->installEventFilter(this);
   auto* controls = new QHBoxLayout;
@@ -107,16 +104,23 @@ void ScrollingPreview::Build(const PageRow& message, std::function<qsizetype()> 
 PanelDots::PanelShape ScrollingPreview::Shape() const { return {1, columns_->value(), true}; }
 
 void ScrollingPreview::Rest() {
-  if (std::exchange(is_running_, false)) play_->setText(play_caption_);
+  is_running_ = false;
+  play_->ShowPlaying(false);
   if (!isVisible() || message_ == nullptr) return;
   PanelPicture picture{Shape()};
-  picture.rows.insert(1, CellsFrom(*message_, first_(), columns_->value()));
+  picture.rows.insert(1, CellsFrom(*message_, first_(), columns_->value(), now_()));
+  // A row that has not changed is not drawn again.
+  const PanelPicture& shown = picture_->Picture();
+  if (shown.shape == picture.shape && shown.rows == picture.rows &&
+      shown.scrolling_texts.isEmpty()) {
+    return;
+  }
   picture_->ShowNow(std::move(picture));
 }
 
 void ScrollingPreview::Run() {
-  if (!std::exchange(is_running_, true)) play_caption_ = play_->text();
-  play_->setText(ModuleLanguage::TranslateText(u"Stop"_s));
+  is_running_ = true;
+  play_->ShowPlaying(true);
   PanelPicture picture{Shape()};
   picture.scrolling_texts.insert(1, {CellsOf(*message_), now_().toMSecsSinceEpoch()});
   picture_->ShowNow(std::move(picture));

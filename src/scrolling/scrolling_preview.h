@@ -6,13 +6,13 @@
 
 #include <QDateTime>
 #include <QLabel>
-#include <QPushButton>
 #include <QSpinBox>
-#include <QString>
 #include <QWidget>
 
 #include "panel_dots/live_picture.h"
 #include "row/page_row.h"
+
+class PlayButton;
 
 class ScrollingPreview : public QWidget {
   Q_OBJECT
@@ -47,8 +47,7 @@ class ScrollingPreview : public QWidget {
   TimeSource now_;
   bool is_running_ = false;
   PanelDots::LivePicture* picture_;
-  QPushButton* play_;
-  QString play_caption_;
+  PlayButton* play_;
   QLabel* columns_label_;
   QSpinBox* columns_;
 };

@@ -64,6 +64,12 @@ QString WithoutShortcutMark(QString caption) {
   return caption.replace(mark, u"\\1"_s);
 }
 
+QString SpokenCaption(const QString& caption) {
+  QString spoken = WithoutShortcutMark(caption).trimmed();
+  if (spoken.endsWith(u':')) spoken.chop(1);
+  return spoken.trimmed();
+}
+
 TextFit FitText(const QFont& font, const QString& text, const QSizeF& size) {
   TextFit broken{0, false, true};
   for (qreal scale = 1; scale >= kSmallestScale; scale *= kSmallerScale) {

@@ -28,6 +28,9 @@ QFont Scaled(QFont font, qreal scale);
 /// A caption as it is drawn where "&" marks the letter behind it as the shortcut: without the mark.
 QString WithoutShortcutMark(QString caption);
 
+/// A caption without what only the eye wants: the mark, and a colon at its end.
+QString SpokenCaption(const QString& caption);
+
 /// How `text` fits into `size` in `font`, with letters down to kSmallestScale of their size. Every
 /// letter counts, also "&".
 TextFit FitText(const QFont& font, const QString& text, const QSizeF& size);

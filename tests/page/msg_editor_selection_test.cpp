@@ -1,5 +1,6 @@
 // The selection, the clipboard and the menu of the page editor, where a page has several rows.
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
@@ -66,18 +67,23 @@ TEST_F(MsgEditorSelection, WhatAPasteLeavesOutIsSaid) {
   New(1, 25);
   auto* commands = window_.findChild<RowCommands*>();
   ASSERT_NE(commands, nullptr);
-  const QSignalSpy cut(commands, &RowCommands::PasteCut);
+  const QSignalSpy said(commands, &RowCommands::Said);
+  const auto status = [this] { return Find<QLabel>("lblRowStatus")->text(); };
   QGuiApplication::clipboard()->setText(u"abc\u9053"_s);
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(cut.value(0), QVariantList({qsizetype{0}, u"\u9053"_s}));
-  EXPECT_EQ(QToolTip::text(), u"Left out, not in the code page: 1"_s);
+  EXPECT_EQ(said.value(0), QVariantList({u"The panels have no character \u9053."_s}));
+  EXPECT_EQ(QToolTip::text(), u"The panels have no character \u9053."_s);
+  EXPECT_EQ(status(), QToolTip::text());
   QGuiApplication::clipboard()->setText(u"defg\u9053\nhij"_s);
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(cut.value(1), QVariantList({qsizetype{5}, u"\u9053"_s}));
-  EXPECT_EQ(QToolTip::text(), u"Left out, no room: 5\nLeft out, not in the code page: 1"_s);
+  EXPECT_EQ(QToolTip::text(),
+            u"The row is full: 2 characters were left out. There is no further row: 3 characters "
+            "were left out. The panels have no character \u9053."_s);
+  EXPECT_EQ(said.value(1), QVariantList({QToolTip::text()}));
+  EXPECT_EQ(status(), QToolTip::text());
   QGuiApplication::clipboard()->setText(QString());
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(cut.size(), 2);
+  EXPECT_EQ(said.size(), 2);
   EXPECT_EQ(RowLines(), "<L01><SA><CA>abcde\r\n");
 }
 
@@ -183,6 +189,37 @@ TEST_F(MsgEditorSelection, TheContextMenuPastesIntoItsRow) {
   paste->trigger();
   menu->close();
   EXPECT_EQ(RowLines(), "<L01>\r\n<L02><SA><CA>abc\r\n");
+}
+
+TEST_F(MsgEditorSelection, ADoubleClickAtTheEdgeSelectsWhatWasPressedFirst) {
+  New(1, 960);
+  QString words;  // each of one character
+  for (int n = 0; n < 90; ++n) words += u"a."_s;
+  Keys(words);
+  Key(Qt::Key_Home);
+  QCoreApplication::processEvents();
+  QWidget* row = Row(1);
+  const QPoint place =
+      row->parentWidget()->mapToGlobal(QPoint(row->parentWidget()->width() - 3, row->y() + 10));
+  const qsizetype pressed = row->mapFromGlobal(place).x() / 12;
+  const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
+    QMouseEvent event(type, row->mapFromGlobal(place), place, Qt::LeftButton, buttons, {});
+    QCoreApplication::sendEvent(row, &event);
+  };
+  send(QEvent::MouseButtonPress, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, Qt::NoButton);
+  const int left = row->x();
+  send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+  EXPECT_EQ(row->x(), left) << "the row stays below a mouse that is pressed";
+  QMouseEvent move(QEvent::MouseMove, row->mapFromGlobal(place - QPoint(60, 0)),
+                   place - QPoint(60, 0), Qt::NoButton, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(row, &move);
+  send(QEvent::MouseButtonRelease, Qt::NoButton);
+  int begin = 0;
+  int end = 0;
+  QAccessible::queryAccessibleInterface(row)->textInterface()->selection(0, &begin, &end);
+  EXPECT_EQ(begin, pressed);
+  EXPECT_EQ(end, pressed + 1);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include "page/page_message.h"
 #include "page/page_of.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Brivon1::kMaxRows;
@@ -117,7 +119,7 @@ TEST(PageMessage, ControlCharactersTypedAreIgnoredAndNoEdit) {
 
 TEST(PageMessage, ATypedCharacterWithoutAByteIsARefusedKey) {
   PageMessage page = PageOf(1, 80);
-  page.RefuseKey();
+  page.Type(1, u"\u4e2d"_s);
   EXPECT_EQ(page.Row(1).Text(), "");
   EXPECT_TRUE(page.IsModified());
 }

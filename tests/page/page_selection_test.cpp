@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Brivon1::LeftOut;
 using Brivon1::MoveKey;
 using Brivon1::PageMessage;
 using Brivon1::PageRow;
-using Brivon1::PasteLoss;
 
 /// Chosen attributes, by place in the lists.
 void Choose(PageMessage& page, int size, int colour = 0) {
@@ -40,8 +40,8 @@ TEST(PageSelection, SeveralLinesGoOnIntoTheFollowingRowsAsOneEdit) {
   page.SetCurrentRow(2);
   Type(page, "[]");
   page.PressMoveKey(MoveKey::kLeft);
-  const PasteLoss loss = page.Paste(u"one\r\ntwo \nthree\n"_s);
-  EXPECT_EQ(loss, PasteLoss{});
+  const LeftOut left_out = page.Paste(u"one\r\ntwo \nthree\n"_s);
+  EXPECT_EQ(left_out, LeftOut{});
   EXPECT_EQ(Texts(page), QByteArrayList({"", "[one]", "two end", "three"}));
   EXPECT_EQ(page.CurrentRow(), 4);
   EXPECT_EQ(page.Row(4).Cursor(), 5);
@@ -57,24 +57,24 @@ TEST(PageSelection, SeveralLinesGoOnIntoTheFollowingRowsAsOneEdit) {
 
 TEST(PageSelection, APasteCountsWhatItLeavesOutAndWhy) {
   PageMessage page = PageOf(2, 25);  // five places
-  EXPECT_EQ(page.Paste(u"1234567\nab\u9053cd\nno row\n"_s), (PasteLoss{2 + 6, u"\u9053"_s}));
+  EXPECT_EQ(page.Paste(u"1234567\nab\u9053cd\nno row\n"_s), (LeftOut{2, u"\u9053"_s, 6}));
   EXPECT_EQ(Texts(page), QByteArrayList({"12345", "abcd"}));
   page.SetModified(false);
-  EXPECT_EQ(page.Paste(u"\u9053\u9053"_s), (PasteLoss{0, u"\u9053\u9053"_s}));
+  EXPECT_EQ(page.Paste(u"\u9053\u9053"_s), (LeftOut{0, u"\u9053\u9053"_s}));
   EXPECT_TRUE(page.IsModified());  // as a refused key
   page.Undo();
   EXPECT_EQ(Texts(page), QByteArrayList({"", ""}));
-  EXPECT_EQ(PageOf(0, 25).Paste(u"a\nb"_s), (PasteLoss{2}));
+  EXPECT_EQ(PageOf(0, 25).Paste(u"a\nb"_s), (LeftOut{1, {}, 1}));
 }
 
 TEST(PageSelection, APasteTakesThePlaceOfTheSelectionAndCountsIt) {
   PageMessage page = PageOf(1, 25);
   Type(page, "abcde");
   page.Select(1, 1, 3);
-  EXPECT_EQ(page.Paste(u"XYZ"_s), (PasteLoss{1}));
+  EXPECT_EQ(page.Paste(u"XYZ"_s), (LeftOut{1}));
   EXPECT_EQ(page.Row(1).Text(), "aXYde");
   page.Select(1, 1, 3);
-  EXPECT_EQ(page.Paste(u"\u9053"_s), (PasteLoss{0, u"\u9053"_s}));
+  EXPECT_EQ(page.Paste(u"\u9053"_s), (LeftOut{0, u"\u9053"_s}));
   EXPECT_EQ(page.Row(1).SelectionLength(), 2);
 }
 
@@ -82,7 +82,7 @@ TEST(PageSelection, AnEmptyFirstLineTakesThePlaceOfTheSelectionToo) {
   PageMessage page = PageOf(2, 40);
   Type(page, "abcde");
   page.Select(1, 1, 3);
-  EXPECT_EQ(page.Paste(u"\nxy"_s), PasteLoss{});
+  EXPECT_EQ(page.Paste(u"\nxy"_s), LeftOut{});
   EXPECT_EQ(Texts(page), QByteArrayList({"ade", "xy"}));
   page.Undo();
   EXPECT_EQ(Texts(page), QByteArrayList({"abcde", ""}));
@@ -90,7 +90,7 @@ TEST(PageSelection, AnEmptyFirstLineTakesThePlaceOfTheSelectionToo) {
 
 TEST(PageSelection, WhatIsLeftOverIsCountedInCharacters) {
   PageMessage page = PageOf(1, 40);
-  EXPECT_EQ(page.Paste(u"a\nb\U0001F600c"_s), (PasteLoss{3}));
+  EXPECT_EQ(page.Paste(u"a\nb\U0001F600c"_s), (LeftOut{0, {}, 3}));
 }
 
 TEST(PageSelection, PastedCharactersKeepTheirAttributesAndObeyTheTypingRule) {
@@ -101,7 +101,7 @@ TEST(PageSelection, PastedCharactersKeepTheirAttributesAndObeyTheTypingRule) {
   const PageRow copied = page.Row(1);
   Choose(page, 0);
   page.ChooseBlink(false);
-  EXPECT_EQ(page.Paste(copied), (PasteLoss{2}));
+  EXPECT_EQ(page.Paste(copied), (LeftOut{2}));
   EXPECT_EQ(Shown(page.Row(1)), "abca|DDDD|PPPP|BBBB");
   page.Undo();
   EXPECT_EQ(page.Row(1).Text(), "abc");

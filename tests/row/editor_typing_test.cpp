@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -192,6 +193,18 @@ TEST_P(RowEditor, TheCursorBlinksAnewFromEveryEdit) {
   const int before = timer->remainingTime();
   Key(Qt::Key_Left);
   EXPECT_GT(timer->remainingTime(), before);
+}
+
+TEST_P(RowEditor, OfATypedTextEveryReasonWhyItIsCutIsSaid) {
+  QInputMethodEvent commit;
+  commit.setCommitString(u"\u65e5"_s + QString(1002, u'x'));
+  QCoreApplication::sendEvent(Surface(), &commit);
+  const QString status = Find<QLabel>("lblRowStatus")->text();
+  const qsizetype left_out = 1002 - ReadOut(Surface()).size();
+  EXPECT_GT(left_out, 1);
+  EXPECT_EQ(status,
+            u"The row is full: %1 characters were left out. "
+            "The panels have no character \u65e5."_s.arg(left_out));
 }
 
 }  // namespace

@@ -35,11 +35,41 @@ TEST(RowStatus, SaysHowManyCharactersWillNotBeSeen) {
 
 TEST(RowStatus, SaysWhySomethingWasLeftOut) {
   const RowStatusWords words;
-  EXPECT_EQ(words.Refusal(LeftOut::kNoRoom, 1), u"The row is full."_s);
-  EXPECT_EQ(words.Refusal(LeftOut::kNoRoom, 12),
-            u"The row is full: 12 characters were left out."_s);
-  EXPECT_EQ(words.Refusal(LeftOut::kNoCharacter, 1, u"\u65e5"_s),
-            u"The panels have no character \u65e5."_s);
+  EXPECT_EQ(words.Refusal({}), QString());
+  EXPECT_EQ(words.Refusal({.no_room = 1, .is_key = true}), u"The row is full."_s);
+  EXPECT_EQ(words.Refusal({.no_room = 1}), u"The row is full: one character was left out."_s);
+  EXPECT_EQ(words.Refusal({.no_room = 12}), u"The row is full: 12 characters were left out."_s);
+  EXPECT_EQ(words.Refusal({.no_row = 1}),
+            u"There is no further row: one character was left out."_s);
+  EXPECT_EQ(words.Refusal({.no_row = 4}),
+            u"There is no further row: 4 characters were left out."_s);
+  EXPECT_EQ(words.Refusal({.missing = u"\u65e5"_s}), u"The panels have no character \u65e5."_s);
+  EXPECT_EQ(words.Refusal({.missing = u"\u65e5\u672c\u65e5"_s}),
+            u"The panels do not have \u65e5 \u672c: 3 characters were left out."_s);
+}
+
+TEST(RowStatus, OfManyMissingCharactersEightAreNamed) {
+  const RowStatusWords words;
+  EXPECT_EQ(words.Refusal({.missing = u"\u4e00\u4e01\u4e02\u4e03\u4e04\u4e05\u4e06\u4e07\u4e00"_s}),
+            u"The panels do not have \u4e00 \u4e01 \u4e02 \u4e03 \u4e04 \u4e05 \u4e06 \u4e07: "
+            "9 characters were left out."_s);
+  EXPECT_EQ(words.Refusal({.missing = u"\u4e00\u4e01\u4e02\u4e03\u4e04\u4e05\u4e06\u4e07\u4e08"_s}),
+            u"The panels do not have \u4e00 \u4e01 \u4e02 \u4e03 \u4e04 \u4e05 \u4e06 \u4e07 ...: "
+            "9 characters were left out."_s);
+}
+
+TEST(RowStatus, AMissingCharacterThatIsNotSeenByItselfIsNamedByItsNumber) {
+  const RowStatusWords words;
+  EXPECT_EQ(words.Refusal({.missing = u"\U0001F600"_s}),
+            u"The panels have no character \U0001F600."_s);
+  EXPECT_EQ(words.Refusal({.missing = u"\u200d\u0301\u2003\ue000"_s}),
+            u"The panels do not have U+200D U+0301 U+2003 U+E000: 4 characters were left out."_s);
+}
+
+TEST(RowStatus, SaysEveryReason) {
+  EXPECT_EQ(RowStatusWords().Refusal({.no_room = 2, .missing = u"\u65e5"_s, .no_row = 3}),
+            u"The row is full: 2 characters were left out. There is no further row: 3 characters "
+            "were left out. The panels have no character \u65e5."_s);
 }
 
 }  // namespace

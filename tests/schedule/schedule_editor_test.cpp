@@ -193,9 +193,10 @@ TEST_F(ScheduleEditor, ReturnPressesNoButtonFromAnywhereElseButTheTable) {
 TEST_F(ScheduleEditor, TabVisitsTheControlsInTheOrderInWhichTheyAreRead) {
   NewSchedule(1);
   Button("butNew")->setFocus();
-  const char* const order[] = {"butOpen",   "butSave",   "butSaveAs", "butSend",      "butExit",
-                               "comboWeek", "txtHour",   "txtMin",    "GridSeqTable", "butPlay",
-                               "butAdd",    "butInsert", "butDelete", "butClear",     "butNew"};
+  const char* const order[] = {"butOpen",      "butSave",   "butSaveAs",   "butSend",
+                               "butExit",      "comboWeek", "txtHour",     "txtMin",
+                               "GridSeqTable", "butPlay",   "chkOneColor", "butAdd",
+                               "butInsert",    "butDelete", "butClear",    "butNew"};
   for (const char* name : order) {
     Key(Qt::Key_Tab);
     EXPECT_EQ(Window().focusWidget()->objectName(), Text(name));

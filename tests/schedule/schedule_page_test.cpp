@@ -25,16 +25,17 @@ class SchedulePageTest : public testing::Test {
     return folder_.Write(u"a.msg"_s, "*** Brivon Message File ***\r\n" + head + rows);
   }
 
-  static PanelDots::PanelPicture Picture(const PanelDots::PageRows& rows, Dimension dimension) {
-    return {{dimension.rows, dimension.columns, true},
+  static PanelDots::PanelPicture Picture(const PanelDots::PageRows& rows, Dimension dimension,
+                                         qint16 colour_type) {
+    return {{dimension.rows, dimension.columns, colour_type == kTri},
             rows,
             QDateTime(QDate(2026, 3, 5), QTime(14, 7))};
   }
 
   /// The file's rows as a panel shows them that was sent the file.
-  static PanelDots::PageRows Sent(const QString& path, Dimension dimension) {
-    VirtualPanel::PanelEngine engine({{7, dimension.rows, dimension.columns, true}});
-    const auto frames = MessageFrames(path, 7, "001", dimension, kTri);
+  static PanelDots::PageRows Sent(const QString& path, Dimension dimension, qint16 colour_type) {
+    VirtualPanel::PanelEngine engine({{7, dimension.rows, dimension.columns, colour_type == kTri}});
+    const auto frames = MessageFrames(path, 7, "001", dimension, colour_type);
     EXPECT_TRUE(frames);
     for (const QByteArray& frame : frames.value_or(QList<QByteArray>())) engine.Receive(frame);
     PanelDots::PageRows rows;
@@ -46,13 +47,17 @@ class SchedulePageTest : public testing::Test {
   static void ExpectShownAsSent(const QString& path, Dimension dimension) {
     const SchedulePage page = ReadSchedulePage(path, dimension);
     EXPECT_EQ(page.refusal, QString());
-    const auto shown = Picture(page.rows, dimension);
-    const auto sent = Picture(Sent(path, dimension), dimension);
-    for (const qint64 phase : {qint64{0}, PanelDots::kBlinkMs}) {
-      EXPECT_EQ(PanelDots::DotsOf(shown, phase), PanelDots::DotsOf(sent, phase));
-    }
-    for (int row = 1; row <= dimension.rows; ++row) {
-      EXPECT_EQ(PanelDots::IsCut(shown, row), PanelDots::IsCut(sent, row)) << row;
+    for (const qint16 colour_type : {kTri, kMono}) {
+      SCOPED_TRACE(colour_type == kTri ? "three colours" : "one colour");
+      const auto shown = Picture(colour_type == kTri ? page.rows : page.rows_of_one_colour,
+                                 dimension, colour_type);
+      const auto sent = Picture(Sent(path, dimension, colour_type), dimension, colour_type);
+      for (const qint64 phase : {qint64{0}, PanelDots::kBlinkMs}) {
+        EXPECT_EQ(PanelDots::DotsOf(shown, phase), PanelDots::DotsOf(sent, phase));
+      }
+      for (int row = 1; row <= dimension.rows; ++row) {
+        EXPECT_EQ(PanelDots::IsCut(shown, row), PanelDots::IsCut(sent, row)) << row;
+      }
     }
   }
 
@@ -94,6 +99,7 @@ TEST_F(SchedulePageTest, OfRowsOfAMegabyteNoMoreIsHeldThanThePanelShows) {
     for (const int number : {1, 2}) {
       EXPECT_GT(page.rows[number].size(), 80 / 6);
       EXPECT_LE(page.rows[number].capacity(), 80);
+      EXPECT_LE(page.rows_of_one_colour[number].capacity(), 80);
     }
   }
 }

@@ -79,13 +79,13 @@ TEST_F(SchedulePaneTest, TheSplitterKeepsWhereItWasMovedTo) {
 TEST_F(SchedulePaneTest, ANoteTakesThePlaceOfThePanel) {
   Show(900);
   pane_->layout()->activate();
-  const int place = pane_->PlayButton()->y();
+  const int place = pane_->Button()->y();
   pane_->ShowNote(
       QStringLiteral("File not found: a file with a long name that takes several lines.msg"));
   EXPECT_FALSE(pane_->Picture()->isVisible());
   EXPECT_TRUE(pane_->HasNote());
   pane_->layout()->activate();
-  EXPECT_EQ(pane_->PlayButton()->y(), place) << "the button stays where it is";
+  EXPECT_EQ(pane_->Button()->y(), place) << "the button stays where it is";
   pane_->ShowNote({});
   EXPECT_TRUE(pane_->Picture()->isVisible());
 }

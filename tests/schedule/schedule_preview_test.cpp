@@ -1,4 +1,6 @@
 // The page of the selected step, beside the table of a schedule.
+#include <QCheckBox>
+#include <QKeySequence>
 #include <QSemaphore>
 
 #include <gtest/gtest.h>
@@ -162,6 +164,34 @@ TEST_F(SchedulePreviewTest, NothingIsDrawnOrReadForAPreviewThatIsHidden) {
   EXPECT_FALSE(IsPlaying());
   EXPECT_FALSE(Timer("blink_timer_")->isActive());
   EXPECT_FALSE(Timer("clock_timer_")->isActive());
+}
+
+TEST_F(SchedulePreviewTest, ThePageIsShownAsOnAPanelOfOneColour) {
+  Page("1.msg", "<SA><CB>green  ");
+  OpenSteps({{"1.msg", 1, "Flip"}});
+  ASSERT_TRUE(WaitUntil([this] { return Row() == Text("green  "); }));
+  auto* box = Find<QCheckBox>("chkOneColor");
+  EXPECT_EQ(box->toolTip(), QKeySequence(Text("Shift+F9")).toString(QKeySequence::NativeText));
+  Key(Qt::Key_F9, Qt::ShiftModifier);
+  EXPECT_TRUE(box->isChecked());
+  EXPECT_FALSE(Picture()->Picture().shape.tri_colour);
+  EXPECT_EQ(Row(), Text("green")) << "the blanks at the end are not sent";
+  EXPECT_EQ(Picture()->Picture().rows[1].first().colour, 'A');
+  QTest::mouseClick(box, Qt::LeftButton);
+  EXPECT_TRUE(Picture()->Picture().shape.tri_colour);
+  EXPECT_EQ(Picture()->Picture().rows[1].first().colour, 'B');
+  EXPECT_FALSE(Window().IsModified());
+}
+
+TEST_F(SchedulePreviewTest, APanelOfOneColourPlaysToo) {
+  OpenThreePages();
+  Key(Qt::Key_F9, Qt::ShiftModifier);
+  Play();
+  EXPECT_FALSE(Picture()->Picture().shape.tri_colour);
+  EXPECT_EQ(Row(), Text("1"));
+  Key(Qt::Key_F9, Qt::ShiftModifier);
+  EXPECT_FALSE(IsPlaying());
+  EXPECT_TRUE(Find<QCheckBox>("chkOneColor")->isChecked()) << "the key has stopped it, no more";
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "engine/panel_engine.h"
 #include "scrolling/frmShiftMsg.h"
 #include "support/message_box_reader.h"
+#include "support/paint_watcher.h"
 #include "support/program_folder.h"
 #include "support/shown_window.h"
 #include "window/panel_view.h"
@@ -88,6 +89,26 @@ TEST_F(ScrollingPreviewTest, AtRestItBeginsWhereTheRowAboveDoes) {
   EXPECT_TRUE(Row().startsWith(u"0123456789"_s)) << Row().toStdString();
   QTest::keyClick(Find<QWidget>("Picture1"), Qt::Key_Home);
   EXPECT_TRUE(Row().startsWith(u"aaaaaaaaaa"_s)) << Row().toStdString();
+}
+
+TEST_F(ScrollingPreviewTest, WhatIsTypedLikeCodesTakesNothingOfWhatStandsBehindIt) {
+  Type("<CB><CC><CB><CC><CB><CC><CB>x");
+  EXPECT_EQ(Row(), u"x"_s);
+}
+
+TEST_F(ScrollingPreviewTest, ATextAtRestIsDrawnAgainOnlyWhereItChanges) {
+  Type("<SA>Hello");
+  QCoreApplication::processEvents();
+  const PaintWatcher picture(Picture());
+  QTest::keyClick(Find<QWidget>("Picture1"), Qt::Key_Left);
+  QTest::keyClick(Find<QWidget>("Picture1"), Qt::Key_A, Qt::ControlModifier);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(picture.Painted().isEmpty());
+  EXPECT_FALSE(Find<QTimer>("blink_timer_")->isActive());
+  EXPECT_FALSE(Find<QTimer>("clock_timer_")->isActive());
+  QTest::keyClick(Find<QWidget>("Picture1"), Qt::Key_Delete);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(picture.Painted().isEmpty());
 }
 
 TEST_F(ScrollingPreviewTest, AWheelOverTheWidthLeavesIt) {

@@ -12,9 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Brivon1::LeftOut;
 using Brivon1::MoveKey;
 using Brivon1::PageRow;
-using Brivon1::PasteLoss;
 using Brivon1::ScrollingMessage;
 
 ScrollingMessage MessageOf(const QByteArray& text) {
@@ -70,16 +70,16 @@ TEST(ScrollingSelection, RemovingItMarksTheMessageAndShowsWhatComesBeforeIt) {
 
 TEST(ScrollingSelection, OfSeveralPastedLinesTheFirstIsTakenAndTheOthersAreCounted) {
   ScrollingMessage message = MessageOf("ab");
-  EXPECT_EQ(message.Paste(u"cd\nefg\nh"_s), (PasteLoss{4}));
+  EXPECT_EQ(message.Paste(u"cd\nefg\nh"_s), (LeftOut{0, {}, 4}));
   EXPECT_EQ(message.Row().Text(), "abcd");
   message = MessageOf(QByteArray(999, 'x'));
-  EXPECT_EQ(message.Paste(u"yz\u9053"_s), (PasteLoss{1, u"\u9053"_s}));
+  EXPECT_EQ(message.Paste(u"yz\u9053"_s), (LeftOut{1, u"\u9053"_s}));
   EXPECT_EQ(message.Row().Length(), 1000);
 }
 
 TEST(ScrollingSelection, ACharacterWithoutAByteAloneIsNoEdit) {
   ScrollingMessage message = MessageOf("ab");
-  EXPECT_EQ(message.Paste(u"\u9053"_s), (PasteLoss{0, u"\u9053"_s}));
+  EXPECT_EQ(message.Paste(u"\u9053"_s), (LeftOut{0, u"\u9053"_s}));
   EXPECT_FALSE(message.IsModified());
 }
 

@@ -201,7 +201,10 @@ TEST_F(ShiftMsg, WhatAPasteLeavesOutIsSaid) {
   Keys(QString(999, QLatin1Char('a')));
   QGuiApplication::clipboard()->setText(Text("xyz\nsecond"));
   Key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(QToolTip::text(), Text("Left out, no room: 8"));
+  EXPECT_EQ(QToolTip::text(),
+            Text("The row is full: 2 characters were left out. There is no further row: 6 "
+                 "characters were left out."));
+  EXPECT_EQ(Find<QLabel>("lblRowStatus")->text(), QToolTip::text());
   EXPECT_EQ(Position(), Text("1000 of 1000 (full)"));
 }
 

@@ -1,0 +1,27 @@
+// Whether a message file can be a step of a schedule: what the preview and the transmission ask
+// alike.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+#include "base/dimension.h"
+
+namespace Brivon1 {
+
+enum class StepFault {
+  kMissing,   ///< There is no file.
+  kNoPage,    ///< It is no message file, or it cannot be read.
+  kOtherSize  ///< Its page has another size than the schedule.
+};
+
+/// What keeps a file from being a step of a schedule of the size `wanted`; nothing where nothing
+/// does. `found` is the size of its page.
+std::optional<StepFault> StepFaultOf(bool exists, const std::optional<Dimension>& found,
+                                     Dimension wanted);
+
+/// What is said of it, as English message.
+QString StepFaultText(StepFault fault);
+
+}  // namespace Brivon1
