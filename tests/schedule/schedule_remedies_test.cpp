@@ -64,6 +64,15 @@ TEST_F(ScheduleRemedies, TheMessageThatIsMissingIsNamed) {
   EXPECT_EQ(Opening(head + "a.msg\r\n5\r\nOpen\r\nb.msg\r\n5\r\nOpen\r\n"), "");
 }
 
+TEST_F(ScheduleRemedies, TheFirstAndTheLastPossibleNumberOfALineAreNotCalledWrong) {
+  for (const char* week : {"Week =0", "Week =7"}) {
+    const QByteArray head =
+        week + QByteArray("\r\nHour =**\r\nMin =**\r\nRow =1\r\nCol =1\r\nNo of Sequence =");
+    EXPECT_EQ(Opening(head + "1\r\n"), "%1 ends early: message 1 of 1 is missing.");
+    EXPECT_EQ(Opening(head + "32\r\n"), "%1 ends early: message 1 of 32 is missing.");
+  }
+}
+
 TEST_F(ScheduleRemedies, AFileThatIsNoScheduleIsCalledByItsOwnKind) {
   const QString path = WritePage(u"page.msg"_s);
   QString remedy;
