@@ -175,6 +175,20 @@ TEST(RowClip, CarriesCharactersWithTheirAttributes) {
   EXPECT_EQ(Brivon1::ClipText(row), u"abä"_s);
 }
 
+TEST(RowClip, HoldsAMillionCharactersAndNoMore) {
+  const UseCodePage western(1252);
+  PageRow row(PageRow::kEveryColumn);
+  for (int at = 0; at < 1'000'000; ++at) row.Append('x', kPlain);
+  const QByteArray longest = RowClip(row);
+  EXPECT_EQ(longest.size(), 18 + 4'000'000);
+  const auto read = ReadRowClip(longest);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->Length(), 1'000'000);
+  EXPECT_FALSE(ReadRowClip(longest + "xAAN"));
+  row.Append('x', kPlain);
+  EXPECT_EQ(RowClip(row), QByteArray());
+}
+
 TEST(RowClip, WhatIsNoneIsRefused) {
   const UseCodePage western(1252);
   const QByteArray start = "Brivon row 1 1252\n";

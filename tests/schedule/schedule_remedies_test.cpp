@@ -73,6 +73,14 @@ TEST_F(ScheduleRemedies, TheFirstAndTheLastPossibleNumberOfALineAreNotCalledWron
   }
 }
 
+TEST_F(ScheduleRemedies, ALineThatIsTooLongIsCalledSo) {
+  const QByteArray head = QByteArray(kTime) + "Row =2\r\nCol =96\r\nNo of Sequence =1\r\n";
+  const QByteArray longest(1'048'576, 'x');
+  EXPECT_EQ(Opening(head + longest + "x\r\n5\r\nOpen\r\n"),
+            "A line of %1 is longer than 1048576 bytes.");
+  EXPECT_EQ(Opening(head + longest.chopped(1) + "\r\n5\r\nOpen\r\n"), "");
+}
+
 TEST_F(ScheduleRemedies, AFileThatIsNoScheduleIsCalledByItsOwnKind) {
   const QString path = WritePage(u"page.msg"_s);
   QString remedy;
