@@ -363,6 +363,9 @@ def main():
             print(mutant.name)
         return 0
 
+    # Broken off by either signal it reports what it has, also where a shell has it ignore one.
+    for ended_by in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(ended_by, signal.default_int_handler)
     rooms = options.rooms.split(",")
     unknown = [room for room in rooms if room not in PROGRAMS]
     if unknown:
