@@ -15,9 +15,11 @@ The last line sums up; the status is 0 only where no mutant survived.
 """
 
 import argparse
+import functools
 import os
 import random
 import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -25,7 +27,17 @@ import time
 from collections import Counter
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parent.parent
+from mutations import mutants_of
+
+def root():
+    """The tree, by a path that CMake and Ninja take."""
+    folder = Path(__file__).resolve().parent.parent
+    return Path(subprocess.run(["bash", "-c", '. tools/run_parts.sh; path_to_build_in "$PWD"'],
+                               cwd=folder, stdout=subprocess.PIPE, check=True,
+                               encoding="utf-8").stdout.rstrip("\n"))
+
+
+ROOT = root()
 COPY = ROOT / "build" / "mutants"
 BUILD = COPY / "build" / "debug"
 EQUIVALENT = ROOT / "tools" / "equivalent_mutants.txt"
@@ -60,138 +72,10 @@ ENVIRONMENT = {"QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "LANG": "C.U
 SHORTEST_TIME_OUT = 60  # seconds
 
 
-IN_NUMBER = re.compile(r"(?<![\w'])\d[\w']*$")  # behind which "'" only parts the digits
-
-
-def masked(text):
-    """`text` with comments, texts and directives blanked out, and where its letters ('A') stand."""
-    out = list(text)
-    letters = []
-    at = 0
-
-    def blank(begin, end):
-        for place in range(begin, end):
-            if out[place] != "\n":
-                out[place] = "\x01"
-
-    while at < len(text):
-        if text.startswith("//", at):
-            end = text.find("\n", at)
-        elif text.startswith("/*", at):
-            end = text.find("*/", at) + 2
-        elif text[at] == "#" and not text[text.rfind("\n", 0, at) + 1:at].strip():
-            end = text.find("\n", at)
-        elif text[at] == '"' or (text[at] == "'" and not IN_NUMBER.search(text[max(0, at - 20):at])):
-            end = at + 1
-            while text[end] != text[at]:
-                end += 2 if text[end] == "\\" else 1
-            end += 1
-            if text[at] == "'":
-                letters.append((at, end))
-        else:
-            at += 1
-            continue
-        end = len(text) if end <= 0 else end
-        blank(at, end)
-        at = end
-    return "".join(out), letters
-
-
-SWAPS = [
-    (r"(?<= )(<=|>=|==|!=|<|>)(?= |$)",
-     {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "=="}),
-    (r"(?<= )(&&|\|\|)(?= |$)", {"&&": "||", "||": "&&"}),
-    (r"(?<= )([+*/-])(?= |$)", {"+": "-", "-": "+", "*": "/", "/": "*"}),
-    (r"(\+=|-=)", {"+=": "-=", "-=": "+="}),
-    (r"(\+\+|--)", {"++": "--", "--": "++"}),
-    (r"\b(true|false)\b", {"true": "false", "false": "true"}),
-    (r"\bstd::(min|max)\b", {"min": "max", "max": "min"}),
-]
-NUMBER = re.compile(r"(?<![\w.'\x01])(0x[0-9A-Fa-f]+|\d[\d']*)(?![\w.'])")
-NOT = re.compile(r"!(?=[\w(*])")
-CALL = re.compile(r"^( +)((?!return\b|delete\b|throw\b|case\b)[A-Za-z_][\w.:>\[\]()-]*\(.*\));$")
-FUNCTION = re.compile(r"^[A-Za-z_].*?\b(~?\w+(?:::~?\w+)*|operator\S+)\(")
-MEMBER = re.compile(r"^  (?!return|if|for|while|switch|else)[A-Za-z_].*?[ *&](~?\w+|operator\S+)\(")
-
-
-def condition_of(line):
-    """The first and last place of the condition of an `if` that ends in its line."""
-    found = re.search(r"\bif \(", line)
-    if not found:
-        return None
-    depth = 0
-    for place in range(found.end() - 1, len(line)):
-        depth += {"(": 1, ")": -1}.get(line[place], 0)
-        if depth == 0:
-            inner = line[found.end():place]
-            # A negated one is changed by its "!", and a declaration is no condition.
-            if ";" in inner or re.match(r"!|const |auto |[\w:]+[ *&]+\w+ = ", inner):
-                return None
-            return found.end(), place
-    return None
-
-
-class Mutant:
-    def __init__(self, path, line, begin, end, new):
-        self.path, self.line, self.begin, self.end, self.new = path, line, begin, end, new
-        self.name = ""
-
-    def room(self):
-        return self.path.parent.name
-
-
-def mutants_of_line(line, mask, letters):
-    """Every change of one line: where it begins and ends, and what comes in its place."""
-    for pattern, swaps in SWAPS:
-        for found in re.finditer(pattern, mask):
-            yield found.start(1), found.end(1), swaps[found.group(1)]
-    for found in NUMBER.finditer(mask):
-        number = int(found.group(1).replace("'", ""), 0)
-        yield found.start(1), found.end(1), str(number + 1)
-        if number > 1:
-            yield found.start(1), found.end(1), str(number - 1)
-    for found in NOT.finditer(mask):
-        yield found.start(), found.end(), ""
-    for begin, end in letters:
-        letter = line[begin:end]
-        if len(letter) == 3 and letter not in ("'~'", "'&'", "'['"):
-            yield begin, end, "'%s'" % chr(ord(letter[1]) + 1)
-    condition = condition_of(mask)
-    if condition:
-        begin, end = condition
-        yield begin, end, "!(%s)" % line[begin:end]
-    call = CALL.match(mask)
-    if call:
-        yield call.start(2), call.end(2), ""
-
-
-def mutants_of(path):
-    text = (ROOT / path).read_text(encoding="utf-8")
-    mask, letters = masked(text)
-    function, previous, offset, seen = "-", ";", 0, Counter()
-    for number, (line, hidden) in enumerate(zip(text.split("\n"), mask.split("\n"))):
-        found = FUNCTION.match(hidden)
-        if not found and path.suffix == ".h":
-            found = MEMBER.match(hidden)
-        if found and not hidden.startswith(("static_assert", "template <")):
-            function = found.group(1)
-        is_statement = path.suffix == ".cpp" and previous.endswith((";", "{", "}", ")", "\x01"))
-        own = [(b - offset, e - offset) for b, e in letters if offset <= b < offset + len(line)]
-        skipped = hidden.startswith(("static_assert", "using ", "namespace ", "template <"))
-        for begin, end, new in () if skipped else mutants_of_line(line, hidden, own):
-            if not new and line[begin] != "!" and not is_statement:
-                continue
-            mutant = Mutant(path, number, begin, end, new)
-            change = "%s{%s|%s}%s" % (line[:begin].lstrip(), line[begin:end],
-                                      new, line[end:].rstrip())
-            mutant.name = "%s: %s: %s" % (path, function, change)
-            seen[mutant.name] += 1
-            if seen[mutant.name] > 1:
-                mutant.name += " #%d" % seen[mutant.name]
-            yield mutant
-        if hidden.strip("\x01 "):
-            previous = hidden.rstrip("\x01 ")
-        offset += len(line) + 1
+@functools.lru_cache(maxsize=None)
+def text_of(path):
+    """A source as it was when it was first looked at, whatever becomes of it during the run."""
+    return (ROOT / path).read_text(encoding="utf-8")
 
 
 def sources_of(room):
@@ -281,10 +165,11 @@ def try_mutant(mutant, programs, time_outs):
 
 def prepare(programs, definitions):
     """Builds the copy, runs its tests and returns how long each program may take."""
+    subprocess.run([str(ROOT / "tools" / "install_missing.sh"), "--tests", "lld"], check=True)
     copy_tree()
     options = ["-DBRIVON_PRECOMPILED_HEADERS=ON", "-DBRIVON_BENCHMARKS=OFF",
                "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1"]
-    if subprocess.run(["which", "ld.lld"], stdout=subprocess.DEVNULL, check=False).returncode == 0:
+    if shutil.which("ld.lld"):
         options.append("-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld")
     configured = run(["cmake", "--preset", "debug"] + options + ["-D" + d for d in definitions])
     built = compile_copy(programs) if configured.returncode == 0 else configured
@@ -306,7 +191,7 @@ def try_all(chosen, quick, time_outs):
     results = []
     try:
         for number, mutant in enumerate(chosen, 1):
-            original = (ROOT / mutant.path).read_text(encoding="utf-8")
+            original = text_of(mutant.path)
             lines = original.split("\n")
             line = lines[mutant.line]
             lines[mutant.line] = line[:mutant.begin] + mutant.new + line[mutant.end:]
@@ -359,7 +244,7 @@ def main():
                         help="handed to CMake")
     options = parser.parse_args()
     if options.list:
-        for mutant in mutants_of(Path(options.list)):
+        for mutant in mutants_of(Path(options.list), text_of(Path(options.list))):
             print(mutant.name)
         return 0
 
@@ -370,7 +255,8 @@ def main():
     unknown = [room for room in rooms if room not in PROGRAMS]
     if unknown:
         parser.error("no such room: " + ", ".join(unknown))
-    everyone = [m for room in rooms for path in sources_of(room) for m in mutants_of(path)
+    everyone = [m for room in rooms for path in sources_of(room)
+                for m in mutants_of(path, text_of(path))
                 if re.search(options.like, m.name)]
     equivalent = equivalent_mutants()
     tried = [m for m in everyone if m.name not in equivalent]
