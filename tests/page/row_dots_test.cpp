@@ -2,6 +2,7 @@
 #include "page/row_dots.h"
 
 #include <random>
+#include <utility>
 
 #include <QTimeZone>
 
@@ -137,6 +138,26 @@ TEST(PageDots, TheDotsEndWhereTheNextCharacterWouldBeCut) {
   EXPECT_EQ(dots.EndOf(1, 'B'), 16) << "what is cut already stays so";
   EXPECT_EQ(dots.Of(1).dots, 19 * 6);
   EXPECT_EQ(dots.Of(1).seen, 16);
+}
+
+TEST(PageDots, AnotherPanelHasOtherEndsForTheSameRows) {
+  PageMessage page = PageOf(1, 96);
+  Type(page, "abcdefghij   klm");
+  PageDots dots;
+  // The blanks behind the tenth character may lie beyond 60 dots.
+  for (const auto& [columns, end] : {std::pair(96, 16), std::pair(48, 8), std::pair(60, 13)}) {
+    dots.Refresh(page, PanelOf(columns));
+    EXPECT_EQ(dots.EndOf(1, 'A'), end) << columns;
+    EXPECT_EQ(dots.Of(1).dots, 16 * 6);
+  }
+  // Of a panel of one colour the ground of a blank is dark, and it is never cut.
+  PageMessage green = PageOf(1, 60);
+  green.ChooseColour(9);
+  Type(green, "abcdefghi   ");
+  dots.Refresh(green, PanelOf(60));
+  EXPECT_EQ(dots.Of(1).seen, 10);
+  dots.Refresh(green, PanelOf(60, kMono));
+  EXPECT_EQ(dots.Of(1).seen, 12);
 }
 
 TEST(PageDots, BlanksMayStandBehindTheLastDot) {
