@@ -116,8 +116,8 @@ TEST(ConfigurationDraftTest, RemoveGivesTheIdNextToTheOneRemoved) {
 
 TEST(ConfigurationDraftTest, RemoveOfTheLastIdLooksAtNothingBehindTheTable) {
   // Behind the table stands the send mode, whose bytes would pass for rows and columns.
-  ConfigurationDraft draft(Read(
-      "[Dimension Config]\nID255=1x3,Mono\n[Communication]\nSend Mode=RS232\nBaudrate=9600\n"));
+  ConfigurationDraft draft(
+      Read("[Dimension Config]\nID255=1x3,Mono\n[Communication]\nSendMode=RS232\nBaudrate=9600\n"));
   EXPECT_EQ(draft.Remove(255), std::nullopt);
 }
 

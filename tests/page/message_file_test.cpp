@@ -151,6 +151,17 @@ TEST_F(MessageFile, ALessThanSignThatBeginsNoCodeIsText) {
   EXPECT_EQ(LoadedRow("<L01><sA>"), "<sA>|AAAA|AAAA|NNNN");
 }
 
+TEST_F(MessageFile, EveryDigitMakesATagAndNoOtherCharacterDoes) {
+  for (const char digit : QByteArrayView("0234567890")) {
+    EXPECT_EQ(LoadedRow(QByteArray("<L01>a<L") + digit + '>'), "refused") << digit;
+  }
+  EXPECT_EQ(LoadedRow("<L01>a<L1>b"), "ab|AA|AA|NN");
+  for (const char other : QByteArrayView("/:;x")) {
+    EXPECT_EQ(LoadedRow(QByteArray("<L01><L") + other + '>'),
+              std::string("<L") + other + ">|AAAA|AAAA|NNNN");
+  }
+}
+
 TEST_F(MessageFile, SzIsDroppedWithoutChangingTheSize) {
   EXPECT_EQ(LoadedRow("<L01><SG>a<SZ>b<SI>c<Sa>d"), "abcd|CCCC|AAAA|BBBB");
 }

@@ -25,6 +25,38 @@ TEST_F(MsgEditor, OpenReadsAFileAndClearsTheModifiedFlag) {
   EXPECT_EQ(RowLines(), "<L01><SG><CD>Hello\r\n<L02><SA><CD>~A\r\n");
 }
 
+TEST_F(MsgEditor, APageBegunForAPanelOfSixteenRowsHasTwelve) {
+  folder_.Configure("[Dimension Config]\r\nID001=16x128,Tri,127.0.0.1:80\r\n");
+  const ModalWindowDriver dimension(Text("frmDimension"), [](QWidget* dialog) {
+    QTest::mouseClick(dialog->findChild<QPushButton*>(Text("butOK")), Qt::LeftButton);
+  });
+  Press("butNew");
+  ASSERT_EQ(dimension.Count(), 1);
+  Activate();
+  Keys("a");
+  for (int row = 0; row < 20; ++row) Key(Qt::Key_Down);
+  Keys("z");
+  QByteArray lines = "<L01><SA><CA>a\r\n";
+  for (const char* tag : {"02", "03", "04", "05", "06", "07", "08", "09", "10", "11"}) {
+    lines += QByteArray("<L") + tag + ">\r\n";
+  }
+  EXPECT_EQ(Saved(), "*** Brivon Message File ***\r\nRow = 12\r\nCol = 128\r\n" + lines +
+                         "<L12><SA><CA>z\r\n");
+}
+
+TEST_F(MsgEditor, AFileOfSixteenRowsIsRefusedAndLeavesThePage) {
+  New(2, 80);
+  Keys("kept");
+  const QString path =
+      folder_.Write(Text("16.msg"), "*** Brivon Message File ***\r\nRow = 16\r\nCol = 128\r\n" +
+                                        QByteArray("<L01>x\r\n").repeated(16));
+  MessageBoxReader boxes;
+  boxes.Answer(QMessageBox::No);
+  Open(path);
+  EXPECT_EQ(boxes.Texts().last(), Text("Error in Opening file!"));
+  EXPECT_EQ(RowLines(), "<L01><SA><CA>kept\r\n<L02>\r\n");
+}
+
 TEST_F(MsgEditor, DeleteMarksThePageAsNotSavedAlsoWhereItIsNotAskedAbout) {
   Open(WriteMessage("two.msg", "<L01>ab\r\n<L02>\r\n"));
   const auto* mark = Find<QLabel>("lblNotSaved");

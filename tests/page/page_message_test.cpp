@@ -30,6 +30,21 @@ TEST(PageMessage, MaxCharsIsTheColumnsDividedBy5WithoutTheRemainder) {
   EXPECT_EQ(PageOf(1, 32767).MaxCharsPerRow(), 6553);
 }
 
+TEST(PageMessage, OfMoreThanTwelveRowsTheFirstTwelveAreThePage) {
+  for (const qint16 rows : {qint16{12}, qint16{13}, qint16{16}, qint16{32767}}) {
+    PageMessage page = PageOf(rows, 128);
+    EXPECT_EQ(page.Rows(), 12) << rows;
+    page.SetCurrentRow(12);
+    EXPECT_EQ(page.CurrentRow(), 12);
+    page.SetCurrentRow(13);
+    EXPECT_EQ(page.CurrentRow(), 12);
+    page.TakeOver({rows, 128}, {});
+    EXPECT_EQ(page.Rows(), 12) << rows;
+  }
+  EXPECT_EQ(PageOf(-1, -5).Rows(), 0);
+  EXPECT_EQ(PageOf(-1, -5).Columns(), 0);
+}
+
 /// Where `key` takes the cursor in a row of `text`, press by press, from where `first` has put it
 /// until it moves no more.
 std::string WordColumns(QByteArrayView text, MoveKey first, MoveKey key) {

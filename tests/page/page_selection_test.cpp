@@ -33,6 +33,23 @@ QByteArrayList Texts(const PageMessage& page) {
   return texts;
 }
 
+TEST(PageSelection, StepsThroughTheColoursOfTheSameCharactersAreOneEdit) {
+  PageMessage page = PageOf(1, 200);
+  page.TypeAll("abc");
+  page.Select(1, 0, 2);
+  for (const int colour : {3, 5, 7}) EXPECT_TRUE(page.ChooseColour(colour));
+  EXPECT_EQ(page.Row(1).Colour(), "HHA");
+  EXPECT_TRUE(page.ChooseSize(1));
+  EXPECT_TRUE(page.Undo());
+  EXPECT_EQ(page.Row(1).Size(), "AAA");
+  EXPECT_EQ(page.Row(1).Colour(), "HHA");
+  EXPECT_TRUE(page.Undo());
+  EXPECT_EQ(page.Row(1).Colour(), "AAA");
+  EXPECT_TRUE(page.Undo());
+  EXPECT_EQ(page.Row(1).Text(), "");
+  EXPECT_FALSE(page.CanUndo());
+}
+
 TEST(PageSelection, SeveralLinesGoOnIntoTheFollowingRowsAsOneEdit) {
   PageMessage page = PageOf(4, 40);
   page.SetCurrentRow(3);

@@ -2,6 +2,7 @@
 #include "page/row_dots.h"
 
 #include <random>
+#include <utility>
 
 #include <QTimeZone>
 
@@ -66,6 +67,20 @@ TEST(RowDots, ADateThatIsCutIsNotSeenAsAWhole) {
   EXPECT_EQ(SeenCharacters(RowOf("~A~A~A~A"), PanelOf(12)), 4);
 }
 
+TEST(RowDots, WhatIsTypedLikeACodeIsSeenWithTheCharacterBehindIt) {
+  EXPECT_EQ(SeenCharacters(RowOf("<SA>ab"), PanelOf(3)), 0);
+  EXPECT_EQ(SeenCharacters(RowOf("<SA>ab"), PanelOf(6)), 5);
+  // Four symbols of two characters, and a code of four that gives no cell.
+  EXPECT_EQ(SeenCharacters(RowOf("<SA>~A~A~A~A"), PanelOf(12)), 8);
+}
+
+TEST(RowDots, ACharacterFarBehindBlanksIsCut) {
+  const PageRow row = RowOf("a" + QByteArray(400, ' ') + "b");
+  EXPECT_EQ(SeenCharacters(row, PanelOf(96)), 401);
+  EXPECT_EQ(UseOf(row, PanelOf(96)).dots, 402 * 6);
+  EXPECT_EQ(UseOf(row, PanelOf(96)).seen, 401);
+}
+
 TEST(RowDots, TheCellsOfAnyRowShowThePanelWhatTheWholeRowDoes) {
   std::mt19937 random(5);
   const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };
@@ -103,7 +118,7 @@ TEST(RowDots, TheCellsOfAnyRowShowThePanelWhatTheWholeRowDoes) {
 
 TEST(RowDots, OfAnEndlessRowNoMoreIsWorkedOutThanIsSeen) {
   const PageRow row = RowOf(QByteArray(5'000'000, 'x'));
-  EXPECT_LT(SeenCells(row, PanelOf(96)).size(), 1000);
+  EXPECT_LT(SeenCells(row, PanelOf(96)).size(), 200);
   EXPECT_EQ(SeenCharacters(row, PanelOf(96)), 16);
 }
 
@@ -123,6 +138,26 @@ TEST(PageDots, TheDotsEndWhereTheNextCharacterWouldBeCut) {
   EXPECT_EQ(dots.EndOf(1, 'B'), 16) << "what is cut already stays so";
   EXPECT_EQ(dots.Of(1).dots, 19 * 6);
   EXPECT_EQ(dots.Of(1).seen, 16);
+}
+
+TEST(PageDots, AnotherPanelHasOtherEndsForTheSameRows) {
+  PageMessage page = PageOf(1, 96);
+  Type(page, "abcdefghij   klm");
+  PageDots dots;
+  // The blanks behind the tenth character may lie beyond 60 dots.
+  for (const auto& [columns, end] : {std::pair(96, 16), std::pair(48, 8), std::pair(60, 13)}) {
+    dots.Refresh(page, PanelOf(columns));
+    EXPECT_EQ(dots.EndOf(1, 'A'), end) << columns;
+    EXPECT_EQ(dots.Of(1).dots, 16 * 6);
+  }
+  // Of a panel of one colour the ground of a blank is dark, and it is never cut.
+  PageMessage green = PageOf(1, 60);
+  green.ChooseColour(9);
+  Type(green, "abcdefghi   ");
+  dots.Refresh(green, PanelOf(60));
+  EXPECT_EQ(dots.Of(1).seen, 10);
+  dots.Refresh(green, PanelOf(60, kMono));
+  EXPECT_EQ(dots.Of(1).seen, 12);
 }
 
 TEST(PageDots, BlanksMayStandBehindTheLastDot) {

@@ -4,12 +4,35 @@
 
 #include <gtest/gtest.h>
 
+#include "panel_line/transmission.h"
 #include "support/virtual_time.h"
 
 using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
 namespace {
+
+/// A line from which there is always more to read.
+class EndlessLink : public PanelLink {
+ public:
+  static constexpr qsizetype kPiece = 1 << 16;
+
+  int Reads() const { return reads_; }
+
+  void Write(const QByteArray&) override {}
+  qint64 Unsent() const override { return 0; }
+  int Speed() const override { return 9600; }
+  QByteArray ReadAvailable() override {
+    ++reads_;
+    return QByteArray(kPiece, 'U');
+  }
+  bool IsLost() const override { return false; }
+  void Close() override {}
+  QString FailureReason() const override { return {}; }
+
+ private:
+  int reads_ = 0;
+};
 
 class Waits : public testing::Test {
  protected:
@@ -18,6 +41,21 @@ class Waits : public testing::Test {
   VirtualClock clock_{time_};
   ScriptedLink link_{time_};
 };
+
+TEST(DiscardedInput, OfAPanelThatNeverStopsAMegabyteIsReadAway) {
+  EndlessLink link;
+  DiscardInput(link);
+  EXPECT_EQ(link.Reads() * EndlessLink::kPiece, 1 << 20);
+}
+
+TEST_F(Waits, AFrameThatIsStoppedBeforeItsFirstAttemptHasNone) {
+  OpenLine line{link_, timer_, clock_, {}, [](const QString&) {}};
+  line.progress.attempt = 3;
+  timer_.stop.made = true;
+  EXPECT_FALSE(SendUntilAcknowledged(line, 26, "x", [] {}));
+  EXPECT_EQ(line.progress.attempt, 0);
+  EXPECT_TRUE(link_.Written().isEmpty());
+}
 
 TEST_F(Waits, Id0NoReadAtAllResultTrueStatus1) {
   link_.Receive("garbage!");

@@ -33,6 +33,10 @@ TEST(EditHistoryTest, AThousandEditsCanBeTakenBack) {
 TEST(EditHistoryTest, OfEditsOfLongRowsFourMillionCharactersAreKept) {
   EXPECT_EQ(UndoesAfter(3, RowOf(2'000'000)), 2);
   EXPECT_EQ(UndoesAfter(3, RowOf(2'000'001)), 1);
+  EditHistory history;
+  history.Record({1, RowOf(2'000'000)});
+  history.Record({2, RowOf(2'000'001)});
+  EXPECT_EQ(UndoesAll(history), 1);
 }
 
 TEST(EditHistoryTest, TheLastEditCanBeTakenBackHoweverLongItsRowIs) {

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "row/editor_driver.h"
+#include "support/use_code_page.h"
 #include "support/window_keys.h"
 
 using namespace Qt::StringLiterals;
@@ -96,6 +97,30 @@ TEST_P(RowEditor, APasteTypesALineOfTheClipboard) {
   ExpectCursor(4, 5);
   EXPECT_TRUE(Asks());
   EXPECT_EQ(Saved(), FileOf("<SA><CA>[abc]"));
+}
+
+TEST_P(RowEditor, APastedTextMayEndInAnyLineEnd) {
+  QByteArray typed;
+  for (const char* line_end : {"\n", "\r", "\r\n", "\u2028", "\u2029"}) {
+    QGuiApplication::clipboard()->setText(Text("ab") + Text(line_end));
+    Key(Qt::Key_V, Qt::ControlModifier);
+    typed += "ab";
+    EXPECT_EQ(Saved(), FileOf("<SA><CA>" + typed)) << line_end;
+    ExpectCursor(static_cast<int>(typed.size()), static_cast<int>(typed.size()));
+  }
+}
+
+TEST_P(RowEditor, APastedLetterBeyondLatin1IsStoredWhereTheCodePageHasIt) {
+  const auto paste = [this](int number, const char* text) {
+    const UseCodePage code_page(number);
+    QGuiApplication::clipboard()->setText(Text(text));
+    Key(Qt::Key_V, Qt::ControlModifier);
+  };
+  paste(1252, "\u20AC\u0152");
+  paste(1251, "\u20AC\u0416");
+  paste(1253, "\u03A9");
+  paste(874, "\u0E01");
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>\x80\x8C\x88\xC6\xD9\xA1"));
 }
 
 TEST_P(RowEditor, ShiftAndInsertPasteToo) {

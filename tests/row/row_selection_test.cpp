@@ -132,6 +132,29 @@ TEST(PastedLines, AreCutAtEveryLineEndAndHaveNoKeys) {
   EXPECT_EQ(lines(QString()), QList<QString>({QString()}));
 }
 
+TEST(PastedLines, EachLineEndEndsALineInTheMiddleAndBeginsNoneAtTheEnd) {
+  for (const QString& line_end : {u"\n"_s, u"\r"_s, u"\r\n"_s, u"\u2028"_s, u"\u2029"_s}) {
+    SCOPED_TRACE(line_end.toUtf8().toHex().toStdString());
+    for (const QString& text : {u"ab"_s + line_end, u"a\tb"_s + line_end}) {
+      const auto pasted = PastedLines(text, 1);
+      EXPECT_EQ(pasted.lines, QList<QString>({u"ab"_s}));
+      EXPECT_EQ(pasted.left_over, 0);
+    }
+    EXPECT_EQ(PastedLines(u"ab"_s + line_end, 99).lines, QList<QString>({u"ab"_s}));
+    EXPECT_EQ(PastedLines(line_end, 99).lines, QList<QString>({QString()}));
+    const QString two = u"ab"_s + line_end + u"cd"_s;
+    EXPECT_EQ(PastedLines(two, 99).lines, QList<QString>({u"ab"_s, u"cd"_s}));
+    EXPECT_EQ(PastedLines(two + line_end, 99).lines, QList<QString>({u"ab"_s, u"cd"_s}));
+    EXPECT_EQ(PastedLines(two + line_end, 1).left_over, 2);
+  }
+}
+
+TEST(PastedLines, KeepLettersBeyondLatin1) {
+  const QString text = u"\u20AC\u0416\u0E01"_s;
+  EXPECT_EQ(PastedLines(text, 1).lines, QList<QString>({text}));
+  EXPECT_EQ(PastedLines(u"x\n"_s + text, 1).left_over, 3);
+}
+
 TEST(PastedLines, BehindTheLastOneTheCharactersAreCounted) {
   const auto pasted = PastedLines(u"ab\r\nc\td\r\ne\n\nfg"_s, 2);
   EXPECT_EQ(pasted.lines, QList<QString>({u"ab"_s, u"cd"_s}));
@@ -150,6 +173,20 @@ TEST(RowClip, CarriesCharactersWithTheirAttributes) {
   ASSERT_TRUE(read);
   EXPECT_EQ(Shown(*read), Shown(row));
   EXPECT_EQ(Brivon1::ClipText(row), u"abä"_s);
+}
+
+TEST(RowClip, HoldsAMillionCharactersAndNoMore) {
+  const UseCodePage western(1252);
+  PageRow row(PageRow::kEveryColumn);
+  for (int at = 0; at < 1'000'000; ++at) row.Append('x', kPlain);
+  const QByteArray longest = RowClip(row);
+  EXPECT_EQ(longest.size(), 18 + 4'000'000);
+  const auto read = ReadRowClip(longest);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->Length(), 1'000'000);
+  EXPECT_FALSE(ReadRowClip(longest + "xAAN"));
+  row.Append('x', kPlain);
+  EXPECT_EQ(RowClip(row), QByteArray());
 }
 
 TEST(RowClip, WhatIsNoneIsRefused) {

@@ -66,6 +66,23 @@ TEST_F(ScheduleRemedies, TheMessageThatIsMissingIsNamed) {
   EXPECT_EQ(Opening(head + "a.msg\r\n5\r\nOpen\r\nb.msg\r\n5\r\nOpen\r\n"), "");
 }
 
+TEST_F(ScheduleRemedies, TheFirstAndTheLastPossibleNumberOfALineAreNotCalledWrong) {
+  for (const char* week : {"Week =0", "Week =7"}) {
+    const QByteArray head =
+        week + QByteArray("\r\nHour =**\r\nMin =**\r\nRow =1\r\nCol =1\r\nNo of Sequence =");
+    EXPECT_EQ(Opening(head + "1\r\n"), "%1 ends early: message 1 of 1 is missing.");
+    EXPECT_EQ(Opening(head + "32\r\n"), "%1 ends early: message 1 of 32 is missing.");
+  }
+}
+
+TEST_F(ScheduleRemedies, ALineThatIsTooLongIsCalledSo) {
+  const QByteArray head = QByteArray(kTime) + "Row =2\r\nCol =96\r\nNo of Sequence =1\r\n";
+  const QByteArray longest(1'048'576, 'x');
+  EXPECT_EQ(Opening(head + longest + "x\r\n5\r\nOpen\r\n"),
+            "A line of %1 is longer than 1048576 bytes.");
+  EXPECT_EQ(Opening(head + longest.chopped(1) + "\r\n5\r\nOpen\r\n"), "");
+}
+
 TEST_F(ScheduleRemedies, AFileThatIsNoScheduleIsCalledByItsOwnKind) {
   const QString path = WritePage(u"page.msg"_s);
   Brivon1::FileFailure failure;
