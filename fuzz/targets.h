@@ -9,6 +9,7 @@
 
 namespace Fuzz {
 
+void CheckCodePage(const QByteArray& input);
 void CheckCodedText(const QByteArray& input);
 void CheckConfiguration(const QByteArray& input);
 void CheckIniFile(const QByteArray& input);

@@ -40,6 +40,7 @@ export LC_ALL=C.UTF-8
 mkdir -p build/fuzz/broken build/fuzz/logs
 
 # Runs one target; its report is the log.
+# shellcheck disable=SC2317 # what xargs starts calls it
 fuzz() {
   local target=$1 longest=4096
   [ "$target" != panel_engine ] || longest=70000 # a frame that is too long has 65536 bytes

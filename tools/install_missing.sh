@@ -33,6 +33,7 @@ xauth:xauth:xauth
 clang:clang++:Clang
 clang-format:clang-format:clang-format of Clang 14
 clang-tidy:clang-tidy:clang-tidy of Clang 14
+valgrind:valgrind:Valgrind
 PROGRAMS
   [ ${#missing[@]} -eq 0 ] && return
   echo "This system has no Debian packages, so nothing was installed. What is missing:" >&2

@@ -1,4 +1,5 @@
 // The corpus of every target, replayed: what must be true of every input holds for each of these.
+#include <ostream>
 #include <string>
 
 #include <QDir>
@@ -10,6 +11,13 @@
 #include "fuzz/targets.h"
 
 using namespace Qt::StringLiterals;
+
+namespace Fuzz {
+
+/// The names of tests are the same in every run.
+void PrintTo(const Target& target, std::ostream* out) { *out << target.name; }
+
+}  // namespace Fuzz
 
 namespace {
 
