@@ -186,6 +186,7 @@ constexpr Shape kShapes[] = {
     {"engine:line-ends", ReadStreamWhole, "", "\r\n", kNoLimit},
     {"engine:polls", ReadStreamWhole, "", "<ID01><?>\r\n", kNoLimit},
     {"engine:rows", ReadStreamWhole, "", "<ID01><L01><P#>text \r\n", kNoLimit},
+    {"engine:schedules", ReadStreamWhole, "", "<ID01><TA>*****00105A,00210B\r\n", kNoLimit},
     {"engine:byte-by-byte", ReadStreamByByte, "", "x", kNoLimit},
     {"engine:short-lines-byte-by-byte", ReadStreamByByte, "", "x\n", kNoLimit},
 };

@@ -112,10 +112,25 @@ void MustBeWithinBounds(const VirtualPanel::Panel& panel) {
   }
 }
 
+/// From one change to the next, nothing changes by itself.
+void MustChangeWhenItSays(const PanelEngine& engine, int id) {
+  constexpr int kChanges = 20;
+  QDateTime now = TheMoment().addMSecs(1);
+  for (int change = 0; change < kChanges; ++change) {
+    const auto next = engine.NextChange(id, now);
+    if (!next) return;
+    Must(*next > now, "the next change is ahead");
+    const auto playing = engine.PlayingAt(id, now);
+    const QDateTime last = next->addMSecs(-1);
+    const QDateTime middle = now.addMSecs(now.msecsTo(last) / 2);
+    Must(engine.PlayingAt(id, middle) == playing && engine.PlayingAt(id, last) == playing,
+         "what plays stays until then");
+    now = *next;
+  }
+}
+
 void MustShowSomething(PanelEngine* engine, int id) {
   const QDateTime later = TheMoment().addSecs(12345);
-  const auto next = engine->NextChange(id, later);
-  Must(!next || *next > later, "the next change is ahead");
   const auto page = engine->ShownPage(id, later);
   const VirtualPanel::StoredPage rows = engine->ShownRows(id, later);
   Must(rows.isEmpty() || page, "rows are those of a page");
@@ -178,6 +193,7 @@ void CheckPanelEngine(const QByteArray& input) {
   }
   for (const int id : whole.PanelIds()) {
     MustBeWithinBounds(*whole.FindPanel(id));
+    MustChangeWhenItSays(whole, id);
     MustShowSomething(&whole, id);
   }
 }
