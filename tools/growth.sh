@@ -51,6 +51,7 @@ printf '%-36s' shape
 # shellcheck disable=SC2086 # one for each
 printf '%8s MB' $sizes
 printf '%12s\n' 'peak in MB'
+# shellcheck disable=SC2016 # the other shell's
 build/release/fuzz/growth | xargs -P 2 -L 1 bash -c 'count "$@" >"$TMPDIR/$1.line"' count
 result=0
 while read -r shape _; do
