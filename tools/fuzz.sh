@@ -9,6 +9,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/run_parts.sh
 path=$(path_to_build_in "$PWD")
 cd "$path"
+export LC_ALL=C.UTF-8
 
 targets=()
 for source in fuzz/*_fuzz.cpp; do targets+=("$(basename "$source" _fuzz.cpp)"); done
@@ -36,7 +37,6 @@ export TMPDIR
 trap 'rm -rf "$TMPDIR"' EXIT
 # Short stacks and a small quarantine: more inputs in the same time.
 export ASAN_OPTIONS=malloc_context_size=5:quarantine_size_mb=32 UBSAN_OPTIONS=print_stacktrace=1
-export LC_ALL=C.UTF-8
 mkdir -p build/fuzz/broken build/fuzz/logs
 
 # Runs one target; its report is the log.
