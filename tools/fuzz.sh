@@ -53,6 +53,7 @@ fuzz() {
 export -f fuzz
 export start seconds
 
+rooms='Brivon1 ModuleLanguage PanelDots VirtualPanel Fuzz'
 result=0
 printf '%s\n' "${targets[@]}" | xargs -P 2 -I '{}' bash -c 'fuzz "{}"' || result=1
 
@@ -64,8 +65,7 @@ for target in "${targets[@]}"; do
   printf '%-16s %12s %8s\n' "$target" "${executions:-?}" "${edges:-?}"
   if grep -q 'Test unit written to' "$log"; then
     result=1
-    grep -E 'what\(\)|^==.*ERROR|runtime error|^ +#[0-9]+ .* in |Test unit written to' "$log" |
-      head -n 30
+    grep -E "what\(\)|^==.*ERROR|runtime error|in .*(${rooms// /|})::.*:[0-9]" "$log" | head -n 20
     input=$(sed -n 's/.*Test unit written to //p' "$log" | tail -n 1)
     echo "Once more: build/fuzz/fuzz/$target $input"
   elif [ -z "$executions" ]; then
