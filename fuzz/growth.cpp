@@ -178,7 +178,7 @@ constexpr Shape kShapes[] = {
     {"schedule:blanks", ReadSchedule, "", " ", kNoLimit},
     {"schedule:sharp-s", ReadSchedule, "", "\xDF", kNoLimit},
     {"pasted:marks", ReadPasted, "a", "\xCC\xA3", kNoLimit},
-    {"pasted:letters", ReadPasted, "", "\xE1\xBA\xAD", kNoLimit},
+    {"pasted:letters", ReadPasted, "", "\xE1\xBA\xAD", 4},
     {"text:codes", ReadPanelText, "", "<SA>", kNoLimit},
     {"text:dates", ReadPanelText, "", "<DD>", kNoLimit},
     {"text:open-brackets", ReadPanelText, "", "<", kNoLimit},
