@@ -1,9 +1,9 @@
 // How what a reader does grows with what it is given: reads one shape of input of so many
 // megabytes, once, so that its instructions can be counted from outside.
 //
-//   growth                 lists the shapes, each with the most megabytes that its reader takes
-//   growth SHAPE MEGABYTES reads one
-//   growth all MEGABYTES   reads all of them
+//   growth                 lists the shapes, each with the most kilobytes that its reader takes
+//   growth SHAPE KILOBYTES reads one
+//   growth all KILOBYTES   reads all of them
 //
 // The shapes are those that would be dear if anything were looked at twice.
 #include <sys/resource.h>
@@ -34,7 +34,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMegabyte = 1'000'000;
+constexpr qsizetype kKilobyte = 1000;
+constexpr int kMegabyte = 1000;  // kilobytes
 
 QByteArray Repeated(const char* piece, qsizetype size) {
   const QByteArray bytes(piece);
@@ -205,16 +206,16 @@ void Read(const Shape& shape, qsizetype size) {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   if (argc != 3) {
-    for (const Shape& shape : kShapes) std::printf("%s %d\n", shape.name, shape.most);
+    for (const Shape& shape : kShapes) std::printf("%s %d\n", shape.name, shape.most * kMegabyte);
     return 0;
   }
   const std::string_view wanted(argv[1]);
-  const qsizetype size = std::atoi(argv[2]) * kMegabyte;
+  const qsizetype size = std::atoi(argv[2]) * kKilobyte;
   bool is_known = false;
   for (const Shape& shape : kShapes) {
     if (wanted != "all" && wanted != shape.name) continue;
     is_known = true;
-    Read(shape, qMin(size, shape.most * kMegabyte));
+    Read(shape, qMin(size, shape.most * kMegabyte * kKilobyte));
   }
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Counts the instructions that each reader takes for its dearest shapes of input, a megabyte and more
-# of them: tools/growth.sh [MEGABYTES...], 1 and 16 unless told otherwise. Prints them for each byte,
+# Counts the instructions that each reader takes for its dearest shapes of input, in several sizes:
+# tools/growth.sh [KILOBYTES...], 60, 1000 and 16000 unless told otherwise. Prints them for each byte,
 # which stays the same where work grows with the input and with nothing else, and fails where the
 # last size takes more than half as many again as the first one.
 set -euo pipefail
@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/run_parts.sh
 path=$(path_to_build_in "$PWD")
 cd "$path"
-[ $# -gt 0 ] || set -- 1 16
+[ $# -gt 0 ] || set -- 60 1000 16000
 sizes=$*
 
 tools/install_missing.sh --tests valgrind
@@ -21,14 +21,14 @@ TMPDIR=$(mktemp -d -p "$memory")
 export TMPDIR sizes
 trap 'rm -rf "$TMPDIR"' EXIT
 
-# The instructions of reading $2 megabytes of shape $1.
+# The instructions of reading $2 kilobytes of shape $1.
 # shellcheck disable=SC2317 # what xargs starts calls it
 instructions() {
   valgrind --tool=cachegrind --cache-sim=no --cachegrind-out-file=/dev/null \
     build/release/fuzz/growth "$1" "$2" 2>&1 >/dev/null | sed -n 's/.*I *refs: *//p' | tr -d ,
 }
 
-# Writes the line of shape $1, of which there are at most $2 megabytes.
+# Writes the line of shape $1, of which there are at most $2 kilobytes.
 # shellcheck disable=SC2317 # what xargs starts calls it
 count() {
   local rest size each peak first='' last=''
@@ -36,7 +36,7 @@ count() {
   printf '%-36s' "$1"
   for size in $sizes; do
     size=$((size < $2 ? size : $2))
-    each=$((($(instructions "$1" "$size") - rest) / size / 1000000))
+    each=$((($(instructions "$1" "$size") - rest) / size / 1000))
     printf '%11s' "$each"
     first=${first:-$each} last=$each
   done
@@ -49,7 +49,7 @@ export -f count instructions
 
 printf '%-36s' shape
 # shellcheck disable=SC2086 # one for each
-printf '%8s MB' $sizes
+printf '%8s KB' $sizes
 printf '%12s\n' 'peak in MB'
 # shellcheck disable=SC2016 # the other shell's
 build/release/fuzz/growth | xargs -P 2 -L 1 bash -c 'count "$@" >"$TMPDIR/$1.line"' count
