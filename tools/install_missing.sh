@@ -34,6 +34,7 @@ clang:clang++:Clang
 clang-format:clang-format:clang-format of Clang 14
 clang-tidy:clang-tidy:clang-tidy of Clang 14
 gcovr:gcovr:gcovr
+valgrind:valgrind:Valgrind
 PROGRAMS
   [ ${#missing[@]} -eq 0 ] && return
   echo "This system has no Debian packages, so nothing was installed. What is missing:" >&2

@@ -1,0 +1,130 @@
+// The language file: whatever a translator wrote, every caption, message and effect has a text that
+// can be shown, and an effect that is chosen by its name is the one that a panel is sent.
+#include <optional>
+
+#include "base/code_page.h"
+#include "fuzz/files.h"
+#include "fuzz/must.h"
+#include "fuzz/targets.h"
+#include "language/caption_tables.h"
+#include "language/display_feature.h"
+#include "language/further_texts.h"
+#include "language/module_language.h"
+#include "store/ini_file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace Fuzz {
+namespace {
+
+using Brivon1::FeatureNames;
+using ModuleLanguage::LanguageFile;
+
+constexpr QLatin1String kFile("langSetting.INI");
+
+/// Lets the language be active as long as it lives.
+class ActiveLanguage {
+ public:
+  ActiveLanguage() { ModuleLanguage::SetLanguageActive(true); }
+  ~ActiveLanguage() { ModuleLanguage::SetLanguageActive(false); }
+
+  ActiveLanguage(const ActiveLanguage&) = delete;
+  ActiveLanguage& operator=(const ActiveLanguage&) = delete;
+};
+
+void MustBeShowable(const QString& text) {
+  Must(text.size() <= ModuleLanguage::kLongestValue, "a text is cut");
+  Must(text.isValidUtf16(), "no text ends with half a character");
+}
+
+void MustBeRead(const LanguageFile& file, const Brivon1::IniFile& ini, const QString& section,
+                const QString& key) {
+  const QString missing = u"missing"_s;
+  const auto found = file.Find(section, key);
+  const auto bytes = ini.Value(section.toUtf8(), key.toUtf8());
+  Must(found.has_value() == bytes.has_value(), "a text is there where its line is");
+  Must(!bytes || found->isEmpty() == bytes->isEmpty(), "an empty value is an empty text");
+  Must(file.Value(section, key, missing) == found.value_or(missing), "what is missing is English");
+  MustBeShowable(found.value_or(missing));
+}
+
+void MustHaveCaptions(const LanguageFile& file, const Brivon1::IniFile& ini) {
+  for (const ModuleLanguage::CaptionTable& table : ModuleLanguage::CaptionTables()) {
+    for (const QString& key : ModuleLanguage::CaptionKeys(table)) {
+      MustBeRead(file, ini, QString::fromLatin1(table.window), key);
+    }
+  }
+  for (const ModuleLanguage::CaptionTable& table : ModuleLanguage::FurtherCaptions()) {
+    for (const QString& key : ModuleLanguage::CaptionKeys(table)) {
+      MustBeRead(file, ini, QString::fromLatin1(ModuleLanguage::kFurtherSection), key);
+    }
+  }
+  for (const ModuleLanguage::FurtherText& text : ModuleLanguage::FurtherTexts()) {
+    MustBeRead(file, ini, QString::fromLatin1(ModuleLanguage::kFurtherSection),
+               QString::fromLatin1(text.key));
+  }
+  for (const ModuleLanguage::Message& message : ModuleLanguage::Messages()) {
+    MustBeRead(file, ini, QString::fromLatin1(message.section), QString::fromLatin1(message.key));
+  }
+}
+
+/// A few by the way that windows take: each lookup reads the file anew.
+void MustTranslate(const LanguageFile& file) {
+  const ModuleLanguage::Message& message = ModuleLanguage::Messages().front();
+  const QString english = QString::fromLatin1(message.text);
+  const QString shown =
+      file.Value(QString::fromLatin1(message.section), QString::fromLatin1(message.key), english);
+  Must(ModuleLanguage::TranslateMessage(english) == shown, "a message is the file's");
+  Must(ModuleLanguage::TranslateMessage(u"no message"_s) == u"no message"_s,
+       "an unknown message is shown as it is");
+  const ModuleLanguage::FurtherText& text = ModuleLanguage::FurtherTexts().front();
+  MustBeShowable(ModuleLanguage::TranslateText(QString::fromLatin1(text.text)));
+  const QByteArray line = "ID012     16x128     Tri-Color     192.168.0.12:80";
+  MustBeShowable(ModuleLanguage::ShownPanelLines({line}).first().left(60));
+}
+
+/// The code of the first place with this entry: what the list's choice means.
+QChar CodeOfEntry(const FeatureNames& names, const QString& entry) {
+  for (int place = 0; place < ModuleLanguage::kFeatureCodes; ++place) {
+    if (names.Entry(place) == entry) return QChar(u'A' + place);
+  }
+  return {};
+}
+
+void MustMeanWhatWasChosen() {
+  const FeatureNames names;
+  const QStringList entries = names.Entries();
+  Must(entries.size() >= static_cast<qsizetype>(Brivon1::kDisplayFeatures.size()) &&
+           entries.size() <= ModuleLanguage::kFeatureCodes,
+       "8 to 10 effects");
+  for (const QString& entry : entries) {
+    MustBeShowable(entry);
+    const QString stored = names.ToStore(entry, QString());
+    const auto bytes = Brivon1::CodePage::System().ToBytes(stored);
+    Must(bytes && bytes->size() <= Brivon1::kFeatureField, "a name fits a schedule");
+    const QChar chosen = CodeOfEntry(names, entry);
+    const QChar sent = names.Code(Brivon1::CodePage::System().ToText(*bytes));
+    // The two codes without an English name have none to fall back on.
+    const bool has_english = chosen <= QChar(u'H');
+    Must(sent == chosen || (!has_english && sent == QChar(u'A')), "what is chosen is what is sent");
+    const int selected = names.Preselected(names.ToPreselect(stored));
+    Must(selected >= 0 && CodeOfEntry(names, entries[selected]) ==
+                              CodeOfEntry(names, names.Entry(sent.unicode() - u'A').value()),
+         "what is stored is what is selected again");
+  }
+  Must(entries.contains(names.First()), "a new step has an effect of the list");
+}
+
+}  // namespace
+
+void CheckLanguageFile(const QByteArray& input) {
+  WriteFile(kFile, input);
+  const ActiveLanguage active;
+  const LanguageFile file;
+  MustHaveCaptions(file, Brivon1::IniFile(input));
+  MustTranslate(file);
+  MustMeanWhatWasChosen();
+  Must(ReadFile(kFile) == input, "a file that is read stays as it is");
+}
+
+}  // namespace Fuzz
