@@ -53,7 +53,7 @@ TimePart AnyTime(Choice& choice, int bound) {
 class ScheduleReadBack : public testing::Test {
  protected:
   /// A file of a page of one row, and what a panel of three colours shows of it.
-  ShownRow WritePage(Choice& choice, const QString& path, const Brivon1::Dimension& size) {
+  static ShownRow WritePage(Choice& choice, const QString& path, const Brivon1::Dimension& size) {
     PageMessage page;
     page.Begin(size);
     Typist typist(choice, page, size.columns / 5);

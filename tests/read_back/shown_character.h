@@ -2,7 +2,6 @@
 // looks. Both what was composed and what was sent are told in it, each by its own hand.
 #pragma once
 
-#include <iomanip>
 #include <ostream>
 #include <vector>
 

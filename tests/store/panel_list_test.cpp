@@ -153,6 +153,9 @@ TEST(PanelList, AnyOtherTextGivesAnEntryThatIsNoPanelOfTheList) {
   }
   EXPECT_EQ(ReadPanelListLine("ID999     4x96").id, 255);
   EXPECT_EQ(ReadPanelListLine("xx").rows, 0);
+  EXPECT_EQ(ReadPanelListLine("ID01x96").columns, 0) << "an ID has three digits";
+  EXPECT_EQ(ReadPanelListLine("ID012x96").rows, 0);
+  EXPECT_EQ(ReadPanelListLine("ID012x96").columns, 96);
 }
 
 }  // namespace
