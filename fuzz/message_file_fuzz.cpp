@@ -64,7 +64,8 @@ void MustBeFrames(const QString& path, const QByteArray& source, bool is_page) {
   for (const qint16 colour_type : {Brivon1::kMono, Brivon1::kTri}) {
     const auto frames = Brivon1::MessageFrames(path, kId, "007", *dimension, colour_type);
     Must(frames || !is_page || !Brivon1::CanBeSent(*dimension), "a page of such a size is sent");
-    Must(frames.has_value() == Brivon1::MessageFileRemedy(path).isEmpty(),
+    const Brivon1::FileFailure failure = Brivon1::SendingFailure(path);
+    Must(frames.has_value() == Brivon1::MessageFileRemedy(path, failure).isEmpty(),
          "a refusal has a reason");
     if (!frames) continue;
     Must(frames->size() == dimension->rows, "a frame for each row");
@@ -80,14 +81,14 @@ void MustBeFrames(const QString& path, const QByteArray& source, bool is_page) {
 
 void CheckMessageFile(const QByteArray& input) {
   const QString path = WriteFile(u"page.msg"_s, input);
-  QString remedy;
   Brivon1::FileFailure failure;
-  const auto page = Brivon1::LoadMessageFile(path, &remedy, &failure);
+  const auto page = Brivon1::LoadMessageFile(path, &failure);
   if (page) {
     MustBeAPage(*page);
     MustComeBack(*page);
   } else {
-    Must(!remedy.isEmpty(), "the operator is told why a page is refused");
+    Must(!Brivon1::MessageFileRemedy(path, failure).isEmpty(),
+         "the operator is told why a page is refused");
     Must(failure.fault != Brivon1::FileFault::kNone, "a program is told why a page is refused");
   }
   MustBeFrames(path, input, page.has_value());

@@ -98,15 +98,15 @@ void MustBeFrames(const QString& path, const QByteArray& source, bool is_schedul
 void CheckScheduleFile(const QByteArray& input) {
   const QString path = WriteFile(u"week.sch"_s, input);
   WritePages();
-  QString remedy;
   Brivon1::FileFailure failure;
-  const auto schedule = Brivon1::LoadScheduleFile(path, &remedy, &failure);
+  const auto schedule = Brivon1::LoadScheduleFile(path, &failure);
   if (schedule) {
     MustBeASchedule(*schedule);
     MustComeBack(*schedule);
     MustBeEditable(*schedule);
   } else {
-    Must(!remedy.isEmpty(), "the operator is told why a schedule is refused");
+    Must(!Brivon1::ScheduleFileRemedy(path, failure).isEmpty(),
+         "the operator is told why a schedule is refused");
     Must(failure.fault != Brivon1::FileFault::kNone, "a program is told why a schedule is refused");
   }
   MustBeFrames(path, input, schedule.has_value());

@@ -69,7 +69,7 @@ void CheckScrollingFile(const QByteArray& input) {
     MustComeBack(*message);
   } else {
     Must(failure.fault != Brivon1::FileFault::kNone, "a program is told why a file is refused");
-    Must(!Brivon1::ScrollingFileRemedy(path).isEmpty(), "and so is the operator");
+    Must(!Brivon1::ScrollingFileRemedy(path, failure).isEmpty(), "and so is the operator");
   }
   MustBeFrames(path, input, message.has_value());
   Must(ReadFile(u"message.srl"_s) == input, "a file that is read stays as it is");
