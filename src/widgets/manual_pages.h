@@ -10,8 +10,8 @@
 /// the keys for a window that has no chapter of its own.
 QLatin1String ManualChapter(QStringView window);
 
-/// The manual's path: in the program folder, in its folder "manual", or where there is none, in what
-/// was installed with the program. There may be none at all: the path is where it should be.
+/// The manual's path: in the program folder, in its folder "manual", or where there is none, in
+/// what was installed with the program. There may be none at all: the path is where it should be.
 QString ManualPath();
 
 /// What opens the manual at path `manual` at a chapter. A desktop may hand a browser the name of a
