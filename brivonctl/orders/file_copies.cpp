@@ -102,7 +102,7 @@ class FileCopies::HashedFile {
  private:
   QFile file_;
   QCryptographicHash hash_{QCryptographicHash::Sha256};
-  std::array<char, 65'536> portion_;
+  std::array<char, 65'536> portion_{};
   bool has_failed_ = false;
 };
 
