@@ -9,6 +9,7 @@
 #include "sending/sending_words.h"
 #include "store/configuration_store.h"
 #include "store/panel_list.h"
+#include "store/program_folder.h"
 #include "usage/exit_status.h"
 #include "usage/json_line.h"
 #include "usage/words.h"
@@ -59,7 +60,8 @@ void PrintTable(const Configuration& configuration) {
             (address.isEmpty() ? u"no address"_s : Harmless(address)) + u'\n';
   }
   if (text.isEmpty()) text = u"no panel is configured\n"_s;
-  PrintText(Stream::kOutput, Harmless(LinkText(configuration)) +
+  PrintText(Stream::kOutput, u"folder: "_s + Harmless(Brivon1::ProgramFolder()) + u'\n' +
+                                 Harmless(LinkText(configuration)) +
                                  u", delay period %1 ms\n"_s.arg(configuration.delay_period) +
                                  text);
 }
@@ -67,6 +69,7 @@ void PrintTable(const Configuration& configuration) {
 void PrintEvents(const Configuration& configuration) {
   JsonLine link;
   link.Add("event", u"start"_s).Add("version", kJsonVersion).Add("action", u"list"_s);
+  link.Add("folder", Brivon1::ProgramFolder());
   link.Add("link", ModeName(configuration.Mode()));
   link.Add("device", Brivon1::SerialDevice(configuration, configuration.com_port));
   link.Add("baud_rate", configuration.baud_rate).Add("delay_period", configuration.delay_period);

@@ -1,4 +1,4 @@
-// The subcommand "list": the panels and the link of brivon.ini.
+// The subcommand "list": the program folder, the panels and the link of brivon.ini.
 #pragma once
 
 #include "usage/program_folder.h"

@@ -125,7 +125,8 @@ void AddOrderOptions(CLI::App* command, Action action, OrderOptions* options) {
   command->add_flag("--json", options->is_json, "Prints one object of JSON for every event");
   command->add_flag("--quiet", options->is_quiet, "Prints only which panels have not got it");
   if (action == Action::kDeleteAll) {
-    command->add_flag("--yes", options->is_sure, "Deletes every page of all panels unasked");
+    command->add_flag("--yes", options->is_sure,
+                      "Deletes every page of all panels unasked; a dry run needs it not");
   }
 }
 

@@ -110,14 +110,17 @@ QString OrderRun::Prepare() {
   if (const auto delay = options_.DelayPeriod()) {
     assignment_.configuration.delay_period = static_cast<qint16>(*delay);
   }
+  std::shared_ptr<FileCopies> copies;
   if (SendsFile(assignment_.order.action)) {
-    assignment_.order.copies =
-        std::make_shared<FileCopies>(assignment_.order.path, IsStopRequested);
+    copies = std::make_shared<FileCopies>(assignment_.order.path, IsStopRequested);
   }
+  assignment_.order.copies = copies;
   wrong = WhatIsWrongWith(assignment_.order, assignment_.configuration);
   if (!wrong.isEmpty()) return wrong;
   wrong = CheckChosen();
   if (!wrong.isEmpty()) return wrong;
+  if (copies) copies->TakeDigest(assignment_.order.SentPath());
+  if (copies && !copies->ReadFailure().isEmpty()) return copies->ReadFailure();
   if (options_.is_dry_run) return {};
   wrong = WhatIsWrongWithLog(TextOf(options_.log));
   if (!wrong.isEmpty()) return wrong;

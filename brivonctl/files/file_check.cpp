@@ -43,11 +43,13 @@ QString WhyUnreadable(const QString& path) {
   const QFileInfo info(path);
   if (info.isDir()) return u"this is a folder; a file was expected"_s;
   if (!info.exists()) {
-    return info.isSymLink() ? u"this link leads to no file"_s : u"there is no such file"_s;
+    return info.isSymLink() ? u"this link leads to no file; name one that is there"_s
+                            : u"there is no such file; check the name and its folder"_s;
   }
   if (!info.isFile()) return u"this is a device or a pipe; a file was expected"_s;
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return u"it cannot be read: %1"_s.arg(file.errorString());
+  if (!file.open(QIODevice::ReadOnly))
+    return u"it cannot be read: %1; name one that you may read"_s.arg(file.errorString());
   return {};
 }
 

@@ -2,15 +2,14 @@
 
 #include <QHash>
 
-#include "base/code_page.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "schedule/step_file.h"
 #include "store/configuration_store.h"
 
 namespace BrivonCtl {
 
 QList<ScheduleStep> ReadSteps(Brivon1::ScheduleReader* file) {
-  const Brivon1::CodePage& code_page = Brivon1::CodePage::System();
   QList<ScheduleStep> steps;
   QHash<QString, qsizetype> places;  // of the files, by their names in upper case
   while (file->Head() && steps.size() < file->Head()->sequences) {
@@ -19,7 +18,7 @@ QList<ScheduleStep> ReadSteps(Brivon1::ScheduleReader* file) {
     ScheduleStep step;
     step.line = file->LineNumber();
     step.path = Brivon1::TrimBlanks(*path);
-    step.name = code_page.ToText(step.path.left(Brivon1::kLongestPath));
+    step.name = Brivon1::StepFileName(*path);
     const QString compared = step.name.toUpper();
     if (!places.contains(compared)) places.insert(compared, places.size());
     step.place = places.value(compared);

@@ -66,9 +66,11 @@ int SavePicture(const ShownFile& shown, const QString& file, const QString& outp
   }
   const QByteArray png = PngPicture(shown.pages.front().picture);
   if (output == "-"_L1) return Print(Stream::kOutput, png) ? kAllDone : kSomeFailed;
-  const QString failure = Brivon1::SaveFailureText(Brivon1::SaveWholeFile(output, png));
+  QString reason;
+  const QString failure = Brivon1::SaveFailureText(Brivon1::SaveWholeFile(output, png, &reason));
   if (failure.isEmpty()) return kAllDone;
-  return Refuse(u"--output: %1: %2"_s.arg(Printable(output), failure));
+  return Refuse(u"--output: %1: %2 %3; name a file in a folder that you may write to"_s.arg(
+      Printable(output), failure, reason));
 }
 
 int PrintPages(const ShownFile& shown) {

@@ -31,11 +31,13 @@ PanelResult Ending(const OpenLine& line, int panel, bool succeeded, const QStrin
             Brivon1::ArrivedText(line.progress, panel)};
   }
   why.removeAll(QString());
-  const QString whole = why.join(u'\n');
   const QString last = Brivon1::WhyNotSent(line, panel);
   // A schedule has told it already with the page at which it failed.
-  if (whole.endsWith(last)) return {panel, Result::kFailed, text, whole};
-  return {panel, Result::kFailed, text, whole.isEmpty() ? last : whole + u'\n' + last};
+  if (!why.join(u'\n').endsWith(last)) why.append(last);
+  const bool is_lost = line.refusal.isEmpty() && line.link.IsLost();
+  const QString lost = is_lost ? line.link.FailureReason() : QString();
+  if (!lost.isEmpty()) why.prepend(lost);
+  return {panel, Result::kFailed, text, why.join(u'\n')};
 }
 
 PanelResult FileEnding(const OpenLine& line, int panel, bool succeeded, const QString& sent_text,

@@ -1,5 +1,7 @@
 #include "orders/order.h"
 
+#include "schedule/schedule_transmission.h"
+
 using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
@@ -68,6 +70,10 @@ std::optional<Brivon1::PanelCommand> CommandOf(Action action) {
 
 const Brivon1::FileSource& Order::Files() const {
   return copies ? static_cast<const Brivon1::FileSource&>(*copies) : Brivon1::Disk();
+}
+
+QString Order::SentPath() const {
+  return action == Action::kSendSchedule ? Brivon1::SentSchedulePath(path) : path;
 }
 
 }  // namespace BrivonCtl

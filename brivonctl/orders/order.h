@@ -31,7 +31,11 @@ struct Order {
   std::shared_ptr<const FileCopies> copies = {};  ///< What is sent; else the files as they are.
 
   const Brivon1::FileSource& Files() const;
-  QByteArray Digest() const { return copies ? copies->Digest(path) : QByteArray(); }
+
+  /// The path of the file that is sent.
+  QString SentPath() const;
+
+  QByteArray Digest() const { return copies ? copies->Digest(SentPath()) : QByteArray(); }
 };
 
 /// As it stands on the command line: "send page", "delete-all".

@@ -108,6 +108,7 @@ PanelResult Refused(int id, const Refusal& refusal) {
 QString WhatIsWrongWith(const Order& order, const Configuration& configuration) {
   if (ModeFor(order, configuration) == SendMode::kNone) return Brivon1::LinkNote(configuration);
   if (!SendsFile(order.action)) return {};
+  if (order.copies && !order.copies->ReadFailure().isEmpty()) return order.copies->ReadFailure();
   if (const auto refusal = FileRefusal(order)) {
     return (order.path.isEmpty() ? u"\"\""_s : order.path) + u": "_s + TextOf(*refusal);
   }

@@ -25,7 +25,7 @@ void AddNumber(JsonLine& line, const Order& order) {
 
 void AddFile(JsonLine& line, const Order& order, const QByteArray& digest) {
   if (!SendsFile(order.action)) return;
-  line.Add("file", QFileInfo(order.path).absoluteFilePath());
+  line.Add("file", QFileInfo(order.SentPath()).absoluteFilePath());
   line.Add("sha256", QString::fromLatin1(digest));
 }
 

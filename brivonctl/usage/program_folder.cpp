@@ -22,8 +22,9 @@ CLI::Validator NotEmpty(const std::string& what) {
 void AddFolderOption(CLI::App* command, FolderOption* option) {
   command
       ->add_option("--folder", option->folder,
-                   "The program folder, which holds brivon.ini; brivonctl's own unless told "
-                   "otherwise")
+                   "The program folder, which holds brivon.ini; that of Brivon unless told "
+                   "otherwise: the executable's where it holds one or may be written to, else "
+                   "~/.local/share/brivon")
       ->type_name("DIR")
       ->check(NotEmpty("the folder that holds brivon.ini"));
 }

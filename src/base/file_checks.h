@@ -20,6 +20,9 @@ inline constexpr const char* kMessageHeader = "*** Brivon Message File ***";
 inline constexpr const char* kScheduleHeader = "*** Brivon Schedule File ***";
 inline constexpr const char* kScrollingHeader = "*** Brivon Shift Message File ***";
 
+inline constexpr int kPageHeadLines = 3;  ///< The lines of a page above its rows.
+inline constexpr int kScrollingLines = 2;
+
 /// The dimension of a page message file, or nothing where `path` names none: a missing file, one of
 /// fewer than 30 bytes, or another header line. The dimension's range is not checked.
 std::optional<Dimension> IsMessageFile(const QString& path, const FileSource& files = Disk());

@@ -15,7 +15,10 @@
 
 namespace Brivon1 {
 
-/// The lines above the sequences.
+inline constexpr int kScheduleHeadLines = 7;  ///< The lines above the sequences.
+inline constexpr int kSequenceLines = 3;      ///< The lines of a sequence.
+
+/// What stands above the sequences.
 struct ScheduleHead {
   int weekday = 0;  ///< 0 (every day), 1 (Sunday) to 7 (Saturday).
   QByteArray hour;  ///< What stands right of the "=", unconverted.

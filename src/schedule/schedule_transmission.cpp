@@ -69,8 +69,7 @@ std::optional<Plan> ReadPlan(const QString& path, const FileSource& files) {
     const std::optional<QByteArray> path_line = file.NextPath();
     const std::optional<SequenceDetails> details = file.NextDetails();
     if (!path_line || !details) return std::nullopt;
-    // The line may be a megabyte. What is cut off belongs to a name that is not found anyway.
-    const QString name = code_page.ToText(TrimBlanks(*path_line).left(kLongestPath));
+    const QString name = StepFileName(*path_line);
     const QString compared = name.toUpper();
     if (!places.contains(compared)) {
       places.insert(compared, plan.files.size());
@@ -127,8 +126,9 @@ std::optional<Refusal> PlanRefusal(const QString& path, const QString& letter,
                        ? TranslateMessage(u"No letter has been entered."_s)
                        : TranslateMessage(u"\"%1\" is no letter of a schedule."_s).arg(letter)};
   }
-  plan = ReadPlan(path.trimmed(), files);
-  if (!plan) return Refusal{{}, PlanRemedy(path.trimmed(), files)};
+  const QString sent = SentSchedulePath(path);
+  plan = ReadPlan(sent, files);
+  if (!plan) return Refusal{{}, PlanRemedy(sent, files)};
   if (IsEmpty(*plan)) {
     return Refusal{TranslateMessage(u"Empty Schedule File!"_s),
                    TranslateMessage(u"Add a message file in the schedule editor."_s)};
@@ -159,6 +159,8 @@ std::optional<char> ScheduleLetter(const QString& text) {
   if (letter >= 'a' && letter <= 'j') return static_cast<char>(letter - 'a' + 'A');
   return std::nullopt;
 }
+
+QString SentSchedulePath(const QString& path) { return path.trimmed(); }
 
 std::optional<Refusal> CheckScheduleFile(const QString& path, const QString& letter,
                                          const FileSource& files) {

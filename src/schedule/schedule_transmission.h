@@ -20,6 +20,10 @@ using TellRefusal = std::function<void(const Refusal& refusal)>;
 /// other text.
 std::optional<char> ScheduleLetter(const QString& text);
 
+/// The path of the schedule file that is read where `path` is to be sent: without the blanks at its
+/// ends.
+QString SentSchedulePath(const QString& path);
+
 /// What keeps the schedule file at `path` (blanks at its ends do not count) from being sent under
 /// the schedule letter `letter`: the letter, the schedule, the first of its message files that
 /// cannot be sent. Nothing where nothing does. The refusal of a schedule that cannot be read has no

@@ -1,8 +1,16 @@
 #include "schedule/step_file.h"
 
+#include "base/code_page.h"
+#include "base/files.h"
+#include "base/text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
+
+QString StepFileName(const QByteArray& line) {
+  return CodePage::System().ToText(TrimBlanks(line).left(kLongestPath));
+}
 
 std::optional<StepFault> StepFaultOf(bool exists, const std::optional<Dimension>& found,
                                      Dimension wanted) {

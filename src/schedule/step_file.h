@@ -1,14 +1,19 @@
-// Whether a message file can be a step of a schedule: what the preview and the transmission ask
-// alike.
+// Which message file a step of a schedule names, and whether it can be one: what the preview, the
+// transmission and brivonctl ask alike.
 #pragma once
 
 #include <optional>
 
+#include <QByteArray>
 #include <QString>
 
 #include "base/dimension.h"
 
 namespace Brivon1 {
+
+/// The name that a step's path line holds. A line may be a megabyte; what is cut off belongs to a
+/// name that is not found anyway.
+QString StepFileName(const QByteArray& line);
 
 enum class StepFault {
   kMissing,   ///< There is no file.

@@ -86,6 +86,19 @@ TEST(BrivonctlJson, WhereAPanelDoesNotFitNobodyGetsItUnlessItIsSkipped) {
   EXPECT_EQ(nobody.status, 3);
 }
 
+TEST(BrivonctlJson, AConnectionThatThePanelClosesIsTheReason) {
+  Site site(1);
+  site.Fail(1, {.silent = true, .close_after_frame = 1});
+  ProgramRun run;
+  run.To("poll --to 1 --delay-period 0 --json", In(site));
+  EXPECT_EQ(run.status, 1);
+  for (const QJsonObject& event : run.Events()) {
+    if (event[u"event"_s] != u"panel"_s) continue;
+    EXPECT_TRUE(event[u"reason"_s].toString().contains(u"remote host closed the connection"_s))
+        << event[u"reason"_s].toString().toStdString();
+  }
+}
+
 TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
   Site site(1);
   site.Fail(1, {.silent_answers = 5});

@@ -236,8 +236,30 @@ TEST(BrivonctlUse, ThePanelsAndTheLinkAreListed) {
   run.To("list --folder", {folder.Path({})});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output.toStdString(),
-            "link: serial, /dev/ttyUSB0, 9600 baud, delay period 300 ms\n"
-            "ID001  4x96     tri  10.0.0.1:80\nID012  12x192   mono no address\n");
+            "folder: " + folder.Path({}).toStdString() +
+                "\nlink: serial, /dev/ttyUSB0, 9600 baud, delay period 300 ms\n"
+                "ID001  4x96     tri  10.0.0.1:80\nID012  12x192   mono no address\n");
+  ProgramRun json;
+  json.To("list --json --folder", {folder.Path({})});
+  EXPECT_EQ(json.Events().first()[u"folder"_s], folder.Path({}));
+}
+
+TEST(BrivonctlUse, TheHelpSaysWhichFolderAndWhatADryRunNeedsNot) {
+  ProgramRun run;
+  run.To("delete-all --help");
+  const QByteArray words = run.output.simplified();
+  EXPECT_TRUE(words.contains("a dry run needs it not")) << words.toStdString();
+  EXPECT_TRUE(words.contains("that of Brivon unless told otherwise")) << words.toStdString();
+  EXPECT_FALSE(words.contains("brivonctl's own"));
+}
+
+TEST(BrivonctlUse, ADryRunOfADeletionAtAllPanelsNeedsNoYes) {
+  Site site(2);
+  ProgramRun run;
+  run.To("delete-all --to all --dry-run --folder", {site.Folder().Path({})});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output.count('\n'), 2);
+  EXPECT_EQ(site.Frames(1), QList<QByteArray>());
 }
 
 TEST(BrivonctlUse, HelpAndVersionGoToStandardOutput) {

@@ -16,13 +16,19 @@ namespace {
 const QList<VirtualPanel::PanelDescription> kPanels = {
     {1, 2, 96, true}, {2, 2, 96, true}, {3, 2, 96, true}};
 
+std::shared_ptr<const FileCopies> CopiesOf(const QString& path) {
+  const auto copies = std::make_shared<FileCopies>(path);
+  copies->TakeDigest(path);
+  return copies;
+}
+
 /// Panels at one line in virtual time, and what the transmitter tells of them.
 class TransmitterTest : public testing::TestWithParam<LineKind> {
  protected:
   TransmitterTest() {
     assignment_.order = {Action::kSendPage,
                          bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96)), u"7"_s};
-    assignment_.order.copies = std::make_shared<FileCopies>(assignment_.order.path);
+    assignment_.order.copies = CopiesOf(assignment_.order.path);
     assignment_.configuration = Brivon1::Store();
     assignment_.configuration.delay_period = 300;
   }
@@ -179,7 +185,7 @@ TEST_P(TransmitterTest, SoAreTheMessageFilesOfASchedule) {
                             "*** Brivon Schedule File ***\r\nWeek =0\r\nHour =8\r\n"
                             "Min =30\r\nRow =2\r\nCol =96\r\nNo of Sequence =1\r\npage.msg\r\n5\r\n"
                             "Flip\r\n");
-  assignment_.order = {Action::kSendSchedule, path, u"A"_s, std::make_shared<FileCopies>(path)};
+  assignment_.order = {Action::kSendSchedule, path, u"A"_s, CopiesOf(path)};
   bench_.Folder().Write(u"page.msg"_s, SampleMessageFile(2, 96).replace("Row", "Raw"));
   ASSERT_TRUE(QFile::remove(path));
   Serve({1});
@@ -245,6 +251,8 @@ TEST_P(TransmitterTest, ALineThatIsCutFailsForItsPanelAndIsOpenedAnewForTheNextO
   Serve({1, 2});
   ASSERT_EQ(transmissions_.size(), 2);
   EXPECT_EQ(transmissions_[0].result.result, Result::kFailed);
+  EXPECT_TRUE(transmissions_[0].result.reason.contains(u": nobody is there\n"_s))
+      << transmissions_[0].result.reason.toStdString();
   EXPECT_EQ(bench_.Openings(), 2);
 }
 

@@ -46,7 +46,8 @@ TEST_F(CheckProgram, ARefusedFileGivesThreeAndOneLineOfError) {
   ended = Run({u"good.msg"_s, u"gone.msg"_s, u"bad.msg"_s, u"."_s});
   EXPECT_EQ(ended.status, 3);
   EXPECT_EQ(ended.errors,
-            "brivonctl: 3 of 4 files refused; the first: gone.msg: there is no such file\n");
+            "brivonctl: 3 of 4 files refused; the first: gone.msg: there is no such file; check "
+            "the name and its folder\n");
 }
 
 TEST_F(CheckProgram, WarningsLeaveTheStatusAtNought) {
@@ -64,7 +65,8 @@ TEST_F(CheckProgram, QuietTellsOnlyOfProblems) {
   folder_.Write(u"good.msg"_s, Page(1, "<L01>\r\n"));
   const Ended ended = Run({u"--quiet"_s, u"good.msg"_s, u"gone.msg"_s});
   EXPECT_EQ(ended.status, 3);
-  EXPECT_EQ(ended.output, "gone.msg: refused\n  error: there is no such file\n");
+  EXPECT_EQ(ended.output,
+            "gone.msg: refused\n  error: there is no such file; check the name and its folder\n");
 }
 
 TEST_F(CheckProgram, JsonIsOneObjectALine) {

@@ -23,13 +23,13 @@ TEST_F(PageCheck, APageThatIsFineIsToldWithItsSize) {
 
 TEST_F(PageCheck, WhatIsNoFileIsRefused) {
   EXPECT_EQ(SaidOf(folder_.Path(u"gone.msg"_s)),
-            "gone.msg: refused\n  error: there is no such file\n");
+            "gone.msg: refused\n  error: there is no such file; check the name and its folder\n");
   EXPECT_EQ(SaidOf(u"/"_s), "/: refused\n  error: this is a folder; a file was expected\n");
   EXPECT_EQ(SaidOf(u"/dev/zero"_s),
             "/dev/zero: refused\n  error: this is a device or a pipe; a file was expected\n");
   ASSERT_TRUE(QFile::link(folder_.Path(u"gone.msg"_s), folder_.Path(u"link.msg"_s)));
   EXPECT_EQ(SaidOf(folder_.Path(u"link.msg"_s)),
-            "link.msg: refused\n  error: this link leads to no file\n");
+            "link.msg: refused\n  error: this link leads to no file; name one that is there\n");
 }
 
 TEST_F(PageCheck, AFileOfAnotherKindIsRefusedByItsFirstLine) {
@@ -147,9 +147,11 @@ TEST_F(PageCheck, WhatWouldMoveTheTerminalsCursorIsWrittenOut) {
 }
 
 TEST_F(PageCheck, ANameIsCutWhereItIsLongAndSeenWhereItIsEmpty) {
-  EXPECT_EQ(SaidOf(QString()), "\"\": refused\n  error: there is no such file\n");
+  EXPECT_EQ(SaidOf(QString()),
+            "\"\": refused\n  error: there is no such file; check the name and its folder\n");
   EXPECT_EQ(SaidOf(QString(301, u'x')),
-            std::string(300, 'x') + "...: refused\n  error: there is no such file\n");
+            std::string(300, 'x') +
+                "...: refused\n  error: there is no such file; check the name and its folder\n");
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ TEST_F(ReportJson, AScheduleHasItsFiles) {
             R"({"event":"file","file":"s.sch","kind":"schedule","rows":1,"columns":96,"steps":1,)"
             R"("result":"refused","problems":[],"files":[{"line":8,"file":"gone.msg",)"
             R"("kind":"unknown","result":"refused","problems":[{"line":null,"severity":"error",)"
-            R"("text":"there is no such file"}]}]})"
+            R"("text":"there is no such file; check the name and its folder"}]}]})"
             "\n");
 }
 

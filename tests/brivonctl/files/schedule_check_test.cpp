@@ -47,7 +47,7 @@ TEST_F(ScheduleCheck, AMessageFileThatCannotBeShownRefusesTheSchedule) {
       "s.sch: schedule, 1 row x 96 columns, 6 steps, Monday, hour 8, minute 30: refused\n" +
           FineFile(8) +
           "  line 11: gone.msg: refused\n"
-          "    error: there is no such file\n"
+          "    error: there is no such file; check the name and its folder\n"
           "  line 14: wide.msg: page message, 1 row x 192 columns: refused\n"
           "    line 2: error: the page has 1 rows x 192 columns, the schedule is for 1 rows x "
           "96 columns\n"

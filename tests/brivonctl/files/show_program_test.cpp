@@ -54,7 +54,8 @@ TEST_F(ShowProgram, APictureIsWrittenWithoutADisplay) {
 }
 
 TEST_F(ShowProgram, AFileThatIsRefusedIsNotShown) {
-  ExpectRefusal({u"gone.msg"_s}, 3, "brivonctl: gone.msg: there is no such file\n");
+  ExpectRefusal({u"gone.msg"_s}, 3,
+                "brivonctl: gone.msg: there is no such file; check the name and its folder\n");
   folder_.Write(u"bad.msg"_s, Page(1, "<L02>\r\n"));
   ExpectRefusal(
       {u"bad.msg"_s}, 3,
@@ -97,8 +98,12 @@ TEST_F(ShowProgram, APictureTakesThePlaceOfNothingButAPictureOrAnEmptyFile) {
 
 TEST_F(ShowProgram, APictureThatCannotBeSavedIsRefused) {
   ExpectRefusal({u"a.msg"_s, u"--output"_s, u"none/a.png"_s}, 3,
-                "brivonctl: --output: none/a.png: Invalid path!\n");
-  ExpectRefusal({u"a.msg"_s, u"--output"_s, u"."_s}, 3, "brivonctl: --output: .: Invalid path!\n");
+                "brivonctl: --output: none/a.png: Invalid path! No such file or directory; name a "
+                "file in a folder that you may write to\n");
+  ExpectRefusal(
+      {u"a.msg"_s, u"--output"_s, u"."_s}, 3,
+      "brivonctl: --output: .: Invalid path! Is a directory; name a file in a folder that "
+      "you may write to\n");
 }
 
 TEST_F(ShowProgram, WrongUseGivesTwo) {

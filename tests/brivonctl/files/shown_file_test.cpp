@@ -88,11 +88,11 @@ TEST_F(ShownFiles, WhatIsNotSentIsNotShown) {
   EXPECT_EQ(refusal(u"a.msg"_s, Page(0, "")),
             "a page of 0 rows and 96 columns is not sent to any panel");
   EXPECT_EQ(refusal(u"s.sch"_s, Schedule(1, Step("gone.msg"))),
-            "line 8: gone.msg: there is no such file");
+            "line 8: gone.msg: there is no such file; check the name and its folder");
   EXPECT_EQ(refusal(u"s.sch"_s, Schedule(1, Step(""))),
             "no step names a message file: it cannot be sent");
   EXPECT_EQ(ReadShownFile(folder_.Path(u"gone"_s), false, kClock).refusal.toStdString(),
-            "there is no such file");
+            "there is no such file; check the name and its folder");
 }
 
 TEST_F(ShownFiles, EverySampleIsShown) {
