@@ -60,17 +60,32 @@ struct Failure {
   bool is_of_disk = false;
 };
 
-/// Replaces the file at `path` by `content`; nothing where that has succeeded.
-std::optional<Failure> Replace(const QString& path, const QByteArray& content) {
-  const auto failure = [](int error) { return Failure{error, IsDiskFailure(error)}; };
 #ifdef Q_OS_UNIX
-  ReplacingFile file(path);
+
+std::optional<Failure> ReplaceBy(ReplacingFile& file, const QByteArray& content) {
+  const auto failure = [](int error) { return Failure{error, IsDiskFailure(error)}; };
   if (const int error = file.Open(); error != 0) return failure(error);
   if (const int error = file.Write(content); error != 0) return Failure{error, true};
-  // A disk that is full or failing may say so only now; others cannot tell whether they flush.
-  if (const int error = file.Flush(); IsDiskFailure(error)) return failure(error);
+  // A disk that is full, failing or gone may say so only now.
+  if (const int error = file.Flush(); error != 0) return Failure{error, true};
   if (const int error = file.TakePlace(); error != 0) return failure(error);
+  return std::nullopt;
+}
+
+#endif
+
+/// Replaces the file at `path` by `content`; nothing where that has succeeded.
+std::optional<Failure> Replace(const QString& path, const QByteArray& content) {
+#ifdef Q_OS_UNIX
+  {
+    ReplacingFile file(path);
+    const std::optional<Failure> failure = ReplaceBy(file, content);
+    if (!failure || !file.MaySucceedWithName()) return failure;
+  }
+  ReplacingFile file(path, true);
+  return ReplaceBy(file, content);
 #else
+  const auto failure = [](int error) { return Failure{error, IsDiskFailure(error)}; };
   QSaveFile file(path);
   errno = 0;
   if (!file.open(QIODevice::WriteOnly)) return failure(errno);
@@ -82,8 +97,8 @@ std::optional<Failure> Replace(const QString& path, const QByteArray& content) {
   }
   errno = 0;
   if (!file.commit()) return failure(errno);
-#endif
   return std::nullopt;
+#endif
 }
 
 }  // namespace

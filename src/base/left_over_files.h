@@ -9,15 +9,17 @@
 
 namespace Brivon1 {
 
-inline constexpr int kLeftOverLetters = 4;
+inline constexpr int kLeftOverLetters = 6;
 
-/// What the file that is to replace `target` is called while it is written: "page.msg.~QxAd~". Only
-/// letters, because numbers stand there in the names of some editors' older versions.
+/// What the file that is to replace `target` is called while it is written:
+/// "page.msg.~brivon-QxAdPk~". No editor and no version control names its own files like that. A
+/// name that has no room for it is cut before it.
 QByteArray LeftOverName(const QByteArray& target, const QByteArray& letters);
 
 /// Removes the files beside `target` that killed saves of it have left. Stays: what has any other
 /// name, what belongs neither to this user nor to the owner of `target`, what has a further name,
-/// what is no ordinary file, and what a living program is about to put in the place of `target`.
+/// what is no ordinary file, what was changed within the last five minutes, and what a living
+/// program is about to put in the place of `target`.
 void RemoveLeftOverFiles(const QByteArray& target);
 
 }  // namespace Brivon1

@@ -7,10 +7,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <climits>
 
 #include <QFile>
-#include <QFileInfo>
 #include <QRandomGenerator>
 
 #include "base/left_over_files.h"
@@ -21,23 +22,44 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 1000;  // tried before the folder is taken for full of them
 
-/// The file that a save to `path` replaces. Links that lead to each other are files themselves.
-QByteArray TargetOf(const QString& path) {
-  QFileInfo info(path);
-  for (int links = 0; links < kMostLinks; ++links) {
-    if (!info.isSymLink()) return QFile::encodeName(info.filePath());
-    info.setFile(info.symLinkTarget());
-  }
-  return QFile::encodeName(path);
-}
-
 QByteArray FolderOf(const QByteArray& path) {
   const qsizetype slash = path.lastIndexOf('/');
   return slash < 0 ? QByteArray(".") : path.first(slash + 1);
 }
 
-/// A number of an error: the one that the system has set, where there was one.
-int ErrorUnless(bool succeeded) { return succeeded ? 0 : errno; }
+/// What the link `path` says, byte for byte; empty where it is none.
+QByteArray LinkAt(const QByteArray& path) {
+  std::array<char, PATH_MAX> text;
+  const ssize_t size = readlink(path.constData(), text.data(), text.size());
+  return size <= 0 ? QByteArray() : QByteArray(text.data(), size);
+}
+
+/// The file that a save to `path` replaces. Links that lead to each other are files themselves. The
+/// system resolves what stands before a name, because ".." behind a link leads elsewhere.
+QByteArray TargetOf(const QString& path) {
+  const QByteArray name = QFile::encodeName(path);
+  if (name.contains('\0')) return name;
+  QByteArray target = name;
+  for (int links = 0; links < kMostLinks; ++links) {
+    const QByteArray link = LinkAt(target);
+    if (link.isEmpty()) return target;
+    target = link.startsWith('/') || !target.contains('/') ? link : FolderOf(target) + link;
+  }
+  return name;
+}
+
+/// Whether a flush has failed because this disk, or the system for this user, has none.
+bool CannotFlush(int error) {
+  return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EACCES ||
+         error == EPERM;
+}
+
+/// Whether a file that has a name from the beginning would meet the same error; others may come
+/// from the way in which a nameless one receives its name.
+bool IsFinalForName(int error) {
+  return error == ENOSPC || error == EIO || error == EDQUOT || error == EEXIST ||
+         error == ENAMETOOLONG;
+}
 
 bool Exists(const QByteArray& path) { return access(path.constData(), F_OK) == 0; }
 
@@ -47,7 +69,8 @@ void Lock(int handle) { flock(handle, LOCK_EX | LOCK_NB); }
 
 }  // namespace
 
-ReplacingFile::ReplacingFile(const QString& path) : target_(TargetOf(path)) {}
+ReplacingFile::ReplacingFile(const QString& path, bool has_name)
+    : target_(TargetOf(path)), has_name_(has_name) {}
 
 ReplacingFile::~ReplacingFile() {
   // The name first, as long as the lock holds.
@@ -65,7 +88,7 @@ int ReplacingFile::Open() {
   const bool is_new = stat(target_.constData(), &old) != 0;
   const mode_t mode = is_new ? 0666U : old.st_mode & 0777U;
 #ifdef O_TMPFILE
-  if (Exists("/proc/self/fd")) {
+  if (!has_name_ && Exists("/proc/self/fd")) {
     handle_ = open(FolderOf(target_).constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
     if (handle_ >= 0) {
       Lock(handle_);
@@ -126,7 +149,10 @@ void ReplacingFile::KeepOwner() const {
 
 int ReplacingFile::Flush() {
   KeepOwner();
-  return ErrorUnless(fsync(handle_) == 0);
+  while (fsync(handle_) != 0) {
+    if (errno != EINTR) return CannotFlush(errno) ? 0 : errno;
+  }
+  return 0;
 }
 
 int ReplacingFile::TakePlace() {
@@ -134,7 +160,11 @@ int ReplacingFile::TakePlace() {
     const int error = GiveName();
     if (error != 0 || name_.isEmpty()) return error;
   }
-  if (rename(name_.constData(), target_.constData()) != 0) return errno;
+  if (rename(name_.constData(), target_.constData()) != 0) {
+    // Another machine has taken it for a left-over one.
+    may_succeed_with_name_ = errno == ENOENT;
+    return errno;
+  }
   name_.clear();
   return 0;
 }
@@ -153,6 +183,7 @@ int ReplacingFile::GiveName() {
       return 0;
     }
   }
+  may_succeed_with_name_ = !IsFinalForName(errno);
   return errno;
 }
 

@@ -18,8 +18,9 @@ namespace Brivon1 {
 /// which no further one is called. What has not taken its place is gone with the object.
 class ReplacingFile {
  public:
-  /// It is to stand at `path`; where that is a link, in the place of the link's target.
-  explicit ReplacingFile(const QString& path);
+  /// It is to stand at `path`; where that is a link, in the place of the link's target. With
+  /// `has_name` it has a name while it is written, also where it could do without.
+  explicit ReplacingFile(const QString& path, bool has_name = false);
   ~ReplacingFile();
   ReplacingFile(const ReplacingFile&) = delete;
   ReplacingFile& operator=(const ReplacingFile&) = delete;
@@ -30,10 +31,13 @@ class ReplacingFile {
   int Write(const QByteArray& content) const;
 
   /// Gives the new file the owner, the group and the mode of the old one, as far as this user may,
-  /// and waits until it has reached the disk.
+  /// and waits until it has reached the disk, where the disk can tell.
   int Flush();
 
   int TakePlace();
+
+  /// Whether TakePlace() has failed in a way that another file, one with a name, may not.
+  bool MaySucceedWithName() const { return may_succeed_with_name_; }
 
  private:
   int OpenWithName(mode_t mode);
@@ -44,6 +48,8 @@ class ReplacingFile {
   QByteArray target_;
   QByteArray name_;  ///< Empty while the file has none of its own.
   int handle_ = -1;
+  bool has_name_ = false;
+  bool may_succeed_with_name_ = false;
 };
 
 }  // namespace Brivon1

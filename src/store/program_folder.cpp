@@ -3,9 +3,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
+
+#include "base/files.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,11 +38,9 @@ bool CopyOnce(const QString& from, const QString& to) {
   if (QFileInfo::exists(to)) return true;
   if (!QDir().mkpath(QFileInfo(to).path())) return false;
   QFile source(from);
-  QSaveFile copy(to);
-  if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly)) return false;
+  if (!source.open(QIODevice::ReadOnly)) return false;
   const QByteArray content = source.readAll();
-  return source.error() == QFileDevice::NoError && copy.write(content) == content.size() &&
-         copy.commit();
+  return source.error() == QFileDevice::NoError && SaveWholeFile(to, content) == SaveResult::kSaved;
 }
 
 }  // namespace

@@ -27,6 +27,18 @@ constexpr Error kErrors[] = {{ENOSPC, "No space left on device", true},
                              {EDQUOT, "Disk quota exceeded", true},
                              {EACCES, "Permission denied", false}};
 
+/// What a flush alone gives: the disk is elsewhere, and the line to it fails.
+constexpr Error kFlushErrors[] = {{ETIMEDOUT, "Connection timed out", true},
+                                  {ESTALE, "Stale file handle", true},
+                                  {EFBIG, "File too large", true},
+                                  {ENOTCONN, "Transport endpoint is not connected", true}};
+
+/// What a flush gives that the disk, or the system for this user, does not have.
+constexpr int kNoFlush[] = {EINVAL, ENOSYS, EOPNOTSUPP, EACCES, EPERM};
+
+/// What the system may say where a file without a name is not to receive one.
+constexpr int kNoName[] = {EACCES, EPERM, EXDEV, ENOENT, EOPNOTSUPP};
+
 /// All ways with all errors, for a night.
 bool IsLong() { return qEnvironmentVariable("BRIVON_DISK_FAULTS") == u"all"_s; }
 
@@ -40,6 +52,12 @@ class DiskFaults : public testing::TestWithParam<std::tuple<const FileKind*, boo
  protected:
   void SetUp() override {
     if (IsNameless() && !work_.HasNamelessFiles()) GTEST_SKIP() << "every file here has a name";
+  }
+
+  void TearDown() override {
+    if (saves_ == 0) return;
+    std::printf("%s, %s: %d saves on a disk that fails\n", std::get<0>(GetParam())->name,
+                IsNameless() ? "written without a name" : "written under a name", saves_);
   }
 
   bool IsNameless() const { return std::get<1>(GetParam()); }
@@ -57,6 +75,7 @@ class DiskFaults : public testing::TestWithParam<std::tuple<const FileKind*, boo
   QStringList Try(WayToSave way, DiskFault fault, const Error* error);
 
   void EveryFaultOf(WayToSave way);
+  void EveryShortWriteOf(WayToSave way, int call);
 
   int saves_ = 0;
 
@@ -82,11 +101,18 @@ bool DiskFaults::MustFail(const DiskFault& fault, const Error* error, const QStr
                           QString* at) {
   if (fault.call == 0) return false;
   const bool is_short = fault.way != DiskFault::Way::kError;
+  if (is_short && fault.cut == 0) {
+    *at = u"write"_s;
+    return true;
+  }
   if (fault.way == DiskFault::Way::kShort) return false;
   const qsizetype first = fault.call - 1 + (is_short ? 1 : 0);
   for (qsizetype i = first; i < (fault.stays ? calls.size() : first + 1); ++i) {
     *at = calls.value(i);
-    if (*at == u"open" || *at == u"write" || *at == u"linkat" || *at == u"rename") return true;
+    if (*at == u"open" || *at == u"write") return true;
+    // A file that has a name from the beginning needs no link, and none twice.
+    if (*at == u"linkat" && error->is_of_disk) return true;
+    if (*at == u"rename" && error->number != ENOENT) return true;
     if (*at == u"fsync" && error->is_of_disk) return true;
   }
   return false;
@@ -177,6 +203,7 @@ QStringList DiskFaults::Try(WayToSave way, DiskFault fault, const Error* error) 
     EXPECT_EQ(Names().join(u' ').toStdString(), names.join(u' ').toStdString());
   }
 
+  work_.AgeLeftOvers();
   if (must_fail || work_.IsEditor()) SaveAgain(way, path);
   EXPECT_TRUE(Read(path) == content);
   if (IsUnderOtherName(way)) ReturnFrom(path, &names);
@@ -200,12 +227,27 @@ void DiskFaults::EveryFaultOf(WayToSave way) {
         Try(way, {.call = call, .stays = stays}, &kErrors[i]);
       }
     }
-    if (calls[call - 1] != u"write") continue;
-    for (const Error& error : kErrors) {
-      SCOPED_TRACE(testing::Message() << NameOf(way) << ", a short write, " << error.reason);
-      Try(way, {.call = call, .way = DiskFault::Way::kShort}, &error);
-      Try(way, {.call = call, .way = DiskFault::Way::kShortThenError}, &error);
-    }
+    if (calls[call - 1] == u"write") EveryShortWriteOf(way, call);
+  }
+}
+
+void DiskFaults::EveryShortWriteOf(WayToSave way, int call) {
+  const auto size = static_cast<int>(work_.Content(version_).size());
+  for (const Error& error : kErrors) {
+    SCOPED_TRACE(testing::Message() << NameOf(way) << ", half a write, " << error.reason);
+    Try(way, {.call = call, .way = DiskFault::Way::kShort}, &error);
+    Try(way, {.call = call, .way = DiskFault::Way::kShortThenError}, &error);
+  }
+  for (int cut = 0; cut <= size && !HasFailure(); ++cut) {
+    const bool is_edge = cut <= 1 || cut == size - 1;
+    if (!IsLong() && (way != WayToSave::kSave || !is_edge)) continue;
+    // A disk that takes nothing has no room.
+    const Error& error = kErrors[cut % static_cast<int>(std::size(kErrors))];
+    SCOPED_TRACE(testing::Message()
+                 << NameOf(way) << ", a write cut at byte " << cut << ", " << error.reason);
+    Try(way, {.call = call, .way = DiskFault::Way::kShort, .cut = cut}, &error);
+    if (cut == 0) continue;
+    Try(way, {.call = call, .way = DiskFault::Way::kShortThenError, .cut = cut}, &error);
   }
 }
 
@@ -214,8 +256,38 @@ TEST_P(DiskFaults, LeaveTheOldFileOrTheNewOneWholeAndTheWindowSaysWhich) {
     if (way != WayToSave::kSave && std::get<0>(GetParam())->label == nullptr) break;
     EveryFaultOf(way);
   }
-  std::printf("%s, %s: %d saves on a disk that fails\n", std::get<0>(GetParam())->name,
-              IsNameless() ? "written without a name" : "written under a name", saves_);
+}
+
+TEST_P(DiskFaults, OfAFlushAreFailuresUnlessTheDiskHasNone) {
+  const int call = static_cast<int>(Calls(WayToSave::kSave).indexOf(u"fsync"_s)) + 1;
+  ASSERT_GT(call, 0);
+  for (const Error& error : kFlushErrors) {
+    SCOPED_TRACE(error.reason);
+    Try(WayToSave::kSave, {.call = call}, &error);
+  }
+  for (const int number : kNoFlush) {
+    SCOPED_TRACE(number);
+    const Error error{number, "", false};
+    Try(WayToSave::kSave, {.call = call}, &error);
+  }
+}
+
+TEST_P(DiskFaults, OfALinkOrARenameThatANameFromTheBeginningAvoidsAreNone) {
+  const QStringList calls = Calls(WayToSave::kSave);
+  for (int call = 1; call <= calls.size(); ++call) {
+    SCOPED_TRACE(testing::Message() << call << ", " << calls[call - 1].toStdString());
+    if (calls[call - 1] == u"linkat") {
+      for (const int number : kNoName) {
+        SCOPED_TRACE(number);
+        const Error error{number, "", false};
+        Try(WayToSave::kSave, {.call = call}, &error);
+      }
+    } else if (calls[call - 1] == u"rename") {
+      const Error gone{ENOENT, "No such file or directory", false};
+      Try(WayToSave::kSave, {.call = call}, &gone);
+      Try(WayToSave::kSave, {.call = call, .stays = true}, &gone);
+    }
+  }
 }
 
 TEST_P(DiskFaults, MeetEveryCallOfASave) {

@@ -8,10 +8,10 @@
 struct DiskFault {
   enum class Way : int {
     kError,           ///< The call does nothing and gives `error`.
-    kShort,           ///< A write takes half of its bytes.
+    kShort,           ///< A write takes `cut` of its bytes.
     kShortThenError,  ///< The same, and the next call gives `error`.
     kKill,            ///< The program is killed in place of the call.
-    kShortThenKill,   ///< A write takes half of its bytes, and the next call kills.
+    kShortThenKill,   ///< A write takes `cut` of its bytes, and the next call kills.
   };
 
   int call = 0;  ///< The number, from 1, of the call; 0: none fails.
@@ -19,6 +19,9 @@ struct DiskFault {
   int error = 0;       ///< The system's number.
   bool stays = false;  ///< Whether all calls behind it give `error`, too.
   bool has_nameless_files = true;
+  int cut = kHalf;  ///< How many bytes a short write takes, at most all.
+
+  static constexpr int kHalf = -1;
 };
 
 /// While it lives, the disk has this fault for files below `folder`. One at a time.

@@ -5,6 +5,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -46,7 +47,7 @@ void Keep(int handle, bool is_below) {
   if (handle >= 0 && handle < kMostHandles) disk.is_below[handle] = is_below;
 }
 
-enum class Outcome { kAsEver, kHalf, kFailed };
+enum class Outcome { kAsEver, kShort, kFailed };
 
 /// Counts one call and says how it ends.
 Outcome Count(const char* name, bool is_write = false) {
@@ -58,7 +59,7 @@ Outcome Count(const char* name, bool is_write = false) {
   const bool is_first = call == fault.call;
   const bool is_second = call == fault.call + 1;
   const bool begins_short = fault.way != Way::kError && fault.way != Way::kKill;
-  if (begins_short && is_first) return is_write ? Outcome::kHalf : Outcome::kAsEver;
+  if (begins_short && is_first) return is_write ? Outcome::kShort : Outcome::kAsEver;
   if ((fault.way == Way::kKill && is_first) || (fault.way == Way::kShortThenKill && is_second)) {
     kill(getpid(), SIGKILL);
   }
@@ -67,6 +68,13 @@ Outcome Count(const char* name, bool is_write = false) {
   if (!fails) return Outcome::kAsEver;
   errno = fault.error;
   return Outcome::kFailed;
+}
+
+/// How many of `size` bytes a write takes.
+std::size_t Taken(Outcome outcome, std::size_t size) {
+  if (outcome != Outcome::kShort) return size;
+  const int cut = disk.fault.cut;
+  return cut == DiskFault::kHalf ? size / 2 : std::min(static_cast<std::size_t>(cut), size);
 }
 
 bool Fails(const char* name) { return Count(name) == Outcome::kFailed; }
@@ -142,17 +150,16 @@ ssize_t Faulty_write(int handle, const void* data, size_t size) asm("write");
 ssize_t Faulty_write(int handle, const void* data, size_t size) {
   const Outcome outcome = IsBelow(handle) ? Count("write", true) : Outcome::kAsEver;
   if (outcome == Outcome::kFailed) return -1;
-  return System<ssize_t(int, const void*, size_t)>("write")(
-      handle, data, outcome == Outcome::kHalf ? size / 2 : size);
+  return System<ssize_t(int, const void*, size_t)>("write")(handle, data, Taken(outcome, size));
 }
 
-#define PWRITE(symbol)                                                                       \
-  ssize_t Faulty_##symbol(int handle, const void* data, size_t size, off_t at) asm(#symbol); \
-  ssize_t Faulty_##symbol(int handle, const void* data, size_t size, off_t at) {             \
-    const Outcome outcome = IsBelow(handle) ? Count("write", true) : Outcome::kAsEver;       \
-    if (outcome == Outcome::kFailed) return -1;                                              \
-    return System<ssize_t(int, const void*, size_t, off_t)>(#symbol)(                        \
-        handle, data, outcome == Outcome::kHalf ? size / 2 : size, at);                      \
+#define PWRITE(symbol)                                                                          \
+  ssize_t Faulty_##symbol(int handle, const void* data, size_t size, off_t at) asm(#symbol);    \
+  ssize_t Faulty_##symbol(int handle, const void* data, size_t size, off_t at) {                \
+    const Outcome outcome = IsBelow(handle) ? Count("write", true) : Outcome::kAsEver;          \
+    if (outcome == Outcome::kFailed) return -1;                                                 \
+    return System<ssize_t(int, const void*, size_t, off_t)>(#symbol)(handle, data,              \
+                                                                     Taken(outcome, size), at); \
   }
 PWRITE(pwrite)
 PWRITE(pwrite64)
@@ -162,7 +169,7 @@ ssize_t Faulty_writev(int handle, const iovec* parts, int count) {
   const Outcome outcome = IsBelow(handle) ? Count("write", true) : Outcome::kAsEver;
   if (outcome == Outcome::kFailed) return -1;
   return System<ssize_t(int, const iovec*, int)>("writev")(
-      handle, parts, outcome == Outcome::kHalf ? (count + 1) / 2 : count);
+      handle, parts, outcome == Outcome::kShort ? (count + 1) / 2 : count);
 }
 
 // A call on an open file, with what follows the file's handle.

@@ -42,7 +42,8 @@ class KilledSaves : public testing::TestWithParam<const FileKind*> {
     const QString file = QFileInfo(work_.Path()).fileName();
     for (const QString& name :
          {file + u".backup"_s, file + u".~1~"_s, file + u".~12345~"_s, file + u".QxAdYz"_s,
-          u"x"_s + file + u".~QxAd~"_s, file + u".~QxAd~.old"_s}) {
+          u"x"_s + file + u".~brivon-QxAdPk~"_s, file + u".~brivon-QxAdPk~.old"_s,
+          file + u".~QxAd~"_s, file + u".~HEAD~"_s, file + u".~main~"_s, file + u".~Copy~"_s}) {
       work_.Folder().Write(name, "an operator's own");
     }
     names_ = Names();
@@ -90,6 +91,7 @@ class KilledSaves : public testing::TestWithParam<const FileKind*> {
   /// beside it then.
   void SaveNext(int version) {
     const MessageBoxReader boxes;
+    work_.AgeLeftOvers();
     work_.Edit(version);
     QElapsedTimer clock;
     clock.start();

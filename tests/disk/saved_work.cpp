@@ -1,5 +1,7 @@
 #include "disk/saved_work.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -110,6 +112,16 @@ SavedWork::SavedWork(const FileKind& kind) : kind_(kind) {
 }
 
 SavedWork::~SavedWork() = default;
+
+void SavedWork::AgeLeftOvers() const {
+  const QDateTime then = QDateTime::currentDateTimeUtc().addSecs(-3600);
+  const QDir folder(folder_.Path({}));
+  for (const QString& name : folder.entryList({u"*.~*~"_s}, QDir::Files | QDir::Hidden)) {
+    QFile file(folder.filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadWrite)) << name.toStdString();
+    EXPECT_TRUE(file.setFileTime(then, QFileDevice::FileModificationTime)) << name.toStdString();
+  }
+}
 
 template <typename Widget>
 Widget* SavedWork::Find(const char* name) {

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -128,6 +129,20 @@ TEST_F(ProgramFolderTest, AnInterruptedFirstStartIsCompletedAndReplacesNothing) 
   EXPECT_TRUE(LayOut());
   EXPECT_EQ(Read(u"data/brivon/messages/welcome.msg"_s), "mine");
   EXPECT_EQ(Read(u"data/brivon/brivon.ini"_s), "[Files]\r\n");
+}
+
+TEST_F(ProgramFolderTest, WhatAKilledFirstStartLeftBesideAFileIsRemoved) {
+  Install();
+  const QString left_over = u"data/brivon/messages/welcome.msg.~brivon-QxAdPk~"_s;
+  Write(left_over, "welc");
+  QFile file(Path(left_over));
+  ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+  const QDateTime then = QDateTime::currentDateTimeUtc().addSecs(-3600);
+  ASSERT_TRUE(file.setFileTime(then, QFileDevice::FileModificationTime));
+  file.close();
+  EXPECT_TRUE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s)));
+  EXPECT_EQ(Read(u"data/brivon/messages/welcome.msg"_s), "welcome");
+  EXPECT_FALSE(QFileInfo::exists(Path(left_over)));
 }
 
 TEST_F(ProgramFolderTest, AFileInPlaceOfAFolderEndsTheLayingOut) {
