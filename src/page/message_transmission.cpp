@@ -31,23 +31,29 @@ class RowsOnTheirWay {
 
   /// To be called ahead of each attempt.
   void TakeInAttempt(int row, qsizetype size) {
+    Look();
+    const bool is_first = row > ends_.size();
+    others_wait_ = (is_first || others_wait_) && left_ < written_;
     written_ += size;
-    if (row > ends_.size()) {
-      others_wait_ = link_.Unsent() > 0;
+    if (is_first) {
       ends_.append(written_);
     } else {
       ends_.last() = written_;
     }
   }
 
-  /// How many of the first `rows` have not left.
-  int Waiting(int rows) {
-    // A lost line does not say.
+  /// To be called as often as it may have changed: a line that is lost later does not say.
+  void Look() {
     if (!link_.IsLost()) {
       left_ = written_ - link_.Unsent();
     } else if (!others_wait_) {
       left_ = written_;
     }
+  }
+
+  /// How many of the first `rows` have not left.
+  int Waiting(int rows) {
+    Look();
     while (gone_ < rows && ends_.at(gone_) <= left_) ++gone_;
     return rows - gone_;
   }
@@ -57,7 +63,7 @@ class RowsOnTheirWay {
   QList<qint64> ends_;  // of each row's last attempt, counted in bytes written
   qint64 written_ = 0;
   qint64 left_ = 0;
-  bool others_wait_ = false;  // whether other attempts waited ahead of the last row's first one
+  bool others_wait_ = false;  // whether other rows may wait ahead of the last row's attempts
   int gone_ = 0;
 };
 
@@ -104,11 +110,16 @@ bool SendMessageFile(OpenLine& line, const QString& path, int id, const QByteArr
       line.progress.unproven = on_their_way.Waiting(row - 1);
       return false;
     }
+    on_their_way.Look();
     show_status(u" Sending Line %1 <--- Ack"_s);
   }
-  const int waiting = on_their_way.Waiting(panel.rows);
-  line.progress.unproven = std::max(waiting - 1, 0);  // of the rows before the last one
-  if ((waiting > 0 && line.link.IsLost()) || !HasArrived(line, id)) return false;
+  int waiting = 0;
+  const auto look = [&] {
+    waiting = on_their_way.Waiting(panel.rows);
+    line.progress.unproven = std::max(waiting - 1, 0);  // of the rows before the last one
+  };
+  look();
+  if ((waiting > 0 && line.link.IsLost()) || !HasArrived(line, id, look)) return false;
   line.progress.unproven = 0;
   WaitTicks(line.timer, line.configuration.delay_period);
   return true;

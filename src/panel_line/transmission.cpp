@@ -34,10 +34,13 @@ bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
   return false;
 }
 
-bool HasArrived(OpenLine& line, int id) {
+bool HasArrived(OpenLine& line, int id, const std::function<void()>& look) {
   if (id != 0 && line.link.Unsent() == 0) return true;
   if (!MaySend(line.link, line.timer)) return false;
-  const auto report = [&line](qint64 milliseconds) {
+  bool is_given_up = false;
+  const auto report = [&](qint64 milliseconds) {
+    if (look && !is_given_up) look();
+    is_given_up = line.timer.stop.made;
     line.progress.milliseconds_left = milliseconds;
     line.Report();
   };

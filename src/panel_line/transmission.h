@@ -48,7 +48,8 @@ bool SendUntilAcknowledged(OpenLine& line, int id, const QByteArray& frame,
 
 /// Waits until all that was written has left, and returns whether it has. An acknowledgement does
 /// not prove that: on a slow line it may answer an earlier attempt while the last one still waits
-/// here. All panels together, ID 0, never acknowledge.
-bool HasArrived(OpenLine& line, int id);
+/// here. All panels together, ID 0, never acknowledge. `look` is called while it waits, for the
+/// last time when the rest is about to be given up.
+bool HasArrived(OpenLine& line, int id, const std::function<void()>& look = {});
 
 }  // namespace Brivon1

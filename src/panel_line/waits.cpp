@@ -84,13 +84,13 @@ bool DrainLink(PanelLink& link, MillisecondClock& clock, const StopRequest& stop
   qint64 end = clock.Milliseconds() + LongestDrain(link.Unsent(), link.Speed());
   bool is_given_up = false;
   while (link.Unsent() > 0) {
+    if (left_for) left_for(SendingTime(link.Unsent(), link.Speed()));
     if (stop.made && !is_given_up) {
       is_given_up = true;
       link.GiveUp();
       end = clock.Milliseconds() + kLongestLineEnd;
       continue;
     }
-    if (left_for) left_for(SendingTime(link.Unsent(), link.Speed()));
     const qint64 left = end - clock.Milliseconds();
     if (left <= 0 || !clock.WaitForEvent(std::min(left, kBetweenLooks))) {
       link.Close();

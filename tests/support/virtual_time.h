@@ -97,6 +97,9 @@ class ScriptedLink : public Brivon1::PanelLink {
   void LoseAfter(qint64 after);
   void AndLoseAfter(qint64 after);
 
+  /// The line is lost now.
+  void Lose() { lost_ = true; }
+
   /// What is written from now on leaves at this speed, ten bits a byte; until then it leaves at
   /// once. At 0 nothing leaves, of a line that should send at 9600.
   void SendAt(int bits_per_second);

@@ -54,8 +54,17 @@ void TcpConnection::Hear() {
   if (socket_->state() == QAbstractSocket::UnconnectedState) GoOnceHeard();
 }
 
+void TcpConnection::Cut() {
+  socket_->abort();
+  // A socket that is closed already does not say so again.
+  Go();
+}
+
 void TcpConnection::GoOnceHeard() {
-  if (HasInput()) return;
+  if (!HasInput()) Go();
+}
+
+void TcpConnection::Go() {
   Q_EMIT Closed();
   deleteLater();
 }

@@ -24,7 +24,8 @@ class TcpConnection : public QObject, private Outlet {
   // The bytes that are kept for this caller: a frame without an end, answers to come, answers that
   // were not read.
   qint64 Held() const { return conversation_.Held(); }
-  void Cut() { socket_->abort(); }
+  // It goes at once, whatever it has still to say.
+  void Cut();
 
  Q_SIGNALS:
   void HasSpoken();
@@ -39,6 +40,7 @@ class TcpConnection : public QObject, private Outlet {
 
   void NoticeDeadCallers();
   void GoOnceHeard();
+  void Go();
 
   QTcpSocket* socket_;
   Conversation conversation_;
