@@ -3,11 +3,24 @@
 #include <utility>
 
 #include "fuzz/must.h"
-#include "panel_line/framing.h"
 #include "panel_line/link.h"
 
 namespace Fuzz {
 namespace {
+
+/// The addresses of the panels that are sent to, as the reference writes them.
+QByteArray AddressOf(int id) {
+  switch (id) {
+    case 7:
+      return "<ID07>";
+    case 26:
+      return "<ID1A>";
+    case 255:
+      return "<IDFF>";
+    default:
+      throw Broken("a panel of which the address is known");
+  }
+}
 
 class AcknowledgingLink : public Brivon1::PanelLink {
  public:
@@ -17,7 +30,7 @@ class AcknowledgingLink : public Brivon1::PanelLink {
 
   void Write(const QByteArray& bytes) override {
     frames_.append(bytes);
-    answer_ = Brivon1::Acknowledgement(id_);
+    answer_ = AddressOf(id_) + "\r\n";
   }
   qint64 Unsent() const override { return 0; }
   int Speed() const override { return 9600; }
@@ -59,7 +72,7 @@ class EagerClock : public Brivon1::MillisecondClock {
 }  // namespace
 
 void MustBeFrame(const QByteArray& frame, int id, const QByteArray& source) {
-  Must(frame.startsWith(Brivon1::AckPrefix(id)), "a frame begins with the panel's address");
+  Must(frame.startsWith(AddressOf(id)), "a frame begins with the panel's address");
   Must(frame.endsWith("\r\n"), "a frame ends with CR LF");
   // A file's lines end at LF, so that none can stand within one; a CR can.
   Must(frame.count('\n') == 1, "a frame has one LF, at its end");

@@ -45,8 +45,11 @@ frmMsgEditor::frmMsgEditor(QWidget* parent, const Brivon1::PanelPorts* ports)
   ui_->setupUi(this);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   file_ = new EditedFile(this, {ui_->lblFileName, ui_->lblNotSaved}, page_.Modified(),
-                         {[this](const QString& path) { return WriteFile(path); },
-                          [this] { return AskForName(); }, EditedFile::AfterYes::kStillModified});
+                         {.write = [this](const QString& path) { return WriteFile(path); },
+                          .ask_for_name = [this] { return AskForName(); },
+                          .ask_what_to_open = [this] { return AskWhatToOpen(); },
+                          .open = [this](const QString& path) { OpenFile(path); },
+                          .after_yes = EditedFile::AfterYes::kStillModified});
   ui_->rowArea->Build(page_, *ui_->scrollRows);
   commands_ = new RowCommands(
       this, page_, [this] { ShowEdits(); }, [this] { ReturnKeyboardToRow(); });
@@ -85,7 +88,7 @@ void frmMsgEditor::FillLists() {
 
 void frmMsgEditor::ConnectButtons() {
   connect(ui_->butNew, &QPushButton::clicked, this, &frmMsgEditor::NewPage);
-  connect(ui_->butOpen, &QPushButton::clicked, this, &frmMsgEditor::OpenFile);
+  connect(ui_->butOpen, &QPushButton::clicked, file_, &EditedFile::Open);
   connect(ui_->butSave, &QPushButton::clicked, file_, &EditedFile::Save);
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmMsgEditor::OpenSendDialog);
@@ -154,12 +157,13 @@ void frmMsgEditor::NewPage() {
   LayOutPage();
 }
 
-void frmMsgEditor::OpenFile() {
-  if (!MayLeave()) return;
+QString frmMsgEditor::AskWhatToOpen() {
   const QString filter = u"All|*.*|%1(*.msg)|*.msg|%2(*.sch)|*.sch"_s.arg(
       TranslateMessage(u"Message File"_s), TranslateMessage(u"Schedule File"_s));
-  const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpenMsg, filter, 2);
-  if (path.isEmpty()) return;
+  return ShowFileDialog(this, ModuleLanguage::DialogTitleOpenMsg, filter, 2);
+}
+
+void frmMsgEditor::OpenFile(const QString& path) {
   file_->SetRefusedPath(path);  // until it is read
   if (!Brivon1::IsMessageFile(path)) {
     ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',

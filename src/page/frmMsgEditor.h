@@ -43,11 +43,12 @@ class frmMsgEditor : public QDialog, public UnsavedWork {
   void BuildPreview();
 
   void NewPage();
-  void OpenFile();
+  void OpenFile(const QString& path);
   void OpenSendDialog();
 
   bool WriteFile(const QString& path);
   QString AskForName();
+  QString AskWhatToOpen();
 
   void LayOutPage();
 

@@ -16,25 +16,24 @@ constexpr qsizetype kMostCharacters = 4'000'000;
 void EditHistory::Clear() {
   undo_.clear();
   redo_.clear();
+  joins_next_ = false;
 }
 
 void EditHistory::Record(RowState before) {
   redo_.clear();
+  if (std::exchange(joins_next_, false) && !undo_.empty()) return;
   undo_.push_back(std::move(before));
   ForgetOldest();
 }
 
 void EditHistory::Record(std::vector<RowState> before) {
   redo_.clear();
+  joins_next_ = false;
   for (RowState& state : before) {
     state.goes_on = &state != &before.front();
     undo_.push_back(std::move(state));
   }
   ForgetOldest();
-}
-
-void EditHistory::JoinLast() {
-  if (undo_.size() > 1) undo_.pop_back();
 }
 
 void EditHistory::ForgetOldest() {

@@ -28,8 +28,8 @@ class EditHistory {
   /// One edit was made of several rows, of at least one.
   void Record(std::vector<RowState> before);
 
-  /// Makes the last two edits one. Both were made of the same row.
-  void JoinLast();
+  /// The next edit, made of the same row as the last one, goes on with that.
+  void JoinNext() { joins_next_ = true; }
 
   bool CanUndo() const { return !undo_.empty(); }
   bool CanRedo() const { return !redo_.empty(); }
@@ -49,6 +49,7 @@ class EditHistory {
 
   std::deque<RowState> undo_;
   std::deque<RowState> redo_;
+  bool joins_next_ = false;
   bool in_edit_ = false;  // an edit of several rows is exchanged in part
 };
 

@@ -3,6 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/code_page.h"
+
 namespace Brivon1 {
 
 bool EditedMessage::ChooseColour(int index) {
@@ -40,9 +42,10 @@ bool EditedMessage::Restyle(Choice choice, const Choose& choose) {
 }
 
 void EditedMessage::EditRestyled(Choice choice, PageRow changed) {
-  const bool goes_on = last_edit_ == choice;
+  // On and off are two choices.
+  const bool goes_on = last_edit_ == choice && choice != Choice::kBlink;
+  if (goes_on && !changed.ShowsTheSameAs(EditedRow())) history_.JoinNext();
   const bool is_edit = Edit([&](PageRow& row) { row = std::move(changed); });
-  if (is_edit && goes_on) history_.JoinLast();
   if (is_edit || goes_on) last_edit_ = choice;
 }
 
@@ -110,7 +113,9 @@ LeftOut EditedMessage::Type(int number, const QString& text) {
   GoToRow(number);
   const TypedBytes typed = BytesOf(text);
   if (typed.refused) MarkTyped();
-  return {.no_room = TypeAll(typed.bytes), .missing = typed.missing, .is_key = text.size() == 1};
+  // A key's letter may stand in the places of its parts.
+  const bool is_key = !text.isEmpty() && LetterLength(text) == text.size();
+  return {.no_room = TypeAll(typed.bytes), .missing = typed.missing, .is_key = is_key};
 }
 
 LeftOut EditedMessage::Paste(const QString& text) {

@@ -23,12 +23,13 @@ class EditedMessage {
 
   /// The attributes of characters typed from now on. The index is a place in kColourNames or
   /// kSizeNames; one outside is ignored. The selected characters get them too, as one edit, which
-  /// goes on while another colour is chosen for the same ones, or another size. False, and nothing
-  /// is chosen, if they would not fit any more.
+  /// goes on while another colour is chosen for the same ones, or another size, until
+  /// EndChoosing(). False, and nothing is chosen, if they would not fit any more.
   const Attributes& CurrentAttributes() const { return attributes_; }
   bool ChooseColour(int index);
   bool ChooseSize(int index);
   bool ChooseBlink(bool blinking);
+  void EndChoosing() { last_edit_ = Choice::kNone; }
 
   /// Makes row `number` the current one.
   void MakeCurrent(int number) { GoToRow(number); }

@@ -79,6 +79,7 @@ void RowCommands::Serve(RowSurface& surface, int number) {
 
 void RowCommands::OpenMenu(RowSurface& surface, int number, const QPoint& place) {
   message_.MakeCurrent(number);
+  message_.EndChoosing();
   Show();
   auto* menu = new QMenu(&surface);
   menu->setAttribute(Qt::WA_DeleteOnClose);

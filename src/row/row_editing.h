@@ -110,7 +110,7 @@ struct LeftOut {
   qsizetype no_room = 0;  ///< How many characters found no room in their row.
   QString missing{};      ///< Characters that the code page lacks.
   qsizetype no_row = 0;   ///< How many stood in lines for which there is no row.
-  bool is_key = false;    ///< The text was a single character.
+  bool is_key = false;    ///< The text was a single letter.
 
   bool IsAnything() const { return no_room > 0 || no_row > 0 || !missing.isEmpty(); }
   bool operator==(const LeftOut&) const = default;

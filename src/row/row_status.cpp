@@ -73,7 +73,7 @@ QString RowStatusWords::Unseen(const RowStatus& status) const {
 QString RowStatusWords::Refusal(const LeftOut& left_out) const {
   QStringList reasons;
   if (left_out.no_room > 0) {
-    reasons.append(Counted(left_out.is_key ? full_ : one_no_room_, no_room_, left_out.no_room));
+    reasons.append(left_out.is_key ? full_ : Counted(one_no_room_, no_room_, left_out.no_room));
   }
   if (left_out.no_row > 0) reasons.append(Counted(one_no_row_, no_row_, left_out.no_row));
   const QList<uint> missing = left_out.missing.toUcs4();

@@ -79,6 +79,8 @@ frmSchedule::frmSchedule(QWidget* parent, const Brivon1::FileLook::IsThere& is_t
       this, {ui_->lblfilename, ui_->lblNotSaved}, modified_,
       {.write = [this](const QString& path) { return CheckNotEmpty(kEmpty) && WriteFile(path); },
        .ask_for_name = [this] { return CheckNotEmpty(kEmpty) ? AskForName() : QString(); },
+       .ask_what_to_open = [this] { return AskWhatToOpen(); },
+       .open = [this](const QString& path) { OpenFile(path); },
        .is_complete = [this] { return schedule_.Count() > 0; }});
   FillWeekdays(Brivon1::kWeekdays);
   ConnectButtons();
@@ -103,7 +105,7 @@ void frmSchedule::FillWeekdays(const Brivon1::WeekdayNames& names) {
 
 void frmSchedule::ConnectButtons() {
   connect(ui_->butNew, &QPushButton::clicked, this, &frmSchedule::NewSchedule);
-  connect(ui_->butOpen, &QPushButton::clicked, this, &frmSchedule::OpenFile);
+  connect(ui_->butOpen, &QPushButton::clicked, file_, &EditedFile::Open);
   connect(ui_->butSave, &QPushButton::clicked, file_, &EditedFile::Save);
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmSchedule::OpenSendDialog);
@@ -166,11 +168,12 @@ void frmSchedule::NewSchedule() {
   ui_->butAdd->setFocus();
 }
 
-void frmSchedule::OpenFile() {
-  if (!MayLeave()) return;
+QString frmSchedule::AskWhatToOpen() {
   const QString filter = TranslateMessage(u"Schedule File"_s) + u"(*.sch)|*.sch|All|*.*"_s;
-  const QString path = ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
-  if (path.isEmpty()) return;
+  return ShowFileDialog(this, ModuleLanguage::DialogTitleOpen, filter, 1);
+}
+
+void frmSchedule::OpenFile(const QString& path) {
   Brivon1::FileFailure failure;
   auto loaded = Brivon1::LoadScheduleFile(path, &failure);
   if (!loaded) {

@@ -52,7 +52,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
   void FillWeekdays(const Brivon1::WeekdayNames& names);
 
   void NewSchedule();
-  void OpenFile();
+  void OpenFile(const QString& path);
   void OpenSendDialog();
 
   using FailureWords = QString (*)(Brivon1::ScheduleSaveResult);
@@ -61,6 +61,7 @@ class frmSchedule : public QDialog, public UnsavedWork {
   /// in the English message that `words` has for it.
   bool WriteFile(const QString& path, FailureWords words = &Brivon1::SaveFailureText);
   QString AskForName();
+  QString AskWhatToOpen();
 
   /// Whether there is a sequence to save. Where there is none, says so in the English `refusal`.
   bool CheckNotEmpty(const char* refusal);

@@ -46,9 +46,11 @@ frmShiftMsg::frmShiftMsg(QWidget* parent, ScrollingPreview::TimeSource now,
   setTabOrder(ui_->chkBlink, surface_);
   ui_->panePreview->Build(
       message_.Row(), [this] { return message_.FirstVisible(); }, std::move(now));
-  file_ = new EditedFile(
-      this, {ui_->lblFileName, ui_->lblNotSaved}, message_.Modified(),
-      {[this](const QString& path) { return WriteFile(path); }, [this] { return AskForName(); }});
+  file_ = new EditedFile(this, {ui_->lblFileName, ui_->lblNotSaved}, message_.Modified(),
+                         {.write = [this](const QString& path) { return WriteFile(path); },
+                          .ask_for_name = [this] { return AskForName(); },
+                          .ask_what_to_open = [this] { return AskWhatToOpen(); },
+                          .open = [this](const QString& path) { OpenFile(path); }});
   ConnectButtons();
   ConnectMessage();
   file_->BeginNew(Brivon1::InProgramFolder(u"NEW.SRL"_s));
@@ -61,7 +63,7 @@ frmShiftMsg::~frmShiftMsg() = default;
 
 void frmShiftMsg::ConnectButtons() {
   connect(ui_->butNew, &QPushButton::clicked, this, &frmShiftMsg::NewMessage);
-  connect(ui_->butOpen, &QPushButton::clicked, this, &frmShiftMsg::OpenFile);
+  connect(ui_->butOpen, &QPushButton::clicked, file_, &EditedFile::Open);
   connect(ui_->butSave, &QPushButton::clicked, file_, &EditedFile::Save);
   connect(ui_->butSaveAs, &QPushButton::clicked, file_, &EditedFile::SaveAs);
   connect(ui_->butSend, &QPushButton::clicked, this, &frmShiftMsg::OpenSendDialog);
@@ -106,11 +108,11 @@ void frmShiftMsg::NewMessage() {
   ResumeTyping();
 }
 
-void frmShiftMsg::OpenFile() {
-  if (!MayLeave()) return;
-  const QString path =
-      ShowFileDialog(this, u"Open Message"_s, u"All|*.*|Scrolling Message|*.srl"_s, 2);
-  if (path.isEmpty()) return;
+QString frmShiftMsg::AskWhatToOpen() {
+  return ShowFileDialog(this, u"Open Message"_s, u"All|*.*|Scrolling Message|*.srl"_s, 2);
+}
+
+void frmShiftMsg::OpenFile(const QString& path) {
   if (!Brivon1::IsScrollingFile(path)) {
     ShowRefusal(this, {TranslateMessage(u"Error in opening file"_s) + u'!',
                        Brivon1::WrongKindRemedy(path, Brivon1::FileSort::kScrolling)});

@@ -42,11 +42,12 @@ class frmShiftMsg : public QDialog, public UnsavedWork {
   void ConnectMessage();
 
   void NewMessage();
-  void OpenFile();
+  void OpenFile(const QString& path);
   void OpenSendDialog();
 
   bool WriteFile(const QString& path);
   QString AskForName();
+  QString AskWhatToOpen();
 
   void TypeText(const QString& text);
 

@@ -2,8 +2,13 @@
 
 #include <utility>
 
+#include <QApplication>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
 
 #include "language/file_remedies.h"
 #include "language/further_texts.h"
@@ -14,6 +19,24 @@
 using namespace Qt::StringLiterals;
 
 using ModuleLanguage::TranslateText;
+
+namespace {
+
+/// The one file that is dragged, of which a copy may be made; empty for whatever else is dragged.
+QString DraggedFile(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  if (urls.size() != 1 || !urls.first().isLocalFile()) return {};
+  if (!event.possibleActions().testFlag(Qt::CopyAction)) return {};
+  const QString path = urls.first().toLocalFile();
+  return QFileInfo(path).isFile() ? path : QString();
+}
+
+bool IsBehindADialog(const QWidget* window) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr && modal != window;
+}
+
+}  // namespace
 
 EditedFile::EditedFile(QWidget* window, const Labels& labels, Brivon1::ModifiedFlag& modified,
                        Editor editor)
@@ -26,6 +49,10 @@ EditedFile::EditedFile(QWidget* window, const Labels& labels, Brivon1::ModifiedF
   KeepPlaceWhenHidden(labels_.not_saved);
   ShowNotSaved(IsModified());
   modified_.Tell([this](bool is_modified) { ShowNotSaved(is_modified); });
+  window_->setAcceptDrops(true);
+  window_->installEventFilter(this);
+  // They would take a file's name for text.
+  for (QLineEdit* box : window_->findChildren<QLineEdit*>()) box->installEventFilter(this);
 }
 
 void EditedFile::SetPath(const QString& path) {
@@ -75,6 +102,45 @@ bool EditedFile::MayLeave(const Write& write) {
       return false;
   }
   return false;
+}
+
+void EditedFile::Open() {
+  if (!MayLeave()) return;
+  const QString path = editor_.ask_what_to_open();
+  if (!path.isEmpty()) editor_.open(path);
+}
+
+bool EditedFile::eventFilter(QObject* object, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      break;
+    default:
+      return QObject::eventFilter(object, event);
+  }
+  auto* drop = static_cast<QDropEvent*>(event);
+  const QString path = DraggedFile(*drop);
+  if (path.isEmpty() && object != window_) return false;
+  if (path.isEmpty() || IsBehindADialog(window_)) {
+    drop->ignore();
+    return true;
+  }
+  drop->setDropAction(Qt::CopyAction);
+  drop->accept();
+  if (event->type() == QEvent::Drop) {
+    // Where the file comes from waits until the drop is over, which a question would put off.
+    QMetaObject::invokeMethod(
+        this, [this, path] { OpenDropped(path); }, Qt::QueuedConnection);
+  }
+  return true;
+}
+
+void EditedFile::OpenDropped(const QString& path) {
+  if (IsBehindADialog(window_)) return;
+  window_->raise();
+  window_->activateWindow();
+  if (MayLeave()) editor_.open(path);
 }
 
 bool EditedFile::Save() {

@@ -1,5 +1,5 @@
 // The file that an editor's window works on: its name, the question about unsaved work, and the
-// ways to save it.
+// ways to open and to save it.
 #pragma once
 
 #include <functional>
@@ -27,6 +27,11 @@ class EditedFile : public QObject {
   struct Editor {
     Write write;
     std::function<QString()> ask_for_name;  ///< Gives an empty name where none was chosen.
+
+    /// The same for a file to open; and opens one, or says why not.
+    std::function<QString()> ask_what_to_open;
+    std::function<void(const QString& path)> open;
+
     AfterYes after_yes = AfterYes::kSaved;
 
     /// Whether the work can be written at all; none: it always can.
@@ -40,7 +45,7 @@ class EditedFile : public QObject {
   };
 
   /// `modified` is set by whatever edits the work; saving clears it. It and `labels` live as long
-  /// as `window`.
+  /// as `window`, whose entry fields are there already. A file that is dropped on it is opened.
   EditedFile(QWidget* window, const Labels& labels, Brivon1::ModifiedFlag& modified, Editor editor);
 
   const QString& Path() const { return path_; }
@@ -64,6 +69,9 @@ class EditedFile : public QObject {
   /// The same; on "Yes" it is `write` that writes the file.
   bool MayLeave(const Write& write);
 
+  /// Asks about unsaved work, then for a file, and opens it.
+  void Open();
+
   /// Saves the work. False where nothing was saved.
   bool Save();
 
@@ -71,7 +79,10 @@ class EditedFile : public QObject {
   /// saved.
   bool SaveAs();
 
+  bool eventFilter(QObject* object, QEvent* event) override;
+
  private:
+  void OpenDropped(const QString& path);
   void ShowNotSaved(bool not_saved) const;
 
   /// What "Yes" to the question about unsaved work would do.

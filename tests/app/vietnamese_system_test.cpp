@@ -73,4 +73,15 @@ TEST_F(VietnameseSystem, AFullMessageTakesNoHalfOfALetter) {
   EXPECT_EQ(Position(), Text("1000 of 1000 (full)"));
 }
 
+TEST_F(VietnameseSystem, OfAKeyInAFullMessageNoPartsAreCounted) {
+  Paste(QString(1000, u'x'));
+  const auto* said = window_.findChild<QLabel*>(Text("lblRowStatus"));
+  ASSERT_NE(said, nullptr);
+  for (const QString& letter : {Text("ế"), Text("ế").normalized(QString::NormalizationForm_D)}) {
+    Commit("x");
+    QTest::sendKeyEvent(QTest::Click, Surface(), Qt::Key_unknown, letter, Qt::NoModifier);
+    EXPECT_EQ(said->text(), Text("The row is full."));
+  }
+}
+
 }  // namespace

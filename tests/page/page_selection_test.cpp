@@ -50,6 +50,33 @@ TEST(PageSelection, StepsThroughTheColoursOfTheSameCharactersAreOneEdit) {
   EXPECT_FALSE(page.CanUndo());
 }
 
+TEST(PageSelection, StepsBehindAThousandEditsForgetNoneOfThem) {
+  PageMessage page = PageOf(1, 200);
+  page.TypeAll("a");
+  for (int edit = 1; edit < 999; ++edit) {
+    page.TypeAll(edit % 2 == 1 ? "b" : "\b");
+  }
+  page.Select(1, 0, 1);
+  for (const int colour : {3, 5, 7}) EXPECT_TRUE(page.ChooseColour(colour));
+  int undone = 0;
+  while (page.Undo()) ++undone;
+  EXPECT_EQ(undone, 1000);
+  EXPECT_EQ(page.Row(1).Text(), "");
+}
+
+TEST(PageSelection, BlinkingOnAndOffAreTwoEdits) {
+  PageMessage page = PageOf(1, 200);
+  page.TypeAll("a");
+  page.Select(1, 0, 1);
+  EXPECT_TRUE(page.ChooseBlink(true));
+  EXPECT_TRUE(page.ChooseBlink(false));
+  EXPECT_TRUE(page.Undo());
+  EXPECT_EQ(page.Row(1).AttributesAt(0).blink, Brivon1::kBlinking);
+  EXPECT_TRUE(page.Undo());
+  EXPECT_EQ(page.Row(1).AttributesAt(0).blink, Brivon1::kSteady);
+  EXPECT_EQ(page.Row(1).Text(), "a");
+}
+
 TEST(PageSelection, SeveralLinesGoOnIntoTheFollowingRowsAsOneEdit) {
   PageMessage page = PageOf(4, 40);
   page.SetCurrentRow(3);

@@ -43,6 +43,24 @@ TEST(EditHistoryTest, TheLastEditCanBeTakenBackHoweverLongItsRowIs) {
   EXPECT_EQ(UndoesAfter(3, RowOf(4'000'001)), 1);
 }
 
+TEST(EditHistoryTest, AnEditThatIsJoinedForgetsNoOther) {
+  EditHistory history;
+  history.Record({7, RowOf(1)});
+  for (int edit = 1; edit < 1000; ++edit) history.Record({1, RowOf(1)});
+  for (int step = 0; step < 3; ++step) {
+    history.JoinNext();
+    history.Record({1, RowOf(2)});
+  }
+  PageRow row;
+  for (int edit = 1; edit < 1000; ++edit) {
+    ASSERT_EQ(history.UndoRow(), 1);
+    history.Undo(row);
+    EXPECT_EQ(row.Length(), 1);
+  }
+  ASSERT_TRUE(history.CanUndo());
+  EXPECT_EQ(history.UndoRow(), 7);
+}
+
 TEST(EditHistoryTest, TheOldestEditsAreForgottenFirst) {
   EditHistory history;
   history.Record({1, RowOf(10)});

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "support/accessible_events.h"
+#include "support/dropped_files.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
 #include "support/text.h"
@@ -91,6 +92,9 @@ class EditorDriver {
   void Choose(const char* button, const QString& path);
 
   void Open(const QString& path) { Choose("butOpen", path); }
+
+  /// Drops files on the window. Whether it takes them.
+  bool Drop(const QStringList& paths) { return DropFiles(window_, paths); }
 
   /// The path of a file of the editor's kind in the program folder.
   QString Path(const char* name) const { return folder_.Path(Text(name) + Text(kind_.extension)); }

@@ -286,6 +286,67 @@ TEST_P(RowEditor, AnOperationThatWasToFollowAFailedSaveDoesNotHappen) {
   EXPECT_TRUE(Asks());
 }
 
+TEST_P(RowEditor, AFileThatIsDroppedIsOpened) {
+  const QString path = WriteWork("Grüße", "<SA><CA>ab");
+  EXPECT_TRUE(Drop({path}));
+  EXPECT_EQ(FileName(), path);
+  EXPECT_FALSE(Asks());
+  ExpectCursor(2, 2);
+  const MessageBoxReader boxes;
+  EXPECT_TRUE(Drop({folder_.Write(Text("hostile"), kind_.refused_files[0].content)}));
+  EXPECT_EQ(boxes.Texts(), QStringList(Text(kind_.refused_files[0].message)));
+  EXPECT_EQ(Saved(), FileOf("<SA><CA>ab"));
+}
+
+TEST_P(RowEditor, ADroppedFileAsksAboutUnsavedWork) {
+  const QString path = WriteWork("a", "<SA><CA>ab");
+  Keys("x");
+  MessageBoxReader boxes;  // answers with Cancel
+  EXPECT_TRUE(Drop({path}));
+  EXPECT_EQ(boxes.Texts(), QStringList(Text(kQuestion)));
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+  ExpectCursor(1, 1);
+  boxes.Answer(QMessageBox::Yes);
+  EXPECT_TRUE(Drop({path}));
+  EXPECT_EQ(folder_.Read(Text(kind_.new_file)), FileOf("<SA><CA>x"));
+  EXPECT_EQ(FileName(), path);
+  ExpectCursor(2, 2);
+}
+
+TEST_P(RowEditor, AnythingButOneFileIsNotTakenAsADrop) {
+  const QString path = WriteWork("a", "<SA><CA>ab");
+  const QString before = FileName();
+  Keys("x");
+  const MessageBoxReader boxes;
+  EXPECT_FALSE(Drop({path, WriteWork("b", "<SA><CA>b")}));
+  EXPECT_FALSE(Drop({Path("missing")}));
+  EXPECT_FALSE(Drop({QFileInfo(path).absolutePath()}));
+  QMimeData data;
+  data.setText(Text("text"));
+  EXPECT_FALSE(::Drop(window_, data));
+  data.setUrls({QUrl(Text("http://example.org/a"))});
+  EXPECT_FALSE(::Drop(window_, data));
+  data.setUrls({QUrl::fromLocalFile(path)});
+  EXPECT_FALSE(::Drop(window_, data, Qt::MoveAction)) << "the file stays where it is";
+  EXPECT_FALSE(Surface()->acceptDrops());
+  EXPECT_TRUE(boxes.Seen().isEmpty());
+  EXPECT_EQ(FileName(), before);
+  ExpectCursor(1, 1);
+}
+
+TEST_P(RowEditor, BehindADialogNothingIsTakenAsADrop) {
+  const QString path = WriteWork("a", "<SA><CA>ab");
+  bool is_taken = true;
+  const ModalWindowDriver open(Text("CMDialog1"), [&](QWidget* dialog) {
+    is_taken = Drop({path});
+    dialog->close();
+  });
+  Press("butOpen");
+  EXPECT_EQ(open.Count(), 1);
+  EXPECT_FALSE(is_taken);
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
+}
+
 TEST_P(RowEditor, SendGivesTheCurrentFileToTheSendDialog) {
   const QString path = WriteWork("sent", "ab");
   Open(path);

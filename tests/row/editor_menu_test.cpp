@@ -207,6 +207,24 @@ TEST_P(RowEditor, TheMenuGivesWhatIsSelectedAnAttributeAndUndoTakesEachBackInOne
   EXPECT_EQ(Saved(), before);
 }
 
+TEST_P(RowEditor, TwoChoicesInTheMenuForTheSameCharactersAreTwoEdits) {
+  Keys("abc");
+  Key(Qt::Key_A, Qt::ControlModifier);
+  for (const char* list : {"Color", "Size"}) {
+    const QByteArray before = Saved();
+    RowMenu(Surface()).Choose(list, 1);
+    const QByteArray first = Saved();
+    EXPECT_NE(first, before);
+    RowMenu(Surface()).Choose(list, 2);
+    EXPECT_NE(Saved(), first);
+    ChooseInMenu(Surface(), "Undo");
+    EXPECT_EQ(Saved(), first);
+    ChooseInMenu(Surface(), "Undo");
+    EXPECT_EQ(Saved(), before);
+    Key(Qt::Key_A, Qt::ControlModifier);
+  }
+}
+
 TEST_P(RowEditor, TheMenuGivesTheAttributeThatTheControlsShowAlready) {
   Keys("a");
   RowMenu(Surface()).Choose("Color", 1);

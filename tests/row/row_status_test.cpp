@@ -37,6 +37,7 @@ TEST(RowStatus, SaysWhySomethingWasLeftOut) {
   const RowStatusWords words;
   EXPECT_EQ(words.Refusal({}), QString());
   EXPECT_EQ(words.Refusal({.no_room = 1, .is_key = true}), u"The row is full."_s);
+  EXPECT_EQ(words.Refusal({.no_room = 2, .is_key = true}), u"The row is full."_s);
   EXPECT_EQ(words.Refusal({.no_room = 1}), u"The row is full: one character was left out."_s);
   EXPECT_EQ(words.Refusal({.no_room = 12}), u"The row is full: 12 characters were left out."_s);
   EXPECT_EQ(words.Refusal({.no_row = 1}),

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "schedule/schedule_editor.h"
+#include "support/dropped_files.h"
 
 namespace {
 
@@ -28,6 +29,30 @@ TEST_F(ScheduleEditor, SaveWritesTheWholeFileAndClearsTheModifiedFlag) {
                 "\r\n99\r\nAppear              \r\n" + first + QByteArray(100 - first.size(), ' ') +
                 "\r\n1\r\nShift               \r\n");
   EXPECT_FALSE(Asks());
+}
+
+TEST_F(ScheduleEditor, AFileThatIsDroppedIsOpenedAlsoOnAnEntryField) {
+  const QString path =
+      WriteSchedule("a.sch", 2, "Week =0\r\nHour =**\r\nMin =**\r\nRow =2\r\nCol =80\r\n");
+  EXPECT_TRUE(DropFiles(Window(), {path}));
+  EXPECT_EQ(FileName(), path);
+  EXPECT_EQ(Order(), Text("12End"));
+  auto* hour = Find<QLineEdit>("txtHour");
+  hour->clear();
+  QMimeData text;
+  text.setText(Text("17"));
+  EXPECT_TRUE(Drop(*hour, text));
+  EXPECT_EQ(hour->text(), Text("17"));
+  EXPECT_FALSE(Drop(Window(), text));
+  MessageBoxReader boxes;  // answers with Cancel
+  const QString other = WriteSchedule("b.sch", 1, kHead);
+  EXPECT_TRUE(DropFiles(*hour, {other}));
+  EXPECT_EQ(boxes.Texts(), Lines({kQuestion}));
+  EXPECT_EQ(hour->text(), Text("17"));
+  boxes.Answer(QMessageBox::No);
+  EXPECT_TRUE(DropFiles(*hour, {other}));
+  EXPECT_EQ(FileName(), other);
+  EXPECT_EQ(hour->text(), Text("**"));
 }
 
 TEST_F(ScheduleEditor, HourFormatWrongNothingWritten) {

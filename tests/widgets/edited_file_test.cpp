@@ -27,6 +27,8 @@ class EditedFileTest : public testing::Test {
               ++names_asked_;
               return new_name_;
             },
+            [] { return QString(); },
+            [](const QString& /*path*/) {},
             after_yes};
   }
 
