@@ -6,6 +6,7 @@
 #include "fuzz/must.h"
 #include "fuzz/targets.h"
 #include "store/configuration_store.h"
+#include "store/ini_file.h"
 #include "store/panel_list.h"
 
 using namespace Qt::StringLiterals;
@@ -56,12 +57,19 @@ void MustBeTheSame(const Configuration& one, const Configuration& other) {
   Must(one.dtr == other.dtr && one.rts == other.rts, "the control lines come back");
 }
 
+/// What a save makes of a file, without the file, which would take most of the time.
+QByteArray Applied(const ConfigurationDraft& draft, const QByteArray& content) {
+  Brivon1::IniFile file(content);
+  draft.Apply(file);
+  return file.Content();
+}
+
 void MustComeBack(const Configuration& store) {
   Must(ConfigurationDraft(store).Save() == SaveResult::kSaved, "a configuration is saved");
   MustBeTheSame(store, Brivon1::Store());
   const QByteArray written = ReadFile(kIni);
-  Must(ConfigurationDraft(Brivon1::Store()).Save() == SaveResult::kSaved, "and once more");
-  Must(ReadFile(kIni) == written, "what is saved again has the same bytes");
+  Must(Applied(ConfigurationDraft(Brivon1::Store()), written) == written,
+       "what is saved again has the same bytes");
 }
 
 /// Puts each panel's boxes into another slot, as an operator may, and the last one away.
@@ -93,9 +101,12 @@ void MustBeEditable(const Configuration& store) {
   MustBeTheSame(draft.Values(), Brivon1::Store());
 
   ConfigurationDraft emptied(Brivon1::Store());
-  for (int id = 0; id < Brivon1::kPanelIds; ++id) emptied.Remove(id);
-  Must(emptied.Save() == SaveResult::kSaved, "a configuration without panels is saved");
-  Must(Brivon1::PanelListLines(Brivon1::Store()).isEmpty(), "a removed panel does not come back");
+  for (int id = 0; id < Brivon1::kPanelIds; ++id) {
+    if (emptied.Values().panels[static_cast<std::size_t>(id)].IsConfigured()) emptied.Remove(id);
+  }
+  const Brivon1::IniFile without_panels(Applied(emptied, ReadFile(kIni)));
+  Must(Brivon1::PanelListLines(Brivon1::ReadConfiguration(without_panels)).isEmpty(),
+       "a removed panel does not come back");
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
 // How what a reader does grows with what it is given: reads one shape of input of so many
 // megabytes, once, so that its instructions can be counted from outside.
 //
-//   growth                 lists the shapes, each with the most kilobytes that its reader takes
+//   growth                 lists the shapes, each with the most kilobytes that are read of it, and
+//                          why no more
 //   growth SHAPE KILOBYTES reads one
 //   growth all KILOBYTES   reads all of them
 //
@@ -143,16 +144,24 @@ QByteArray Numbered(const char* before, const char* behind, qsizetype size) {
   return bytes;
 }
 
+/// How much is read of a shape, and why no more.
+struct Limit {
+  int most;  // megabytes
+  const char* reason;
+};
+
+constexpr Limit kNoLimit{16, "more is not tried"};
+constexpr Limit kIniLimit{4, "an INI file has at most 4 MiB"};
+constexpr Limit kPageLimit{12, "a page has twelve lines of at most 1 MiB"};
+constexpr Limit kLineLimit{1, "a line has at most 1 MiB"};
+
 struct Shape {
   const char* name;
   void (*read)(const QByteArray& input);
   const char* before;  // once
   const char* piece;   // again and again; with a "#" its number
-  int most;            // megabytes
+  Limit limit;
 };
-
-constexpr int kNoLimit = 16;
-constexpr int kIniLimit = 4;
 
 constexpr Shape kShapes[] = {
     {"ini:one-line", ReadIni, "[a]\nkey=", "x", kNoLimit},
@@ -167,19 +176,19 @@ constexpr Shape kShapes[] = {
     {"language:one-value", ReadLanguage, "[a]\nk=", "\xC3\xA4", kIniLimit},
     {"panel-list:blanks", ReadPanelLine, "", " ", kNoLimit},
     {"panel-list:points", ReadPanelLine, "", ".", kNoLimit},
-    {"page:codes", ReadPage, "", "<SA>", 12},
-    {"page:changes", ReadPage, "", "<CA>a<CB>b", 12},
-    {"page:open-brackets", ReadPage, "", "<", 12},
-    {"page:half-codes", ReadPage, "", "<C", 12},
-    {"page:symbols", ReadPage, "", "~", 12},
-    {"page:placeholders", ReadPage, "", "HH:MM", 12},
-    {"scrolling:half-codes", ReadScrolling, "", "<C", 1},
-    {"scrolling:nested-codes", ReadScrolling, "", "<C<CA>A>", 1},
-    {"scrolling:blanks", ReadScrolling, "", " ", 1},
+    {"page:codes", ReadPage, "", "<SA>", kPageLimit},
+    {"page:changes", ReadPage, "", "<CA>a<CB>b", kPageLimit},
+    {"page:open-brackets", ReadPage, "", "<", kPageLimit},
+    {"page:half-codes", ReadPage, "", "<C", kPageLimit},
+    {"page:symbols", ReadPage, "", "~", kPageLimit},
+    {"page:placeholders", ReadPage, "", "HH:MM", kPageLimit},
+    {"scrolling:half-codes", ReadScrolling, "", "<C", kLineLimit},
+    {"scrolling:nested-codes", ReadScrolling, "", "<C<CA>A>", kLineLimit},
+    {"scrolling:blanks", ReadScrolling, "", " ", kLineLimit},
     {"schedule:blanks", ReadSchedule, "", " ", kNoLimit},
     {"schedule:sharp-s", ReadSchedule, "", "\xDF", kNoLimit},
     {"pasted:marks", ReadPasted, "a", "\xCC\xA3", kNoLimit},
-    {"pasted:letters", ReadPasted, "", "\xE1\xBA\xAD", 4},
+    {"pasted:letters", ReadPasted, "", "\xE1\xBA\xAD", kNoLimit},
     {"text:codes", ReadPanelText, "", "<SA>", kNoLimit},
     {"text:dates", ReadPanelText, "", "<DD>", kNoLimit},
     {"text:open-brackets", ReadPanelText, "", "<", kNoLimit},
@@ -206,7 +215,9 @@ void Read(const Shape& shape, qsizetype size) {
 int main(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
   if (argc != 3) {
-    for (const Shape& shape : kShapes) std::printf("%s %d\n", shape.name, shape.most * kMegabyte);
+    for (const auto& [name, read, before, piece, limit] : kShapes) {
+      std::printf("%s %d %s\n", name, limit.most * kMegabyte, limit.reason);
+    }
     return 0;
   }
   const std::string_view wanted(argv[1]);
@@ -215,7 +226,7 @@ int main(int argc, char** argv) {
   for (const Shape& shape : kShapes) {
     if (wanted != "all" && wanted != shape.name) continue;
     is_known = true;
-    Read(shape, qMin(size, shape.most * kMegabyte * kKilobyte));
+    Read(shape, qMin(size, shape.limit.most * kMegabyte * kKilobyte));
   }
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);

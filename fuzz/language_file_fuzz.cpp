@@ -1,6 +1,8 @@
 // The language file: whatever a translator wrote, every caption, message and effect has a text that
 // can be shown, and an effect that is chosen by its name is the one that a panel is sent.
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "base/code_page.h"
 #include "fuzz/files.h"
@@ -37,34 +39,57 @@ void MustBeShowable(const QString& text) {
   Must(text.isValidUtf16(), "no text ends with half a character");
 }
 
-void MustBeRead(const LanguageFile& file, const Brivon1::IniFile& ini, const QString& section,
-                const QString& key) {
-  const QString missing = u"missing"_s;
-  const auto found = file.Find(section, key);
-  const auto bytes = ini.Value(section.toUtf8(), key.toUtf8());
-  Must(found.has_value() == bytes.has_value(), "a text is there where its line is");
-  Must(!bytes || found->isEmpty() == bytes->isEmpty(), "an empty value is an empty text");
-  Must(file.Value(section, key, missing) == found.value_or(missing), "what is missing is English");
-  MustBeShowable(found.value_or(missing));
-}
+/// A text that a file may hold, in both forms in which it is looked for.
+struct Key {
+  Key(const char* section_name, const QString& key_name)
+      : section(QString::fromLatin1(section_name)),
+        key(key_name),
+        section_bytes(section.toUtf8()),
+        key_bytes(key.toUtf8()) {}
 
-void MustHaveCaptions(const LanguageFile& file, const Brivon1::IniFile& ini) {
+  QString section;
+  QString key;
+  QByteArray section_bytes;
+  QByteArray key_bytes;
+};
+
+std::vector<Key> EveryKey() {
+  std::vector<Key> all;
   for (const ModuleLanguage::CaptionTable& table : ModuleLanguage::CaptionTables()) {
-    for (const QString& key : ModuleLanguage::CaptionKeys(table)) {
-      MustBeRead(file, ini, QString::fromLatin1(table.window), key);
-    }
+    for (const QString& key : ModuleLanguage::CaptionKeys(table))
+      all.emplace_back(table.window, key);
   }
   for (const ModuleLanguage::CaptionTable& table : ModuleLanguage::FurtherCaptions()) {
     for (const QString& key : ModuleLanguage::CaptionKeys(table)) {
-      MustBeRead(file, ini, QString::fromLatin1(ModuleLanguage::kFurtherSection), key);
+      all.emplace_back(ModuleLanguage::kFurtherSection, key);
     }
   }
   for (const ModuleLanguage::FurtherText& text : ModuleLanguage::FurtherTexts()) {
-    MustBeRead(file, ini, QString::fromLatin1(ModuleLanguage::kFurtherSection),
-               QString::fromLatin1(text.key));
+    all.emplace_back(ModuleLanguage::kFurtherSection, QString::fromLatin1(text.key));
   }
   for (const ModuleLanguage::Message& message : ModuleLanguage::Messages()) {
-    MustBeRead(file, ini, QString::fromLatin1(message.section), QString::fromLatin1(message.key));
+    all.emplace_back(message.section, QString::fromLatin1(message.key));
+  }
+  return all;
+}
+
+void MustHaveCaptions(const LanguageFile& file, const Brivon1::IniFile& ini) {
+  static const std::vector<Key> all = EveryKey();
+  const QString missing = u"missing"_s;
+  bool is_missing_tried = false;
+  for (const Key& key : all) {
+    const auto found = file.Find(key.section, key.key);
+    const auto bytes = ini.Value(key.section_bytes, key.key_bytes);
+    Must(found.has_value() == bytes.has_value(), "a text is there where its line is");
+    if (!found) {
+      if (!std::exchange(is_missing_tried, true)) {
+        Must(file.Value(key.section, key.key, missing) == missing, "what is missing is English");
+      }
+      continue;
+    }
+    Must(bytes->isEmpty() == found->isEmpty(), "an empty value is an empty text");
+    Must(file.Value(key.section, key.key, missing) == *found, "a text that is there is shown");
+    MustBeShowable(*found);
   }
 }
 

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Counts the instructions that each reader takes for its dearest shapes of input, in several sizes:
-# tools/growth.sh [KILOBYTES...], 60, 1000 and 16000 unless told otherwise. Prints them for each byte,
-# which stays the same where work grows with the input and with nothing else, and fails where the
-# last size takes more than half as many again as the first one.
+# tools/growth.sh [KILOBYTES...], 60, 1000 and 16000 unless told otherwise. Prints a table of them
+# for each byte, which stays the same where work grows with the input and with nothing else, and
+# fails where the last size takes more than half as many again as the first one. What a reader
+# refuses beyond a size is counted at that size, and the table says why.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/run_parts.sh
@@ -12,7 +13,7 @@ cd "$path"
 sizes=$*
 
 tools/install_missing.sh --tests valgrind
-cmake --preset release >/dev/null
+cmake --preset release -DBUILD_TESTING=ON >/dev/null
 cmake --build --preset release --target growth
 
 memory=/dev/shm
@@ -21,41 +22,52 @@ TMPDIR=$(mktemp -d -p "$memory")
 export TMPDIR sizes
 trap 'rm -rf "$TMPDIR"' EXIT
 
-# The instructions of reading $2 kilobytes of shape $1.
+# The instructions of reading $2 kilobytes of shape $1. Fails where it is not read to its end.
 # shellcheck disable=SC2317 # what xargs starts calls it
 instructions() {
+  local log=$TMPDIR/$1.log
   valgrind --tool=cachegrind --cache-sim=no --cachegrind-out-file=/dev/null \
-    build/release/fuzz/growth "$1" "$2" 2>&1 >/dev/null | sed -n 's/.*I *refs: *//p' | tr -d ,
+    build/release/fuzz/growth "$1" "$2" 2>"$log" >/dev/null || return 1
+  sed -n 's/.*I *refs: *//p' "$log" | tr -d , | grep .
 }
 
-# Writes the line of shape $1, of which there are at most $2 kilobytes.
+# Writes the row of shape $1, of which $2 kilobytes are read at the most, for the reason behind it.
 # shellcheck disable=SC2317 # what xargs starts calls it
 count() {
-  local rest size each peak first='' last=''
-  rest=$(instructions "$1" 0) # of starting
-  printf '%-36s' "$1"
+  local shape=$1 most=$2 row why='' rest size read all each peak first='' last=''
+  row="| ${shape/:/, } |"
+  rest=$(instructions "$shape" 0) || rest='' # of starting
   for size in $sizes; do
-    size=$((size < $2 ? size : $2))
-    each=$((($(instructions "$1" "$size") - rest) / size / 1000))
-    printf '%11s' "$each"
+    read=$((size < most ? size : most))
+    if [ -z "$rest" ] || ! all=$(instructions "$shape" "$read"); then
+      printf '%s FAILED at %s KB\n' "$row" "$read"
+      return 1
+    fi
+    each=$(((all - rest) / read / 1000))
+    row+=" $each"
+    [ "$read" -eq "$size" ] || { row+=" at $read KB" && why=${*:3}; }
+    row+=' |'
     first=${first:-$each} last=$each
   done
-  peak=$(build/release/fuzz/growth "$1" "$size" | tr -dc 0-9)
-  printf '%12s' $((peak / 1000))
+  peak=$(build/release/fuzz/growth "$shape" "$read" | tr -dc 0-9)
+  printf '%s %s MB | %s |' "$row" $((peak / 1000)) "$why"
   [ $((2 * last)) -le $((3 * first + 2)) ] || printf ' GROWS FASTER THAN THE INPUT'
   printf '\n'
 }
 export -f count instructions
 
-printf '%-36s' shape
-# shellcheck disable=SC2086 # one for each
-printf '%8s KB' $sizes
-printf '%12s\n' 'peak in MB'
-# shellcheck disable=SC2016 # the other shell's
-build/release/fuzz/growth | xargs -P 2 -L 1 bash -c 'count "$@" >"$TMPDIR/$1.line"' count
 result=0
+# shellcheck disable=SC2016 # the other shell's
+build/release/fuzz/growth |
+  xargs -P 2 -L 1 bash -c 'count "$@" >"$TMPDIR/$1.row"' count || result=1
+
+printf '| shape |'
+printf ' %s KB |' "$@"
+printf ' peak memory | no more, because |\n|---|'
+printf -- '---:|%.0s' "$@"
+printf -- '---:|---|\n'
 while read -r shape _; do
-  cat "$TMPDIR/$shape.line"
-  ! grep -q FASTER "$TMPDIR/$shape.line" || result=1
+  cat "$TMPDIR/$shape.row"
+  ! grep -q FASTER "$TMPDIR/$shape.row" || result=1
 done < <(build/release/fuzz/growth)
 exit $result

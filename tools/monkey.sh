@@ -12,7 +12,7 @@ path=$(path_to_build_in "$PWD")
 cd "$path"
 
 tools/install_missing.sh --tests
-cmake --preset sanitize >/dev/null
+cmake --preset sanitize -DBUILD_TESTING=ON -DBRIVON_VIRTUAL_PANEL=ON >/dev/null
 cmake --build --preset sanitize --target brivon_monkey
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 LANGUAGE='' TZ=UTC
 export LSAN_OPTIONS="suppressions=$PWD/tests/support/leaks_of_others.txt"

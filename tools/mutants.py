@@ -10,8 +10,10 @@ test, or a line in tools/equivalent_mutants.txt that says why nobody can tell th
     tools/mutants.py --start 7 --count 300
     tools/mutants.py --rooms base,row --all
     tools/mutants.py --list src/base/text.cpp
+    tools/mutants.py --entries  # looks only whether each line of the list still names a mutant
 
-The last line sums up; the status is 0 only where no mutant survived.
+The last line sums up; the status is 0 only where no mutant survived and each line of the list names
+one.
 """
 
 import argparse
@@ -52,6 +54,8 @@ PROGRAMS = {
     "panel_line": "panel_line_rules command_rules page_rules scrolling_rules schedule_rules "
                   "brivonctl_transmitter real_links sending_views",
     "row": "row_rules page_rules scrolling_rules page_views scrolling_views",
+    "widgets": "widgets app_views page_views schedule_views",
+    "config": "config_rules store_rules config_views app_views",
     "page": "page_rules read_back schedule_rules brivonctl_rules page_views schedule_views "
             "sending_views",
     "schedule": "schedule_rules read_back brivonctl_rules schedule_views sending_views",
@@ -95,6 +99,19 @@ def equivalent_mutants():
     """The names in the list; the lines below each, which say why, are indented."""
     lines = EQUIVALENT.read_text(encoding="utf-8").split("\n") if EQUIVALENT.exists() else []
     return {line for line in lines if line and not line.startswith((" ", "#"))}
+
+
+def mutants_of_rooms(rooms):
+    return [m for room in rooms for path in sources_of(room)
+            for m in mutants_of(path, text_of(path))]
+
+
+def entries_without_mutant():
+    """How many lines of the list name no mutant any more; they are shown."""
+    idle = sorted(equivalent_mutants() - {m.name for m in mutants_of_rooms(PROGRAMS)})
+    for name in idle:
+        print("%s names no mutant:\n    %s" % (EQUIVALENT.name, name), flush=True)
+    return len(idle)
 
 
 def run(command, **options):
@@ -148,7 +165,9 @@ def run_tests(program, time_out):
 
 
 def programs_for(room, quick):
-    return [p for p in PROGRAMS[room].split() if not (quick and p in WINDOWS)]
+    programs = PROGRAMS[room].split()
+    # Where only windows see a room, the one that fails soonest is quick.
+    return [p for p in programs if not (quick and p in WINDOWS)] or programs[:1]
 
 
 def try_mutant(mutant, programs, time_outs):
@@ -210,14 +229,15 @@ def try_all(chosen, quick, time_outs):
     return results
 
 
-def report(results, left_out):
+def report(results, everyone, left_out):
     kinds = ["killed", "time-out", "not compiling", "survived"]
     print("\n| room | mutants | %s |\n%s|" % (" | ".join(kinds), "|---" * (2 + len(kinds))))
     for room in PROGRAMS:
         own = Counter(result for mutant, result in results if mutant.room() == room)
         if own:
-            print("| `%s` | %d | %s |" % (room, sum(own.values()),
-                                         " | ".join(str(own[kind]) for kind in kinds)))
+            print("| `%s` | %d of %d | %s |" % (room, sum(own.values()),
+                                               sum(mutant.room() == room for mutant in everyone),
+                                               " | ".join(str(own[kind]) for kind in kinds)))
     survivors = [mutant for mutant, result in results if result == "survived"]
     if survivors:
         print("\nNo test has seen these:")
@@ -240,6 +260,8 @@ def main():
                         help="only those whose name holds this pattern")
     parser.add_argument("--quick", action="store_true", help="without the windows' tests")
     parser.add_argument("--list", metavar="FILE", help="name a file's mutants and end")
+    parser.add_argument("--entries", action="store_true",
+                        help="look whether each line of the list names a mutant, and end")
     parser.add_argument("--define", action="append", default=[], metavar="NAME=VALUE",
                         help="handed to CMake")
     options = parser.parse_args()
@@ -247,6 +269,9 @@ def main():
         for mutant in mutants_of(Path(options.list), text_of(Path(options.list))):
             print(mutant.name)
         return 0
+    idle = entries_without_mutant()
+    if options.entries:
+        return 1 if idle else 0
 
     # Broken off by either signal it reports what it has, also where a shell has it ignore one.
     for ended_by in (signal.SIGINT, signal.SIGTERM):
@@ -255,9 +280,7 @@ def main():
     unknown = [room for room in rooms if room not in PROGRAMS]
     if unknown:
         parser.error("no such room: " + ", ".join(unknown))
-    everyone = [m for room in rooms for path in sources_of(room)
-                for m in mutants_of(path, text_of(path))
-                if re.search(options.like, m.name)]
+    everyone = [m for m in mutants_of_rooms(rooms) if re.search(options.like, m.name)]
     equivalent = equivalent_mutants()
     tried = [m for m in everyone if m.name not in equivalent]
     if not options.all and len(tried) > options.count:
@@ -271,7 +294,8 @@ def main():
     programs = sorted({p for m in tried for p in programs_for(m.room(), options.quick)})
     COPY.mkdir(parents=True, exist_ok=True)
     results = try_all(tried, options.quick, prepare(programs, options.define))
-    return 1 if report(results, len([m for m in everyone if m.name in equivalent])) else 0
+    survivors = report(results, everyone, len([m for m in everyone if m.name in equivalent]))
+    return 1 if survivors or idle else 0
 
 
 if __name__ == "__main__":

@@ -81,7 +81,14 @@ std::optional<IniFile> IniFile::Read(const QString& path) {
   if (!FileExists(path)) return QFileInfo::exists(path) ? std::nullopt : std::optional(IniFile());
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray content = file.read(kLargestIniFile + 1);
+  QByteArray content;
+  // In portions, because the toolkit would set aside room for the largest file each time.
+  constexpr qint64 kPortion = 16384;
+  while (content.size() <= kLargestIniFile) {
+    const QByteArray portion = file.read(kPortion);
+    if (portion.isEmpty()) break;
+    content += portion;
+  }
   if (content.size() > kLargestIniFile || file.error() != QFileDevice::NoError) return std::nullopt;
   return IniFile(content);
 }
