@@ -11,6 +11,8 @@ namespace {
 /// The addresses of the panels that are sent to, as the reference writes them.
 QByteArray AddressOf(int id) {
   switch (id) {
+    case 1:
+      return "<ID01>";
     case 7:
       return "<ID07>";
     case 26:

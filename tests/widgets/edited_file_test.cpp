@@ -27,9 +27,7 @@ class EditedFileTest : public testing::Test {
               ++names_asked_;
               return new_name_;
             },
-            [] { return QString(); },
-            [](const QString& /*path*/) {},
-            after_yes};
+            [] { return QString(); }, [](const QString& /*path*/) {}, after_yes};
   }
 
   TemporaryProgramFolder folder_;
