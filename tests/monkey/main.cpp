@@ -72,6 +72,7 @@ int main(int argc, char** argv) {
     day.start = options.value(start).toULongLong();
     day.steps = options.value(steps).toInt();
   }
-  Monkey(std::move(day)).Live();
-  return EXIT_SUCCESS;
+  if (Monkey(std::move(day)).Live()) return EXIT_SUCCESS;
+  std::fprintf(stderr, "Too many actions had nothing to act at.\n");
+  return kAtNothing;
 }

@@ -30,8 +30,9 @@ class Monkey : public QObject {
   ~Monkey() override;
 
   /// Starts the program, again and again, until the day is over. Of a failure nothing returns: it
-  /// is told, and the program ends with 2.
-  void Live();
+  /// is told, and the program ends with 2. False: too many actions had nothing to act at, so that
+  /// the day has tried less than it seems.
+  bool Live();
 
  private:
   void RunProgram();
@@ -61,7 +62,7 @@ class Monkey : public QObject {
   std::unique_ptr<Watch> watch_;
   QByteArray doing_;
   qsizetype done_ = 0;  // of the actions
-  int skipped_ = 0;
+  qsizetype skipped_ = 0;
   bool step_is_due_ = false;
   bool goes_home_ = false;
   bool is_over_ = false;

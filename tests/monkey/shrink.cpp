@@ -34,7 +34,8 @@ QByteArray FailureOf(const QString& program, const QList<Action>& actions) {
   QProcess replay;
   replay.start(program, {u"--replay"_s, file.fileName()});
   if (!replay.waitForFinished(-1)) qFatal("cannot start a replay");
-  if (replay.exitStatus() == QProcess::NormalExit && replay.exitCode() == 0) return {};
+  const bool has_ended = replay.exitStatus() == QProcess::NormalExit;
+  if (has_ended && (replay.exitCode() == 0 || replay.exitCode() == kAtNothing)) return {};
   for (const QByteArray& line : replay.readAllStandardError().split('\n')) {
     // Numbers are those of this run alone.
     if (line.startsWith("FAILED: hang")) return "hang";

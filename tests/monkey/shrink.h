@@ -7,6 +7,9 @@
 
 #include "monkey/action.h"
 
+/// How a program ends that did not fail, but had too often nothing to act at.
+inline constexpr int kAtNothing = 4;
+
 /// The fewest of `actions`, in their order, for which `fails` still holds: leaves out halves,
 /// quarters, ... single ones, as long as that helps. `actions` themselves fail.
 QList<Action> Shrunk(QList<Action> actions,

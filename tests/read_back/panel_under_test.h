@@ -29,20 +29,6 @@ inline ShownRow ShownOf(const QList<PanelDots::Cell>& cells) {
   return shown;
 }
 
-/// The cells that show this.
-inline QList<PanelDots::Cell> CellsOf(const ShownRow& row) {
-  QList<PanelDots::Cell> cells;
-  for (const ShownCharacter& shown : row) {
-    using CellKind = PanelDots::Cell::Kind;
-    auto kind = CellKind::kCharacter;
-    if (shown.kind == ShownCharacter::Kind::kSymbol) kind = CellKind::kGraphic;
-    if (shown.kind == ShownCharacter::Kind::kDate) kind = CellKind::kDate;
-    if (shown.kind == ShownCharacter::Kind::kTime) kind = CellKind::kTime;
-    cells.append({kind, shown.character, shown.size, shown.colour, shown.blinking});
-  }
-  return cells;
-}
-
 class PanelUnderTest {
  public:
   static constexpr int kNeighbour = 200;

@@ -20,7 +20,6 @@ namespace {
 using Brivon1::PageMessage;
 using Brivon1::SaveResult;
 using Brivon1::ScrollingMessage;
-using PanelDots::PanelPicture;
 
 const QList<int> kIds = {1, 9, 26, 171, 255, 0};
 
@@ -29,20 +28,25 @@ class ReadBack : public testing::Test {
   /// What a row must show. Where typed characters make a code nobody can tell from what was typed
   /// alone, and who reads the wire says it.
   ShownRow Expected(const TypedRow& typed, const WireRow& sent, bool is_page, bool tri_colour) {
+    const int counted = typed.empty() ? 0 : 1;
+    rows_ += counted;
     if (!IsToldAsTyped(typed, is_page, tri_colour)) return ReadText(sent.text);
-    told_as_typed_ += typed.empty() ? 0 : 1;
+    told_as_typed_ += counted;
     const ShownRow shown = ShownOf(typed, is_page, tri_colour);
     EXPECT_EQ(ReadText(sent.text), shown) << sent.text.toStdString();
     return shown;
   }
 
-  static void ExpectTheSameDots(const PanelPicture& expected, const PanelPicture& held) {
-    for (const qint64 moment : {qint64{0}, PanelDots::kBlinkMs, qint64{7'400}}) {
-      EXPECT_EQ(PanelDots::DotsOf(held, moment), PanelDots::DotsOf(expected, moment)) << moment;
-    }
+  /// Many rows must be held against what was typed; of a few rounds all may be odd.
+  void ExpectManyToldAsTyped() const {
+    RecordProperty("rows", rows_);
+    RecordProperty("told_as_typed", told_as_typed_);
+    if (rows_ < 90) return;
+    EXPECT_GT(3 * told_as_typed_, rows_);
   }
 
   TemporaryProgramFolder folder_;
+  int rows_ = 0;  // that are not empty
   int told_as_typed_ = 0;
 };
 
@@ -81,9 +85,6 @@ TEST_F(ReadBack, APanelHoldsTheTypedPage) {
     EXPECT_EQ(panel.Id() != 0, panel.IsNeighbourEmpty());
     const VirtualPanel::StoredPage held = panel.Memory().Pages()[number];
     ASSERT_EQ(held.size(), shape.rows);
-    const PanelDots::PanelShape panel_shape{shape.rows, shape.columns, shape.tri_colour};
-    PanelPicture expected{.shape = panel_shape, .clock = PanelUnderTest::kClock};
-    PanelPicture shown = expected;
     for (int row = 1; row <= shape.rows; ++row) {
       SCOPED_TRACE(testing::Message() << "row " << row);
       const auto sent = ReadPageRow(frames[row - 1]);
@@ -91,15 +92,11 @@ TEST_F(ReadBack, APanelHoldsTheTypedPage) {
       EXPECT_EQ(sent->panel, panel.Id());
       EXPECT_EQ(sent->row, row);
       EXPECT_EQ(sent->page, number);
-      const ShownRow row_shown =
-          Expected(typed[static_cast<std::size_t>(row - 1)], *sent, true, shape.tri_colour);
-      EXPECT_EQ(ShownOf(held[row].cells), row_shown);
-      expected.rows.insert(row, CellsOf(row_shown));
-      shown.rows.insert(row, held[row].cells);
+      EXPECT_EQ(ShownOf(held[row].cells),
+                Expected(typed[static_cast<std::size_t>(row - 1)], *sent, true, shape.tri_colour));
     }
-    ExpectTheSameDots(expected, shown);
   });
-  EXPECT_GT(told_as_typed_, 0);
+  ExpectManyToldAsTyped();
 }
 
 TEST_F(ReadBack, APanelHoldsTheTypedScrollingMessage) {
@@ -138,15 +135,8 @@ TEST_F(ReadBack, APanelHoldsTheTypedScrollingMessage) {
     }
     EXPECT_EQ(panel.Id() != 0, panel.IsNeighbourEmpty());
     EXPECT_EQ(ShownOf(held[row].row.cells), expected);
-
-    const PanelDots::PanelShape panel_shape{shape.rows, shape.columns, shape.tri_colour};
-    PanelPicture shown{.shape = panel_shape, .clock = PanelUnderTest::kClock};
-    PanelPicture composed = shown;
-    shown.scrolling_texts.insert(row, {held[row].row.cells, 0});
-    composed.scrolling_texts.insert(row, {CellsOf(expected), 0});
-    ExpectTheSameDots(composed, shown);
   });
-  EXPECT_GT(told_as_typed_, 0);
+  ExpectManyToldAsTyped();
 }
 
 }  // namespace

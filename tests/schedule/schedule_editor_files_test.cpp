@@ -36,7 +36,7 @@ TEST_F(ScheduleEditor, AFileThatIsDroppedIsOpenedAlsoOnAnEntryField) {
       WriteSchedule("a.sch", 2, "Week =0\r\nHour =**\r\nMin =**\r\nRow =2\r\nCol =80\r\n");
   EXPECT_TRUE(DropFiles(Window(), {path}));
   EXPECT_EQ(FileName(), path);
-  EXPECT_EQ(Order(), Text("12End"));
+  EXPECT_EQ(Order(), Text("12"));
   auto* hour = Find<QLineEdit>("txtHour");
   hour->clear();
   QMimeData text;
