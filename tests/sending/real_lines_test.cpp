@@ -1,5 +1,9 @@
 // The windows that send over lines that are really there, a TCP port and a pseudo-terminal: what
 // a line in memory cannot show.
+#include <chrono>
+#include <memory>
+#include <thread>
+
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QTcpSocket>
@@ -69,6 +73,20 @@ class RealLine : public testing::TestWithParam<LineKind>, protected PageOverReal
  protected:
   RealLine() : PageOverRealLine(GetParam()) {}
 };
+
+TEST(PanelBenchPort, IsWaitedForWhileAnotherProgramHasIt) {
+  PanelBench bench(LineKind::kTcp, {{26, 4, 96, true}});
+  const quint16 port = bench.Tcp().Port();
+  bench.Unplug();
+  auto other = std::make_unique<FullListener>(port);
+  std::thread leaving([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    other.reset();
+  });
+  bench.PlugIn();
+  leaving.join();
+  EXPECT_EQ(bench.Tcp().Port(), port);
+}
 
 INSTANTIATE_TEST_SUITE_P(Links, RealLine, testing::Values(LineKind::kTcp, LineKind::kSerial),
                          LineName);

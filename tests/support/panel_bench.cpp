@@ -1,6 +1,8 @@
 #include "support/panel_bench.h"
 
+#include <QDeadlineTimer>
 #include <QTest>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -46,8 +48,13 @@ void PanelBench::Unplug() {
 void PanelBench::PlugIn() {
   if (kind_ == LineKind::kSerial) {
     if (!pty_.IsPlugged() && !pty_.Open(Device())) qFatal("cannot open a pseudo-terminal");
-  } else if (tcp_.Port() == 0 && !tcp_.Listen(QHostAddress(QHostAddress::LocalHost), tcp_port_)) {
-    qFatal("cannot listen on loopback");
+    return;
+  }
+  // Another program may have the freed port for a moment.
+  const QDeadlineTimer deadline(5000);
+  while (tcp_.Port() == 0 && !tcp_.Listen(QHostAddress(QHostAddress::LocalHost), tcp_port_)) {
+    if (deadline.hasExpired()) qFatal("cannot listen on loopback");
+    QThread::msleep(20);
   }
 }
 
