@@ -23,9 +23,9 @@ struct {
   bool counts = false;
   char folder[4096] = {};
   DiskFault fault;
-  std::atomic<int> calls = 0;
+  std::atomic<int> calls{0};
   const char* names[kMostCalls + 1] = {};
-  std::atomic<bool> is_below[kMostHandles] = {};
+  std::atomic<bool> is_below[kMostHandles];  // none at first
 } disk;
 
 template <typename Function>
