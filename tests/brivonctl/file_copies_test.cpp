@@ -1,6 +1,7 @@
 // What is read of a file once, and what of that remains when the file does not.
 #include "orders/file_copies.h"
 
+#include <cerrno>
 #include <memory>
 
 #include <QFile>
@@ -12,6 +13,7 @@
 #include "orders/order_checks.h"
 #include "schedule/schedule_reader.h"
 #include "support/program_folder.h"
+#include "support/use_code_page.h"
 
 using namespace Qt::StringLiterals;
 
@@ -68,6 +70,7 @@ TEST_F(FileCopiesTest, AScheduleBringsItsMessageFiles) {
 }
 
 TEST_F(FileCopiesTest, ANameThatIsSpelledInTheOtherFormIsFoundAsItWasThen) {
+  const UseCodePage western(1252);
   const QString composed = QString(u"\u00fc.msg"_s);
   const QString path = folder_.Write(composed.normalized(QString::NormalizationForm_D), kPage);
   const FileCopies copies(folder_.Write(
@@ -152,8 +155,8 @@ TEST_F(FileCopiesTest, AReadErrorIsNoEndOfTheFile) {
   if (!QFile::exists(path)) GTEST_SKIP() << "the system has no such file";
   const FileCopies copies(path);
   EXPECT_TRUE(copies.Exists(path));
-  EXPECT_EQ(copies.ReadFailure(),
-            u"/proc/self/mem cannot be read: Input/output error; send another copy of it"_s);
+  EXPECT_EQ(copies.ReadFailure(), u"/proc/self/mem cannot be read: "_s + qt_error_string(EIO) +
+                                      u"; send another copy of it"_s);
   EXPECT_EQ(Brivon1::MessageFileReader(path, copies).Failure().fault,
             Brivon1::FileFault::kNotReadable);
   const Order order{Action::kSendPage, path, u"7"_s, std::make_shared<FileCopies>(path)};
