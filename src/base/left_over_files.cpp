@@ -26,11 +26,6 @@ constexpr qsizetype kMarkSize = kBeforeLetters.size() + kLeftOverLetters + kBehi
 constexpr qsizetype kLongestName = 255;    // in bytes, on any disk
 constexpr std::time_t kLongestSave = 300;  // in seconds
 
-QByteArray FolderOf(const QByteArray& path) {
-  const qsizetype slash = path.lastIndexOf('/');
-  return slash < 0 ? QByteArray(".") : path.first(slash + 1);
-}
-
 /// As much of the name of `target`, in whole characters, as leaves room for the mark.
 QByteArrayView BeginningOfName(const QByteArray& target) {
   const QByteArrayView name = QByteArrayView(target).sliced(target.lastIndexOf('/') + 1);
@@ -72,6 +67,11 @@ void RemoveUnlessLocked(const char* path) {
 }
 
 }  // namespace
+
+QByteArray FolderOf(const QByteArray& path) {
+  const qsizetype slash = path.lastIndexOf('/');
+  return slash < 0 ? QByteArray(".") : path.first(slash + 1);
+}
 
 QByteArray LeftOverName(const QByteArray& target, const QByteArray& letters) {
   const qsizetype folder_size = target.lastIndexOf('/') + 1;

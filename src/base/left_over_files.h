@@ -9,6 +9,9 @@
 
 namespace Brivon1 {
 
+/// The folder of a path, with the "/" behind it; "." for a name alone.
+QByteArray FolderOf(const QByteArray& path);
+
 inline constexpr int kLeftOverLetters = 6;
 
 /// What the file that is to replace `target` is called while it is written:

@@ -22,11 +22,6 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 1000;  // tried before the folder is taken for full of them
 
-QByteArray FolderOf(const QByteArray& path) {
-  const qsizetype slash = path.lastIndexOf('/');
-  return slash < 0 ? QByteArray(".") : path.first(slash + 1);
-}
-
 /// What the link `path` says, byte for byte; empty where it is none.
 QByteArray LinkAt(const QByteArray& path) {
   std::array<char, PATH_MAX> text;
