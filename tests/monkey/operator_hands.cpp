@@ -99,12 +99,14 @@ void Drag(const QWidget& control, const Action& action) {
   mouse.Release(to, Qt::LeftButton);
 }
 
-// What has the keyboard; null where nothing has.
+// What has the keyboard; null where nothing has. A window that waits for another one's answer is
+// told of no keys, not even while that one is yet to become the active window.
 QWidget* KeyboardOwner() {
-  if (QWidget* popup = QApplication::activePopupWidget()) {
-    return popup->focusWidget() != nullptr ? popup->focusWidget() : popup;
+  QWidget* window = QApplication::activePopupWidget();
+  if (window == nullptr && QApplication::activeWindow() != nullptr) {
+    QWidget* modal = QApplication::activeModalWidget();
+    window = modal != nullptr ? modal : QApplication::activeWindow();
   }
-  QWidget* window = QApplication::activeWindow();
   return window == nullptr || window->focusWidget() == nullptr ? window : window->focusWidget();
 }
 
