@@ -83,6 +83,9 @@ void Watch::FollowEditor(QWidget* editor) {
   };
   connect(save, &QAbstractButton::pressed, this, allow);
   connect(save, &QAbstractButton::clicked, this, allow);
+  // What is saved under another name now is no longer what a question was about.
+  connect(editor->findChild<QAbstractButton*>(u"butSaveAs"_s), &QAbstractButton::pressed, this,
+          [this] { asked_about_.clear(); });
   // A new work may take the place of the old one without a dialog.
   const auto* begin = editor->findChild<QAbstractButton*>(u"butNew"_s);
   connect(begin, &QAbstractButton::pressed, this,
