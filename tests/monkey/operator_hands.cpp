@@ -126,10 +126,14 @@ void Choose(QWidget* control, int index) {
   for (int i = 0; i < index && list != nullptr; ++i) PressKeys(u"Down"_s);
 }
 
+// Types `text`, and no more of it once a window has gone that it was typed into: who waited for that
+// window's answer goes on before any desktop hands over the next key.
 void Type(const QString& text) {
+  QPointer<QWidget> window;
   for (const QChar letter : text) {
     const QPointer<QWidget> owner = KeyboardOwner();
-    if (owner == nullptr) return;
+    if (owner == nullptr || (window != nullptr && !window->isVisible())) return;
+    window = owner->window();
     const auto code = static_cast<Qt::Key>(letter.toUpper().unicode());
     QTest::simulateEvent(owner, true, code, Qt::NoModifier, letter, false);
     if (owner != nullptr) QTest::simulateEvent(owner, false, code, Qt::NoModifier, letter, false);
