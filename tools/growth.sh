@@ -2,7 +2,7 @@
 # Counts the instructions that each reader takes for its dearest shapes of input, in several sizes:
 # tools/growth.sh [KILOBYTES...], 60, 1000 and 16000 unless told otherwise. Prints a table of them
 # for each byte, which stays the same where work grows with the input and with nothing else, and
-# fails where the last size takes more than half as many again as the first one. What a reader
+# fails where the last size takes more than half as many again as the one before. What a reader
 # refuses beyond a size is counted at that size, and the table says why.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -27,14 +27,17 @@ trap 'rm -rf "$TMPDIR"' EXIT
 instructions() {
   local log=$TMPDIR/$1.log
   valgrind --tool=cachegrind --cache-sim=no --cachegrind-out-file=/dev/null \
-    build/release/fuzz/growth "$1" "$2" 2>"$log" >/dev/null || return 1
+    build/release/fuzz/growth "$1" "$2" 2>"$log" >/dev/null || {
+    tail -n 3 "$log" >&2
+    return 1
+  }
   sed -n 's/.*I *refs: *//p' "$log" | tr -d , | grep .
 }
 
 # Writes the row of shape $1, of which $2 kilobytes are read at the most, for the reason behind it.
 # shellcheck disable=SC2317 # what xargs starts calls it
 count() {
-  local shape=$1 most=$2 row why='' rest size read all each peak first='' last=''
+  local shape=$1 most=$2 row why='' rest size read all each peak before='' last='' counted=0
   row="| ${shape/:/, } |"
   rest=$(instructions "$shape" 0) || rest='' # of starting
   for size in $sizes; do
@@ -47,11 +50,11 @@ count() {
     row+=" $each"
     [ "$read" -eq "$size" ] || { row+=" at $read KB" && why=${*:3}; }
     row+=' |'
-    first=${first:-$each} last=$each
+    [ "$read" -eq "$counted" ] || before=${last:-$each} last=$each counted=$read
   done
   peak=$(build/release/fuzz/growth "$shape" "$read" | tr -dc 0-9)
   printf '%s %s MB | %s |' "$row" $((peak / 1000)) "$why"
-  [ $((2 * last)) -le $((3 * first + 2)) ] || printf ' GROWS FASTER THAN THE INPUT'
+  [ $((2 * last)) -le $((3 * before + 2)) ] || printf ' GROWS FASTER THAN THE INPUT'
   printf '\n'
 }
 export -f count instructions
