@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <QCursor>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QGuiApplication>

@@ -124,10 +124,10 @@ TEST_F(SharedConfiguration, ProgramsThatSaveAllTheTimeLoseNothing) {
         draft.Remove(20 + program);
       }
       if (draft.Save(nullptr, never_give_up) != SaveResult::kSaved) return 1;
+      const auto slot = static_cast<std::size_t>(program);
       const auto& panels = Brivon1::Store().panels;
-      if (panels[static_cast<std::size_t>(10 + program)].columns != save) return 2;
-      if (panels[static_cast<std::size_t>(20 + program)].IsConfigured() != (save % 2 == 1))
-        return 3;
+      if (panels[10 + slot].columns != save) return 2;
+      if (panels[20 + slot].IsConfigured() != (save % 2 == 1)) return 3;
     }
     return 0;
   };
