@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include "app/first_start.h"
 #include "app/frmMain.h"
 #include "base/program_icon.h"
 #include "store/program_folder.h"
@@ -14,9 +15,10 @@ int main(int /*argc*/, char** argv) {
   QApplication::setApplicationVersion(QStringLiteral(BRIVON_VERSION));
   QApplication::setDesktopFileName(u"org.brivon.Brivon"_s);
   QApplication::setWindowIcon(Brivon1::ProgramIcon(u"org.brivon.Brivon"_s));
-  Brivon1::LayOutProgramFolder();
+  const Brivon1::LayOutFailure failure = Brivon1::LayOutProgramFolder();
 
   frmMain window;
   window.show();
+  TellLayOutFailure(&window, failure);
   return QApplication::exec();
 }

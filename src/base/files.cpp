@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include <QFileInfo>
 
@@ -157,6 +159,15 @@ SaveResult SaveWholeFile(const QString& path, const QByteArray& content, QString
   return failure ? refuse(*failure) : SaveResult::kSaved;
 }
 
+SaveResult MakeFolder(const QString& path, QString* reason) {
+  std::error_code error;
+  std::filesystem::create_directories(QFileInfo(path).filesystemAbsoluteFilePath(), error);
+  if (!error) return SaveResult::kSaved;
+  const int number = error.default_error_condition().value();
+  if (reason != nullptr) *reason = ReasonOf(number);
+  return IsDiskFailure(number) ? SaveResult::kDriveNotAvailable : SaveResult::kInvalidPath;
+}
+
 QString SaveFailureText(SaveResult result) {
   switch (result) {
     case SaveResult::kSaved:
@@ -164,6 +175,7 @@ QString SaveFailureText(SaveResult result) {
     case SaveResult::kInvalidPath:
       return u"Invalid path!"_s;
     case SaveResult::kDriveNotAvailable:
+    case SaveResult::kLocked:
       return u"Drive not available!"_s;
   }
   return {};

@@ -56,6 +56,7 @@ enum class SaveResult {
   kSaved,
   kInvalidPath,        ///< No such folder, no permission, a folder in place of the file.
   kDriveNotAvailable,  ///< The bytes could not be written: a full, failing or read-only disk.
+  kLocked,             ///< Another program is saving it (base/file_lock.h).
 };
 
 /// Replaces the file at `path` by `content`, whole: it is written beside the file, flushed, and
@@ -65,6 +66,10 @@ enum class SaveResult {
 /// killed program has left of an earlier save of that file is removed. `reason` receives why the
 /// system has refused it, in English.
 SaveResult SaveWholeFile(const QString& path, const QByteArray& content, QString* reason = nullptr);
+
+/// Makes a folder and those above it, as far as they are not there. `reason` as SaveWholeFile()
+/// takes it.
+SaveResult MakeFolder(const QString& path, QString* reason = nullptr);
 
 /// The English message for a failed save, "Invalid path!" or "Drive not available!"; empty for a
 /// save that succeeded.

@@ -58,6 +58,15 @@ bool IsFinalForName(int error) {
 
 bool Exists(const QByteArray& path) { return access(path.constData(), F_OK) == 0; }
 
+/// Waits until a name has reached the disk, which could have the old file again after a power
+/// failure. A disk that cannot tell changes nothing: the new one is there.
+void FlushFolder(const QByteArray& folder) {
+  const int handle = open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;
+  fsync(handle);
+  close(handle);
+}
+
 /// A lock that another save's program asks for in order to know whether this one lives. A disk that
 /// has no locks is none to look for left-over files on.
 void Lock(int handle) { flock(handle, LOCK_EX | LOCK_NB); }
@@ -151,6 +160,12 @@ int ReplacingFile::Flush() {
 }
 
 int ReplacingFile::TakePlace() {
+  const int error = Rename();
+  if (error == 0) FlushFolder(FolderOf(target_));
+  return error;
+}
+
+int ReplacingFile::Rename() {
   if (name_.isEmpty()) {
     const int error = GiveName();
     if (error != 0 || name_.isEmpty()) return error;

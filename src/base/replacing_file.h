@@ -34,6 +34,8 @@ class ReplacingFile {
   /// and waits until it has reached the disk, where the disk can tell.
   int Flush();
 
+  /// Waits for the disk again, as far as it can tell: the new file is there after a power failure,
+  /// too.
   int TakePlace();
 
   /// Whether TakePlace() has failed in a way that another file, one with a name, may not.
@@ -41,6 +43,7 @@ class ReplacingFile {
 
  private:
   int OpenWithName(mode_t mode);
+  int Rename();
   int GiveName();
   QByteArray SomeName() const;
   void KeepOwner() const;

@@ -1,5 +1,6 @@
 #include "config/configuration_draft.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 #include "base/code_page.h"
@@ -103,11 +104,25 @@ QString AddressRemedy(const QString& text) {
 }
 
 QString ConfigurationRemedy(SaveResult result, const QString& reason, const QString& button) {
-  const QString remedy = TranslateMessage(
-      result == SaveResult::kDriveNotAvailable
-          ? u"Make room there, then press \"%1\" again."_s
-          : u"Make sure that this file can be read and written, then press \"%1\" again."_s);
-  return ConfigurationPath() + u": "_s + TranslateMessage(reason) + u'\n' + remedy.arg(button);
+  const auto why = [&](const QString& remedy) {
+    return ConfigurationPath() + u": "_s + TranslateMessage(reason) + u'\n' + remedy;
+  };
+  switch (result) {
+    case SaveResult::kSaved:
+      return {};
+    case SaveResult::kInvalidPath:
+      return why(
+          TranslateMessage(
+              u"Make sure that this file can be read and written, then press \"%1\" again."_s)
+              .arg(button));
+    case SaveResult::kDriveNotAvailable:
+      return why(TranslateMessage(u"Make room there, then press \"%1\" again."_s).arg(button));
+    case SaveResult::kLocked:
+      return why(TranslateMessage(
+                     u"Press \"%1\" again. If no other program is saving it, delete %2 first."_s)
+                     .arg(button, FileLock(ConfigurationPath()).Path()));
+  }
+  return {};
 }
 
 bool IsNoAddress(const QString& address) { return IpAddress(address) == kNoAddress; }
@@ -202,15 +217,40 @@ void ConfigurationDraft::Apply(IniFile& file) const {
   }
 }
 
-SaveResult ConfigurationDraft::Save(QString* reason) const {
-  const auto refuse = [reason](const QString& why) {
+ConfigurationDraft ConfigurationDraft::ChangesOf(const Configuration& now) const {
+  ConfigurationDraft changes(*this);
+  for (std::size_t slot = 0; slot < loaded_.panels.size(); ++slot) {
+    const PanelEntry& loaded = loaded_.panels[slot];
+    const PanelEntry& value = values_.panels[slot];
+    const bool is_no_panel = !loaded.IsConfigured() && !value.IsConfigured();
+    if (is_no_panel || value == loaded) {
+      changes.values_.panels[slot] = changes.loaded_.panels[slot] = now.panels[slot];
+    }
+  }
+  const auto take_over = [&](auto Configuration::*setting) {
+    if (values_.*setting == loaded_.*setting) changes.values_.*setting = now.*setting;
+  };
+  take_over(&Configuration::send_mode);
+  take_over(&Configuration::baud_rate);
+  take_over(&Configuration::com_port);
+  return changes;
+}
+
+SaveResult ConfigurationDraft::Save(QString* reason, const LockWait& wait) const {
+  const auto refuse = [reason](const QString& why, SaveResult result = SaveResult::kInvalidPath) {
     if (reason != nullptr) *reason = why;
-    return SaveResult::kInvalidPath;
+    return result;
   };
   const QString path = ConfigurationPath();
+  FileLock lock(path);
+  if (!lock.Take(wait)) return refuse(u"Another program is saving it."_s, SaveResult::kLocked);
   std::optional<IniFile> file = IniFile::Read(path);
   if (!file) return refuse(u"The file cannot be read."_s);
-  Apply(*file);
+  if (QFileInfo::exists(path)) {
+    ChangesOf(ReadConfiguration(*file)).Apply(*file);
+  } else {
+    Apply(*file);  // all of it: nobody has taken single panels out of a file that is gone
+  }
   const QByteArray content = file->Content();
   if (content.size() > kLargestIniFile) return refuse(u"The file would be too large."_s);
   const SaveResult result = SaveWholeFile(path, content, reason);

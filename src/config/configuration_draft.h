@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "base/file_lock.h"
 #include "base/files.h"
 #include "store/configuration_store.h"
 #include "store/ini_file.h"
@@ -90,13 +91,18 @@ class ConfigurationDraft {
   /// written; the key of a removed panel is deleted. Without a send mode, that key stays.
   void Apply(IniFile& file) const;
 
-  /// Applies the working copy to "brivon.ini" as it is at this moment, and reloads the store. A
-  /// file that cannot be read is not replaced, nor is one replaced by what would be too large to be
-  /// read: that is kInvalidPath. `reason` as SaveWholeFile() takes it.
-  SaveResult Save(QString* reason = nullptr) const;
+  /// Applies the working copy to "brivon.ini" as it is at this moment, and reloads the store. What
+  /// another program has written since the copy was made stays where the copy was not changed; no
+  /// program writes meanwhile that takes the file's lock, too. One that holds it longer than `wait`
+  /// waits is kLocked. A file that cannot be read is not replaced, nor is one replaced by what
+  /// would be too large to be read: that is kInvalidPath. `reason` as SaveWholeFile() takes it.
+  SaveResult Save(QString* reason = nullptr, const LockWait& wait = SleepBetweenTries()) const;
 
  private:
-  const Configuration loaded_;
+  /// The same changes, of `now` in place of what this copy was made of.
+  ConfigurationDraft ChangesOf(const Configuration& now) const;
+
+  Configuration loaded_;
   Configuration values_;
 };
 

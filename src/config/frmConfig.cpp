@@ -17,6 +17,7 @@
 #include "widgets/fitted_text.h"
 #include "widgets/ignore_wheel.h"
 #include "widgets/kept_place.h"
+#include "widgets/lock_wait.h"
 #include "widgets/message_boxes.h"
 
 using namespace Qt::StringLiterals;
@@ -298,10 +299,16 @@ bool frmConfig::eventFilter(QObject* list, QEvent* event) {
   return QDialog::eventFilter(list, event);
 }
 
+void frmConfig::reject() {
+  if (!is_saving_) QDialog::reject();
+}
+
 void frmConfig::accept() {
-  if (!ui_->txtIPAddress->Check()) return;
+  if (is_saving_ || !ui_->txtIPAddress->Check()) return;
+  is_saving_ = true;
   QString reason;
-  const Brivon1::SaveResult result = draft_.Save(&reason);
+  const Brivon1::SaveResult result = draft_.Save(&reason, WaitWithBusyPointer());
+  is_saving_ = false;
   if (result == Brivon1::SaveResult::kSaved) {
     QDialog::accept();
     return;

@@ -24,6 +24,9 @@ class frmConfig : public QDialog {
 
   void accept() override;
 
+  /// Does nothing while a save waits for another program's.
+  void reject() override;
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* list, QEvent* event) override;
@@ -66,4 +69,5 @@ class frmConfig : public QDialog {
 
   const std::unique_ptr<Ui::frmConfig> ui_;
   Brivon1::ConfigurationDraft draft_;
+  bool is_saving_ = false;
 };

@@ -97,6 +97,7 @@ QString SaveRemedy(const QString& path, SaveResult result, const QString& reason
   switch (result) {
     case SaveResult::kSaved:
       return {};
+    case SaveResult::kLocked:
     case SaveResult::kInvalidPath:
       return why + TranslateMessage(u"Save it in another folder or under another name."_s);
     case SaveResult::kDriveNotAvailable:

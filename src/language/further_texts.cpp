@@ -201,6 +201,9 @@ constexpr FurtherText kTexts[] = {
     {"txtReadOnly", "Read-only file system", "a save failed, what the system says"},
     {"txtCannotRead", "The file cannot be read.", "Config, OK"},
     {"txtTooLarge", "The file would be too large.", "Config, OK"},
+    {"txtOtherSaves", "Another program is saving it.", "Config, OK; brivon.ini"},
+    {"txtDeleteLock", "Press \"%1\" again. If no other program is saving it, delete %2 first.",
+     "Config, OK, another program is saving brivon.ini; %1 is the button, %2 a file"},
     {"txtPageSize", "%1 is made for %2x%3. A page has 1 to 12 rows and at least 5 dot columns.",
      "a page that cannot be opened or sent; %2 rows, %3 columns"},
     {"txtMissingRow", "%1 ends early: row %2 of %3 is missing.",
@@ -256,6 +259,9 @@ constexpr FurtherText kTexts[] = {
     // The launcher
     {"txtAbout", "About", "launcher, the menu of the right mouse button, and what it shows"},
     {"txtProgramFolder", "Program folder: %1", "launcher, tool tip and About; %1 is the path"},
+    {"txtKeepsFiles",
+     "Brivon keeps its files in %1. Make sure that it can write there, then start it again.",
+     "a first start that could not lay its files out; %1 is the program folder"},
     {"txtLicences", "Brivon is under the MIT license, the toolkit Qt %1 under the GNU LGPL 3.",
      "launcher, About; %1 is the toolkit's version"},
     // File types

@@ -39,6 +39,7 @@ ScheduleSaveResult ResultOf(SaveResult result) {
     case SaveResult::kInvalidPath:
       return ScheduleSaveResult::kInvalidPath;
     case SaveResult::kDriveNotAvailable:
+    case SaveResult::kLocked:
       break;
   }
   return ScheduleSaveResult::kDriveNotAvailable;

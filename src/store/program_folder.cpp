@@ -7,7 +7,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "base/files.h"
+#include "base/file_lock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,15 +32,26 @@ const QString& ChosenFolder() {
   return folder;
 }
 
+bool MakeFolderOf(const QString& file, LayOutFailure& failure) {
+  failure.path = QFileInfo(file).path();
+  failure.result = MakeFolder(failure.path, &failure.reason);
+  return failure.result == SaveResult::kSaved;
+}
+
 /// Copies a file whole or not at all; one that stands there already stays as it is. The copy is a
 /// file like those that the operator makes: what is installed may be read-only.
-bool CopyOnce(const QString& from, const QString& to) {
-  if (QFileInfo::exists(to)) return true;
-  if (!QDir().mkpath(QFileInfo(to).path())) return false;
+bool CopyOnce(const QString& from, const QString& to, LayOutFailure& failure) {
+  if (QFileInfo::exists(to) || !MakeFolderOf(to, failure)) return QFileInfo::exists(to);
   QFile source(from);
-  if (!source.open(QIODevice::ReadOnly)) return false;
-  const QByteArray content = source.readAll();
-  return source.error() == QFileDevice::NoError && SaveWholeFile(to, content) == SaveResult::kSaved;
+  const bool is_open = source.open(QIODevice::ReadOnly);
+  const QByteArray content = is_open ? source.readAll() : QByteArray();
+  if (source.error() != QFileDevice::NoError) {
+    failure = {SaveResult::kInvalidPath, from, source.errorString()};
+    return false;
+  }
+  failure = {SaveResult::kSaved, to, {}};
+  failure.result = SaveWholeFile(to, content, &failure.reason);
+  return failure.result == SaveResult::kSaved;
 }
 
 }  // namespace
@@ -64,25 +75,36 @@ QString ChooseProgramFolder(const QString& executables, const QString& users) {
   return is_executables ? executables : users;
 }
 
-bool LayOutSamples(const QString& installed, const QString& folder) {
+bool LayOutSamples(const QString& installed, const QString& folder, LayOutFailure* failure) {
+  LayOutFailure ignored;
+  LayOutFailure& found = failure != nullptr ? *failure : ignored;
   const QDir from(installed);
   const QDir to(folder);
-  if (QFileInfo::exists(to.filePath(kConfigurationFile))) return true;
-  if (!to.mkpath(u"."_s)) return false;
+  const QString configuration = to.filePath(kConfigurationFile);
+  if (QFileInfo::exists(configuration)) return true;
+  if (!MakeFolderOf(configuration, found)) return false;
+  FileLock lock(configuration);
+  // Whoever has had it lays the same out.
+  if (!lock.Take(SleepBetweenTries()) || QFileInfo::exists(configuration)) {
+    return QFileInfo::exists(configuration);
+  }
   for (const QString& samples : {u"messages"_s, u"schedules"_s, u"languages"_s}) {
     QDirIterator files(from.filePath(samples), QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
       const QString file = files.next();
-      if (!CopyOnce(file, to.filePath(from.relativeFilePath(file)))) return false;
+      if (!CopyOnce(file, to.filePath(from.relativeFilePath(file)), found)) return false;
     }
   }
-  const QString configuration = from.filePath(kConfigurationFile);
-  return QFileInfo::exists(configuration) &&
-         CopyOnce(configuration, to.filePath(kConfigurationFile));
+  const QString sample = from.filePath(kConfigurationFile);
+  return QFileInfo::exists(sample) && CopyOnce(sample, configuration, found);
 }
 
-void LayOutProgramFolder() {
-  if (ProgramFolder() == OperatorsFolder()) LayOutSamples(InstalledFolder(), OperatorsFolder());
+LayOutFailure LayOutProgramFolder() {
+  LayOutFailure failure;
+  if (ProgramFolder() == OperatorsFolder()) {
+    LayOutSamples(InstalledFolder(), OperatorsFolder(), &failure);
+  }
+  return failure;
 }
 
 }  // namespace Brivon1

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include "base/files.h"
+
 namespace Brivon1 {
 
 /// The folder that holds the program's own files, without a separator at the end: the executable's,
@@ -24,13 +26,24 @@ QString InstalledFolder();
 /// The choice that ProgramFolder() makes between two folders, neither of which needs to exist.
 QString ChooseProgramFolder(const QString& executables, const QString& users);
 
+/// A file or folder that could not be written, and why, as SaveWholeFile() says it. `result` is
+/// SaveResult::kSaved where there is none.
+struct LayOutFailure {
+  SaveResult result = SaveResult::kSaved;
+  QString path;
+  QString reason;
+};
+
 /// Lays the samples in folder `installed` out in `folder`, which is made: once, and no file that
 /// stands there is replaced. "brivon.ini" comes last, and where there is one, nothing is laid out;
 /// so that what was interrupted is completed at the next start, and what the operator has deleted
-/// stays deleted. Returns whether all of it stands there now.
-bool LayOutSamples(const QString& installed, const QString& folder);
+/// stays deleted. Returns whether all of it stands there now; where something could not be written,
+/// `failure` receives what. Two programs that start at once do it one after the other.
+bool LayOutSamples(const QString& installed, const QString& folder,
+                   LayOutFailure* failure = nullptr);
 
 /// Does so for an installed program whose program folder is the operator's; nothing for another.
-void LayOutProgramFolder();
+/// Returns what could not be written.
+LayOutFailure LayOutProgramFolder();
 
 }  // namespace Brivon1

@@ -13,6 +13,7 @@
 
 #include "config/config_dialog.h"
 #include "store/configuration_store.h"
+#include "support/as_nobody.h"
 #include "support/full_disk.h"
 
 using namespace Qt::StringLiterals;
@@ -240,6 +241,29 @@ TEST_F(ConfigDialogTest, AFolderWithoutPermissionIsReportedAndTheDialogStaysOpen
   EXPECT_TRUE(window_->isVisible());
   EXPECT_TRUE(Option("opt9600")->isChecked());
   EXPECT_EQ(File(), kTwoPanels);
+}
+
+TEST_F(ConfigDialogTest, AFileThatMayNotBeWrittenIsReadAndTheRefusedSaveNamesIt) {
+  folder_.Write(Text("brivon.ini"), kTwoPanels);
+  const QString path = folder_.Path(Text("brivon.ini"));
+  const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+  ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0444), 0);
+  ASSERT_EQ(chmod(folder.constData(), 0777), 0);
+  {
+    const AsNobody nobody;
+    Open();
+    EXPECT_EQ(Lines(), (QStringList{Text(kLine1), Text(kLine12)}));
+    Click("opt9600");
+    Click("butOK");
+  }
+  ExpectOneBox("Invalid path!");
+  EXPECT_EQ(reader_.Seen().first().informative,
+            path + Text(": Permission denied\nMake sure that this file can be read and written, "
+                        "then press \"OK\" again."));
+  EXPECT_TRUE(window_->isVisible());
+  EXPECT_EQ(File(), kTwoPanels);
+  EXPECT_EQ(QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden),
+            QStringList{Text("brivon.ini")});
 }
 
 TEST_F(ConfigDialogTest, AnEntryWhoseAddressIsOnlyItsColourWordIsWrittenWithTwoFieldsAsItWas) {

@@ -21,6 +21,10 @@ FaultyDisk::~FaultyDisk() { InLibrary<void()>("FaultyDiskEnd")(); }
 
 int FaultyDisk::Calls() const { return InLibrary<int()>("FaultyDiskCalls")(); }
 
+int FaultyDisk::CallBeforeFolderFlush() const {
+  return InLibrary<int()>("FaultyDiskCallBeforeFolderFlush")();
+}
+
 const char* FaultyDisk::Name(int call) const {
   return InLibrary<const char*(int)>("FaultyDiskName")(call);
 }

@@ -19,7 +19,9 @@ struct DiskFault {
   int error = 0;       ///< The system's number.
   bool stays = false;  ///< Whether all calls behind it give `error`, too.
   bool has_nameless_files = true;
-  int cut = kHalf;  ///< How many bytes a short write takes, at most all.
+  int cut = kHalf;       ///< How many bytes a short write takes, at most all.
+  bool is_lock = false;  ///< Whether it is of files called "*.lock" alone, or of all others.
+  int folder_error = 0;  ///< What a flush of the folder gives, which is none of the calls.
 
   static constexpr int kHalf = -1;
 };
@@ -37,6 +39,9 @@ class FaultyDisk {
 
   /// The name of a call, by its number from 1.
   const char* Name(int call) const;
+
+  /// The number of the last call before the folder was flushed; 0 where it was not.
+  int CallBeforeFolderFlush() const;
 
   /// Whether the library is loaded; without it there is no fault.
   static bool IsLoaded();

@@ -26,6 +26,8 @@ struct {
   std::atomic<int> calls{0};
   const char* names[kMostCalls + 1] = {};
   std::atomic<bool> is_below[kMostHandles];  // none at first
+  std::atomic<int> folder_handle{-1};        // the one by which the folder itself is open
+  std::atomic<int> call_before_folder_flush{0};
 } disk;
 
 template <typename Function>
@@ -33,18 +35,31 @@ Function* System(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
+bool IsLock(const char* path) {
+  const char* end = std::strrchr(path, '.');
+  return end != nullptr && std::strcmp(end, ".lock") == 0;
+}
+
 bool IsBelow(const char* path) {
   const std::size_t size = std::strlen(disk.folder);
   return disk.counts && std::strncmp(path, disk.folder, size) == 0 &&
-         (path[size] == '/' || path[size] == '\0');
+         (path[size] == '/' || path[size] == '\0') && IsLock(path) == disk.fault.is_lock;
 }
 
 bool IsBelow(int handle) {
   return disk.counts && handle >= 0 && handle < kMostHandles && disk.is_below[handle];
 }
 
+/// Whether it is the folder itself, with or without a slash behind it.
+bool IsFolder(const char* path) {
+  const std::size_t size = std::strlen(disk.folder);
+  return IsBelow(path) && std::strlen(path) <= size + 1;
+}
+
 void Keep(int handle, bool is_below) {
   if (handle >= 0 && handle < kMostHandles) disk.is_below[handle] = is_below;
+  // A folder that was listed is closed within the system, and its handle is another file's next.
+  if (handle == disk.folder_handle) disk.folder_handle = -1;
 }
 
 enum class Outcome { kAsEver, kShort, kFailed };
@@ -89,6 +104,7 @@ int Open(const char* name, int folder, const char* path, int flags, mode_t mode)
   if (is_ours && Fails(name)) return -1;
   const int handle = System<int(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
   Keep(handle, is_ours);
+  if ((flags & O_DIRECTORY) != 0 && !is_nameless && IsFolder(path)) disk.folder_handle = handle;
   return handle;
 }
 
@@ -106,11 +122,14 @@ void FaultyDiskBegin(const char* folder, const DiskFault* fault) {
   std::strncpy(disk.folder, folder, sizeof disk.folder - 1);
   disk.fault = *fault;
   disk.calls = 0;
+  disk.folder_handle = -1;
+  disk.call_before_folder_flush = 0;
   disk.counts = true;
 }
 
 void FaultyDiskEnd() { disk.counts = false; }
 int FaultyDiskCalls() { return disk.calls; }
+int FaultyDiskCallBeforeFolderFlush() { return disk.call_before_folder_flush; }
 const char* FaultyDiskName(int call) { return disk.names[call]; }
 
 // Each stands under the system's name, which its headers have taken already.
@@ -179,7 +198,20 @@ ssize_t Faulty_writev(int handle, const iovec* parts, int count) {
     if (IsBelow(handle) && Fails(#symbol)) return -1; \
     return System<int PARAMETERS>(#symbol) ARGUMENTS; \
   }
-ON_HANDLE(fsync, (int handle), (handle))
+
+int Faulty_fsync(int handle) asm("fsync");
+int Faulty_fsync(int handle) {
+  if (disk.counts && handle == disk.folder_handle) {
+    disk.call_before_folder_flush = disk.calls.load();
+    if (disk.fault.folder_error != 0) {
+      errno = disk.fault.folder_error;
+      return -1;
+    }
+  }
+  if (IsBelow(handle) && Fails("fsync")) return -1;
+  return System<int(int)>("fsync")(handle);
+}
+
 ON_HANDLE(fdatasync, (int handle), (handle))
 ON_HANDLE(syncfs, (int handle), (handle))
 ON_HANDLE(sync_file_range, (int handle, off_t from, off_t size, unsigned flags),

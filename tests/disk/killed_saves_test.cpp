@@ -84,8 +84,13 @@ class KilledSaves : public testing::TestWithParam<const FileKind*> {
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
   }
 
-  /// What a killed program has left beside the file.
-  int LeftOvers() const { return static_cast<int>(Names().size() - names_.size()); }
+  /// What a killed program has left beside the file and its lock.
+  int LeftOvers() const {
+    return static_cast<int>(Names().size() - names_.size()) - (HasLock() ? 1 : 0);
+  }
+
+  bool HasLock() const { return QFileInfo::exists(LockPath()); }
+  QString LockPath() const { return work_.Path() + u".lock"_s; }
 
   /// Saves a version with nobody to kill it, and looks that nothing but the operator's own files is
   /// beside it then.
@@ -148,6 +153,7 @@ void KilledSaves::KillAtEachCall(bool is_nameless) {
     EXPECT_EQ(was_killed, call <= calls.size());
     EXPECT_EQ(File().toStdString(), (is_renamed ? work_.Content(version_) : old).toStdString());
     EXPECT_EQ(LeftOvers(), is_named && !is_renamed ? 1 : 0);
+    EXPECT_EQ(HasLock(), was_killed && !work_.IsEditor());
     SaveNext(version_);
     if (was_killed) ++kills_;
   };
@@ -160,6 +166,36 @@ TEST_P(KilledSaves, AtEachCallLeaveTheOldFileOrTheNewOneAndTheNextSaveClearsUp) 
   if (work_.HasNamelessFiles()) KillAtEachCall(true);
   KillAtEachCall(false);
   std::printf("%s: killed at %d calls\n", GetParam()->name, kills_);
+}
+
+/// Of the kind of file that has a lock.
+class KilledSavesWithLock : public KilledSaves {};
+
+TEST_P(KilledSavesWithLock, AreTakenOverByTheNextSave) {
+  const DiskFault none{.is_lock = true};
+  work_.Edit(++version_);
+  QStringList calls;
+  {
+    const FaultyDisk disk(QFile::encodeName(work_.Folder().Path({})).constData(), none);
+    work_.Save(WayToSave::kSave);
+    for (int call = 1; call <= disk.Calls(); ++call) calls.append(Text(disk.Name(call)));
+  }
+  // The file is saved before its lock is closed.
+  const qsizetype closed = calls.indexOf(u"close"_s) + 1;
+  ASSERT_GT(closed, 1);
+  EXPECT_TRUE(calls.first() == u"open"_s && calls.contains(u"flock"_s));
+  EXPECT_EQ(calls.last(), u"unlink"_s);
+  for (int call = 1; call <= calls.size(); ++call) {
+    SCOPED_TRACE(testing::Message() << "call " << call << ", " << calls[call - 1].toStdString());
+    const QByteArray old = File();
+    work_.Edit(++version_);
+    const DiskFault fault{.call = call, .way = Way::kKill, .is_lock = true};
+    EXPECT_TRUE(WasKilled(Start(fault, [this] { work_.Save(WayToSave::kSave); })));
+    EXPECT_EQ(File().toStdString(), (call >= closed ? work_.Content(version_) : old).toStdString());
+    EXPECT_EQ(LeftOvers(), 0);
+    EXPECT_EQ(HasLock(), call > 1);
+    SaveNext(version_);
+  }
 }
 
 TEST_P(KilledSaves, AtRandomMomentsLeaveTheOldFileOrTheNewOneAndTheNextSaveClearsUp) {
@@ -211,6 +247,9 @@ TEST_P(KilledSaves, AtRandomMomentsLeaveTheOldFileOrTheNewOneAndTheNextSaveClear
       GetParam()->name, kills, in_a_save, left_over, start);
   EXPECT_TRUE(HasFailure() || in_a_save > kills / 10) << "the moments are not those of saves";
 }
+
+INSTANTIATE_TEST_SUITE_P(All, KilledSavesWithLock, testing::Values(&kFileKinds[3]),
+                         [](const auto& test) { return std::string(test.param->name); });
 
 INSTANTIATE_TEST_SUITE_P(All, KilledSaves,
                          testing::Values(&kFileKinds[0], &kFileKinds[1], &kFileKinds[2],

@@ -79,7 +79,7 @@ class SavedWork {
   QString Path() const { return folder_.Path(Text(kind_.file)); }
   QString OtherPath() const { return folder_.Path(u'x' + Text(kind_.file)); }
 
-  /// Lets what killed or refused saves have left become an hour old.
+  /// Lets what killed or refused saves have left, locks among it, become an hour old.
   void AgeLeftOvers() const;
 
   /// The bytes of a version.

@@ -1,14 +1,18 @@
 #include "store/program_folder.h"
 
-#include <unistd.h>
+#include <thread>
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include "support/as_nobody.h"
+#include "support/full_disk.h"
 
 using namespace Qt::StringLiterals;
 
@@ -53,25 +57,6 @@ TEST_F(ProgramFolderTest, AFolderThatCanBeWrittenToIsTheProgramsOwn) {
 TEST_F(ProgramFolderTest, AFolderThatCannotBeWrittenToGivesWayToTheUsers) {
   EXPECT_EQ(ChooseProgramFolder(Path(u"nowhere"_s), u"/users"_s), u"/users"_s);
 }
-
-// The superuser may write everywhere, so somebody else looks.
-class AsNobody {
- public:
-  AsNobody() {
-    if (effective_ == 0) {
-      EXPECT_EQ(setresuid(kNobody, kNobody, 0), 0);
-    }
-  }
-  ~AsNobody() { EXPECT_EQ(setresuid(real_, effective_, effective_), 0); }
-
-  AsNobody(const AsNobody&) = delete;
-  AsNobody& operator=(const AsNobody&) = delete;
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  const uid_t real_ = getuid();
-  const uid_t effective_ = geteuid();
-};
 
 TEST_F(ProgramFolderTest, AConfigurationBesideTheProgramIsUsedWhereNobodyMayWrite) {
   const QString programs = Path(u"bin"_s);
@@ -153,8 +138,63 @@ TEST_F(ProgramFolderTest, AFileInPlaceOfAFolderEndsTheLayingOut) {
   EXPECT_EQ(Read(u"data/brivon/messages"_s), "a file");
 }
 
-TEST_F(ProgramFolderTest, WithoutAnInstallationTheFolderIsMadeEmpty) {
-  EXPECT_FALSE(LayOut());
+TEST_F(ProgramFolderTest, WhatCouldNotBeWrittenIsNamedWithTheReason) {
+  Install();
+  LayOutFailure failure;
+  Write(u"data/brivon/messages"_s, "a file");
+  EXPECT_FALSE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s), &failure));
+  EXPECT_EQ(failure.path, Path(u"data/brivon/messages"_s));
+  EXPECT_EQ(failure.result, SaveResult::kInvalidPath);
+  EXPECT_EQ(failure.reason, u"Not a directory"_s);
+
+  const QFile::Permissions no_writing =
+      QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+  Write(u"closed/file"_s, "");
+  ASSERT_TRUE(QFile::setPermissions(folder_.path(), no_writing | QFile::WriteOwner));
+  ASSERT_TRUE(QFile::setPermissions(Path(u"closed"_s), no_writing));
+  {
+    const AsNobody nobody;
+    EXPECT_FALSE(LayOutSamples(Path(u"installed"_s), Path(u"closed/data/brivon"_s), &failure));
+  }
+  ASSERT_TRUE(QFile::setPermissions(Path(u"closed"_s), no_writing | QFile::WriteOwner));
+  EXPECT_EQ(failure.path, Path(u"closed/data/brivon"_s));
+  EXPECT_EQ(failure.result, SaveResult::kInvalidPath);
+  EXPECT_EQ(failure.reason, u"Permission denied"_s);
+}
+
+TEST_F(ProgramFolderTest, AFullDiskIsNamedWithTheFileThatHadNoRoom) {
+  Install();
+  Write(u"installed/messages/welcome.msg"_s, QByteArray(1000, 'w'));
+  LayOutFailure failure;
+  {
+    const FullDisk full_disk(200);
+    EXPECT_FALSE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s), &failure));
+  }
+  EXPECT_EQ(failure.path, Path(u"data/brivon/messages/welcome.msg"_s));
+  EXPECT_EQ(failure.result, SaveResult::kDriveNotAvailable);
+  EXPECT_EQ(failure.reason, u"File too large"_s);
+}
+
+TEST_F(ProgramFolderTest, TwoProgramsThatStartAtOnceLayOutOnce) {
+  Install();
+  ASSERT_TRUE(QDir().mkpath(Path(u"data/brivon"_s)));
+  QLockFile other(Path(u"data/brivon/brivon.ini.lock"_s));
+  ASSERT_TRUE(other.tryLock(0));
+  bool is_laid_out = false;
+  std::thread late([&] { is_laid_out = LayOut(); });
+  Write(u"data/brivon/brivon.ini"_s, "mine");
+  other.unlock();
+  late.join();
+  EXPECT_TRUE(is_laid_out);
+  EXPECT_EQ(Read(u"data/brivon/brivon.ini"_s), "mine");
+  EXPECT_EQ(QDir(Path(u"data/brivon"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+            QStringList{u"brivon.ini"_s});
+}
+
+TEST_F(ProgramFolderTest, WithoutAnInstallationTheFolderIsMadeEmptyAndNothingHasFailed) {
+  LayOutFailure failure;
+  EXPECT_FALSE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s), &failure));
+  EXPECT_EQ(failure.result, SaveResult::kSaved);
   EXPECT_TRUE(QDir(Path(u"data/brivon"_s)).isEmpty());
 }
 

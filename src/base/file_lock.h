@@ -1,0 +1,43 @@
+// The lock of a file that programs read, change and save: a save must not undo what another program
+// wrote between the reading and the saving. It is a file of its own beside the one that it is for,
+// there for as long as the save takes.
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+#include <QLockFile>
+#include <QString>
+
+namespace Brivon1 {
+
+/// No save takes as long as anybody waits for it.
+inline constexpr std::chrono::milliseconds kLongestLockWait{2000};
+
+inline constexpr std::chrono::milliseconds kBetweenLockTries{20};
+
+/// What is done while another program holds a lock, between two tries; returns whether to try once
+/// more.
+using LockWait = std::function<bool()>;
+
+/// Sleeps, and gives up after so long.
+LockWait SleepBetweenTries(std::chrono::milliseconds at_most = kLongestLockWait);
+
+class FileLock {
+ public:
+  /// Of the file at `path`, which need not exist; where it is a link, of the link's target.
+  explicit FileLock(const QString& path);
+
+  /// Returns whether no other program holds the lock, for as long as this object lives: it is
+  /// taken, or there can be none, because the folder or the disk refuses it; whatever else they
+  /// refuse, the save will tell. What a killed program has left is taken over.
+  bool Take(const LockWait& wait);
+
+  /// The path of the file that is the lock.
+  QString Path() const { return file_.fileName(); }
+
+ private:
+  QLockFile file_;
+};
+
+}  // namespace Brivon1

@@ -1,0 +1,49 @@
+// A first start at which the program's own files could not be laid out.
+#include "app/first_start.h"
+
+#include "app/launcher.h"
+#include "store/program_folder.h"
+#include "support/message_box_reader.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Brivon1::LayOutFailure;
+using Brivon1::SaveResult;
+
+TEST_F(MainWindowTest, AFirstStartThatCouldNotLayItsFilesOutSaysWhereAndWhy) {
+  frmMain window;
+  window.show();
+  const MessageBoxReader reader;
+  TellLayOutFailure(&window,
+                    {SaveResult::kInvalidPath, u"/sealed/brivon"_s, u"Permission denied"_s});
+  QCoreApplication::processEvents();
+  ASSERT_EQ(reader.Texts(), QStringList{u"Invalid path!"_s});
+  EXPECT_EQ(reader.Seen().first().parent, &window);
+  EXPECT_EQ(reader.Seen().first().informative,
+            u"/sealed/brivon: Permission denied\nBrivon keeps its files in "_s +
+                Brivon1::ProgramFolder() +
+                u". Make sure that it can write there, then start it again."_s);
+}
+
+TEST_F(MainWindowTest, AFirstStartOnAFullDiskSaysSo) {
+  frmMain window;
+  window.show();
+  const MessageBoxReader reader;
+  TellLayOutFailure(&window, {SaveResult::kDriveNotAvailable, u"/full/brivon/messages/a.msg"_s,
+                              u"No space left on device"_s});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(reader.Texts(), QStringList{u"Drive not available!"_s});
+}
+
+TEST_F(MainWindowTest, AnyOtherStartSaysNothing) {
+  frmMain window;
+  window.show();
+  const MessageBoxReader reader;
+  TellLayOutFailure(&window, {});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(reader.Texts(), QStringList());
+}
+
+}  // namespace
