@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSerialPort>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 

@@ -1,0 +1,38 @@
+#include "ports/waiting_bytes.h"
+
+#ifdef Q_OS_UNIX
+#include <poll.h>
+#include <sys/ioctl.h>
+#endif
+
+namespace Ports {
+
+bool HasWaitingInput([[maybe_unused]] qintptr descriptor) {
+#ifdef Q_OS_UNIX
+  pollfd line{static_cast<int>(descriptor), POLLIN, 0};
+  return poll(&line, 1, 0) != 0;
+#else
+  return true;
+#endif
+}
+
+qint64 BytesInSystem([[maybe_unused]] qintptr descriptor) {
+#ifdef Q_OS_UNIX
+  const int file = static_cast<int>(descriptor);
+  int bytes = 0;
+  if (::ioctl(file, TIOCOUTQ, &bytes) != 0) return 0;
+#ifdef TIOCSERGETLSR
+  // What the port or adapter itself still holds is no longer counted; it says only that there is
+  // some.
+  int state = 0;
+  if (bytes == 0 && ::ioctl(file, TIOCSERGETLSR, &state) == 0 && (state & TIOCSER_TEMT) == 0) {
+    return 1;
+  }
+#endif
+  return bytes;
+#else
+  return 0;
+#endif
+}
+
+}  // namespace Ports
