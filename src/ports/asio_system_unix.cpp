@@ -53,6 +53,8 @@ void SetControlLine(boost::asio::serial_port& port, ControlLine line, bool raise
   ::ioctl(port.native_handle(), raised ? TIOCMBIS : TIOCMBIC, &bit);
 }
 
+std::size_t ReadSize(boost::asio::serial_port& /*port*/, std::size_t room) { return room; }
+
 bool HasInput(boost::asio::serial_port& port) {
   pollfd line{port.native_handle(), POLLIN, 0};
   return ::poll(&line, 1, 0) > 0;

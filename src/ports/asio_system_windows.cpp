@@ -44,12 +44,9 @@ error_code SetUp(HANDLE handle, unsigned baud_rate) {
   settings.fDtrControl = DTR_CONTROL_ENABLE;
   settings.fRtsControl = RTS_CONTROL_ENABLE;
   if (!::SetCommState(handle, &settings)) return LastError();
-  // A read ends with whatever has arrived, and waits for the first byte otherwise; a write takes
-  // its time.
+  // Nothing ends before its time: a read has all that it asks for, and a write takes as long as the
+  // line.
   COMMTIMEOUTS times{};
-  times.ReadIntervalTimeout = MAXDWORD;
-  times.ReadTotalTimeoutMultiplier = MAXDWORD;
-  times.ReadTotalTimeoutConstant = MAXDWORD - 1;
   if (!::SetCommTimeouts(handle, &times)) return LastError();
   return {};
 }
@@ -85,6 +82,10 @@ void SetControlLine(boost::asio::serial_port& port, ControlLine line, bool raise
   } else {
     ::EscapeCommFunction(port.native_handle(), raised ? SETRTS : CLRRTS);
   }
+}
+
+std::size_t ReadSize(boost::asio::serial_port& port, std::size_t room) {
+  return std::clamp<std::size_t>(State(port).cbInQue, 1, room);
 }
 
 bool HasInput(boost::asio::serial_port& port) { return State(port).cbInQue > 0; }

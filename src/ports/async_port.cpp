@@ -72,7 +72,8 @@ struct AsyncPort::Core {
 void AsyncPort::Core::StartReading(const std::shared_ptr<Core>& self) {
   if (is_reading || is_closing || is_lost || arrived.size() >= most_held) return;
   is_reading = true;
-  port.async_read_some(boost::asio::buffer(incoming),
+  const std::size_t size_asked = ReadSize(port, incoming.size());
+  port.async_read_some(boost::asio::buffer(incoming, size_asked),
                        [self](const error_code& error, std::size_t size) {
                          const Lock lock(self->mutex);
                          self->TakeIn(error, size);
