@@ -23,8 +23,8 @@ void ReleaseSystemPort(boost::asio::serial_port& port);
 /// A port that has no such line goes on without it.
 void SetControlLine(boost::asio::serial_port& port, ControlLine line, bool raised);
 
-/// How many bytes to ask for where there is room for `room`, so that a read ends as soon as anything
-/// has arrived.
+/// How many bytes to ask for where there is room for `room`, so that a read ends as soon as
+/// anything has arrived.
 std::size_t ReadSize(boost::asio::serial_port& port, std::size_t room);
 
 /// Whether the system holds bytes that nobody has read, or is about to report a loss.

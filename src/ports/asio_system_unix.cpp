@@ -1,9 +1,11 @@
-#include <poll.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 
+#include <cerrno>
+
 #include "ports/asio_system.h"
+#include "ports/waiting_bytes.h"
 
 namespace Ports {
 namespace {
@@ -55,22 +57,10 @@ void SetControlLine(boost::asio::serial_port& port, ControlLine line, bool raise
 
 std::size_t ReadSize(boost::asio::serial_port& /*port*/, std::size_t room) { return room; }
 
-bool HasInput(boost::asio::serial_port& port) {
-  pollfd line{port.native_handle(), POLLIN, 0};
-  return ::poll(&line, 1, 0) > 0;
-}
+bool HasInput(boost::asio::serial_port& port) { return HasWaitingInput(port.native_handle()); }
 
 std::size_t BytesOnTheirWay(boost::asio::serial_port& port, std::size_t in_progress) {
-  const int file = port.native_handle();
-  int bytes = 0;
-  if (::ioctl(file, TIOCOUTQ, &bytes) != 0) return in_progress;
-  // What the port or adapter itself still holds is no longer counted; it says only that there is
-  // some.
-  int state = 0;
-  if (bytes == 0 && ::ioctl(file, TIOCSERGETLSR, &state) == 0 && (state & TIOCSER_TEMT) == 0) {
-    bytes = 1;
-  }
-  return in_progress + static_cast<std::size_t>(bytes);
+  return in_progress + static_cast<std::size_t>(BytesInSystem(port.native_handle()));
 }
 
 void DropOutput(boost::asio::serial_port& port) {

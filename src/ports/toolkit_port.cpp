@@ -3,54 +3,10 @@
 #include <optional>
 #include <utility>
 
-#include <QByteArrayView>
-
+#include "ports/toolkit_system.h"
 #include "ports/waiting_bytes.h"
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-
-#include <cerrno>
-#endif
-
 namespace Ports {
-namespace {
-
-/// What the system knows an open port by; -1 where only the toolkit can use it.
-qintptr Descriptor([[maybe_unused]] const QSerialPort& port) {
-#ifdef Q_OS_UNIX
-  return port.handle();
-#else
-  return -1;
-#endif
-}
-
-/// Hands as many of `bytes` to the system as it has room for, without waiting, and returns their
-/// number; nothing when the port is gone. The toolkit's own way takes a full buffer for a port that
-/// is gone.
-std::optional<qsizetype> WriteWhatFits(QSerialPort& port, QByteArrayView bytes) {
-#ifdef Q_OS_UNIX
-  qsizetype taken = 0;
-  while (taken < bytes.size()) {
-    const ssize_t size = ::write(port.handle(), bytes.data() + taken,
-                                 static_cast<std::size_t>(bytes.size() - taken));
-    if (size > 0) {
-      taken += size;
-    } else if (size == 0 || errno == EAGAIN) {
-      break;
-    } else if (errno != EINTR) {
-      return std::nullopt;
-    }
-  }
-  return taken;
-#else
-  // Here the toolkit writes in the background and keeps what has no room.
-  const qint64 taken = port.write(bytes.data(), bytes.size());
-  return taken < 0 ? std::nullopt : std::optional<qsizetype>(taken);
-#endif
-}
-
-}  // namespace
 
 ToolkitPort::ToolkitPort() {
   constexpr int kAgainMs = 10;

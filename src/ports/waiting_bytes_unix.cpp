@@ -1,23 +1,16 @@
-#include "ports/waiting_bytes.h"
-
-#ifdef Q_OS_UNIX
 #include <poll.h>
 #include <sys/ioctl.h>
-#endif
+
+#include "ports/waiting_bytes.h"
 
 namespace Ports {
 
-bool HasWaitingInput([[maybe_unused]] qintptr descriptor) {
-#ifdef Q_OS_UNIX
+bool HasWaitingInput(qintptr descriptor) {
   pollfd line{static_cast<int>(descriptor), POLLIN, 0};
   return poll(&line, 1, 0) != 0;
-#else
-  return true;
-#endif
 }
 
-qint64 BytesInSystem([[maybe_unused]] qintptr descriptor) {
-#ifdef Q_OS_UNIX
+qint64 BytesInSystem(qintptr descriptor) {
   const int file = static_cast<int>(descriptor);
   int bytes = 0;
   if (::ioctl(file, TIOCOUTQ, &bytes) != 0) return 0;
@@ -30,9 +23,6 @@ qint64 BytesInSystem([[maybe_unused]] qintptr descriptor) {
   }
 #endif
   return bytes;
-#else
-  return 0;
-#endif
 }
 
 }  // namespace Ports
