@@ -10,6 +10,7 @@ import os
 import pathlib
 import pty
 import select
+import signal
 import subprocess
 import sys
 import tempfile
@@ -134,6 +135,8 @@ def hold_to_promises(port, terminal):
         expect("a frame", terminal.receive(11), b"<ID1A><?>\r\n")
         terminal.send(b"<ID1A>\r\n")
         expect("its answer", port.do("read 8"), b"<ID1A>\r\n".hex())
+        if failures:
+            return
     every_value = bytes(range(256))
     port.do("write " + every_value.hex())
     expect("every byte value sent", terminal.receive(256), every_value)
@@ -163,6 +166,8 @@ def hold_to_promises(port, terminal):
 
 
 def main():
+    # Wine is to end with this program, whatever ends it.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     subprocess.run([ROOT / "tools/install_missing.sh", "g++-mingw-w64-x86-64-posix", "libboost-dev",
                     "wine", "wine64"], check=True)
     os.environ["WINEDEBUG"] = "-all"
