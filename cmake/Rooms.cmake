@@ -1,6 +1,6 @@
 # A room is a folder that knows or does one thing. Its files are of four kinds, and each kind is a
-# library of its own: rules see the toolkit's Core module alone, links also Network and SerialPort,
-# drawings also Gui, views also Widgets, so that a rule that includes a widget does not compile.
+# library of its own: rules see the toolkit's Core module alone, links also Network, drawings also
+# Gui, views also Widgets, so that a rule that includes a widget does not compile.
 # Rooms are added from the bottom up, and one rests only on rooms that were added before it.
 #
 #   brivon_room(page RULES ... LINKS ... DRAWINGS ... VIEWS ... RESTS_ON row sending ...)
@@ -21,7 +21,7 @@ function(brivon_room room)
   endforeach()
   brivon_kind(brivon_${room} "${arg_RULES}" Qt6::Core ${rules})
   brivon_kind(brivon_${room}_links "${arg_LINKS}"
-    Qt6::Network Qt6::SerialPort brivon_${room} ${links})
+    Qt6::Network brivon_${room} ${links})
   brivon_kind(brivon_${room}_drawings "${arg_DRAWINGS}"
     Qt6::Gui brivon_${room}_links ${drawings})
   brivon_kind(brivon_${room}_views "${arg_VIEWS}"

@@ -12,7 +12,7 @@ packages=(
 )
 if [ "${1:-}" = --tests ]; then
   shift
-  packages+=(libgtest-dev libbenchmark-dev libsm-dev libfreetype-dev xfonts-base xvfb)
+  packages+=(libgtest-dev libbenchmark-dev libboost-dev libsm-dev libfreetype-dev xfonts-base xvfb)
 fi
 packages+=("$@")
 

@@ -12,6 +12,10 @@ namespace Brivon1 {
 /// How long a panel may take to accept a connection, in milliseconds. There is one check.
 inline constexpr qint64 kConnectTime = 500;
 
+/// A panel beside the PC answers within a millisecond: the first read behind a frame waits for
+/// that, which is cheaper than a round through the event loop.
+inline constexpr int kPromptAnswer = 1;
+
 /// The settings text for a serial port, such as `9600,N,8,1`.
 QByteArray SerialSettings(int baud_rate);
 

@@ -1,11 +1,12 @@
-// The serial port of a window that sends: the rules' SerialPort over the toolkit's QSerialPort.
+// The serial port of a window that sends: the rules' SerialPort over a port of the system.
 #pragma once
 
+#include <memory>
+
 #include <QObject>
-#include <QSerialPort>
-#include <QSocketNotifier>
 
 #include "panel_line/link.h"
+#include "ports/port.h"
 
 namespace Brivon1 {
 
@@ -13,19 +14,19 @@ class SerialLink : public QObject, public SerialPort {
   Q_OBJECT
 
  public:
-  /// The port object is a child named "Comm1".
-  explicit SerialLink(QObject* parent);
+  /// The port object becomes a child named "Comm1".
+  explicit SerialLink(QObject* parent, std::unique_ptr<Ports::Port> port = Ports::MakePort());
 
   bool Open(const QString& device, const QByteArray& settings) override;
-  void SetDtr(bool raised) override { port_->setDataTerminalReady(raised); }
-  void SetRts(bool raised) override { port_->setRequestToSend(raised); }
+  void SetDtr(bool raised) override { port_->SetDtr(raised); }
+  void SetRts(bool raised) override { port_->SetRts(raised); }
   void Write(const QByteArray& bytes) override;
-  qint64 Unsent() const override;
-  int Speed() const override { return port_->baudRate(); }
+  qint64 Unsent() const override { return port_->Unsent(); }
+  int Speed() const override { return baud_rate_; }
   void GiveUp() override;
   QByteArray ReadAvailable() override;
-  bool IsLost() const override { return is_lost_; }
-  void Close() override;
+  bool IsLost() const override { return port_->IsLost(); }
+  void Close() override { port_->Close(); }
   QString FailureReason() const override { return failure_reason_; }
 
  Q_SIGNALS:
@@ -33,17 +34,12 @@ class SerialLink : public QObject, public SerialPort {
   void Happened();
 
  private:
-  void HandOver();
-  void HandleError(QSerialPort::SerialPortError error);
-  void Lose();
-  void ClosePort();
+  void TakeInLeaving();
 
-  QSerialPort* port_;
-  QSocketNotifier room_{QSocketNotifier::Write};  // enabled while bytes wait
-  QByteArray waiting_;                            // written, and not yet taken by the system
-  bool is_lost_ = false;
-  bool answer_is_due_ = false;  // a frame has been written and nothing read since
-  QByteArray saved_;            // what had arrived when the line was lost
+  Ports::Port* port_;
+  int baud_rate_ = 9600;
+  bool has_had_to_wait_ = false;  // bytes have been written that the system had no room for
+  bool answer_is_due_ = false;    // a frame has been written and nothing read since
   QString failure_reason_;
 };
 

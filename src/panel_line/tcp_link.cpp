@@ -6,8 +6,7 @@
 
 #include "language/further_texts.h"
 #include "panel_line/links.h"
-#include "panel_line/waiting_input.h"
-#include "panel_line/waiting_output.h"
+#include "ports/waiting_bytes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +18,7 @@ TcpLink::TcpLink(QObject* parent, int prompt_answer)
     : QObject(parent), socket_(new QTcpSocket(this)), prompt_answer_(prompt_answer) {
   socket_->setObjectName(u"Winsock1"_s);
   socket_->setProxy(QNetworkProxy::NoProxy);
-  socket_->setReadBufferSize(kReadBuffer);
+  socket_->setReadBufferSize(Ports::kReadBuffer);
   connect(socket_, &QTcpSocket::readyRead, this, &TcpLink::Happened);
   connect(socket_, &QTcpSocket::disconnected, this, &TcpLink::Happened);
   connect(socket_, &QTcpSocket::connected, this,
@@ -46,7 +45,7 @@ void TcpLink::Write(const QByteArray& bytes) {
 
 qint64 TcpLink::Unsent() const {
   if (!IsConnected()) return 0;
-  return socket_->bytesToWrite() + BytesInSystem(socket_->socketDescriptor());
+  return socket_->bytesToWrite() + Ports::BytesInSystem(socket_->socketDescriptor());
 }
 
 int TcpLink::Speed() const {
@@ -57,7 +56,7 @@ int TcpLink::Speed() const {
 
 QByteArray TcpLink::ReadAvailable() {
   const bool answer_is_due = std::exchange(answer_is_due_, false) && prompt_answer_ > 0;
-  if (IsConnected() && (answer_is_due || HasWaitingInput(socket_->socketDescriptor()))) {
+  if (IsConnected() && (answer_is_due || Ports::HasWaitingInput(socket_->socketDescriptor()))) {
     socket_->waitForReadyRead(answer_is_due ? prompt_answer_ : 0);
   }
   return socket_->isOpen() ? socket_->readAll() : QByteArray();

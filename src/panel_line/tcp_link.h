@@ -5,7 +5,7 @@
 #include <QTcpSocket>
 
 #include "panel_line/link.h"
-#include "panel_line/waiting_input.h"
+#include "panel_line/links.h"
 
 namespace Brivon1 {
 

@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSerialPort>
 #include <QTcpSocket>
 #include <QTest>
 #include <QTimer>
@@ -12,6 +11,7 @@
 
 #include "base/code_page.h"
 #include "command/frmCommand.h"
+#include "ports/port.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"
@@ -295,7 +295,7 @@ TEST_F(CommandWindowAlone, HasItsControlsAndTexts) {
   EXPECT_EQ(command.Find<QPushButton>("butSend")->text(), u"Send"_s);
   EXPECT_EQ(command.Find<QPushButton>("butDone")->text(), u"Done"_s);
   EXPECT_EQ(command.Find<QTimer>("Timer1")->interval(), 100);
-  EXPECT_NE(command.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(command.Find<Ports::Port>("Comm1"), nullptr);
   EXPECT_NE(command.Find<QTcpSocket>("Winsock1"), nullptr);
 }
 

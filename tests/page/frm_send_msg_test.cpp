@@ -3,13 +3,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSerialPort>
 #include <QTcpSocket>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include "page/frmSendMsg.h"
+#include "ports/port.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/send_dialog.h"
@@ -112,7 +112,7 @@ TEST_F(SendMessageChecks, HasItsControlsAndTexts) {
   }
   EXPECT_EQ(dialog.Find<QLineEdit>("txtPage")->text(), u"001"_s);
   EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
-  EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(dialog.Find<Ports::Port>("Comm1"), nullptr);
   EXPECT_NE(dialog.Find<QTcpSocket>("Winsock1"), nullptr);
 }
 

@@ -3,13 +3,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSerialPort>
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include "ports/port.h"
 #include "schedule/send_schedule_dialog.h"
 #include "support/message_box_reader.h"
 #include "support/program_folder.h"
@@ -65,7 +65,7 @@ TEST_F(SendScheduleChecks, HasItsControlsAndTexts) {
   }
   EXPECT_EQ(dialog.Find<QLineEdit>("txtSchNo")->text(), QString());
   EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
-  EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(dialog.Find<Ports::Port>("Comm1"), nullptr);
   EXPECT_NE(dialog.Find<QTcpSocket>("Winsock1"), nullptr);
 }
 

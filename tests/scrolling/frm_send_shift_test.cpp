@@ -2,12 +2,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSerialPort>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include "ports/port.h"
 #include "scrolling/frmSendShift.h"
 #include "store/configuration_store.h"
 #include "support/message_box_reader.h"
@@ -152,12 +152,12 @@ TEST(SendScrollingOverARealPort, ThePortIsOpenAndTheControlsAreLockedUntilTheRes
   bool open = false;
   const ModalWindowDriver box(QString(), [&](QWidget*) {
     ready = dialog.Find<QWidget>("butSend")->isEnabled();
-    open = dialog.Find<QSerialPort>("Comm1")->isOpen();
+    open = dialog.Find<Ports::Port>("Comm1")->IsOpen();
   });
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_FALSE(ready);
   EXPECT_TRUE(open);
-  EXPECT_FALSE(dialog.Find<QSerialPort>("Comm1")->isOpen());
+  EXPECT_FALSE(dialog.Find<Ports::Port>("Comm1")->IsOpen());
 }
 
 TEST_F(SendScrolling, ALineOfBlanksIsNotEmptyIsReadAs0AndSent) {
@@ -236,7 +236,7 @@ TEST_F(SendScrollingChecks, HasItsControlsAndTexts) {
     EXPECT_EQ(dialog.Find<QPushButton>(name)->text(), QLatin1String(text));
   }
   EXPECT_EQ(dialog.Find<QTimer>("Timer1")->interval(), 100);
-  EXPECT_NE(dialog.Find<QSerialPort>("Comm1"), nullptr);
+  EXPECT_NE(dialog.Find<Ports::Port>("Comm1"), nullptr);
   EXPECT_EQ(dialog.File(), path_);
 }
 

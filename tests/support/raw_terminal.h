@@ -36,10 +36,18 @@ class RawTerminal {
 
   /// The speed that it has been set to.
   speed_t Speed() const {
-    termios settings{};
-    EXPECT_EQ(tcgetattr(master_, &settings), 0);
+    const termios settings = Settings();
     return cfgetospeed(&settings);
   }
+
+  /// All that it has been set to.
+  termios Settings() const {
+    termios settings{};
+    EXPECT_EQ(tcgetattr(master_, &settings), 0);
+    return settings;
+  }
+
+  void SetUp(const termios& settings) { EXPECT_EQ(tcsetattr(master_, TCSANOW, &settings), 0); }
 
   void Unplug() {
     pace_.stop();
@@ -50,6 +58,18 @@ class RawTerminal {
   void Send(const QByteArray& bytes) {
     ASSERT_EQ(write(master_, bytes.constData(), static_cast<std::size_t>(bytes.size())),
               bytes.size());
+  }
+
+  /// Sends as many of `bytes` as the system has room for, and returns their number.
+  qsizetype SendWhatFits(const QByteArray& bytes) {
+    qsizetype sent = 0;
+    ssize_t size = 0;
+    do {
+      sent += size;
+      size =
+          write(master_, bytes.constData() + sent, static_cast<std::size_t>(bytes.size() - sent));
+    } while (size > 0);
+    return sent;
   }
 
   /// Reads `bytes_per_second` from now on, while events are handled.

@@ -10,24 +10,22 @@ namespace VirtualPanel {
 namespace {
 
 constexpr int kAgainMs = 10;
-constexpr int kFinishLookMs = 10;
-// Whoever has not read the last bytes after this many looks does not get them.
-constexpr int kMostFinishLooks = 200;
 
 }  // namespace
 
 LineOutput::LineOutput(int descriptor, std::function<qint64()> on_its_way, QObject* parent)
     : QObject(parent),
       descriptor_(descriptor),
-      on_its_way_(std::move(on_its_way)),
-      writable_(descriptor, QSocketNotifier::Write) {
+      writable_(descriptor, QSocketNotifier::Write),
+      last_bytes_([this, on_its_way = std::move(on_its_way)] {
+        return unsent_.isEmpty() && on_its_way() == 0;
+      }) {
   writable_.setEnabled(false);
   connect(&writable_, &QSocketNotifier::activated, this, &LineOutput::Write);
   again_.setInterval(kAgainMs);
   again_.setSingleShot(true);
   connect(&again_, &QTimer::timeout, this, &LineOutput::Write);
-  finish_timer_.setInterval(kFinishLookMs);
-  connect(&finish_timer_, &QTimer::timeout, this, &LineOutput::FinishOnceGone);
+  connect(&last_bytes_, &LastBytes::Finished, this, &LineOutput::Finished);
 }
 
 void LineOutput::Send(const QByteArray& bytes) {
@@ -68,20 +66,7 @@ void LineOutput::Close() {
   unsent_.clear();
   writable_.setEnabled(false);
   again_.stop();
-  finish_timer_.stop();
-}
-
-void LineOutput::Finish() {
-  finish_looks_ = 0;
-  finish_timer_.start();
-}
-
-void LineOutput::FinishOnceGone() {
-  ++finish_looks_;
-  const bool is_gone = unsent_.isEmpty() && on_its_way_() == 0;
-  if (!is_gone && finish_looks_ < kMostFinishLooks) return;
-  finish_timer_.stop();
-  Q_EMIT Finished();
+  last_bytes_.Stop();
 }
 
 }  // namespace VirtualPanel

@@ -10,6 +10,8 @@
 #include <QString>
 #include <QTimer>
 
+#include "lines/last_bytes.h"
+
 namespace VirtualPanel {
 
 class LineOutput : public QObject {
@@ -24,7 +26,7 @@ class LineOutput : public QObject {
   qint64 Unsent() const { return unsent_.size(); }
   void Clear() { unsent_.clear(); }
   // Emits Finished once everything that was sent has gone, at the latest after two seconds.
-  void Finish();
+  void Finish() { last_bytes_.Await(); }
   // Lets go of the descriptor and says nothing any more.
   void Close();
 
@@ -36,14 +38,11 @@ class LineOutput : public QObject {
 
  private:
   void Write();
-  void FinishOnceGone();
 
   int descriptor_;
-  std::function<qint64()> on_its_way_;
   QSocketNotifier writable_;
   QTimer again_;
-  QTimer finish_timer_;
-  int finish_looks_ = 0;
+  LastBytes last_bytes_;
   QByteArray unsent_;
 };
 

@@ -1,90 +1,56 @@
 #include "lines/serial_line.h"
 
-#include <sys/ioctl.h>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace VirtualPanel {
 
-SerialLine::SerialLine(PanelEngine* engine, QObject* parent)
-    : QObject(parent), conversation_(engine, u"serial"_s, this) {
-  connect(&port_, &QSerialPort::readyRead, this,
-          [this] { conversation_.Receive(port_.readAll()); });
-  connect(&port_, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
-    // Errors of opening are reported by Open. Reading and writing fail only when the line is gone,
-    // and then again and again: the first one closes it.
-    if (error == QSerialPort::ReadError || error == QSerialPort::WriteError ||
-        error == QSerialPort::ResourceError) {
-      const QString reason = port_.errorString();
-      QMetaObject::invokeMethod(
-          this, [this, reason] { Lose(reason); }, Qt::QueuedConnection);
-    }
-  });
+SerialLine::SerialLine(PanelEngine* engine, QObject* parent, std::unique_ptr<Ports::Port> port)
+    : QObject(parent),
+      port_(std::move(port)),
+      conversation_(engine, u"serial"_s, this),
+      last_bytes_([this] { return port_->Unsent() == 0; }) {
+  connect(port_.get(), &Ports::Port::Arrived, this,
+          [this] { conversation_.Receive(port_->Read()); });
+  connect(port_.get(), &Ports::Port::BytesHaveLeft, &conversation_, &Conversation::BytesHaveLeft);
+  // Not at once: the port may be in the middle of a write that the conversation asked for.
+  connect(
+      port_.get(), &Ports::Port::Lost, this, [this] { Lose(port_->ErrorString()); },
+      Qt::QueuedConnection);
+  connect(&last_bytes_, &LastBytes::Finished, this, &SerialLine::Unplug);
 }
 
 SerialLine::~SerialLine() {
-  port_.disconnect();
+  port_->disconnect();
   Close();
 }
 
 bool SerialLine::Open(const QString& device, qint32 baud_rate) {
   Close();
   error_.clear();
-  port_.setPortName(device);
-  // All of it while the port is closed, so that it never stands at another speed.
-  port_.setBaudRate(baud_rate);
-  port_.setDataBits(QSerialPort::Data8);
-  port_.setParity(QSerialPort::NoParity);
-  port_.setStopBits(QSerialPort::OneStop);
-  port_.setFlowControl(QSerialPort::NoFlowControl);
-  if (port_.open(QIODevice::ReadWrite)) {
-    output_ = std::make_unique<LineOutput>(port_.handle(), [this] { return OnItsWay(); });
-    connect(output_.get(), &LineOutput::BytesHaveLeft, &conversation_,
-            &Conversation::BytesHaveLeft);
-    connect(output_.get(), &LineOutput::Failed, this, &SerialLine::Lose);
-    connect(output_.get(), &LineOutput::Finished, this, &SerialLine::Unplug);
-    return true;
-  }
-  error_ = port_.errorString();
-  if (port_.isOpen()) port_.close();
-  return false;
+  is_open_ = port_->Open(device, baud_rate);
+  if (!is_open_) error_ = port_->ErrorString();
+  return is_open_;
 }
 
 void SerialLine::Close() {
-  if (output_ != nullptr) {
-    // It may be the one that is calling.
-    output_->Close();
-    output_.release()->deleteLater();
-  }
-  if (port_.isOpen()) {
-    // The system would wait for a line that takes nothing.
-    if (OnItsWay() > 0) port_.clear(QSerialPort::Output);
-    port_.close();
-  }
+  is_open_ = false;
+  last_bytes_.Stop();
+  port_->Close();
   conversation_.Reset();
 }
 
 void SerialLine::Unplug() { Lose(u"unplugged"_s); }
 
-void SerialLine::Send(const QByteArray& bytes) {
-  if (output_ != nullptr) output_->Send(bytes);
-}
+void SerialLine::Send(const QByteArray& bytes) { port_->Write(bytes); }
 
-qint64 SerialLine::Unsent() const { return output_ == nullptr ? 0 : output_->Unsent(); }
+qint64 SerialLine::Unsent() const { return port_->Waiting(); }
 
-qint64 SerialLine::OnItsWay() const {
-  int waiting = 0;
-  return ::ioctl(port_.handle(), TIOCOUTQ, &waiting) == 0 ? waiting : 0;
-}
-
-void SerialLine::HangUp() {
-  if (output_ != nullptr) output_->Finish();
-}
+void SerialLine::HangUp() { last_bytes_.Await(); }
 
 void SerialLine::Lose(const QString& reason) {
-  if (!port_.isOpen()) return;
+  if (!is_open_) return;
   Close();
   error_ = reason;
   Q_EMIT Unplugged(reason);

@@ -3,10 +3,9 @@
 
 #include <memory>
 
-#include <QSerialPort>
-
 #include "lines/conversation.h"
-#include "lines/line_output.h"
+#include "lines/last_bytes.h"
+#include "ports/port.h"
 
 namespace VirtualPanel {
 
@@ -17,12 +16,13 @@ class SerialLine : public QObject, private Outlet {
   static constexpr qint32 kUsualBaudRate = 9600;
 
   // The engine must outlive the line.
-  explicit SerialLine(PanelEngine* engine, QObject* parent = nullptr);
+  explicit SerialLine(PanelEngine* engine, QObject* parent = nullptr,
+                      std::unique_ptr<Ports::Port> port = Ports::MakePort());
   ~SerialLine() override;
 
   // `device` is a name such as ttyS0 or a path. False, with the reason in ErrorString, if it fails.
   bool Open(const QString& device, qint32 baud_rate = kUsualBaudRate);
-  bool IsOpen() const { return port_.isOpen(); }
+  bool IsOpen() const { return is_open_; }
   QString ErrorString() const { return error_; }
   // Takes the panels off the line.
   void Unplug();
@@ -34,14 +34,13 @@ class SerialLine : public QObject, private Outlet {
   void Send(const QByteArray& bytes) override;
   qint64 Unsent() const override;
   void HangUp() override;
-  qint64 OnItsWay() const;  // bytes that the system holds and has not sent yet
   void Close();
   void Lose(const QString& reason);
 
-  QSerialPort port_;
-  // The port's own way of writing takes a full buffer for a lost line.
-  std::unique_ptr<LineOutput> output_;
+  std::unique_ptr<Ports::Port> port_;
   Conversation conversation_;
+  LastBytes last_bytes_;
+  bool is_open_ = false;
   QString error_;
 };
 

@@ -5,12 +5,14 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSerialPort>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 #include "lines/pty_line.h"
+#include "port_kinds.h"
 #include "support/wait_until.h"
 
 using namespace Qt::StringLiterals;
@@ -203,7 +205,7 @@ TEST_F(PtyLineTest, NeverReplacesAnythingElse) {
 }
 
 // A serial line at one end of a pseudo-terminal, the test at the other.
-class SerialLineTest : public testing::Test {
+class SerialLineTest : public testing::TestWithParam<Ports::PortKind> {
  protected:
   void SetUp() override {
     master_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
@@ -235,23 +237,25 @@ class SerialLineTest : public testing::Test {
   int master_ = -1;
   QString device_;
   PanelEngine engine_{{{26, 4, 96, true}}};
-  SerialLine line_{&engine_};
+  SerialLine line_{&engine_, nullptr, GetParam().make()};
 };
 
-TEST_F(SerialLineTest, AnswersOnItsDevice) {
+INSTANTIATE_TEST_SUITE_P(Ports, SerialLineTest, Ports::kPortKinds, Ports::PortKindName);
+
+TEST_P(SerialLineTest, AnswersOnItsDevice) {
   ASSERT_TRUE(line_.Open(device_, 19200)) << line_.ErrorString().toStdString();
   EXPECT_EQ(Exchange("<ID1A><L01><P001>x \r\n"), "<ID1A>\r\n");
   EXPECT_EQ(engine_.Page(26, 1).value(1), "x ");
   EXPECT_EQ(engine_.Frames().last().line, u"serial"_s);
 }
 
-TEST_F(SerialLineTest, ReportsADeviceThatIsNotThere) {
+TEST_P(SerialLineTest, ReportsADeviceThatIsNotThere) {
   EXPECT_FALSE(line_.Open(u"/dev/no-such-port"_s));
   EXPECT_FALSE(line_.ErrorString().isEmpty());
   EXPECT_FALSE(line_.IsOpen());
 }
 
-TEST_F(SerialLineTest, NoticesOnceThatItsLineIsGone) {
+TEST_P(SerialLineTest, NoticesOnceThatItsLineIsGone) {
   ASSERT_TRUE(line_.Open(device_));
   const QSignalSpy unplugged(&line_, &SerialLine::Unplugged);
   CloseMaster();
@@ -259,7 +263,7 @@ TEST_F(SerialLineTest, NoticesOnceThatItsLineIsGone) {
   EXPECT_EQ(unplugged.count(), 1);
 }
 
-TEST_F(SerialLineTest, AFullBufferIsNoLostLine) {
+TEST_P(SerialLineTest, AFullBufferIsNoLostLine) {
   Faults faults;
   faults.flood = true;
   engine_.SetFaults(faults);
@@ -282,7 +286,7 @@ TEST_F(SerialLineTest, AFullBufferIsNoLostLine) {
   EXPECT_TRUE(WaitUntil([&] { return engine_.FrameCount() > count; }));
 }
 
-TEST_F(SerialLineTest, IsCutOnceTheAnswersHaveLeftAlsoWhereTheyFillTheBuffer) {
+TEST_P(SerialLineTest, IsCutOnceTheAnswersHaveLeftAlsoWhereTheyFillTheBuffer) {
   constexpr int kFrames = 12'000;  // their answers are more than the system holds
   Faults faults;
   faults.close_after_frame = kFrames;
@@ -304,7 +308,7 @@ TEST_F(SerialLineTest, IsCutOnceTheAnswersHaveLeftAlsoWhereTheyFillTheBuffer) {
   EXPECT_EQ(received.size(), qsizetype{8} * kFrames);
 }
 
-TEST_F(SerialLineTest, IsUnpluggedAtOnceWhileTheOtherEndTakesNothing) {
+TEST_P(SerialLineTest, IsUnpluggedAtOnceWhileTheOtherEndTakesNothing) {
   Faults faults;
   faults.flood = true;
   engine_.SetFaults(faults);
@@ -316,7 +320,7 @@ TEST_F(SerialLineTest, IsUnpluggedAtOnceWhileTheOtherEndTakesNothing) {
   ASSERT_TRUE(line_.Open(device_)) << line_.ErrorString().toStdString();
 }
 
-TEST_F(SerialLineTest, UnplugsAfterTheLastAnswer) {
+TEST_P(SerialLineTest, UnplugsAfterTheLastAnswer) {
   Faults faults;
   faults.close_after_frame = 1;
   engine_.SetFaults(faults);
