@@ -17,6 +17,8 @@ SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+# Where there is a compiler's cache, it knows the sources again in any folder.
+export CCACHE_BASEDIR=$work
 
 # build FOLDER: lays the sources out in that folder of the work's, and builds beside it.
 build() {

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Tries the Debian packages in build/packages/ in a fresh root of this system's release, with nothing
-# but what a desktop always has: installs them, goes an operator's way with the installed programs,
-# removes and purges them, and looks for what they have left. The pictures of the way go into
-# build/packages/pictures/. The status is 77 where no fresh root can be made; the last lines say why.
+# Tries the Debian packages in build/packages/ in a fresh root of this system's release, with
+# nothing but what a desktop always has: installs them, goes an operator's way with the installed
+# programs, removes and purges them, and looks for what they have left. The pictures of the way go
+# into build/packages/pictures/. The status is 77 where no fresh root can be made; the last lines
+# say why.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -28,6 +29,10 @@ tools/install_missing.sh mmdebstrap || no_root "mmdebstrap is missing."
 # What an operator's desktop has, and what the trial presses keys and looks with.
 desktop=(openbox shared-mime-info xdg-utils file fonts-dejavu-core man-db)
 hands=(xvfb xdotool x11-utils scrot libglib2.0-bin iproute2 jq)
+# A plain user is the superuser of a name space of his own. What merely pretends that is no system
+# to install programs in.
+mode=root
+[ "$(id -u)" -eq 0 ] || mode=unshare
 include=$(IFS=, && echo "${desktop[*]},${hands[*]}")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -39,7 +44,7 @@ cd "$work"
 # shellcheck disable=SC2016 # $1 is the hook's own argument
 # The hooks run in the finished root, one after the other; the trial's own result is in its status.
 make_root_and_try() {
-  timeout --foreground 1500 mmdebstrap --variant=apt --include="$include" \
+  timeout --foreground 1500 mmdebstrap --mode="$mode" --variant=apt --include="$include" \
     --aptopt='APT::Install-Recommends "false"' --dpkgopt=force-unsafe-io --format=null \
     --customize-hook='mkdir "$1/trial"' \
     --customize-hook='sync-in trial /trial' \
