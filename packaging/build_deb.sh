@@ -1,30 +1,68 @@
 #!/usr/bin/env bash
 # Builds the Debian packages "brivon" and "brivon-virtual-panel" into build/packages/, from the
 # sources as they were committed last, and lets lintian read them.
+#
+#   packaging/build_deb.sh          builds them
+#   packaging/build_deb.sh --again  builds them once more, in another folder and with other
+#                                   settings, and says whether the packages in build/packages/
+#                                   have the same bytes
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-tools/install_missing.sh dpkg-dev debhelper fakeroot lintian
+packages=$PWD/build/packages
+tools/install_missing.sh dpkg-dev debhelper lintian
 version=$(sed -n 's/^project(Brivon VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 # Two builds of the same sources say the same time, whenever they are made.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
-packages=$PWD/build/packages
-rm -rf "$packages"
-mkdir -p "$packages"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-sources=$work/brivon-$version
-git archive --prefix="brivon-$version/" HEAD | tar -x -C "$work"
-mv "$sources/packaging/debian" "$sources/debian"
-cat >"$sources/debian/changelog" <<CHANGES
+# Where there is a compiler's cache, it knows the sources again in any folder.
+export CCACHE_BASEDIR=$work
+
+# build FOLDER: lays the sources out in that folder of the work's, and builds beside it.
+build() {
+  local sources=$work/$1
+  mkdir -p "$sources"
+  git archive HEAD | tar -x -C "$sources"
+  mv "$sources/packaging/debian" "$sources/debian"
+  cat >"$sources/debian/changelog" <<CHANGES
 brivon ($version) unstable; urgency=medium
 
   * Version $version; CHANGELOG.md says what has changed.
 
- -- The Brivon developers <developers@brivon.org>  $(date -R -u -d "@$SOURCE_DATE_EPOCH")
+ -- The Brivon developers <developers@brivon.org>  $(LC_ALL=C date -R -u -d "@$SOURCE_DATE_EPOCH")
 CHANGES
-(cd "$sources" && dpkg-buildpackage -b -us -uc -j2)
-mv "$work"/*.deb "$work"/*.buildinfo "$work"/*.changes "$packages"
-lintian --fail-on error,warning --tag-display-limit 0 --info "$packages"/*.changes
-ls -l "$packages"
+  (cd "$sources" && dpkg-buildpackage -b -us -uc "-j$(nproc)")
+}
+
+# The names of the packages in a folder, each with a sum of its bytes.
+sums() { (cd "$1" && sha256sum -- *.deb); }
+
+case ${1:-} in
+  '')
+    build "brivon-$version"
+    rm -rf "$packages"
+    mkdir -p "$packages"
+    mv "$work"/*.deb "$work"/*.buildinfo "$work"/*.changes "$packages"
+    lintian --fail-on error,warning --tag-display-limit 0 --info "$packages"/*.changes
+    ls -l "$packages"
+    ;;
+  --again)
+    sums "$packages" >"$work/first"
+    # Compiled anew, whatever a compiler's cache holds.
+    (
+      umask 027
+      export CCACHE_RECACHE=1 TZ=Asia/Kathmandu LC_ALL=C HOME="$work/home"
+      build "another_folder/sources"
+    )
+    sums "$work/another_folder" >"$work/second"
+    diff "$work/first" "$work/second"
+    echo "Both builds are the same:"
+    cat "$work/first"
+    ;;
+  *)
+    echo "usage: packaging/build_deb.sh [--again]" >&2
+    exit 2
+    ;;
+esac

@@ -35,6 +35,10 @@ clang-format:clang-format:clang-format of Clang 14
 clang-tidy:clang-tidy:clang-tidy of Clang 14
 gcovr:gcovr:gcovr
 valgrind:valgrind:Valgrind
+dpkg-dev:dpkg-buildpackage:dpkg-buildpackage
+debhelper:dh:debhelper
+lintian:lintian:lintian
+mmdebstrap:mmdebstrap:mmdebstrap
 PROGRAMS
   [ ${#missing[@]} -eq 0 ] && return
   echo "This system has no Debian packages, so nothing was installed. What is missing:" >&2
