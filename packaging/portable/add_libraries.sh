@@ -17,13 +17,13 @@ plugins=(
 toolkit() { qtpaths6 --query "$1"; }
 
 for plugin in "${plugins[@]}"; do
-  install -D -m 644 "$(toolkit QT_INSTALL_PLUGINS)/$plugin" "plugins/$plugin"
+  install -D -m 644 "$(toolkit QT_INSTALL_PLUGINS)/$plugin" "lib/plugins/$plugin"
 done
-mkdir -p translations lib licences
-cp "$(toolkit QT_INSTALL_TRANSLATIONS)"/qt{base,serialport}_*.qm translations/
+mkdir -p lib/translations licences
+cp "$(toolkit QT_INSTALL_TRANSLATIONS)"/qt{base,serialport}_*.qm lib/translations/
 cat >qt.conf <<'CONF'
 [Paths]
-Prefix=.
+Prefix=lib
 Plugins=plugins
 Translations=translations
 CONF
@@ -36,10 +36,10 @@ is_hosts() { grep -qxF -- "${1%%.so*}" "$here/hosts_libraries.txt"; }
 declare -A place
 while read -r library _ file _; do
   place[$library]=$file
-done < <(ldd brivon virtual_panel brivonctl plugins/*/*.so | grep '=> /')
+done < <(ldd brivon virtual_panel brivonctl lib/plugins/*/*.so | grep '=> /')
 
 # What is added may itself need more.
-waiting=(brivon virtual_panel brivonctl plugins/*/*.so)
+waiting=(brivon virtual_panel brivonctl lib/plugins/*/*.so)
 while [ ${#waiting[@]} -gt 0 ]; do
   file=${waiting[0]}
   waiting=("${waiting[@]:1}")
@@ -61,20 +61,21 @@ package_of() {
 # The licences, and the general ones that they point to.
 list() {
   local file package
-  for library in lib/*; do
+  for library in lib/*.so*; do
     printf '%s\t%s\n' "$library" "${place[${library#lib/}]}"
   done
-  for plugin in plugins/*/*.so; do
-    printf '%s\t%s\n' "$plugin" "$(toolkit QT_INSTALL_PLUGINS)/${plugin#plugins/}"
+  for plugin in lib/plugins/*/*.so; do
+    printf '%s\t%s\n' "$plugin" "$(toolkit QT_INSTALL_PLUGINS)/${plugin#lib/plugins/}"
   done
-  printf '%s\t%s\n' "in brivonctl" /usr/include/CLI/CLI.hpp translations "$(toolkit QT_INSTALL_TRANSLATIONS)/qtbase_de.qm"
+  printf '%s\t%s\n' lib/translations "$(toolkit QT_INSTALL_TRANSLATIONS)/qtbase_de.qm" \
+    "in brivonctl" /usr/include/CLI/CLI.hpp
 }
 {
   echo "What of Debian's packages lies in this folder, unchanged. Each package's licences stand in the file"
   echo "PACKAGE.txt, the general ones that it points to in general/. The sources of every package are"
   echo "Debian's, by the name and version of the source. Each library may be replaced by another build of it."
   echo
-  printf '%-70s %-28s %s\n' FILE PACKAGE "SOURCE AND VERSION"
+  printf '%-75s %-28s %s\n' FILE PACKAGE "SOURCE AND VERSION"
   list | while IFS=$'\t' read -r name file; do
     package=$(package_of "$file" | sed 's/: .*//')
     read -r source version < <(dpkg-query -W -f='${source:Package} ${source:Version}\n' "$package")
@@ -82,7 +83,7 @@ list() {
       echo "LICENSES.md does not say what $source is, which $name is from." >&2
       exit 1
     fi
-    printf '%-70s %-28s %s\n' "$name" "${package%:*}" "$source $version"
+    printf '%-75s %-28s %s\n' "$name" "${package%:*}" "$source $version"
     cp -L "/usr/share/doc/${package%:*}/copyright" "licences/${package%:*}.txt"
   done
 } >licences/CONTENTS.txt

@@ -8,7 +8,7 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=$1
 archive=$2
 pictures=$3
-home=/home/operator
+home=/home/clerk
 stick="$home/USB stick"
 name=$(basename "$archive" .tar.xz)
 says=$root/says
@@ -32,12 +32,17 @@ soon() {
 }
 
 mount -t proc proc "$root/proc"
-chroot "$root" useradd --create-home operator
+chroot "$root" useradd --create-home clerk
 mkdir "$root$stick"
 tar -xJf "$archive" --no-same-owner -C "$root$stick"
-chroot "$root" chown -R operator: "$stick"
+chroot "$root" chown -R clerk: "$stick"
 
-operator=(chroot --userspec=operator "$root" env -i HOME="$home" LANG=C.UTF-8 PATH=/usr/bin:/bin)
+# As each desktop has it.
+mkdir -p "$root/run/user/1000"
+chmod 700 "$root/run/user/1000"
+chroot "$root" chown clerk: /run/user/1000
+operator=(chroot --userspec=clerk "$root" env -i HOME="$home" LANG=C.UTF-8 PATH=/usr/bin:/bin
+  XDG_RUNTIME_DIR=/run/user/1000)
 
 # The display is the fresh system's; what presses its keys is ours, so that it brings nothing there.
 "${operator[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$says/display" \
@@ -80,8 +85,18 @@ step "Brivon has its window" soon window "Brivon V.M.2.41M"
 xdotool key alt+m
 step "the page editor opens" soon window "Message Editor"
 xdotool key ctrl+o
-step "its file dialog opens" soon window "Open"
-import -window root "$pictures/windows.png"
+step "its file dialog opens" soon window "Open Message"
+import -window root "$pictures/file_dialog.png"
+xdotool type messages/welcome.msg
+xdotool key Return
+step "a page is open" soon window "Message Editor"
+xdotool key ctrl+Return
+step "\"Send\" opens its dialog" soon window "Send Message"
+xdotool key Home Tab 9 ctrl+Return
+step "the panel has this page too" soon grep -q 'safely!' "$root$folder/panels.json"
+windows_called() { [ "$(xdotool search --onlyvisible --name "^$1\$" | wc -l)" -eq "$2" ]; }
+step "a message says so" soon windows_called "Send Message" 2
+import -window root "$pictures/sent.png"
 
 # The system's own libraries and what those need themselves, without the numbers of their versions.
 libraries_of_system() {
@@ -119,8 +134,10 @@ step "the virtual panel loads nothing else" not strange < <(mapped "$panel")
 step "brivonctl loads nothing else" not strange < <(traced)
 step "they do load the folder's toolkit" grep -qF "$folder/lib/libQt6Widgets.so.6" "/proc/$brivon/maps"
 
+xdotool key Return
+step "the message closes" soon windows_called "Send Message" 1
 xdotool key Escape
-step "the file dialog closes" soon window "Message Editor"
+step "the dialog closes" soon window "Message Editor"
 xdotool key Escape
 step "the editor closes" soon window "Brivon V.M.2.41M"
 xdotool key alt+e
