@@ -111,16 +111,21 @@ libraries_of_system() {
 }
 names() { sed 's|.*/||; s|\.so.*||' | sort -u; }
 libraries_of_system | names >"$says/system"
-# Of paths on the standard input those of libraries that are in no way the folder's or the system's.
+# What the folder brings, because its files need it.
+find "$root$folder" -type f \( -name '*.so*' -o -perm /100 \) -exec objdump -p {} + 2>/dev/null |
+  sed -n 's/^ *NEEDED *//p' | names | grep -vxFf "$here/hosts_libraries.txt" >"$says/brought"
+# Of paths on the standard input those of libraries that are neither the folder's nor the system's.
 strange() {
-  local path
+  local path library
   grep '\.so' | sort -u | while read -r path; do
     path=${path#"$root"}
+    library=$(names <<<"$path")
     case $path in
       "$folder"/*) ;;
       *)
-        grep -qxF "$(names <<<"$path")" "$says/system" && [ ! -e "$root$folder/lib/${path##*/}" ] ||
+        if ! grep -qxF "$library" "$says/system" || grep -qxF "$library" "$says/brought"; then
           echo "      $path"
+        fi
         ;;
     esac
   done | grep .
