@@ -17,7 +17,7 @@ work=$(mktemp -d)
 trap 'rm -rf --one-file-system "$work"' EXIT
 # A plain user must come through to what lies below.
 chmod 755 "$work"
-if ! mmdebstrap --quiet --variant=minbase \
+if ! mmdebstrap --quiet --variant=minbase --dpkgopt=force-unsafe-io \
   --include=xserver-xorg-core,xvfb,fontconfig,fonts-dejavu-core "${1:-bookworm}" "$work/root" ||
   ! unshare --mount true; then
   echo "A fresh system cannot be made here; the portable folder was not tried." >&2
