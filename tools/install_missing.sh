@@ -12,7 +12,8 @@ packages=(
 )
 if [ "${1:-}" = --tests ]; then
   shift
-  packages+=(libgtest-dev libbenchmark-dev libboost-dev libsm-dev libfreetype-dev xfonts-base xvfb)
+  packages+=(libgtest-dev libbenchmark-dev libboost-dev libsm-dev libfreetype-dev xfonts-base xvfb
+    desktop-file-utils appstream shared-mime-info libglib2.0-bin)
 fi
 packages+=("$@")
 
@@ -30,6 +31,10 @@ cmake:cmake:CMake 3.25
 ninja-build:ninja ninja-build:Ninja
 xvfb:xvfb-run:Xvfb and xvfb-run
 xauth:xauth:xauth
+desktop-file-utils:desktop-file-validate:desktop-file-validate
+appstream:appstreamcli:appstreamcli
+shared-mime-info:update-mime-database:update-mime-database
+libglib2.0-bin:gio:gio
 clang:clang++:Clang
 clang-format:clang-format:clang-format of Clang 14
 clang-tidy:clang-tidy:clang-tidy of Clang 14
