@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 
 #include "base/files.h"
+#include "store/writable_folder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +60,7 @@ QString InstalledFolder() {
 }
 
 QString ChooseProgramFolder(const QString& executables, const QString& users) {
-  const bool is_executables = QFileInfo(executables).isWritable() ||
+  const bool is_executables = IsWritableFolder(executables) ||
                               QFileInfo::exists(QDir(executables).filePath(kConfigurationFile));
   return is_executables ? executables : users;
 }
