@@ -8,7 +8,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -117,9 +116,10 @@ QByteArray TargetOf(const QString& path) {
   return is_link ? EndOfLink(target) : target;
 }
 
-/// Whether a name is one of a stream within a file.
-bool IsOfStream(const QByteArray& path) {
-  return QByteArrayView(path).sliced(path.lastIndexOf('/') + 1).contains(':');
+/// Whether a path ends in what is no file's name: a device's, or one of a stream within a file.
+bool NamesNoFile(const QByteArray& path) {
+  const QString name = QString::fromUtf8(path.sliced(path.lastIndexOf('/') + 1));
+  return IsDeviceName(name) || name.contains(u':');
 }
 
 }  // namespace
@@ -134,7 +134,7 @@ ReplacingFile::~ReplacingFile() {
 }
 
 int ReplacingFile::Open() {
-  if (target_.contains('\0') || IsOfStream(target_)) return EINVAL;
+  if (target_.contains('\0') || NamesNoFile(target_)) return EINVAL;
   const DWORD attributes = GetFileAttributesW(WidePath(target_).c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     return EACCES;
@@ -152,8 +152,6 @@ int ReplacingFile::OpenWithName(unsigned mode) {
               static_cast<int>(mode));
     if (handle_ < 0 && errno == EEXIST) continue;
     if (handle_ < 0) return LastNumber();
-    // "NUL.msg" is a device, whatever stands behind its name.
-    if (GetFileType(SystemHandle(handle_)) != FILE_TYPE_DISK) return EINVAL;
     name_ = name;
     return 0;
   }
