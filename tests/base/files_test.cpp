@@ -119,10 +119,9 @@ TEST_F(Files, EmptyContentIsSavedAsAnEmptyFile) {
   EXPECT_EQ(Read(Path("b.msg")), "");
 }
 
-TEST_F(Files, StrangeNamesAreSavedUnderExactlyThatName) {
-  for (const char* name :
-       {"page XXXXXX.msg", "%1 50% #?*.msg", "\"quoted\" 'name'.msg", "-rf", " leading",
-        "trailing ", "a\nb.msg", "\xC3\xA4\xE2\x82\xAC.msg", "...", "noextension", ":colon:"}) {
+TEST_F(Files, StrangeNamesThatEverySystemHasAreSavedUnderExactlyThatName) {
+  for (const char* name : {"page XXXXXX.msg", "%1 50% #.msg", "'name'.msg", "-rf", " leading",
+                           "\xC3\xA4\xE2\x82\xAC.msg", "noextension"}) {
     ASSERT_EQ(SaveWholeFile(Path(name), name), SaveResult::kSaved) << name;
     EXPECT_EQ(Read(Path(name)), name);
     EXPECT_EQ(Names(), QStringList{QString::fromUtf8(name)});

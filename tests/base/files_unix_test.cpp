@@ -51,6 +51,17 @@ TEST_F(UnixFiles, ALinkToNothingIsNoFile) {
   EXPECT_FALSE(FileExists(Path("circle")));
 }
 
+TEST_F(UnixFiles, StrangeNamesAreSavedUnderExactlyThatName) {
+  for (const char* name :
+       {"page XXXXXX.msg", "%1 50% #?*.msg", "\"quoted\" 'name'.msg", "-rf", " leading",
+        "trailing ", "a\nb.msg", "\xC3\xA4\xE2\x82\xAC.msg", "...", "noextension", ":colon:"}) {
+    ASSERT_EQ(SaveWholeFile(Path(name), name), SaveResult::kSaved) << name;
+    EXPECT_EQ(Read(Path(name)), name);
+    EXPECT_EQ(Names(), QStringList{QString::fromUtf8(name)});
+    ASSERT_TRUE(QFile::remove(Path(name)));
+  }
+}
+
 TEST_F(UnixFiles, ASaveOntoAPipeOrADeviceIsAnInvalidPath) {
   ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
   EXPECT_EQ(SaveWholeFile(Path("pipe"), "x"), SaveResult::kInvalidPath);
