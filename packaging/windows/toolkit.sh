@@ -78,6 +78,19 @@ build_test_library() {
   cmake --install "$cache/googletest"
 }
 
+# Whatever comes into a folder of the programs comes with its licence.
+copy_licenses() {
+  mkdir -p "$toolkit/licenses"
+  cp "$cache/source/debian/copyright" "$toolkit/licenses/qt6-base.txt"
+  local text package
+  for text in LGPL-3.0-only GPL-3.0-only GPL-2.0-only; do
+    cp "$cache/source/LICENSES/$text.txt" "$toolkit/licenses"
+  done
+  for package in libcli11-dev libboost-dev mingw-w64-common gcc-mingw-w64-base; do
+    cp "/usr/share/doc/$package/copyright" "$toolkit/licenses/$package.txt"
+  done
+}
+
 off=("${off[@]/#/-DFEATURE_}")
 on=("${on[@]/#/-DFEATURE_}")
 {
@@ -88,6 +101,7 @@ on=("${on[@]/#/-DFEATURE_}")
   copy_headers
   build_test_library
   build_toolkit
+  copy_licenses
   echo "$stamp" >"$toolkit/made_of"
 } >&2
 echo "$toolkit"
