@@ -61,12 +61,11 @@ build_toolkit() {
   cmake --install "$cache/build"
 }
 
-# Headers alone, each in a folder of its own: those beside them are this system's.
+# Headers alone: those beside them are this system's.
 copy_headers() {
   mkdir -p "$toolkit/include" "$toolkit/share/cmake"
-  rm -rf "$toolkit"/{include/CLI,include/boost,share/cmake/CLI11}
+  rm -rf "$toolkit"/{include/CLI,share/cmake/CLI11}
   cp -R /usr/include/CLI "$toolkit/include/CLI"
-  cp -R /usr/include/boost "$toolkit/include/boost"
   cp -R /usr/share/cmake/CLI11 "$toolkit/share/cmake/CLI11"
 }
 
