@@ -8,11 +8,7 @@
 
 #include <QFileInfo>
 
-#ifdef Q_OS_UNIX
 #include "base/replacing_file.h"
-#else
-#include <QSaveFile>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +48,7 @@ QString ReasonOf(int error) {
     case EIO:
       return u"Input/output error"_s;
     default:
-      return qt_error_string(error);
+      return QString::fromLocal8Bit(std::generic_category().message(error).c_str());
   }
 }
 
@@ -61,8 +57,6 @@ struct Failure {
   int error = 0;
   bool is_of_disk = false;
 };
-
-#ifdef Q_OS_UNIX
 
 std::optional<Failure> ReplaceBy(ReplacingFile& file, const QByteArray& content) {
   const auto failure = [](int error) { return Failure{error, IsDiskFailure(error)}; };
@@ -74,11 +68,8 @@ std::optional<Failure> ReplaceBy(ReplacingFile& file, const QByteArray& content)
   return std::nullopt;
 }
 
-#endif
-
 /// Replaces the file at `path` by `content`; nothing where that has succeeded.
 std::optional<Failure> Replace(const QString& path, const QByteArray& content) {
-#ifdef Q_OS_UNIX
   {
     ReplacingFile file(path);
     const std::optional<Failure> failure = ReplaceBy(file, content);
@@ -86,21 +77,6 @@ std::optional<Failure> Replace(const QString& path, const QByteArray& content) {
   }
   ReplacingFile file(path, true);
   return ReplaceBy(file, content);
-#else
-  const auto failure = [](int error) { return Failure{error, IsDiskFailure(error)}; };
-  QSaveFile file(path);
-  errno = 0;
-  if (!file.open(QIODevice::WriteOnly)) return failure(errno);
-  errno = 0;
-  if (file.write(content) != content.size() || !file.flush()) {
-    const int error = errno;
-    file.cancelWriting();
-    return Failure{error, true};
-  }
-  errno = 0;
-  if (!file.commit()) return failure(errno);
-  return std::nullopt;
-#endif
 }
 
 }  // namespace
@@ -134,8 +110,6 @@ std::optional<QByteArray> LineReader::Next() {
   }
   return line;
 }
-
-bool FileExists(const QString& path) { return QFileInfo(path).isFile(); }
 
 QString FindFile(const QString& path) {
   // Longer ones name nothing, and composing takes its time.

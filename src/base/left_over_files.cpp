@@ -1,35 +1,29 @@
 #include "base/left_over_files.h"
 
-#ifdef Q_OS_UNIX
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <string>
 #include <system_error>
 
 #include <QByteArrayView>
+#include <QRandomGenerator>
+
+#include "base/abandoned_file.h"
 
 namespace Brivon1 {
 namespace {
 
+constexpr int kLetters = 6;
 constexpr QByteArrayView kBeforeLetters = ".~brivon-";
 constexpr QByteArrayView kBehindLetters = "~";
-constexpr qsizetype kMarkSize = kBeforeLetters.size() + kLeftOverLetters + kBehindLetters.size();
+constexpr qsizetype kMarkSize = kBeforeLetters.size() + kLetters + kBehindLetters.size();
 
-constexpr qsizetype kLongestName = 255;    // in bytes, on any disk
-constexpr std::time_t kLongestSave = 300;  // in seconds
+constexpr qsizetype kLongestName = 255;  // in bytes, on any disk
 
 /// As much of the name of `target`, in whole characters, as leaves room for the mark.
 QByteArrayView BeginningOfName(const QByteArray& target) {
   const QByteArrayView name = QByteArrayView(target).sliced(target.lastIndexOf('/') + 1);
-  const qsizetype longest = pathconf(FolderOf(target).constData(), _PC_NAME_MAX);
+  const qsizetype longest = LongestNameIn(FolderOf(target));
   const qsizetype room =
       (longest > kMarkSize ? std::min(longest, kLongestName) : kLongestName) - kMarkSize;
   if (name.size() <= room) return name;
@@ -46,24 +40,20 @@ bool IsLeftOverName(QByteArrayView name, QByteArrayView beginning) {
   if (!name.startsWith(beginning)) return false;
   name = name.sliced(beginning.size());
   if (name.size() != kMarkSize) return false;
-  const QByteArrayView letters = name.sliced(kBeforeLetters.size(), kLeftOverLetters);
+  const QByteArrayView letters = name.sliced(kBeforeLetters.size(), kLetters);
   return name.startsWith(kBeforeLetters) && name.endsWith(kBehindLetters) &&
          std::all_of(letters.begin(), letters.end(), IsLetter);
 }
 
-/// Locks may be unknown to the other machines that use a disk. What may be one's save is not old.
-bool IsOldOrdinaryFileOf(uid_t owner, const char* path) {
-  struct stat status {};
-  return lstat(path, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1 &&
-         (status.st_uid == geteuid() || status.st_uid == owner) &&
-         std::abs(std::time(nullptr) - status.st_mtime) > kLongestSave;
+/// A path for the C++ library, which takes Unix' bytes as they are and Windows' for UTF-8.
+std::filesystem::path PathOf(const QByteArray& path) {
+  const auto* begin = reinterpret_cast<const char8_t*>(path.constData());
+  return {begin, begin + path.size()};
 }
 
-void RemoveUnlessLocked(const char* path) {
-  const int handle = open(path, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (handle < 0) return;
-  if (flock(handle, LOCK_EX | LOCK_NB) == 0) unlink(path);
-  close(handle);
+QByteArray BytesOf(const std::filesystem::path& path) {
+  const std::u8string bytes = path.generic_u8string();
+  return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
 }
 
 }  // namespace
@@ -79,23 +69,25 @@ QByteArray LeftOverName(const QByteArray& target, const QByteArray& letters) {
          kBeforeLetters.toByteArray() + letters + kBehindLetters.toByteArray();
 }
 
+QByteArray SomeLeftOverName(const QByteArray& target) {
+  QByteArray letters;
+  for (int i = 0; i < kLetters; ++i) {
+    const int letter = QRandomGenerator::system()->bounded(52);
+    letters.append(static_cast<char>(letter < 26 ? 'A' + letter : 'a' + letter - 26));
+  }
+  return LeftOverName(target, letters);
+}
+
 void RemoveLeftOverFiles(const QByteArray& target) {
   const QByteArrayView beginning = BeginningOfName(target);
   if (beginning.isEmpty()) return;
-  struct stat old {};
-  const uid_t owner = stat(target.constData(), &old) == 0 ? old.st_uid : geteuid();
   std::error_code error;
-  std::filesystem::directory_iterator entry(FolderOf(target).constData(), error);
+  std::filesystem::directory_iterator entry(PathOf(FolderOf(target)), error);
   for (const std::filesystem::directory_iterator end; !error && entry != end;
        entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    const QByteArrayView view(name.data(), static_cast<qsizetype>(name.size()));
-    if (!IsLeftOverName(view, beginning)) continue;
-    const char* path = entry->path().c_str();
-    if (IsOldOrdinaryFileOf(owner, path)) RemoveUnlessLocked(path);
+    if (!IsLeftOverName(BytesOf(entry->path().filename()), beginning)) continue;
+    RemoveIfAbandoned(BytesOf(entry->path()), target);
   }
 }
 
 }  // namespace Brivon1
-
-#endif

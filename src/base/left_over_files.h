@@ -3,21 +3,19 @@
 #pragma once
 
 #include <QByteArray>
-#include <qglobal.h>
-
-#ifdef Q_OS_UNIX
 
 namespace Brivon1 {
 
 /// The folder of a path, with the "/" behind it; "." for a name alone.
 QByteArray FolderOf(const QByteArray& path);
 
-inline constexpr int kLeftOverLetters = 6;
-
 /// What the file that is to replace `target` is called while it is written:
 /// "page.msg.~brivon-QxAdPk~". No editor and no version control names its own files like that. A
 /// name that has no room for it is cut before it.
 QByteArray LeftOverName(const QByteArray& target, const QByteArray& letters);
+
+/// The same with letters that nobody can foresee.
+QByteArray SomeLeftOverName(const QByteArray& target);
 
 /// Removes the files beside `target` that killed saves of it have left. Stays: what has any other
 /// name, what belongs neither to this user nor to the owner of `target`, what has a further name,
@@ -26,5 +24,3 @@ QByteArray LeftOverName(const QByteArray& target, const QByteArray& letters);
 void RemoveLeftOverFiles(const QByteArray& target);
 
 }  // namespace Brivon1
-
-#endif

@@ -6,16 +6,11 @@
 
 #include <QByteArray>
 #include <QString>
-#include <qglobal.h>
-
-#ifdef Q_OS_UNIX
-
-#include <sys/types.h>
 
 namespace Brivon1 {
 
-/// Its functions are called in their order and give 0 or the system's number of the error, after
-/// which no further one is called. What has not taken its place is gone with the object.
+/// Its functions are called in their order and give 0 or the error's number (`errno`), after which
+/// no further one is called. What has not taken its place is gone with the object.
 class ReplacingFile {
  public:
   /// It is to stand at `path`; where that is a link, in the place of the link's target. With
@@ -42,10 +37,9 @@ class ReplacingFile {
   bool MaySucceedWithName() const { return may_succeed_with_name_; }
 
  private:
-  int OpenWithName(mode_t mode);
+  int OpenWithName(unsigned mode);
   int Rename();
   int GiveName();
-  QByteArray SomeName() const;
   void KeepOwner() const;
 
   QByteArray target_;
@@ -56,5 +50,3 @@ class ReplacingFile {
 };
 
 }  // namespace Brivon1
-
-#endif

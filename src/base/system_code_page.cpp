@@ -5,10 +5,6 @@
 
 #include "base/code_page.h"
 
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#endif
-
 namespace Brivon1 {
 namespace {
 
@@ -95,15 +91,6 @@ int CodePageOfLanguage(const QLocale& locale) {
 }
 
 }  // namespace
-
-Environment ProcessEnvironment() {
-  Environment environment;
-  environment.variable = [](const char* name) { return qgetenv(name); };
-#ifdef Q_OS_WIN
-  environment.ansi_code_page = static_cast<int>(GetACP());
-#endif
-  return environment;
-}
 
 int SystemCodePage(const Environment& environment) {
   if (environment.ansi_code_page) {

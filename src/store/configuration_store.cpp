@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include "base/text.h"
+#include "store/system_port.h"
 
 using namespace Qt::StringLiterals;
 
@@ -94,11 +95,7 @@ Configuration ReadConfiguration(const IniFile& file) {
 QString SerialDevice(const Configuration& configuration, int port) {
   const auto named = configuration.serial_devices.find(port);
   if (named != configuration.serial_devices.end()) return QFile::decodeName(named->second);
-#ifdef Q_OS_WIN
-  return u"COM%1"_s.arg(port);
-#else
-  return u"/dev/ttyS%1"_s.arg(port - 1);
-#endif
+  return SystemPort(port);
 }
 
 void LoadConfiguration() { MutableStore() = ReadConfiguration(IniFile::Load(ConfigurationPath())); }

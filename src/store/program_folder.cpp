@@ -8,6 +8,8 @@
 #include <QStandardPaths>
 
 #include "base/file_lock.h"
+#include "base/files.h"
+#include "store/writable_folder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -70,7 +72,7 @@ QString InstalledFolder() {
 }
 
 QString ChooseProgramFolder(const QString& executables, const QString& users) {
-  const bool is_executables = QFileInfo(executables).isWritable() ||
+  const bool is_executables = IsWritableFolder(executables) ||
                               QFileInfo::exists(QDir(executables).filePath(kConfigurationFile));
   return is_executables ? executables : users;
 }

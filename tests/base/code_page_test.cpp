@@ -1,7 +1,5 @@
 #include "base/code_page.h"
 
-#include <iconv.h>
-
 #include <array>
 #include <set>
 
@@ -9,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/system_converter.h"
 #include "support/text.h"
 
 namespace Brivon1 {
@@ -31,25 +30,6 @@ std::optional<QByteArray> BytesOf(int code_page, const char* text) {
 }
 
 QString Decomposed(const QString& text) { return text.normalized(QString::NormalizationForm_D); }
-
-/// A character's number, or nothing where the C library's converter has none for the byte.
-std::optional<char16_t> CLibraryTextOf(int code_page, int value) {
-  const QByteArray name = "WINDOWS-" + QByteArray::number(code_page);
-  const iconv_t converter = iconv_open("UTF-16LE", name.constData());
-  EXPECT_NE(converter, reinterpret_cast<iconv_t>(-1)) << name.constData();
-  char byte = static_cast<char>(value);
-  char* in = &byte;
-  std::size_t in_left = 1;
-  std::array<unsigned char, 2> text = {};
-  char* out = reinterpret_cast<char*>(text.data());
-  std::size_t out_left = text.size();
-  // A letter that a mark might follow comes out only when the converter is told that none does.
-  const bool is_read = iconv(converter, &in, &in_left, &out, &out_left) == 0 &&
-                       iconv(converter, nullptr, nullptr, &out, &out_left) == 0;
-  iconv_close(converter);
-  if (!is_read || out_left != 0) return std::nullopt;
-  return static_cast<char16_t>(text[0] | text[1] << 8);
-}
 
 TEST(CodePage, EveryOneOfThe256ByteValuesSurvivesInEveryCodePage) {
   for (const int number : kNumbers) {
@@ -110,7 +90,7 @@ TEST(CodePage, EveryCharacterIsTheOneOfTheCLibrarysConverter) {
   for (const int number : kNumbers) {
     int defined = 0;
     for (int value = 0; value < 256; ++value) {
-      const auto expected = CLibraryTextOf(number, value);
+      const auto expected = SystemTextOf(number, value);
       const QChar character(TextOf(number, value));
       if (expected) {
         ++defined;

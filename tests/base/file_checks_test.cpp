@@ -1,7 +1,5 @@
 #include "base/file_checks.h"
 
-#include <sys/stat.h>
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -181,17 +179,6 @@ TEST_F(FileChecks, AHeaderBeforeAHundredMegabytesWithoutALineEndHasNoDimension) 
   ASSERT_TRUE(file.resize(qint64{100} << 20));
   file.close();
   EXPECT_EQ(IsMessageFile(file.fileName()), kNoDimension);
-}
-
-TEST_F(FileChecks, WhatIsNoOrdinaryFileIsNone) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
-  ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
-  for (const QString& path :
-       {Path("missing"), Path("folder"), Path("pipe"), QString(), u"/dev/zero"_s, u"/dev/null"_s}) {
-    EXPECT_FALSE(IsMessageFile(path)) << path.toStdString();
-    EXPECT_FALSE(IsScheduleFile(path)) << path.toStdString();
-    EXPECT_FALSE(IsScrollingFile(path)) << path.toStdString();
-  }
 }
 
 }  // namespace

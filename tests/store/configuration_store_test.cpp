@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "store/panel_list.h"
+#include "store/system_port.h"
 #include "support/program_folder.h"
 
 using namespace Qt::StringLiterals;
@@ -185,25 +186,14 @@ TEST(ConfigurationStore, APortNumberIsHeldIn16Bits) {
   EXPECT_EQ(Communication("ComPort=65538\r\n").com_port, 32767);
 }
 
-TEST(ConfigurationStore, SerialPortNIsTheSystemsNthPort) {
-  const Configuration configuration = Read("");
-#ifdef Q_OS_WIN
-  EXPECT_EQ(SerialDevice(configuration, 2), u"COM2"_s);
-#else
-  EXPECT_EQ(SerialDevice(configuration, 1), u"/dev/ttyS0"_s);
-  EXPECT_EQ(SerialDevice(configuration, 2), u"/dev/ttyS1"_s);
-  EXPECT_EQ(SerialDevice(configuration, 10), u"/dev/ttyS9"_s);
-#endif
-}
-
 TEST(ConfigurationStore, TheSerialPortsSectionNamesAnotherDevice) {
   const Configuration configuration = Read(
       "[Communication]\r\nComPort=40\r\n[Serial Ports]\r\nCom1=/dev/ttyUSB0\r\n"
       "com3 = \"/dev/serial/by-id/panel line\"\r\nCom4=\r\nCom16=/dev/x\r\nCom40=/dev/y\r\n");
   EXPECT_EQ(SerialDevice(configuration, 1), u"/dev/ttyUSB0"_s);
-  EXPECT_EQ(SerialDevice(configuration, 2), u"/dev/ttyS1"_s);
+  EXPECT_EQ(SerialDevice(configuration, 2), SystemPort(2));
   EXPECT_EQ(SerialDevice(configuration, 3), u"/dev/serial/by-id/panel line"_s);
-  EXPECT_EQ(SerialDevice(configuration, 4), u"/dev/ttyS3"_s);
+  EXPECT_EQ(SerialDevice(configuration, 4), SystemPort(4));
   EXPECT_EQ(SerialDevice(configuration, 16), u"/dev/x"_s);
   EXPECT_EQ(SerialDevice(configuration, 40), u"/dev/y"_s);
 }
@@ -256,7 +246,7 @@ TEST(ConfigurationStore, EachLoadOverwritesEverythingAndMergesNothing) {
   EXPECT_EQ(Store().baud_rate, 9600);
   EXPECT_EQ(Store().com_port, 2);
   EXPECT_EQ(Store().delay_period, 300);
-  EXPECT_EQ(SerialDevice(Store(), 1), u"/dev/ttyS0"_s);
+  EXPECT_EQ(SerialDevice(Store(), 1), SystemPort(1));
 }
 
 TEST(ConfigurationStore, AMissingFileYieldsTheDefaults) {
@@ -280,8 +270,11 @@ TEST(ConfigurationStore, AFolderInPlaceOfTheFileYieldsTheDefaults) {
 TEST(ConfigurationStore, TheFileStandsBesideTheProgram) {
   EXPECT_EQ(ProgramFolder(), QCoreApplication::applicationDirPath());
   const TemporaryProgramFolder folder;
-  EXPECT_EQ(ConfigurationPath(), folder.Path(u"brivon.ini"_s));
-  EXPECT_EQ(InProgramFolder(u"NEW.SRL"_s), folder.Path(u"NEW.SRL"_s));
+  const auto path = [&](const QString& name) {
+    return QDir::toNativeSeparators(folder.Path(name));
+  };
+  EXPECT_EQ(ConfigurationPath(), path(u"brivon.ini"_s));
+  EXPECT_EQ(InProgramFolder(u"NEW.SRL"_s), path(u"NEW.SRL"_s));
 }
 
 TEST(ConfigurationStore, TheStoreIsEmptyBeforeItsFirstLoad) {

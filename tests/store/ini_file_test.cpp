@@ -1,8 +1,5 @@
 #include "store/ini_file.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -198,15 +195,6 @@ TEST_F(IniFileOnDisk, AFileIsLoadedWhole) {
   EXPECT_EQ(IniFile::Load(Write(content)).Content(), content);
 }
 
-TEST_F(IniFileOnDisk, WhatIsMissingOrNoOrdinaryFileIsAnEmptyOne) {
-  ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
-  ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
-  for (const QString& path :
-       {Path("missing"), Path("folder"), Path("pipe"), QString(), u"/dev/zero"_s}) {
-    EXPECT_EQ(IniFile::Load(path).Content(), "") << path.toStdString();
-  }
-}
-
 TEST_F(IniFileOnDisk, AFileOf4MebibytesIsReadAndALargerOneIsAnEmptyOne) {
   QByteArray content = "[A]\r\nx=1\r\n;";
   content += QByteArray((4 << 20) - content.size(), '.');
@@ -236,24 +224,6 @@ TEST_F(IniFileOnDisk, AFileToBeChangedIsReadWholeOrNotAtAll) {
   ASSERT_TRUE(QDir(folder_.path()).mkdir(u"folder"_s));
   EXPECT_FALSE(IniFile::Read(Path("folder")));
   EXPECT_FALSE(IniFile::Read(Write(QByteArray((4 << 20) + 1, '.'))));
-}
-
-TEST_F(IniFileOnDisk, AFileWithoutPermissionIsAnEmptyOneToReadAndNoneToChange) {
-  const QString path = Write("[A]\r\nx=1\r\n");
-  ASSERT_EQ(chmod(QFile::encodeName(folder_.path()).constData(), 0755), 0);
-  ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0), 0);
-  // The superuser may read everything, so the file is read as somebody else.
-  const bool is_superuser = geteuid() == 0;
-  if (is_superuser) {
-    ASSERT_EQ(seteuid(65534), 0);
-  }
-  const QByteArray content = IniFile::Load(path).Content();
-  const bool is_read = IniFile::Read(path).has_value();
-  if (is_superuser) {
-    ASSERT_EQ(seteuid(0), 0);
-  }
-  EXPECT_EQ(content, "");
-  EXPECT_FALSE(is_read);
 }
 
 }  // namespace

@@ -1,7 +1,3 @@
-#include "base/replacing_file.h"
-
-#ifdef Q_OS_UNIX
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -12,9 +8,9 @@
 #include <climits>
 
 #include <QFile>
-#include <QRandomGenerator>
 
 #include "base/left_over_files.h"
+#include "base/replacing_file.h"
 
 namespace Brivon1 {
 namespace {
@@ -105,9 +101,9 @@ int ReplacingFile::Open() {
   return OpenWithName(mode);
 }
 
-int ReplacingFile::OpenWithName(mode_t mode) {
+int ReplacingFile::OpenWithName(unsigned mode) {
   for (int attempt = 0; attempt < kMostNames; ++attempt) {
-    const QByteArray name = SomeName();
+    const QByteArray name = SomeLeftOverName(target_);
     handle_ = open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (handle_ < 0 && errno == EEXIST) continue;
     if (handle_ < 0) return errno;
@@ -187,7 +183,7 @@ int ReplacingFile::GiveName() {
   };
   if (link_to(target_) == 0) return 0;
   for (int attempt = 0; errno == EEXIST && attempt < kMostNames; ++attempt) {
-    const QByteArray name = SomeName();
+    const QByteArray name = SomeLeftOverName(target_);
     if (link_to(name) == 0) {
       name_ = name;
       return 0;
@@ -197,15 +193,4 @@ int ReplacingFile::GiveName() {
   return errno;
 }
 
-QByteArray ReplacingFile::SomeName() const {
-  QByteArray letters;
-  for (int i = 0; i < kLeftOverLetters; ++i) {
-    const int letter = QRandomGenerator::system()->bounded(52);
-    letters.append(static_cast<char>(letter < 26 ? 'A' + letter : 'a' + letter - 26));
-  }
-  return LeftOverName(target_, letters);
-}
-
 }  // namespace Brivon1
-
-#endif

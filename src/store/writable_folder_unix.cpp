@@ -1,0 +1,9 @@
+#include <QFileInfo>
+
+#include "store/writable_folder.h"
+
+namespace Brivon1 {
+
+bool IsWritableFolder(const QString& path) { return QFileInfo(path).isWritable(); }
+
+}  // namespace Brivon1
