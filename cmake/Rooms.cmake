@@ -8,8 +8,12 @@
 # makes brivon_page of the rules, brivon_page_links, brivon_page_drawings and brivon_page_views. A
 # "frmXxx.cpp" brings its "frmXxx.ui" along. RESTS_ON names every room whose headers this one
 # includes; the test "rooms" holds the includes against it.
+#
+# What differs between systems stands in a pair, "xxx_unix.cpp" and "xxx_windows.cpp", behind one
+# header. All three are named, and each system compiles its own. ONLY_UNIX names what has no
+# counterpart.
 function(brivon_room room)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "RULES;LINKS;DRAWINGS;VIEWS;RESTS_ON")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "RULES;LINKS;DRAWINGS;VIEWS;ONLY_UNIX;RESTS_ON")
   foreach(below IN LISTS arg_RESTS_ON)
     if(NOT TARGET brivon_${below})
       message(FATAL_ERROR "${room} rests on ${below}, which is not below it")
@@ -19,12 +23,15 @@ function(brivon_room room)
     list(APPEND drawings brivon_${below}_drawings)
     list(APPEND views brivon_${below}_views)
   endforeach()
-  brivon_kind(brivon_${room} "${arg_RULES}" Qt6::Core ${rules})
-  brivon_kind(brivon_${room}_links "${arg_LINKS}"
+  foreach(kind IN ITEMS RULES LINKS DRAWINGS VIEWS)
+    brivon_files_of_system(files_${kind} "${arg_${kind}}" "${arg_ONLY_UNIX}")
+  endforeach()
+  brivon_kind(brivon_${room} "${files_RULES}" Qt6::Core ${rules})
+  brivon_kind(brivon_${room}_links "${files_LINKS}"
     Qt6::Network Qt6::SerialPort brivon_${room} ${links})
-  brivon_kind(brivon_${room}_drawings "${arg_DRAWINGS}"
+  brivon_kind(brivon_${room}_drawings "${files_DRAWINGS}"
     Qt6::Gui brivon_${room}_links ${drawings})
-  brivon_kind(brivon_${room}_views "${arg_VIEWS}"
+  brivon_kind(brivon_${room}_views "${files_VIEWS}"
     Qt6::Widgets brivon_${room}_drawings ${views})
 
   set_property(GLOBAL APPEND PROPERTY BRIVON_ROOMS ${room})
@@ -33,6 +40,27 @@ function(brivon_room room)
     "set(rule_${room} ${arg_RULES})\nset(link_${room} ${arg_LINKS})\n"
     "set(drawing_${room} ${arg_DRAWINGS})\nset(view_${room} ${arg_VIEWS})\n")
   set_property(GLOBAL APPEND_STRING PROPERTY BRIVON_ROOM_TABLE ${declared})
+endfunction()
+
+# Leaves of `files` those that are compiled on this system.
+function(brivon_files_of_system out files only_unix)
+  set(left ${files})
+  foreach(file IN LISTS files)
+    string(REGEX REPLACE "_(unix|windows)\\.cpp$" "_unix.cpp" on_unix ${file})
+    string(REGEX REPLACE "_(unix|windows)\\.cpp$" "_windows.cpp" on_windows ${file})
+    set(is_pair FALSE)
+    if(NOT on_unix STREQUAL on_windows AND on_unix IN_LIST files AND on_windows IN_LIST files)
+      set(is_pair TRUE)
+    endif()
+    if(is_pair AND WIN32)
+      list(REMOVE_ITEM left ${on_unix})
+    elseif(is_pair)
+      list(REMOVE_ITEM left ${on_windows})
+    elseif(WIN32 AND file IN_LIST only_unix)
+      list(REMOVE_ITEM left ${file})
+    endif()
+  endforeach()
+  set(${out} ${left} PARENT_SCOPE)
 endfunction()
 
 # A library of `files` that rests on the libraries behind them. Without a source among the files it
