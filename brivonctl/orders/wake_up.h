@@ -19,8 +19,9 @@ class WakeUp {
   /// Ends the sleep, or the next one. Calls nothing that a signal handler must not call.
   void Wake() const;
 
-  /// Sleeps until it is woken or so many milliseconds have passed; -1: without limit.
-  void Sleep(int milliseconds) const;
+  /// Sleeps until it is woken or so many milliseconds have passed; -1: without limit. Returns
+  /// whether it was woken.
+  bool Sleep(int milliseconds) const;
 
  private:
   qintptr sleeping_end_ = -1;

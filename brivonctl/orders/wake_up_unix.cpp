@@ -26,13 +26,14 @@ void WakeUp::Wake() const {
   [[maybe_unused]] const auto size = ::write(static_cast<int>(waking_end_), "", 1);
 }
 
-void WakeUp::Sleep(int milliseconds) const {
+bool WakeUp::Sleep(int milliseconds) const {
   const int descriptor = static_cast<int>(sleeping_end_);
   pollfd look{descriptor, POLLIN, 0};
   ::poll(&look, 1, milliseconds);
+  bool was_woken = false;
   char bytes[64];
-  while (::read(descriptor, bytes, sizeof(bytes)) > 0) {
-  }
+  while (::read(descriptor, bytes, sizeof(bytes)) > 0) was_woken = true;
+  return was_woken;
 }
 
 }  // namespace BrivonCtl

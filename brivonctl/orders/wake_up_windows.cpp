@@ -23,9 +23,9 @@ bool WakeUp::IsOpen() const { return sleeping_end_ != -1; }
 
 void WakeUp::Wake() const { ::SetEvent(EventOf(waking_end_)); }
 
-void WakeUp::Sleep(int milliseconds) const {
-  ::WaitForSingleObject(EventOf(sleeping_end_),
-                        milliseconds < 0 ? INFINITE : static_cast<DWORD>(milliseconds));
+bool WakeUp::Sleep(int milliseconds) const {
+  const DWORD limit = milliseconds < 0 ? INFINITE : static_cast<DWORD>(milliseconds);
+  return ::WaitForSingleObject(EventOf(sleeping_end_), limit) == WAIT_OBJECT_0;
 }
 
 }  // namespace BrivonCtl
