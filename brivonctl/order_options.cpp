@@ -1,5 +1,6 @@
 #include "brivonctl/order_options.h"
 
+#include "base/shell.h"
 #include "command/commands.h"
 #include "orders/panel_words.h"
 #include "schedule/schedule_transmission.h"
@@ -35,7 +36,7 @@ CLI::Validator Letter() {
 
 CLI::Validator Panels() {
   const auto check = [](const std::string& word) {
-    return ReadPanelWords(word).wrong.toLocal8Bit().toStdString();
+    return Brivon1::StreamText(ReadPanelWords(word).wrong).toStdString();
   };
   return {check, ""};
 }

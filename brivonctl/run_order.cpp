@@ -1,7 +1,5 @@
 #include "brivonctl/run_order.h"
 
-#include <sys/resource.h>
-
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -9,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include "brivonctl/start_up.h"
 #include "files/file_check.h"
 #include "orders/crew.h"
 #include "orders/file_copies.h"
@@ -30,22 +29,6 @@ using namespace Qt::StringLiterals;
 
 namespace BrivonCtl {
 namespace {
-
-/// How many threads the system has descriptors for; it is asked for as many as it may give.
-int JobsThatFit(int jobs) {
-  constexpr rlim_t kForThreads = 4;  // a socket, the one that takes its place, two to wake it
-  constexpr rlim_t kForProgram = 64;
-  rlimit limit = {};
-  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return jobs;
-  const rlim_t wanted = static_cast<rlim_t>(jobs) * kForThreads + kForProgram;
-  if (limit.rlim_cur < wanted) {
-    limit.rlim_cur = std::min(wanted, limit.rlim_max);
-    ::setrlimit(RLIMIT_NOFILE, &limit);
-  }
-  if (limit.rlim_cur >= wanted) return jobs;
-  const rlim_t left = limit.rlim_cur > kForProgram ? limit.rlim_cur - kForProgram : 0;
-  return std::max(1, static_cast<int>(left / kForThreads));
-}
 
 /// Lines are appended to what is there; no file that Brivon reads is to be spoilt.
 QString WhatIsWrongWithLog(const QString& path) {

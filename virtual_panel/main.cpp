@@ -1,22 +1,18 @@
 // A panel on the desk: speaks the panels' side of the protocol over TCP, a serial port or a
 // pseudo-terminal, and shows in a window what real panels would show.
 
-#include <signal.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <variant>
 
 #include <QApplication>
-#include <QSocketNotifier>
 
 #include "base/program_icon.h"
+#include "base/shell.h"
 #include "virtual_panel/options.h"
 #include "virtual_panel/program.h"
+#include "virtual_panel/start_up.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,27 +20,6 @@ namespace VirtualPanel {
 namespace {
 
 constexpr int kBadUse = 2;
-
-int signal_sockets[2] = {-1, -1};
-
-void PassSignalOn(int /*number*/) {
-  const char byte = 1;
-  [[maybe_unused]] const ssize_t size = ::write(signal_sockets[0], &byte, 1);
-}
-
-// Ends the event loop in an orderly way on SIGINT and SIGTERM.
-void QuitOnSignals(QCoreApplication* application) {
-  if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signal_sockets) != 0) return;
-  auto* notifier = new QSocketNotifier(signal_sockets[1], QSocketNotifier::Read, application);
-  QObject::connect(notifier, &QSocketNotifier::activated, application, &QCoreApplication::quit);
-  struct sigaction action = {};
-  action.sa_handler = PassSignalOn;
-  ::sigaction(SIGINT, &action, nullptr);
-  ::sigaction(SIGTERM, &action, nullptr);
-  // Whoever started the program may stop listening to it.
-  action.sa_handler = SIG_IGN;
-  ::sigaction(SIGPIPE, &action, nullptr);
-}
 
 // Options that need no display.
 bool WantsNoWindow(int argc, char** argv) {
@@ -66,7 +41,7 @@ int Run(const QCoreApplication& application) {
   const auto parsed = ParseOptions(QCoreApplication::arguments(), can_show_windows);
   if (const auto* bad_use = std::get_if<BadUse>(&parsed)) return Refuse(bad_use->reason);
   if (const auto* help = std::get_if<HelpText>(&parsed)) {
-    std::fputs(help->text.toLocal8Bit().constData(), stdout);
+    Brivon1::WriteToStream(Brivon1::Stream::kOutput, Brivon1::StreamText(help->text));
     return EXIT_SUCCESS;
   }
   Program program(std::get<Options>(parsed));
@@ -80,14 +55,14 @@ int Run(const QCoreApplication& application) {
 }  // namespace VirtualPanel
 
 int main(int argc, char** argv) {
+  VirtualPanel::OpenStreams();
   std::unique_ptr<QCoreApplication> application;
   if (VirtualPanel::WantsNoWindow(argc, argv)) {
     // A desktop's event loop, which no window needs here, takes twice as long with many callers.
     if (!qEnvironmentVariableIsSet("QT_NO_GLIB")) qputenv("QT_NO_GLIB", "1");
     application = std::make_unique<QCoreApplication>(argc, argv);
   } else {
-    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
-        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (!VirtualPanel::HasDisplay()) {
       return VirtualPanel::Refuse(u"there is no display: use --headless"_s);
     }
     application = std::make_unique<QApplication>(argc, argv);

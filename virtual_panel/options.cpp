@@ -7,6 +7,7 @@
 
 #include "base/code_page.h"
 #include "engine/schedule.h"
+#include "virtual_panel/start_up.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,8 +31,7 @@ struct KnownOptions {
       "can change what the panels show."_s};
   QCommandLineOption serial{u"serial"_s, u"Answer on a serial port."_s, u"DEVICE"_s};
   QCommandLineOption baud{u"baud"_s, u"Its baud rate (9600)."_s, u"N"_s, u"9600"_s};
-  QCommandLineOption pty{u"pty"_s, u"Make a pseudo-terminal and a symbolic link to it."_s,
-                         u"LINK"_s};
+  QCommandLineOption pty{u"pty"_s, PtyHelp(), u"LINK"_s};
   QCommandLineOption headless{u"headless"_s, u"Without a window."_s};
   QCommandLineOption log{u"log"_s, u"Append one line of JSON for every frame."_s, u"FILE"_s};
   QCommandLineOption state{

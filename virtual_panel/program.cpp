@@ -1,10 +1,9 @@
 #include "virtual_panel/program.h"
 
-#include <cstdio>
-
 #include <QBuffer>
 
 #include "base/code_page.h"
+#include "base/shell.h"
 #include "lines/descriptor_limit.h"
 #include "window/panel_facts.h"
 
@@ -13,12 +12,12 @@ using namespace Qt::StringLiterals;
 namespace VirtualPanel {
 
 void Say(const QString& line) {
-  std::fputs((line + QLatin1Char('\n')).toLocal8Bit().constData(), stdout);
-  std::fflush(stdout);
+  Brivon1::WriteToStream(Brivon1::Stream::kOutput, Brivon1::StreamText(line + QLatin1Char('\n')));
 }
 
 void Complain(const QString& line) {
-  std::fputs((u"virtual_panel: "_s + line + QLatin1Char('\n')).toLocal8Bit().constData(), stderr);
+  Brivon1::WriteToStream(Brivon1::Stream::kError,
+                         Brivon1::StreamText(u"virtual_panel: "_s + line + QLatin1Char('\n')));
 }
 
 Program::Program(const Options& options) : options_(options), engine_(options.panels) {

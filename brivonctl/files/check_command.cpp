@@ -27,7 +27,7 @@ struct CheckOptions {
 bool Show(const FileReport& report, const CheckOptions& options) {
   if (options.json) return Print(Stream::kOutput, ReportJson(report));
   const bool is_fine = !report.IsRefused() && report.Warnings() == 0;
-  return (options.quiet && is_fine) || Print(Stream::kOutput, ReportText(report).toLocal8Bit());
+  return (options.quiet && is_fine) || PrintText(Stream::kOutput, ReportText(report));
 }
 
 QString RefusalText(const CheckSummary& summary) {

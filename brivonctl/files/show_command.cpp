@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include "base/files.h"
+#include "base/shell.h"
 #include "files/file_check.h"
 #include "files/png_picture.h"
 #include "files/shown_file.h"
@@ -78,7 +79,7 @@ int PrintPages(const ShownFile& shown) {
   QByteArray between;
   for (const ShownPage& page : shown.pages) {
     const QByteArray heading =
-        page.heading.isEmpty() ? QByteArray() : page.heading.toLocal8Bit() + '\n';
+        page.heading.isEmpty() ? QByteArray() : Brivon1::StreamText(page.heading) + '\n';
     if (!Print(Stream::kOutput, between + heading + TerminalPicture(page.picture, screen)))
       return kSomeFailed;
     between = "\n";

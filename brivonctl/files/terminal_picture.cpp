@@ -1,8 +1,5 @@
 #include "files/terminal_picture.h"
 
-#include <langinfo.h>
-#include <locale.h>
-
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -115,16 +112,9 @@ Screen StandardOutput() {
   Screen screen;
   if (terminal.has_size) screen.width = terminal.columns;
   if (!terminal.is_terminal) return screen;
-  // The program itself may run in the "C" language; what counts is that of its environment.
-  const locale_t locale = ::newlocale(LC_CTYPE_MASK, "", nullptr);
-  if (locale != nullptr) {
-    screen.draws_blocks = qstrcmp(::nl_langinfo_l(CODESET, locale), "UTF-8") == 0;
-    ::freelocale(locale);
-  }
+  screen.draws_blocks = terminal.shows_every_character;
   if (!screen.draws_blocks || !terminal.has_colours) return screen;
-  const QByteArray colours = qgetenv("COLORTERM");
-  const bool has_every = colours == "truecolor" || colours == "24bit";
-  screen.colours = has_every ? Colours::kEvery : Colours::k256;
+  screen.colours = terminal.has_every_colour ? Colours::kEvery : Colours::k256;
   return screen;
 }
 

@@ -1,24 +1,19 @@
-// What the threads tell the one that shows it: happenings in their order, and a descriptor that
-// wakes whoever polls it.
+// What the threads tell the one that shows it: happenings in their order, and what wakes the one
+// that waits for them.
 #pragma once
 
 #include <mutex>
 #include <vector>
 
 #include "orders/happenings.h"
+#include "orders/wake_up.h"
 
 namespace BrivonCtl {
 
 class EventQueue {
  public:
-  EventQueue();
-  ~EventQueue();
-
-  EventQueue(const EventQueue&) = delete;
-  EventQueue& operator=(const EventQueue&) = delete;
-
   /// False where the system had no more descriptors: the queue cannot be waited at.
-  bool IsOpen() const { return ends_[0] >= 0; }
+  bool IsOpen() const { return wake_up_.IsOpen(); }
 
   /// From any thread.
   void Tell(Happening happening);
@@ -26,15 +21,15 @@ class EventQueue {
   /// Everything that was told since the last call.
   std::vector<Happening> TakeAll();
 
-  /// Sleeps until something is told, a signal handler has written to WakingEnd(), or so many
-  /// milliseconds have passed; -1: without limit.
-  void Wait(int milliseconds);
+  /// Sleeps until something is told, WakingEnd() is woken, or so many milliseconds have passed; -1:
+  /// without limit.
+  void Wait(int milliseconds) { wake_up_.Sleep(milliseconds); }
 
-  /// A descriptor to which one byte may be written to end a wait.
-  int WakingEnd() const { return ends_[1]; }
+  /// Ends a wait without anything being told.
+  const WakeUp& WakingEnd() const { return wake_up_; }
 
  private:
-  int ends_[2] = {-1, -1};
+  WakeUp wake_up_;
   std::mutex mutex_;
   std::vector<Happening> happenings_;
 };

@@ -1,11 +1,14 @@
-// SIGINT and SIGTERM: the first one asks for a stop, the second ends the program at once.
+// SIGINT and SIGTERM, or on Windows Ctrl+C and Ctrl+Break: the first one asks for a stop, the
+// second ends the program at once.
 #pragma once
+
+#include "orders/wake_up.h"
 
 namespace BrivonCtl {
 
-/// From now on the first signal writes a byte to `waking_end`, a descriptor that stays open until
+/// From now on the first signal wakes who sleeps at `waking_end`, which stays there until
 /// ReleaseStopSignals().
-void CatchStopSignals(int waking_end);
+void CatchStopSignals(const WakeUp& waking_end);
 
 /// Returns to what the system does.
 void ReleaseStopSignals();

@@ -22,8 +22,7 @@ class LogFile {
   QString ErrorText() const { return error_; }
 
  private:
-  int Open();
-  bool Fail(int error);
+  bool Take(const QString& reason);
 
   QString path_;
   QString error_;

@@ -4,16 +4,18 @@
 #include <QByteArray>
 #include <QString>
 
+#include "base/shell.h"
+
 namespace BrivonCtl {
 
-enum class Stream { kOutput, kError };
+using Brivon1::Stream;
 
 /// Writes the bytes at once. False where they could not all be written; the first time that happens
 /// to standard output a line on standard error says why. Where nobody listens any more nothing is
 /// said.
 bool Print(Stream stream, const QByteArray& bytes);
 
-/// The same for a text, in the system's own encoding.
+/// The same for a text, in the encoding of the streams.
 bool PrintText(Stream stream, const QString& text);
 
 /// Whether everything has been written to standard output, as far as anybody listened.

@@ -23,8 +23,8 @@ void AddFolderOption(CLI::App* command, FolderOption* option) {
   command
       ->add_option("--folder", option->folder,
                    "The program folder, which holds brivon.ini; that of Brivon unless told "
-                   "otherwise: the executable's where it holds one or may be written to, else "
-                   "~/.local/share/brivon")
+                   "otherwise: the executable's where it holds one or may be written to, else " +
+                       OperatorsFolder())
       ->type_name("DIR")
       ->check(NotEmpty("the folder that holds brivon.ini"));
 }

@@ -15,6 +15,10 @@ struct FolderOption {
 /// Refuses an empty word, as an unset variable of a script gives one; `what` would be right.
 CLI::Validator NotEmpty(const std::string& what);
 
+/// The folder of whoever uses the program where the executable's is not to be written to, as his
+/// shell has it.
+std::string OperatorsFolder();
+
 /// Gives `command` the option "--folder".
 void AddFolderOption(CLI::App* command, FolderOption* option);
 

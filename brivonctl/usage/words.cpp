@@ -1,9 +1,8 @@
 #include "usage/words.h"
 
 #include <charconv>
-#include <cstdio>
 
-#include <QFile>
+#include "base/shell.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +19,7 @@ std::optional<int> WholeNumber(std::string_view word, int lowest, int highest) {
   return number;
 }
 
-QString TextOf(const std::string& word) { return QFile::decodeName(word.c_str()); }
+QString TextOf(const std::string& word) { return Brivon1::TextOfWord(word); }
 
 QString Escaped(char32_t character) {
   return u"\\x"_s + u"%1"_s.arg(static_cast<uint>(character), 2, 16, QLatin1Char('0')).toUpper();
@@ -44,8 +43,8 @@ QString Printable(const QString& name) {
 void Complain(const QString& text) {
   QString line = text;
   line.replace(u'\n', u' ').replace(u'\r', u' ');
-  const QByteArray bytes = (u"brivonctl: "_s + Harmless(line) + u'\n').toLocal8Bit();
-  std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stderr);
+  Brivon1::WriteToStream(Brivon1::Stream::kError,
+                         Brivon1::StreamText(u"brivonctl: "_s + Harmless(line) + u'\n'));
 }
 
 }  // namespace BrivonCtl

@@ -1,10 +1,11 @@
 // What the journey does in each window.
+#include "journey/journey.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QListWidget>
 
 #include "journey/hands.h"
-#include "journey/journey.h"
 #include "support/message_box_reader.h"
 
 using namespace Qt::StringLiterals;

@@ -8,6 +8,7 @@ namespace VirtualPanel {
 int RaiseDescriptorLimit();
 
 inline constexpr int kMostDescriptors = 16'384;
+inline constexpr int kKeptDescriptors = 64;  // for everything but connections
 
 // How many connections each of `tcp_lines` may have with so many descriptors: most of them, with
 // some kept for every other line, for files, terminals and the window; at least one.

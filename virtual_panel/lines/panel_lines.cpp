@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "lines/pty_line.h"
 #include "lines/serial_line.h"
 
 using namespace Qt::StringLiterals;
@@ -66,29 +65,6 @@ bool PanelLines::OpenTcp(const QString& address, QString* error) {
   line->is_open = [tcp = tcp.get()] { return tcp->Port() != 0; };
   line->open_description = [line = line.get()] { return u"listening on "_s + line->name; };
   line->line = std::move(tcp);
-  return Add(std::move(line), error);
-}
-
-bool PanelLines::OpenPty(const QString& link, QString* error) {
-  auto line = std::make_unique<Line>();
-  auto pty = std::make_unique<PtyLine>(engine_);
-  line->open = [pty = pty.get(), link](QString* reason) {
-    if (pty->Open(link)) return true;
-    *reason = u"pseudo-terminal "_s + pty->ErrorString();
-    return false;
-  };
-  line->cut = [pty = pty.get()] { pty->Unplug(); };
-  line->is_open = [pty = pty.get()] { return pty->IsPlugged(); };
-  line->name = u"pty "_s + link;
-  line->open_description = [pty = pty.get(), line = line.get()] {
-    return u"%1 -> %2"_s.arg(line->name, pty->DeviceName());
-  };
-  connect(pty.get(), &PtyLine::Unplugged, &line->again, [this, line = line.get()] {
-    if (!is_plugged_) return;
-    Q_EMIT Closed(Description(*line));
-    line->again.start();
-  });
-  line->line = std::move(pty);
   return Add(std::move(line), error);
 }
 

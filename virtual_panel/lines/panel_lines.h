@@ -31,7 +31,7 @@ class PanelLines : public QObject {
   // Each opens one more line. False, with a sentence in *error: it cannot be opened.
   // `address` is "ADDRESS:PORT", "[ADDRESS]:PORT" or "PORT"; port 0 takes any free one.
   bool OpenTcp(const QString& address, QString* error);
-  // `link` becomes a symbolic link to a new pseudo-terminal.
+  // `link` becomes a symbolic link to a new pseudo-terminal. Windows has none.
   bool OpenPty(const QString& link, QString* error);
   bool OpenSerial(const QString& device, qint32 baud_rate, QString* error);
 

@@ -1,8 +1,6 @@
 #include "lines/tcp_connection.h"
 
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
+#include "lines/sockets.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,9 +13,7 @@ constexpr qint64 kReadAhead = 4096;
 constexpr qint64 kTurn = 1024;
 
 // A caller whose machine has gone without a word is noticed after a minute and a half.
-constexpr int kSecondsUntilAsked = 60;
-constexpr int kSecondsBetweenAsking = 10;
-constexpr int kMostAskings = 3;
+constexpr Asking kAsking = {60, 10, 3};
 
 }  // namespace
 
@@ -39,13 +35,7 @@ TcpConnection::~TcpConnection() { socket_->disconnect(); }
 
 void TcpConnection::NoticeDeadCallers() {
   socket_->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-  const int descriptor = static_cast<int>(socket_->socketDescriptor());
-  const auto set = [descriptor](int option, int value) {
-    ::setsockopt(descriptor, IPPROTO_TCP, option, &value, sizeof value);
-  };
-  set(TCP_KEEPIDLE, kSecondsUntilAsked);
-  set(TCP_KEEPINTVL, kSecondsBetweenAsking);
-  set(TCP_KEEPCNT, kMostAskings);
+  AskSilentCaller(socket_->socketDescriptor(), kAsking);
 }
 
 void TcpConnection::Hear() {

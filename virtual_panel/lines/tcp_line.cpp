@@ -1,15 +1,12 @@
 #include "lines/tcp_line.h"
 
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <utility>
 
 #include <QElapsedTimer>
 #include <QTcpSocket>
 
+#include "lines/sockets.h"
 #include "lines/tcp_connection.h"
 
 namespace VirtualPanel {
@@ -67,30 +64,30 @@ void TcpLine::Close() {
 
 void TcpLine::Accept() {
   for (int call = 0; call < kCallsAtATime; ++call) {
-    const int descriptor = ::accept4(static_cast<int>(server_.socketDescriptor()), nullptr, nullptr,
-                                     SOCK_CLOEXEC | SOCK_NONBLOCK);
-    if (descriptor >= 0) {
-      Take(descriptor);
-      continue;
+    qintptr caller = -1;
+    switch (TakeCall(server_.socketDescriptor(), &caller)) {
+      case Call::kTaken:
+        Take(caller);
+        break;
+      case Call::kGivenUp:
+        break;
+      case Call::kNoCaller:
+        return;
+      case Call::kNoRoom:
+        calls_->setEnabled(false);
+        again_.start();
+        return;
     }
-    const bool has_given_up = errno == ECONNABORTED || errno == EINTR;
-    if (has_given_up) continue;
-    // Nobody else is there; or the system has no descriptor or no memory, now.
-    if (errno != EAGAIN) {
-      calls_->setEnabled(false);
-      again_.start();
-    }
-    return;
   }
 }
 
-void TcpLine::Take(int descriptor) {
+void TcpLine::Take(qintptr caller) {
   if (connections_.size() >= most_connections_) {
-    ::close(descriptor);
+    CloseSocket(caller);
     return;
   }
   auto* socket = new QTcpSocket;
-  socket->setSocketDescriptor(descriptor);
+  socket->setSocketDescriptor(caller);
   auto* connection = new TcpConnection(engine_, socket, this);
   connections_.insert(connection, {});
   connect(connection, &TcpConnection::HasSpoken, this, [this, connection] { Queue(connection); });

@@ -56,7 +56,7 @@ class TcpLine : public QObject {
   };
 
   void Accept();
-  void Take(int descriptor);
+  void Take(qintptr caller);
   void Queue(TcpConnection* connection);
   void HearSome();
   void Count(TcpConnection* connection);

@@ -1,14 +1,11 @@
 #include "records/kept_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include "records/appended_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -81,29 +78,14 @@ void LogFile::Append(const QByteArray& line) {
   SetTrouble(reason);
 }
 
-bool LogFile::IsAtItsPath() const {
-  struct stat opened = {};
-  struct stat named = {};
-  return file_.isOpen() && ::fstat(file_.handle(), &opened) == 0 &&
-         ::stat(QFile::encodeName(Path()).constData(), &named) == 0 &&
-         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
+bool LogFile::IsAtItsPath() const { return file_.isOpen() && IsFileAt(file_, Path()); }
 
 bool LogFile::Reopen(QString* reason) {
   file_.close();
   // The beginning of the unfinished line is gone with the file.
   if (!unfinished_.isEmpty()) ++lost_lines_;
   unfinished_.clear();
-  // O_APPEND in place of a seek to the end, which a device or a pipe does not have.
-  const int descriptor = ::open(QFile::encodeName(Path()).constData(),
-                                O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-  if (descriptor < 0) {
-    *reason = QString::fromLocal8Bit(std::strerror(errno));
-    return false;
-  }
-  // Unbuffered, so that what could not be written is known at once.
-  return file_.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
-                    QFileDevice::AutoCloseHandle);
+  return OpenAtEnd(Path(), &file_, reason);
 }
 
 WholeFile::WholeFile(QString name, QString path, std::function<QByteArray()> contents,

@@ -12,15 +12,14 @@ namespace BrivonCtl {
 namespace {
 
 std::atomic<int> signals_come = 0;
-std::atomic<int> waking_descriptor = -1;
+std::atomic<const WakeUp*> wake_up = nullptr;
 static_assert(std::atomic<int>::is_always_lock_free);
+static_assert(std::atomic<const WakeUp*>::is_always_lock_free);
 
 void TakeSignal(int /*number*/) {
   const int error = errno;
   if (signals_come.fetch_add(1) > 0) ::_exit(kStopped);
-  const int descriptor = waking_descriptor.load();
-  if (descriptor >= 0) [[maybe_unused]]
-    const auto size = ::write(descriptor, "", 1);
+  if (const WakeUp* end = wake_up.load()) end->Wake();
   errno = error;
 }
 
@@ -33,15 +32,15 @@ void SetHandler(void (*handler)(int)) {
 
 }  // namespace
 
-void CatchStopSignals(int waking_end) {
+void CatchStopSignals(const WakeUp& waking_end) {
   signals_come = 0;
-  waking_descriptor = waking_end;
+  wake_up = &waking_end;
   SetHandler(TakeSignal);
 }
 
 void ReleaseStopSignals() {
   SetHandler(SIG_DFL);
-  waking_descriptor = -1;
+  wake_up = nullptr;
 }
 
 bool IsStopRequested() { return signals_come.load() > 0; }
