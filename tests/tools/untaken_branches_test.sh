@@ -31,17 +31,17 @@ name() { printf '# Nothing takes it.\n\n%s' "$1" >"$scratch/tools/untaken_branch
 name ''
 expect "lines that are not named" "$(judge)" "not taken, not named: src/one.cpp: if (c) d();
 not taken, not named: src/one.cpp: if (c) d();
-2 lines have a branch that no test takes, 0 of them are named with their reason
+2 lines have a branch that no test takes, 0 of them are named
 status 1"
 
 name $'src/one.cpp: if (c) d();\nsrc/one.cpp: if (c) d();\n'
 expect "lines that are named" "$(judge)" \
-  "2 lines have a branch that no test takes, 2 of them are named with their reason
+  "2 lines have a branch that no test takes, 2 of them are named
 status 0"
 
 name $'src/one.cpp: if (a) b();\nsrc/one.cpp: if (c) d();\nsrc/one.cpp: if (c) d();\n'
 expect "a name too many" "$(judge)" "named, and taken or gone: src/one.cpp: if (a) b();
-2 lines have a branch that no test takes, 2 of them are named with their reason
+2 lines have a branch that no test takes, 2 of them are named
 status 1"
 
 succeed_without_failures
