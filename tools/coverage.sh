@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Counts which lines and branches of each room the tests take, and names the lines with a branch that
-# none of them takes. The branches by which an exception would leave a line are left out. Leaves a
-# page for every source in build/coverage/html. Needs GCC and takes about as long as two builds;
-# --report counts anew what the last run left. A test that fails does not keep it from counting, and
-# is its status at the end.
+# none of them takes and for which tools/untaken_branches.txt gives no reason. The branches by which an
+# exception would leave a line are left out. Leaves a page for every source in build/coverage/html.
+# Needs GCC and takes about as long as two builds; --report counts anew what the last run left. A test
+# that fails does not keep it from counting; it is its status at the end, and so is such a line.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/run_parts.sh
@@ -12,6 +12,7 @@ cd "$path"
 
 tools/install_missing.sh --tests gcovr
 failed=0
+unnamed=0
 if [ "${1:-}" != --report ]; then
   CXX=g++ cmake --preset coverage -DBUILD_TESTING=ON -DBRIVON_VIRTUAL_PANEL=ON -DBRIVON_CTL=ON >/dev/null
   cmake --build --preset coverage
@@ -26,7 +27,8 @@ gcovr --root . --object-directory "$result" -j 2 \
   --filter '(src|panel_dots|virtual_panel|brivonctl)/' --exclude "$result/" \
   --exclude-throw-branches --exclude-unreachable-branches \
   --gcov-ignore-parse-errors --branches --txt "$result/branches.txt" \
-  --csv "$result/coverage.csv" --html-details "$result/html/index.html"
+  --csv "$result/coverage.csv" --json "$result/coverage.json" \
+  --html-details "$result/html/index.html"
 
 cat "$result/branches.txt"
 awk -F, '
@@ -53,5 +55,6 @@ awk -F, '
     for (i = 1; i <= count; ++i) row("`" rooms[i] "`", rooms[i])
     row("all", "all")
   }' "$result/coverage.csv"
+tools/untaken_branches.py "$result/coverage.json" || unnamed=1
 [ "$failed" -eq 0 ] || echo "A test has failed: the figures are those of this run all the same." >&2
-exit "$failed"
+[ "$failed" -eq 0 ] && [ "$unnamed" -eq 0 ]

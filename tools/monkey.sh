@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Random keys, clicks and line faults at all windows of Brivon, under the address and undefined
-# sanitizers: tools/monkey.sh MINUTES [START]. Each day at the windows has a number of its own, from
-# START on (1 where none is given), and 3000 actions. A day that ends badly is kept as a log, and
-# made as short as it goes.
+# Random keys, clicks, line faults, full disks and log-outs at all windows of Brivon, under the
+# address and undefined sanitizers: tools/monkey.sh MINUTES [START]. Each day at the windows has a
+# number of its own, from START on (1 where none is given), and 3000 actions. A day that ends badly
+# is kept as a log, and made as short as it goes.
 set -euo pipefail
 minutes=${1:?"tools/monkey.sh MINUTES [START]"}
 start=${2:-1}

@@ -19,15 +19,19 @@ SessionEnd::SessionEnd(std::function<QWidget*()> open_window, QObject* parent)
 }
 
 void SessionEnd::Answer(QSessionManager& session) {
-  may_end_ = MayEnd(session);
-  if (may_end_) {
+  if (MayEnd([&session] { return session.allowsInteraction(); })) {
     session.release();
   } else {
     session.cancel();
   }
 }
 
-bool SessionEnd::MayEnd(QSessionManager& session) const {
+bool SessionEnd::MayEnd(const std::function<bool()>& may_ask) {
+  may_end_ = MayLeave(may_ask);
+  return may_end_;
+}
+
+bool SessionEnd::MayLeave(const std::function<bool()>& may_ask) const {
   QWidget* window = open_window_();
   if (window == nullptr) return true;
   const QList<SendingSession*> links = window->findChildren<SendingSession*>();
@@ -36,7 +40,7 @@ bool SessionEnd::MayEnd(QSessionManager& session) const {
   }
   auto* work = dynamic_cast<UnsavedWork*>(window);
   if (work == nullptr || !work->IsModified()) return true;
-  return session.allowsInteraction() && work->MayLeave();
+  return may_ask() && work->MayLeave();
 }
 
 bool SessionEnd::eventFilter(QObject* object, QEvent* event) {

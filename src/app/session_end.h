@@ -18,11 +18,15 @@ class SessionEnd : public QObject {
   /// `open_window` gives the window that the operator works in, with its dialogs; null for none.
   SessionEnd(std::function<QWidget*()> open_window, QObject* parent);
 
+  /// The answer, once the operator has been asked if need be. `may_ask` is called where there is
+  /// something to ask, and says whether the desktop lets the program do so.
+  bool MayEnd(const std::function<bool()>& may_ask);
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   void Answer(QSessionManager& session);
-  bool MayEnd(QSessionManager& session) const;
+  bool MayLeave(const std::function<bool()>& may_ask) const;
 
   std::function<QWidget*()> open_window_;
   bool may_end_ = false;

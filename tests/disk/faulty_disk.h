@@ -16,8 +16,9 @@ struct DiskFault {
 
   int call = 0;  ///< The number, from 1, of the call; 0: none fails.
   Way way = Way::kError;
-  int error = 0;       ///< The system's number.
-  bool stays = false;  ///< Whether all calls behind it give `error`, too.
+  int error = 0;                   ///< The system's number.
+  bool stays = false;              ///< Whether all calls behind it give `error`, too.
+  bool spares_what_frees = false;  ///< Whether what takes no room, such as removing, is as ever.
   bool has_nameless_files = true;
   int cut = kHalf;       ///< How many bytes a short write takes, at most all.
   bool is_lock = false;  ///< Whether it is of files called "*.lock" alone, or of all others.
@@ -43,8 +44,9 @@ class FaultyDisk {
   /// The number of the last call before the folder was flushed; 0 where it was not.
   int CallBeforeFolderFlush() const;
 
-  /// Whether the library is loaded; without it there is no fault.
-  static bool IsLoaded();
+  /// Starts the program anew with the library before all others, unless it has been already: what
+  /// the toolkit calls goes there then, too. False, and said, where it cannot be loaded.
+  static bool Load(char** argv);
 
   /// Whether the real disk of `folder` can hold a file without a name.
   static bool HasNamelessFiles(const char* folder);

@@ -62,6 +62,14 @@ void Keep(int handle, bool is_below) {
   if (handle == disk.folder_handle) disk.folder_handle = -1;
 }
 
+/// Whether a disk without room refuses this call.
+bool TakesRoom(const char* name) {
+  for (const char* part : {"open", "write", "sync", "link", "rename"}) {
+    if (std::strstr(name, part) != nullptr) return std::strncmp(name, "unlink", 6) != 0;
+  }
+  return false;
+}
+
 enum class Outcome { kAsEver, kShort, kFailed };
 
 /// Counts one call and says how it ends.
@@ -71,6 +79,7 @@ Outcome Count(const char* name, bool is_write = false) {
   if (call <= kMostCalls) disk.names[call] = name;
   const DiskFault& fault = disk.fault;
   if (fault.call == 0 || call < fault.call) return Outcome::kAsEver;
+  if (fault.spares_what_frees && !TakesRoom(name)) return Outcome::kAsEver;
   const bool is_first = call == fault.call;
   const bool is_second = call == fault.call + 1;
   const bool begins_short = fault.way != Way::kError && fault.way != Way::kKill;

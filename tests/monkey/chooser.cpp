@@ -55,7 +55,9 @@ Action Chooser::Next() {
   if (IsSending() && OneIn(400)) return {u"end"_s, {}};
   if (OneIn(40)) return {u"fault"_s, {OneOf(kFaults)}};
   if (OneIn(30)) return {u"pause"_s, {}};
-  if (OpenFileDialog() != nullptr) return AtTheFileDialog();
+  if (OneIn(60)) return {u"disk"_s, {OneIn(2) ? u"0"_s : QString::number(1 + Below(24))}};
+  if (OneIn(150)) return AtTheDesktop();
+  if (FileDialogInFront() != nullptr) return AtTheFileDialog();
   if (OneIn(25)) return AroundTheWindow();
   if (front->windowType() == Qt::Popup) return AtAPopup(*front);
   if (qobject_cast<const QMessageBox*>(front) != nullptr) return AtAMessageBox();
@@ -95,6 +97,11 @@ Action Chooser::AroundTheWindow() {
     default:
       return {u"close"_s, {}};
   }
+}
+
+Action Chooser::AtTheDesktop() {
+  if (OneIn(4)) return {u"quit"_s, {}};
+  return {u"logout"_s, {OneOf({u"ask"_s, u"ask"_s, u"silent"_s}), OneOf({u"end"_s, u"stay"_s})}};
 }
 
 Action Chooser::AtTheFileDialog() {

@@ -28,6 +28,7 @@ class Chooser {
   QString RandomText();
   Action Key();
   Action AroundTheWindow();
+  Action AtTheDesktop();
   Action AtTheFileDialog();
   Action AtAPopup(const QWidget& popup);
   Action AtAMessageBox();

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QMessageBox>
 
 #include "sending/sending_session.h"
 
@@ -36,7 +37,8 @@ QWidget* Front() {
   return nullptr;
 }
 
-QWidget* OpenFileDialog() {
+QWidget* FileDialogInFront() {
+  if (qobject_cast<QMessageBox*>(Front()) != nullptr) return nullptr;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && qobject_cast<QFileDialog*>(window) != nullptr) return window;
   }

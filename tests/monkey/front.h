@@ -8,8 +8,8 @@
 /// launcher; null where no window is open.
 QWidget* Front();
 
-/// The file dialog that is open; null without one.
-QWidget* OpenFileDialog();
+/// The file dialog that takes keys and clicks, itself or a list of its own; null without one.
+QWidget* FileDialogInFront();
 
 /// Whether a window of the program is sending.
 bool IsSending();

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include "disk/faulty_disk.h"
 #include "monkey/monkey.h"
 #include "monkey/shrink.h"
 
@@ -41,6 +42,7 @@ void TellMistakes(QtMsgType type, const QMessageLogContext& /*context*/, const Q
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!FaultyDisk::Load(argv)) return EXIT_FAILURE;
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   qInstallMessageHandler(TellMistakes);
   QApplication application(argc, argv);

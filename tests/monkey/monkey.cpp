@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <utility>
 
@@ -69,6 +70,7 @@ void Monkey::RunProgram() {
   {
     frmMain launcher(TaskWindows(bench_->Ports()));
     launcher.show();
+    session_ = launcher.findChild<SessionEnd*>();
     watch_ = std::make_unique<Watch>(*bench_, bench_->Folder().Path(QString()),
                                      [this](const QString& what) { Fail(what); });
     goes_home_ = false;
@@ -76,6 +78,7 @@ void Monkey::RunProgram() {
     QApplication::exec();
     watch_.reset();
   }
+  disk_.reset();
   bench_.reset();
 }
 
@@ -165,6 +168,12 @@ void Monkey::Do(const Action& action) {
     BeginWayHome();
   } else if (action.verb == "fault"_L1) {
     SetFault(action.Word(0));
+  } else if (action.verb == "disk"_L1) {
+    FillDisk(action.Number(0));
+  } else if (action.verb == "logout"_L1) {
+    LogOut(action.Word(0) == "ask"_L1, action.Word(1) == "end"_L1);
+  } else if (action.verb == "quit"_L1) {
+    Quit();
   } else if (!Perform(action)) {
     ++skipped_;
   } else if (action.verb == "elsewhere"_L1) {
@@ -184,6 +193,33 @@ void Monkey::SetFault(const QString& fault) {
     if (fault != "none"_L1 && !VirtualPanel::ParseFault(fault, &faults, &error)) return;
     bench_->Fail(faults);
   }
+}
+
+void Monkey::FillDisk(int calls) {
+  disk_.reset();
+  if (calls == 0) return;
+  DiskFault full;
+  full.call = calls;
+  full.error = ENOSPC;
+  full.stays = true;
+  full.spares_what_frees = true;
+  const QByteArray folder = QFile::encodeName(bench_->Folder().Path(QString()));
+  disk_ = std::make_unique<FaultyDisk>(folder.constData(), full);
+}
+
+void Monkey::LogOut(bool may_ask, bool ends) {
+  if (std::exchange(is_logging_out_, true)) return;
+  watch_->SessionIsToEnd(may_ask);
+  const bool may_end = session_->MayEnd([may_ask] { return may_ask; });
+  is_logging_out_ = false;
+  watch_->SessionMayEnd(may_end);
+  if (may_end && ends) Quit();
+}
+
+void Monkey::Quit() {
+  QEvent quit(QEvent::Quit);
+  QCoreApplication::sendEvent(qApp, &quit);
+  if (quit.isAccepted()) watch_->ProgramEnds();
 }
 
 void Monkey::BeginWayHome() {

@@ -10,6 +10,8 @@
 #include <QObject>
 
 #include "app/frmMain.h"
+#include "app/session_end.h"
+#include "disk/faulty_disk.h"
 #include "monkey/action.h"
 #include "monkey/chooser.h"
 #include "monkey/hang_watch.h"
@@ -46,6 +48,16 @@ class Monkey : public QObject {
   void Do(const Action& action);
   void SetFault(const QString& fault);
 
+  /// The disk has room for `calls` - 1 more calls of saves, and then for none; 0: for all again.
+  void FillDisk(int calls);
+
+  /// The desktop asks whether its session may end, and may let the program ask its user; where the
+  /// session may, it ends at once.
+  void LogOut(bool may_ask, bool ends);
+
+  /// The desktop tells the program to end.
+  void Quit();
+
   void BeginWayHome();
 
   /// One step of the way back to the launcher, which must be short.
@@ -59,7 +71,10 @@ class Monkey : public QObject {
   Chooser chooser_;
   HangWatch hang_;
   std::unique_ptr<VirtualBench> bench_;
+  std::unique_ptr<FaultyDisk> disk_;
   std::unique_ptr<Watch> watch_;
+  SessionEnd* session_ = nullptr;
+  bool is_logging_out_ = false;  // and waits for the program's answer
   QByteArray doing_;
   qsizetype done_ = 0;  // of the actions
   qsizetype skipped_ = 0;

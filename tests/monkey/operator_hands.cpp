@@ -196,7 +196,7 @@ bool PerformAtWindow(const Action& action, QWidget* window) {
 
 // Keys and clicks could do anything to the disk in a file dialog.
 bool MayBeDone(const Action& action) {
-  if (OpenFileDialog() == nullptr) return action.verb != "name"_L1;
+  if (FileDialogInFront() == nullptr) return action.verb != "name"_L1;
   const QStringList verbs = {u"name"_s, u"resize"_s, u"close"_s, u"clip"_s};
   return verbs.contains(action.verb) || action == Action{u"key"_s, {u"Esc"_s}};
 }

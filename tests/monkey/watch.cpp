@@ -98,6 +98,7 @@ void Watch::FollowEditor(QWidget* editor) {
 void Watch::FollowBox(QMessageBox* box) {
   if (box->text().trimmed().isEmpty()) fail_(u"a message box says nothing"_s);
   if (box->icon() != QMessageBox::Question || box->parentWidget() != editor_) return;
+  if (!may_ask_) fail_(u"the session ends, and a question is asked that may not be"_s);
   connect(box, &QDialog::finished, this, [this, box] {
     const auto answer = box->standardButton(box->clickedButton());
     if (editor_ == nullptr) return;
@@ -155,6 +156,30 @@ void Watch::ExpectNothingLost(const QByteArray& work, const QString& why) {
   LookAtFolder();  // a question that was answered may have saved the work
   if (IsSafe(work) || work == given_up_) return;
   fail_(u"unsaved work is lost without the question: "_s + why);
+}
+
+void Watch::SessionIsToEnd(bool may_ask) {
+  may_ask_ = may_ask;
+  must_end_ = !IsSending() &&
+              (editor_ == nullptr || !dynamic_cast<const UnsavedWork&>(*editor_).IsModified());
+}
+
+void Watch::SessionMayEnd(bool may_end) {
+  may_ask_ = true;
+  of_session_.clear();
+  if (must_end_ && !may_end) fail_(u"the session is kept from ending for nothing"_s);
+  if (!may_end || forgives_) return;
+  if (IsSending()) fail_(u"the session may end while a window sends"_s);
+  if (editor_ == nullptr) return;
+  ExpectNothingLost(WorkIn(*editor_), u"the session may end"_s);
+  of_session_ = WorkIn(*editor_);
+}
+
+void Watch::ProgramEnds() {
+  if (editor_ != nullptr && WorkIn(*editor_) != of_session_) {
+    ExpectNothingLost(WorkIn(*editor_), u"the desktop ends the program"_s);
+  }
+  Forgive();
 }
 
 void Watch::LookAtControls() const {

@@ -27,6 +27,14 @@ class Watch : public QObject {
   /// The program ends from outside: what is not saved is lost without a question.
   void Forgive() { forgives_ = true; }
 
+  /// The desktop asks whether its session may end, and whether the program may ask its user; and
+  /// what the program has answered.
+  void SessionIsToEnd(bool may_ask);
+  void SessionMayEnd(bool may_end);
+
+  /// The program has let itself be ended by the desktop.
+  void ProgramEnds();
+
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
@@ -53,6 +61,9 @@ class Watch : public QObject {
   QByteArray given_up_;     // the work that the operator has given up, until another action is done
   QByteArray asked_about_;  // the work that "Yes" saves, until then too
   QByteArray before_new_;   // the work when "New" was pressed
+  QByteArray of_session_;   // the work for which the session may end
+  bool must_end_ = false;   // the session, as nothing is against it
+  bool may_ask_ = true;
   int looks_since_answer_ = 0;
   QStringList allowed_;  // files that may change before the next look
   QStringList allowed_before_;

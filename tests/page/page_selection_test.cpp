@@ -273,6 +273,25 @@ TEST(PageSelection, CentringReplacesTheDarkBlanksInFrontAndCountsNoneBehind) {
   EXPECT_EQ(page.Row(1).Cursor(), 7);
 }
 
+TEST(PageSelection, CentringCountsBlanksOfRainbowAsDark) {
+  PageMessage page = PageOf(1, 96);
+  Choose(page, 0, 15);
+  Type(page, "  ab");  // 12 of 96 dots: 42 in front, seven normal blanks
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(page.Row(1).Text(), "       ab");
+}
+
+TEST(PageSelection, CentringReplacesAsManyBlanksOfAnotherSize) {
+  PageMessage page = PageOf(1, 96);
+  Choose(page, 1);
+  Type(page, "       ");
+  Choose(page, 0);
+  Type(page, "ab");
+  EXPECT_TRUE(page.CentreRow());
+  EXPECT_EQ(page.Row(1).Text(), "       ab");
+  EXPECT_EQ(page.Row(1).Size(), "AAAAAAAAA");
+}
+
 TEST(PageSelection, CentringNeverGoesBeyondWhatTheRowHolds) {
   PageMessage page = PageOf(2, 60);
   Type(page, "123456789012");
