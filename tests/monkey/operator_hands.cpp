@@ -126,13 +126,14 @@ void Choose(QWidget* control, int index) {
   for (int i = 0; i < index && list != nullptr; ++i) PressKeys(u"Down"_s);
 }
 
-void Type(const QString& text) {
+void Type(const QString& text, const std::function<void()>& typed) {
   for (const QChar letter : text) {
     const QPointer<QWidget> owner = KeyboardOwner();
     if (owner == nullptr) return;
     const auto code = static_cast<Qt::Key>(letter.toUpper().unicode());
     QTest::simulateEvent(owner, true, code, Qt::NoModifier, letter, false);
     if (owner != nullptr) QTest::simulateEvent(owner, false, code, Qt::NoModifier, letter, false);
+    typed();
   }
 }
 
@@ -214,13 +215,13 @@ void ActivateFront() {
   if (QApplication::activeWindow() != front) front->activateWindow();
 }
 
-bool Perform(const Action& action) {
+bool Perform(const Action& action, const std::function<void()>& typed) {
   QWidget* front = Front();
   if (front == nullptr || !MayBeDone(action)) return false;
   if (action.verb == "key"_L1) {
     PressKeys(action.Word(0));
   } else if (action.verb == "type"_L1) {
-    Type(action.Word(0));
+    Type(action.Word(0), typed);
   } else if (action.verb == "name"_L1) {
     return EnterName(action.Word(0));
   } else if (action.verb == "clip"_L1) {
