@@ -174,7 +174,7 @@ void Monkey::Do(const Action& action) {
     LogOut(action.Word(0) == "ask"_L1, action.Word(1) == "end"_L1);
   } else if (action.verb == "quit"_L1) {
     Quit();
-  } else if (!Perform(action)) {
+  } else if (!Perform(action, [this] { hang_.Beat(); })) {
     ++skipped_;
   } else if (action.verb == "elsewhere"_L1) {
     away_ = 3;

@@ -128,7 +128,7 @@ void Choose(QWidget* control, int index) {
 
 // Types `text`, and no more of it once a window has gone that it was typed into: who waited for that
 // window's answer goes on before any desktop hands over the next key.
-void Type(const QString& text) {
+void Type(const QString& text, const std::function<void()>& typed) {
   QPointer<QWidget> window;
   for (const QChar letter : text) {
     const QPointer<QWidget> owner = KeyboardOwner();
@@ -137,6 +137,7 @@ void Type(const QString& text) {
     const auto code = static_cast<Qt::Key>(letter.toUpper().unicode());
     QTest::simulateEvent(owner, true, code, Qt::NoModifier, letter, false);
     if (owner != nullptr) QTest::simulateEvent(owner, false, code, Qt::NoModifier, letter, false);
+    typed();
   }
 }
 
@@ -218,13 +219,13 @@ void ActivateFront() {
   if (QApplication::activeWindow() != front) front->activateWindow();
 }
 
-bool Perform(const Action& action) {
+bool Perform(const Action& action, const std::function<void()>& typed) {
   QWidget* front = Front();
   if (front == nullptr || !MayBeDone(action)) return false;
   if (action.verb == "key"_L1) {
     PressKeys(action.Word(0));
   } else if (action.verb == "type"_L1) {
-    Type(action.Word(0));
+    Type(action.Word(0), typed);
   } else if (action.verb == "name"_L1) {
     return EnterName(action.Word(0));
   } else if (action.verb == "clip"_L1) {
