@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "store/system_port.h"
+
 using namespace Qt::StringLiterals;
 
 namespace Brivon1 {
@@ -96,7 +98,7 @@ TEST(Links, TheSerialPortIsOpenedAtTheConfiguredPortAndSpeed) {
   SteppingClock clock;
   ScriptedPort port(clock);
   EXPECT_TRUE(OpenSerialPort(port, configuration));
-  EXPECT_EQ(port.moves, QStringList{u"/dev/ttyS2 19200,N,8,1"_s});
+  EXPECT_EQ(port.moves, QStringList{SystemPort(3) + u" 19200,N,8,1"_s});
 }
 
 TEST(Links, ADeviceNamedForThePortIsOpenedInstead) {
