@@ -1,3 +1,5 @@
+#include "base/abandoned_file.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -5,8 +7,6 @@
 
 #include <cstdlib>
 #include <ctime>
-
-#include "base/abandoned_file.h"
 
 namespace Brivon1 {
 namespace {

@@ -1,8 +1,9 @@
+#include "base/abandoned_file.h"
+
 #include <string>
 
 #include <qt_windows.h>
 
-#include "base/abandoned_file.h"
 #include "base/windows_names.h"
 
 namespace Brivon1 {

@@ -1,3 +1,5 @@
+#include "base/replacing_file.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -10,7 +12,6 @@
 #include <QFile>
 
 #include "base/left_over_files.h"
-#include "base/replacing_file.h"
 
 namespace Brivon1 {
 namespace {

@@ -2,6 +2,8 @@
 #include <qt_windows.h>
 #include <aclapi.h>
 // clang-format on
+#include "base/replacing_file.h"
+
 #include <fcntl.h>
 #include <io.h>
 #include <share.h>
@@ -19,7 +21,6 @@
 #include <QString>
 
 #include "base/left_over_files.h"
-#include "base/replacing_file.h"
 #include "base/windows_names.h"
 
 using namespace Qt::StringLiterals;

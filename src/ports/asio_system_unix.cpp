@@ -1,10 +1,11 @@
+#include "ports/asio_system.h"
+
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 
 #include <cerrno>
 
-#include "ports/asio_system.h"
 #include "ports/waiting_bytes.h"
 
 namespace Ports {

@@ -1,7 +1,8 @@
 // Asio brings <windows.h> along, and wants to be the first to.
+#include "ports/asio_system.h"
+
 #include <algorithm>
 
-#include "ports/asio_system.h"
 #include "ports/port_path.h"
 
 namespace Ports {

@@ -1,10 +1,10 @@
+#include "ports/toolkit_system.h"
+
 #include <unistd.h>
 
 #include <cerrno>
 
 #include <QSerialPort>
-
-#include "ports/toolkit_system.h"
 
 namespace Ports {
 

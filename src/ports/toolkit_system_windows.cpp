@@ -1,6 +1,6 @@
-#include <QSerialPort>
-
 #include "ports/toolkit_system.h"
+
+#include <QSerialPort>
 
 namespace Ports {
 

@@ -1,7 +1,7 @@
+#include "ports/waiting_bytes.h"
+
 #include <poll.h>
 #include <sys/ioctl.h>
-
-#include "ports/waiting_bytes.h"
 
 namespace Ports {
 

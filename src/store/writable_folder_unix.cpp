@@ -1,6 +1,6 @@
-#include <QFileInfo>
-
 #include "store/writable_folder.h"
+
+#include <QFileInfo>
 
 namespace Brivon1 {
 

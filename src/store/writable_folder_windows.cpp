@@ -1,8 +1,9 @@
+#include "store/writable_folder.h"
+
 #include <QFileInfo>
 #include <qt_windows.h>
 
 #include "base/windows_names.h"
-#include "store/writable_folder.h"
 
 namespace Brivon1 {
 

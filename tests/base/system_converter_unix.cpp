@@ -1,3 +1,5 @@
+#include "base/system_converter.h"
+
 #include <iconv.h>
 
 #include <array>
@@ -5,8 +7,6 @@
 #include <QByteArray>
 
 #include <gtest/gtest.h>
-
-#include "base/system_converter.h"
 
 std::optional<char16_t> SystemTextOf(int code_page, int value) {
   const QByteArray name = "WINDOWS-" + QByteArray::number(code_page);

@@ -1,6 +1,6 @@
-#include <qt_windows.h>
-
 #include "base/system_converter.h"
+
+#include <qt_windows.h>
 
 std::optional<char16_t> SystemTextOf(int code_page, int value) {
   // Windows has given this one a letter since; the other systems' tables, as ours, have none.

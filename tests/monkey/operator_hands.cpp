@@ -126,8 +126,8 @@ void Choose(QWidget* control, int index) {
   for (int i = 0; i < index && list != nullptr; ++i) PressKeys(u"Down"_s);
 }
 
-// Types `text`, and no more of it once a window has gone that it was typed into: who waited for that
-// window's answer goes on before any desktop hands over the next key.
+// Types `text`, and no more of it once a window has gone that it was typed into: who waited for
+// that window's answer goes on before any desktop hands over the next key.
 void Type(const QString& text, const std::function<void()>& typed) {
   QPointer<QWidget> window;
   for (const QChar letter : text) {

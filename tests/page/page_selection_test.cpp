@@ -9,7 +9,6 @@
 #include "page/message_file.h"
 #include "page/page_of.h"
 #include "page/row_width.h"
-#include "panel_dots/dot_matrix.h"
 #include "row/random_edits.h"
 
 using namespace Qt::StringLiterals;
@@ -308,31 +307,6 @@ TEST(PageSelection, CentringNeverGoesBeyondWhatTheRowHolds) {
   page.ClearRow();
   Type(page, "   ");
   EXPECT_FALSE(page.CentreRow());
-}
-
-TEST(RowWidth, IsThatOfThePanelsCharacters) {
-  PageMessage page = PageOf(1, 500);
-  Type(page, "ab~C");
-  page.InsertTime();
-  Choose(page, 3);
-  page.InsertDate();
-  Type(page, "~Z~");
-  const QDateTime clock(QDate(2024, 5, 21), QTime(7, 30));
-  EXPECT_EQ(DotsOf(page.Row(1)),
-            ColumnsOf(PanelDots::ParseCells("<SA><CA>ab<GC><DT><SD><DD><GZ>~"), clock));
-}
-
-TEST(RowWidth, ASymbolIsOneCharacterAndCompressedOnesAreNarrower) {
-  PageMessage page = PageOf(1, 200);
-  Type(page, "ab~C");
-  EXPECT_EQ(DotsOf(page.Row(1)), 18);
-  Choose(page, 1);
-  Type(page, "d~");
-  EXPECT_EQ(DotsOf(page.Row(1)), 28);
-  Choose(page, 1, 1);
-  // Of another colour: its code breaks the symbol. The panel is sent "<G<>" and "CB>E".
-  Type(page, "E");
-  EXPECT_EQ(DotsOf(page.Row(1)), 48);
 }
 
 // The rows of a page, each with its attributes.
