@@ -321,8 +321,8 @@ std::string AllRows(const PageMessage& page) {
 TEST(PageSelection, RandomEditsStayWithinTheirRoomAndAllCanBeTakenBack) {
   const QTemporaryDir folder;
   const QString path = folder.filePath(u"random.msg"_s);
-  for (unsigned seed = 1; seed <= 40; ++seed) {
-    RandomEdits edits(seed);
+  for (unsigned start = 1; start <= 40; ++start) {
+    RandomEdits edits(start);
     PageMessage page = PageOf(3, 48);  // nine places
     Type(page, "first");
     const Brivon1::PageRows rows = {page.Row(1), page.Row(1), page.Row(1)};
@@ -356,7 +356,7 @@ TEST(PageSelection, RandomEditsStayWithinTheirRoomAndAllCanBeTakenBack) {
       const bool resized = page.CurrentRow() == number && page.EditedRow().Text() == text &&
                            page.EditedRow().Size() != sizes;
       if (resized && fitted) {
-        ASSERT_LE(DotsOf(page.EditedRow()), 48) << seed << ' ' << edit;
+        ASSERT_LE(DotsOf(page.EditedRow()), 48) << start << ' ' << edit;
       }
     }
     const std::string last = AllRows(page);
@@ -369,11 +369,11 @@ TEST(PageSelection, RandomEditsStayWithinTheirRoomAndAllCanBeTakenBack) {
     const std::string redone = AllRows(page);
     int undone = 0;
     while (page.Undo()) ++undone;
-    EXPECT_EQ(AllRows(page), first) << seed;
+    EXPECT_EQ(AllRows(page), first) << start;
     EXPECT_GT(undone, 20);
     while (page.Redo()) {
     }
-    EXPECT_EQ(AllRows(page), redone) << seed;
+    EXPECT_EQ(AllRows(page), redone) << start;
   }
 }
 

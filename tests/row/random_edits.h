@@ -11,7 +11,7 @@
 
 class RandomEdits {
  public:
-  explicit RandomEdits(unsigned seed) : random_(seed) {}
+  explicit RandomEdits(unsigned start) : random_(start) {}
 
   int Below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
 
