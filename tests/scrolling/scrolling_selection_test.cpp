@@ -95,8 +95,8 @@ TEST(ScrollingSelection, AnySizeFitsAndThereIsNoMiddle) {
 TEST(ScrollingSelection, RandomEditsStayWithinTheirRoomAndAllCanBeTakenBack) {
   const QTemporaryDir folder;
   const QString path = folder.filePath(u"random.srl"_s);
-  for (unsigned start = 1; start <= 40; ++start) {
-    RandomEdits edits(start);
+  for (unsigned number = 1; number <= 40; ++number) {
+    RandomEdits edits(number);
     ScrollingMessage message;
     PageRow start(PageRow::kEveryColumn);
     for (int at = 0; at < 980; ++at) start.Append('s', {'A', 'A', Brivon1::kSteady});
@@ -130,11 +130,11 @@ TEST(ScrollingSelection, RandomEditsStayWithinTheirRoomAndAllCanBeTakenBack) {
     const auto redone = Shown(message.Row());
     int undone = 0;
     while (message.Undo()) ++undone;
-    EXPECT_EQ(Shown(message.Row()), first) << start;
+    EXPECT_EQ(Shown(message.Row()), first) << number;
     EXPECT_GT(undone, 20);
     while (message.Redo()) {
     }
-    EXPECT_EQ(Shown(message.Row()), redone) << start;
+    EXPECT_EQ(Shown(message.Row()), redone) << number;
   }
 }
 
