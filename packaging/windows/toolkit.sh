@@ -11,10 +11,10 @@ toolkit=$cache/toolkit
 # What the programs do without is left out, and nothing of this system comes in: the libraries that
 # the toolkit rests on are the copies that it brings along.
 off=(
-  androiddeployqt brotli concurrent dbus direct2d dynamicgl gif glib ico icu jpeg libb2 opengl
-  openssl pkg_config printsupport qmake schannel sql tabletevent vulkan xml zstd
-  system_doubleconversion system_freetype system_harfbuzz system_libb2 system_libmd4c system_pcre2
-  system_png system_zlib
+  androiddeployqt brotli concurrent dbus direct2d directwrite directwrite3 dynamicgl gif glib ico
+  icu jpeg libb2 opengl openssl pkg_config printsupport qmake schannel sql tabletevent vulkan xml
+  zstd system_doubleconversion system_freetype system_harfbuzz system_libb2 system_libmd4c
+  system_pcre2 system_png system_zlib
 )
 on=(freetype sessionmanager)
 
