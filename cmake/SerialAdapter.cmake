@@ -5,9 +5,14 @@ set(brivon_usual_adapter asio)
 if(Qt6SerialPort_FOUND)
   set(brivon_usual_adapter qt)
 endif()
-set(BRIVON_SERIAL_ADAPTER ${brivon_usual_adapter} CACHE STRING
-  "What carries the serial ports: qt, the toolkit's own module, or asio, Boost's headers")
-set_property(CACHE BRIVON_SERIAL_ADAPTER PROPERTY STRINGS qt asio)
+set(BRIVON_SERIAL_ADAPTER "" CACHE STRING
+  "What carries the serial ports: qt, the toolkit's own module, or asio, Boost's headers; empty: qt \
+where that module is found")
+set_property(CACHE BRIVON_SERIAL_ADAPTER PROPERTY STRINGS "" qt asio)
+# Not kept: the module may be there the next time.
+if(NOT BRIVON_SERIAL_ADAPTER)
+  set(BRIVON_SERIAL_ADAPTER ${brivon_usual_adapter})
+endif()
 
 if(BRIVON_SERIAL_ADAPTER STREQUAL "qt")
   find_package(Qt6SerialPort 6.4 REQUIRED)

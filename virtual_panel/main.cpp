@@ -41,7 +41,8 @@ int Run(const QCoreApplication& application) {
   const auto parsed = ParseOptions(QCoreApplication::arguments(), can_show_windows);
   if (const auto* bad_use = std::get_if<BadUse>(&parsed)) return Refuse(bad_use->reason);
   if (const auto* help = std::get_if<HelpText>(&parsed)) {
-    Brivon1::WriteToStream(Brivon1::Stream::kOutput, Brivon1::StreamText(help->text));
+    Brivon1::WriteToStream(Brivon1::Stream::kOutput, Brivon1::StreamText(help->text),
+                           Brivon1::WhenFull::kGiveUp);
     return EXIT_SUCCESS;
   }
   Program program(std::get<Options>(parsed));

@@ -11,13 +11,19 @@ using namespace Qt::StringLiterals;
 
 namespace VirtualPanel {
 
-void Say(const QString& line) {
-  Brivon1::WriteToStream(Brivon1::Stream::kOutput, Brivon1::StreamText(line + QLatin1Char('\n')));
+namespace {
+
+// The panels answer whether or not anybody reads what is said of them.
+void Tell(Brivon1::Stream stream, const QString& text) {
+  Brivon1::WriteToStream(stream, Brivon1::StreamText(text), Brivon1::WhenFull::kGiveUp);
 }
 
+}  // namespace
+
+void Say(const QString& line) { Tell(Brivon1::Stream::kOutput, line + QLatin1Char('\n')); }
+
 void Complain(const QString& line) {
-  Brivon1::WriteToStream(Brivon1::Stream::kError,
-                         Brivon1::StreamText(u"virtual_panel: "_s + line + QLatin1Char('\n')));
+  Tell(Brivon1::Stream::kError, u"virtual_panel: "_s + line + QLatin1Char('\n'));
 }
 
 Program::Program(const Options& options) : options_(options), engine_(options.panels) {

@@ -16,8 +16,9 @@ bool IsStreamOpen(DWORD stream) {
 
 // Runs in a thread that the system starts for it.
 BOOL WINAPI Quit(DWORD signal) {
-  QMetaObject::invokeMethod(QCoreApplication::instance(), &QCoreApplication::quit,
-                            Qt::QueuedConnection);
+  QCoreApplication* application = QCoreApplication::instance();
+  if (application == nullptr) return FALSE;  // that is, the system ends the program
+  QMetaObject::invokeMethod(application, &QCoreApplication::quit, Qt::QueuedConnection);
   // Once a handler returns from one of the others, the system ends the program.
   if (signal != CTRL_C_EVENT && signal != CTRL_BREAK_EVENT) ::Sleep(INFINITE);
   return TRUE;
@@ -26,7 +27,8 @@ BOOL WINAPI Quit(DWORD signal) {
 }  // namespace
 
 void OpenStreams() {
-  if (IsStreamOpen(STD_OUTPUT_HANDLE) || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+  if (IsStreamOpen(STD_OUTPUT_HANDLE) && IsStreamOpen(STD_ERROR_HANDLE)) return;
+  if (::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
   for (const DWORD stream : {STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
     if (IsStreamOpen(stream)) continue;
     ::SetStdHandle(stream, ::CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,

@@ -12,14 +12,15 @@ namespace BrivonCtl {
 namespace {
 
 std::atomic<int> signals_come = 0;
-std::atomic<const WakeUp*> wake_up = nullptr;
+std::atomic<int> waking_descriptor = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
-static_assert(std::atomic<const WakeUp*>::is_always_lock_free);
 
 void TakeSignal(int /*number*/) {
   const int error = errno;
   if (signals_come.fetch_add(1) > 0) ::_exit(kStopped);
-  if (const WakeUp* end = wake_up.load()) end->Wake();
+  const int descriptor = waking_descriptor.load();
+  if (descriptor >= 0) [[maybe_unused]]
+    const auto size = ::write(descriptor, "", 1);
   errno = error;
 }
 
@@ -34,13 +35,13 @@ void SetHandler(void (*handler)(int)) {
 
 void CatchStopSignals(const WakeUp& waking_end) {
   signals_come = 0;
-  wake_up = &waking_end;
+  waking_descriptor = static_cast<int>(waking_end.WakingEnd());
   SetHandler(TakeSignal);
 }
 
 void ReleaseStopSignals() {
   SetHandler(SIG_DFL);
-  wake_up = nullptr;
+  waking_descriptor = -1;
 }
 
 bool IsStopRequested() { return signals_come.load() > 0; }

@@ -19,6 +19,9 @@ class WakeUp {
   /// Ends the sleep, or the next one. Calls nothing that a signal handler must not call.
   void Wake() const;
 
+  /// What Wake() goes to: a descriptor on Unix.
+  qintptr WakingEnd() const { return waking_end_; }
+
   /// Sleeps until it is woken or so many milliseconds have passed; -1: without limit. Returns
   /// whether it was woken.
   bool Sleep(int milliseconds) const;

@@ -2,18 +2,21 @@
 
 #include <windows.h>
 
-#include <QDir>
+#include <string>
+
+#include <QFileInfo>
+
+#include "base/windows_names.h"
 
 namespace BrivonCtl {
 namespace {
 
 HANDLE Open(const QString& path) {
-  const QString native = QDir::toNativeSeparators(path);
+  const std::wstring wide = Brivon1::WidePath(QFileInfo(path).absoluteFilePath().toUtf8());
   // What others do with the file meanwhile, its renaming included, is left to them.
-  const HANDLE file =
-      ::CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), GENERIC_READ | GENERIC_WRITE,
-                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  const HANDLE file = ::CreateFileW(wide.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE || ::GetFileType(file) == FILE_TYPE_DISK) return file;
   ::CloseHandle(file);
   ::SetLastError(ERROR_INVALID_PARAMETER);
@@ -70,12 +73,9 @@ QString AppendWhole(const QString& path, const QByteArray& bytes) {
   OVERLAPPED lock = {};
   lock.Offset = 0xFFFFFFFE;
   lock.OffsetHigh = 0x7FFFFFFF;
-  DWORD error = 0;
-  if (::LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &lock) == 0) {
-    error = ::GetLastError();
-  } else {
-    error = AppendTo(file, bytes);
-  }
+  // Where the disk knows no locks the line is written all the same.
+  ::LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &lock);
+  const DWORD error = AppendTo(file, bytes);
   ::CloseHandle(file);  // the lock goes with it
   return error == 0 ? QString() : Reason(error);
 }

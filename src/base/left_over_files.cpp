@@ -51,9 +51,14 @@ std::filesystem::path PathOf(const QByteArray& path) {
   return {begin, begin + path.size()};
 }
 
+/// Empty for a name of Windows that is no text, with half a character in it: none of ours.
 QByteArray BytesOf(const std::filesystem::path& path) {
-  const std::u8string bytes = path.generic_u8string();
-  return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+  try {
+    const std::u8string bytes = path.generic_u8string();
+    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+  } catch (const std::system_error& no_text) {
+    return {};
+  }
 }
 
 }  // namespace

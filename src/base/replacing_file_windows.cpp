@@ -117,6 +117,23 @@ QByteArray TargetOf(const QString& path) {
   return is_link ? EndOfLink(target) : target;
 }
 
+/// Moves the file `name` to `target`; returns the system's number of the error. Nothing can take
+/// the place of a file that somebody reads, which takes a moment as a rule.
+DWORD Replace(const std::wstring& target, const std::wstring& name) {
+  constexpr int kMostAttempts = 26;
+  constexpr DWORD kPauseMs = 20;
+  for (int attempt = 1;; ++attempt) {
+    if (MoveFileExW(name.c_str(), target.c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+      return ERROR_SUCCESS;
+    }
+    const DWORD error = GetLastError();
+    const bool may_pass = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (!may_pass || attempt == kMostAttempts) return error;
+    Sleep(kPauseMs);
+  }
+}
+
 /// Whether a path ends in what is no file's name: a device's, or one of a stream within a file.
 bool NamesNoFile(const QByteArray& path) {
   const QString name = QString::fromUtf8(path.sliced(path.lastIndexOf('/') + 1));
@@ -180,9 +197,16 @@ void ReplacingFile::KeepOwner() const {
                             nullptr, &permissions, nullptr, &descriptor) != ERROR_SUCCESS) {
     return;
   }
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  const bool is_protected = GetSecurityDescriptorControl(descriptor, &control, &revision) != 0 &&
+                            (control & SE_DACL_PROTECTED) != 0;
+  // Or else the folder's would come in where the old file keeps them out.
+  const SECURITY_INFORMATION inheritance =
+      is_protected ? PROTECTED_DACL_SECURITY_INFORMATION : UNPROTECTED_DACL_SECURITY_INFORMATION;
   std::wstring name = WidePath(name_);
-  SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
-                        permissions, nullptr);
+  SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance,
+                        nullptr, nullptr, permissions, nullptr);
   LocalFree(descriptor);
 }
 
@@ -201,10 +225,8 @@ int ReplacingFile::TakePlace() {
   KeepOwner();
   const std::wstring target = WidePath(target_);
   const DWORD attributes = GetFileAttributesW(target.c_str());
-  if (MoveFileExW(WidePath(name_).c_str(), target.c_str(),
-                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
-    return NumberOf(GetLastError(), EACCES);
-  }
+  const DWORD error = Replace(target, WidePath(name_));
+  if (error != ERROR_SUCCESS) return NumberOf(error, EACCES);
   name_.clear();
   if (attributes != INVALID_FILE_ATTRIBUTES) SetFileAttributesW(target.c_str(), attributes);
   return 0;

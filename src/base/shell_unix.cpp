@@ -17,7 +17,7 @@ QString TextOfWord(const std::string& word) { return QFile::decodeName(word.c_st
 
 QByteArray StreamText(const QString& text) { return text.toLocal8Bit(); }
 
-int WriteToStream(Stream stream, const QByteArray& bytes) {
+int WriteToStream(Stream stream, const QByteArray& bytes, WhenFull when_full) {
   const int descriptor = stream == Stream::kOutput ? STDOUT_FILENO : STDERR_FILENO;
   const char* next = bytes.constData();
   auto left = static_cast<std::size_t>(bytes.size());
@@ -25,6 +25,7 @@ int WriteToStream(Stream stream, const QByteArray& bytes) {
     const ssize_t size = ::write(descriptor, next, left);
     if (size < 0 && errno == EINTR) continue;
     if (size < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+      if (when_full == WhenFull::kGiveUp) return EAGAIN;
       // Whoever shares the stream has made it one that does not wait.
       pollfd look{descriptor, POLLOUT, 0};
       ::poll(&look, 1, -1);

@@ -24,7 +24,7 @@ int WriteToConsole(HANDLE console, const QString& text) {
   return 0;
 }
 
-int WriteToFile(HANDLE file, const QByteArray& bytes) {
+int WriteToFile(HANDLE file, const QByteArray& bytes, WhenFull when_full) {
   for (qsizetype at = 0; at < bytes.size();) {
     DWORD written = 0;
     const auto size = static_cast<DWORD>(std::min<qsizetype>(bytes.size() - at, 1 << 20));
@@ -32,6 +32,7 @@ int WriteToFile(HANDLE file, const QByteArray& bytes) {
       return static_cast<int>(::GetLastError());
     }
     // Whoever shares a pipe has made it one that does not wait.
+    if (written == 0 && when_full == WhenFull::kGiveUp) return ERROR_PIPE_BUSY;
     if (written == 0) ::Sleep(1);
     at += static_cast<qsizetype>(written);
   }
@@ -54,14 +55,15 @@ QString TextOfWord(const std::string& word) { return QString::fromStdString(word
 
 QByteArray StreamText(const QString& text) { return text.toUtf8(); }
 
-int WriteToStream(Stream stream, const QByteArray& bytes) {
+int WriteToStream(Stream stream, const QByteArray& bytes, WhenFull when_full) {
   const HANDLE handle =
       ::GetStdHandle(stream == Stream::kOutput ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
   // A program that was started without a stream writes it to nobody.
   if (handle == nullptr || handle == INVALID_HANDLE_VALUE) return 0;
   DWORD mode = 0;
   const bool is_console = ::GetConsoleMode(handle, &mode) != 0;
-  return is_console ? WriteToConsole(handle, QString::fromUtf8(bytes)) : WriteToFile(handle, bytes);
+  return is_console ? WriteToConsole(handle, QString::fromUtf8(bytes))
+                    : WriteToFile(handle, bytes, when_full);
 }
 
 bool IsListenerGone(int error) { return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA; }

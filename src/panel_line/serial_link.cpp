@@ -42,6 +42,7 @@ SerialLink::SerialLink(QObject* parent, std::unique_ptr<Ports::Port> port)
 
 bool SerialLink::Open(const QString& device, const QByteArray& settings) {
   Close();
+  has_had_to_wait_ = false;
   failure_reason_.clear();
   const int baud_rate = LeadingNumber(settings, 0, std::numeric_limits<int>::max());
   if (baud_rate == 0) {
@@ -58,7 +59,7 @@ void SerialLink::Write(const QByteArray& bytes) {
   if (IsLost() || !port_->IsOpen()) return;
   answer_is_due_ = true;
   port_->Write(bytes);
-  has_had_to_wait_ = port_->Waiting() > 0;
+  has_had_to_wait_ = has_had_to_wait_ || port_->Waiting() > 0;
 }
 
 void SerialLink::TakeInLeaving() {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QPointer>
+
 #include "ports/waiting_bytes.h"
 
 namespace Ports {
@@ -36,12 +38,23 @@ QByteArray AsioPort::Read(int wait) {
   return bytes += QByteArray::fromStdString(port_.Read(wait));
 }
 
+void AsioPort::Close() {
+  // The port's thread may have seen a loss that has not been told yet.
+  if (port_.IsLost()) {
+    error_ = QString::fromLocal8Bit(port_.Reason());
+    is_lost_ = true;
+  }
+  port_.Close();
+}
+
 void AsioPort::TakeInNews() {
   const AsyncPort::News news = port_.TakeNews();
+  // Whoever hears of the news may remove the port.
+  const QPointer<AsioPort> self(this);
   if (news.has_left) Q_EMIT BytesHaveLeft();
-  if (news.has_input) Q_EMIT Arrived();
+  if (self && news.has_input) Q_EMIT Arrived();
   // Whoever has heard of the news may have opened the port again.
-  if (port_.IsLost()) Lose();
+  if (self && port_.IsLost()) Lose();
 }
 
 void AsioPort::Lose() {

@@ -1,4 +1,5 @@
 // A serial port carried by Boost.Asio: the adapter where the toolkit's own module is not to be had.
+// On Linux it knows the standard speeds alone, and refuses the others.
 #pragma once
 
 #include "ports/async_port.h"
@@ -21,7 +22,7 @@ class AsioPort : public Port {
   qint64 Unsent() const override;
   void Discard() override { port_.Discard(); }
   QByteArray Read(int wait) override;
-  void Close() override { port_.Close(); }
+  void Close() override;
 
  private:
   void TakeInNews();

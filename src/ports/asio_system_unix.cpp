@@ -1,5 +1,6 @@
 #include "ports/asio_system.h"
 
+#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -16,13 +17,16 @@ using boost::system::error_code;
 
 error_code LastError() { return {errno, boost::system::system_category()}; }
 
-error_code SetUp(boost::asio::serial_port& port, unsigned baud_rate) {
-  const int file = port.native_handle();
+error_code KeepOthersOut(int file) {
   // The first keeps out everybody else, but for the superuser; the second also another one of ours.
   if (::ioctl(file, TIOCEXCL) != 0) return LastError();
   if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
     return {EBUSY, boost::system::system_category()};
   }
+  return {};
+}
+
+error_code SetUp(boost::asio::serial_port& port, unsigned baud_rate) {
   error_code error;
   const auto set = [&](const auto& option) {
     if (!error) port.set_option(option, error);
@@ -43,13 +47,22 @@ error_code OpenSystemPort(boost::asio::serial_port& port, const std::string& nam
   error_code error;
   port.open(is_path ? name : "/dev/" + name, error);
   if (error) return error;
-  error = SetUp(port, baud_rate);
+  // A program that is started meanwhile would keep the port, and the lock, for as long as it runs.
+  ::fcntl(port.native_handle(), F_SETFD, FD_CLOEXEC);
+  error = KeepOthersOut(port.native_handle());
+  if (!error) {
+    error = SetUp(port, baud_rate);
+    if (error) ReleaseSystemPort(port);
+  }
   error_code ignored;
   if (error) port.close(ignored);
   return error;
 }
 
-void ReleaseSystemPort(boost::asio::serial_port& port) { ::ioctl(port.native_handle(), TIOCNXCL); }
+void ReleaseSystemPort(boost::asio::serial_port& port) {
+  ::ioctl(port.native_handle(), TIOCNXCL);
+  ::flock(port.native_handle(), LOCK_UN);
+}
 
 void SetControlLine(boost::asio::serial_port& port, ControlLine line, bool raised) {
   const int bit = line == ControlLine::kDtr ? TIOCM_DTR : TIOCM_RTS;

@@ -1,9 +1,11 @@
 #include "ports/async_port.h"
 
 #include <array>
+#include <boost/asio/error.hpp>
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/post.hpp>
+#include <boost/system/system_error.hpp>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -92,7 +94,7 @@ void AsyncPort::Core::TakeIn(const error_code& error, std::size_t size) {
   } else if (!error || error == boost::asio::error::operation_aborted) {
     // Output was dropped, or the system lets a read end in its own time. A port that is gone may
     // begin in the same way.
-    if (++breaks > kMostBreaks) Lose(error);
+    if (++breaks > kMostBreaks) Lose(boost::asio::error::eof);
   } else {
     Lose(error);
   }
@@ -155,22 +157,29 @@ AsyncPort::~AsyncPort() { Close(); }
 bool AsyncPort::Open(const std::string& name, unsigned baud_rate) {
   Close();
   reason_.clear();
-  auto core = std::make_shared<Core>(tell_, most_held_);
-  const error_code error = OpenSystemPort(core->port, name, baud_rate);
-  if (error) {
-    reason_ = error.message();
-    return false;
-  }
+  std::shared_ptr<Core> core;
+  bool has_opened = false;
   try {
+    core = std::make_shared<Core>(tell_, most_held_);
+    const error_code error = OpenSystemPort(core->port, name, baud_rate);
+    has_opened = !error;
+    if (error) {
+      reason_ = error.message();
+      return false;
+    }
     thread_ = std::thread([core] {
       core->context.run();
       const Lock lock(core->mutex);
       core->has_ended = true;
       core->changed.notify_all();
     });
+  } catch (const boost::system::system_error& no_context) {  // not one of the standard library's
+    reason_ = no_context.code().message();
   } catch (const std::system_error& no_thread) {
-    ReleaseSystemPort(core->port);
     reason_ = no_thread.code().message();
+  }
+  if (!thread_.joinable()) {
+    if (has_opened) ReleaseSystemPort(core->port);
     return false;
   }
   core_ = std::move(core);
@@ -246,6 +255,7 @@ void AsyncPort::Discard() {
   if (!core_->is_writing) core_->in_progress.clear();
   DropOutput(core_->port);
   core_->WaitUntilHandled(core_, lock);
+  core_->breaks = 0;  // the read that ended with it says nothing of the port
 }
 
 std::string AsyncPort::Read(int wait) {
@@ -272,9 +282,9 @@ void AsyncPort::Close() {
   Lock lock(core->mutex);
   core->is_closing = true;
   core->tell = nullptr;
-  // In the port's own thread: a port may hang while it is closed.
+  // In the port's own thread, and without the mutex that is waited with below: a port may hang
+  // while it is closed. Nobody else touches it any more.
   boost::asio::post(core->context, [core] {
-    const Lock handler_lock(core->mutex);
     ReleaseSystemPort(core->port);
     error_code ignored;
     core->port.close(ignored);

@@ -16,8 +16,8 @@ ToolkitPort::ToolkitPort() {
   connect(&port_, &QSerialPort::readyRead, this, &Port::Arrived);
   connect(&port_, &QSerialPort::bytesWritten, this, &Port::BytesHaveLeft);
   connect(&port_, &QSerialPort::errorOccurred, this, &ToolkitPort::HandleError);
-  connect(&room_, &QSocketNotifier::activated, this, &ToolkitPort::HandOver);
-  connect(&again_, &QTimer::timeout, this, &ToolkitPort::HandOver);
+  connect(&room_, &QSocketNotifier::activated, this, [this] { HandOver(true); });
+  connect(&again_, &QTimer::timeout, this, [this] { HandOver(true); });
 }
 
 ToolkitPort::~ToolkitPort() {
@@ -50,10 +50,10 @@ bool ToolkitPort::Open(const QString& name, int baud_rate) {
 void ToolkitPort::Write(const QByteArray& bytes) {
   if (is_lost_ || !port_.isOpen()) return;
   waiting_ += bytes;
-  HandOver();
+  HandOver(false);
 }
 
-void ToolkitPort::HandOver() {
+void ToolkitPort::HandOver(bool is_called_writable) {
   if (is_lost_ || !port_.isOpen()) return;
   const std::optional<qsizetype> taken = WriteWhatFits(port_, waiting_);
   if (!taken) {
@@ -62,7 +62,7 @@ void ToolkitPort::HandOver() {
   }
   waiting_.remove(0, *taken);
   // A terminal may be called writable where it has no room for a single byte.
-  const bool is_stuck = !waiting_.isEmpty() && *taken == 0;
+  const bool is_stuck = is_called_writable && !waiting_.isEmpty() && *taken == 0;
   room_.setEnabled(!waiting_.isEmpty() && !is_stuck);
   if (is_stuck) again_.start();
   if (*taken > 0) {

@@ -30,7 +30,7 @@ class ToolkitPort : public Port {
   void Close() override;
 
  private:
-  void HandOver();
+  void HandOver(bool is_called_writable);
   void HandleError(QSerialPort::SerialPortError error);
   void Lose(const QString& reason);
   void ClosePort();

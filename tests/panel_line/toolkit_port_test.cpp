@@ -1,6 +1,9 @@
 // What only the toolkit's own port shows: its settings as it holds them, and what it refuses.
+#include <algorithm>
+
 #include <QCoreApplication>
 #include <QSerialPort>
+#include <QSocketNotifier>
 
 #include <gtest/gtest.h>
 
@@ -51,6 +54,21 @@ TEST_F(ToolkitPortTest, APortWithoutControlLinesGoesOnWithoutThem) {
   link_.Write("<ID1A><?>\r\n");
   EXPECT_TRUE(CloseSerialPort(link_, clock_));
   EXPECT_EQ(terminal_.Received(), "<ID1A><?>\r\n");
+}
+
+TEST_F(ToolkitPortTest, AFrameBehindOneThatWaitsIsWaitedForAsleepToo) {
+  ASSERT_TRUE(link_.Open(terminal_.Device(), "9600,N,8,1"));
+  const auto is_asleep = [this] {
+    const auto notifiers = link_.findChildren<QSocketNotifier*>();
+    return std::any_of(notifiers.begin(), notifiers.end(), [](const QSocketNotifier* notifier) {
+      return notifier->type() == QSocketNotifier::Write && notifier->isEnabled();
+    });
+  };
+  link_.Write(QByteArray(100'000, 'x'));
+  EXPECT_TRUE(is_asleep());
+  link_.Write("<ID1A><?>\r\n");
+  EXPECT_TRUE(is_asleep());
+  link_.GiveUp();
 }
 
 }  // namespace

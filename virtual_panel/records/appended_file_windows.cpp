@@ -4,17 +4,20 @@
 
 #include <io.h>
 
-#include <QDir>
+#include <string>
+
+#include <QFileInfo>
+
+#include "base/windows_names.h"
 
 namespace VirtualPanel {
 namespace {
 
 // Others may read it, write to it, and move it away.
 HANDLE Open(const QString& path, DWORD access, DWORD disposition) {
-  const QString native = QDir::toNativeSeparators(path);
-  return ::CreateFileW(reinterpret_cast<const wchar_t*>(native.utf16()), access,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
+  const std::wstring wide = Brivon1::WidePath(QFileInfo(path).absoluteFilePath().toUtf8());
+  return ::CreateFileW(wide.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                       nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
 }  // namespace
