@@ -4,6 +4,9 @@
 
 #include <QDeadlineTimer>
 #include <QFileInfo>
+#include <QSysInfo>
+
+#include "base/replacing_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,10 +18,21 @@ namespace {
 /// One that is held stays even so, because the system keeps it, too.
 constexpr std::chrono::milliseconds kUndoubted{1000};
 
-QString LockPath(const QString& path) {
-  const QFileInfo file(path);
-  const QString target = file.canonicalFilePath();  // empty where there is none
-  return (target.isEmpty() ? file.absoluteFilePath() : target) + u".lock"_s;
+/// The same of a lock that names another machine: this one's clock may differ from its disk's, and
+/// its system may know nothing of that machine's locks.
+constexpr std::chrono::milliseconds kUndoubtedElsewhere{30000};
+
+std::chrono::milliseconds Undoubted(const QLockFile& lock) {
+  QString machine;
+  const bool is_named = lock.getLockInfo(nullptr, &machine, nullptr) && !machine.isEmpty();
+  return is_named && machine != QSysInfo::machineHostName() ? kUndoubtedElsewhere : kUndoubted;
+}
+
+/// Removes the toolkit's second lock, under which it takes the first one over, where a program was
+/// killed meanwhile. The system keeps one that is held.
+void RemoveLeftOverTakeover(const QString& lock) {
+  const QString second = lock + u".rmlock"_s;
+  if (QFileInfo::exists(second)) QLockFile(second).removeStaleLockFile();
 }
 
 }  // namespace
@@ -31,15 +45,18 @@ LockWait SleepBetweenTries(std::chrono::milliseconds at_most) {
   };
 }
 
-FileLock::FileLock(const QString& path) : file_(LockPath(path)) {
-  file_.setStaleLockTime(kUndoubted);
+FileLock::FileLock(const QString& path)
+    : file_(ReplacedFile(QFileInfo(path).absoluteFilePath()) + u".lock"_s) {
+  file_.setStaleLockTime(kUndoubtedElsewhere);
 }
 
 bool FileLock::Take(const LockWait& wait) {
   while (!file_.tryLock(0)) {
     if (file_.error() != QLockFile::LockFailedError) return true;
     if (!wait()) return false;
+    file_.setStaleLockTime(Undoubted(file_));
   }
+  RemoveLeftOverTakeover(Path());
   return true;
 }
 

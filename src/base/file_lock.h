@@ -11,7 +11,7 @@
 
 namespace Brivon1 {
 
-/// No save takes as long as anybody waits for it.
+/// No save on a disk that works takes as long; behind one that does, the next is refused.
 inline constexpr std::chrono::milliseconds kLongestLockWait{2000};
 
 inline constexpr std::chrono::milliseconds kBetweenLockTries{20};
@@ -25,12 +25,14 @@ LockWait SleepBetweenTries(std::chrono::milliseconds at_most = kLongestLockWait)
 
 class FileLock {
  public:
-  /// Of the file at `path`, which need not exist; where it is a link, of the link's target.
+  /// Of the file at `path`, which need not exist; where it is a link, of the link's
+  /// target, which need not exist either.
   explicit FileLock(const QString& path);
 
   /// Returns whether no other program holds the lock, for as long as this object lives: it is
   /// taken, or there can be none, because the folder or the disk refuses it; whatever else they
-  /// refuse, the save will tell. What a killed program has left is taken over.
+  /// refuse, the save will tell. What a killed program has left is taken over, unless it is another
+  /// user's and closed to this one, or the disk has no locks.
   bool Take(const LockWait& wait);
 
   /// The path of the file that is the lock.

@@ -9,6 +9,9 @@
 
 namespace Brivon1 {
 
+/// The file that a save to `path` replaces: where that is a link, what stands at its end, or will.
+QString ReplacedFile(const QString& path);
+
 /// Its functions are called in their order and give 0 or the error's number (`errno`), after which
 /// no further one is called. What has not taken its place is gone with the object.
 class ReplacingFile {

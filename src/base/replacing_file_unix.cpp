@@ -70,6 +70,8 @@ void Lock(int handle) { flock(handle, LOCK_EX | LOCK_NB); }
 
 }  // namespace
 
+QString ReplacedFile(const QString& path) { return QFile::decodeName(TargetOf(path)); }
+
 ReplacingFile::ReplacingFile(const QString& path, bool has_name)
     : target_(TargetOf(path)), has_name_(has_name) {}
 

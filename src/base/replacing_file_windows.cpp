@@ -142,6 +142,8 @@ bool NamesNoFile(const QByteArray& path) {
 
 }  // namespace
 
+QString ReplacedFile(const QString& path) { return QString::fromUtf8(TargetOf(path)); }
+
 ReplacingFile::ReplacingFile(const QString& path, bool has_name)
     : target_(TargetOf(path)), has_name_(has_name) {}
 

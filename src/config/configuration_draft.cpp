@@ -1,6 +1,5 @@
 #include "config/configuration_draft.h"
 
-#include <QFileInfo>
 #include <QStringList>
 
 #include "base/code_page.h"
@@ -8,6 +7,7 @@
 #include "base/text.h"
 #include "language/module_language.h"
 #include "store/panel_list.h"
+#include "store/writable_folder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -217,7 +217,8 @@ void ConfigurationDraft::Apply(IniFile& file) const {
   }
 }
 
-ConfigurationDraft ConfigurationDraft::ChangesOf(const Configuration& now) const {
+ConfigurationDraft ConfigurationDraft::ChangesOf(const IniFile& file) const {
+  const Configuration now = ReadConfiguration(file);
   ConfigurationDraft changes(*this);
   for (std::size_t slot = 0; slot < loaded_.panels.size(); ++slot) {
     const PanelEntry& loaded = loaded_.panels[slot];
@@ -227,12 +228,15 @@ ConfigurationDraft ConfigurationDraft::ChangesOf(const Configuration& now) const
       changes.values_.panels[slot] = changes.loaded_.panels[slot] = now.panels[slot];
     }
   }
-  const auto take_over = [&](auto Configuration::*setting) {
-    if (values_.*setting == loaded_.*setting) changes.values_.*setting = now.*setting;
+  const auto take_over = [&](QByteArrayView key, auto Configuration::*setting) {
+    const bool is_there = file.Value(kCommunicationSection, key).has_value();
+    if (is_there && values_.*setting == loaded_.*setting) {
+      changes.values_.*setting = now.*setting;
+    }
   };
-  take_over(&Configuration::send_mode);
-  take_over(&Configuration::baud_rate);
-  take_over(&Configuration::com_port);
+  take_over("SendMode", &Configuration::send_mode);
+  take_over("Baudrate", &Configuration::baud_rate);
+  take_over("ComPort", &Configuration::com_port);
   return changes;
 }
 
@@ -243,13 +247,16 @@ SaveResult ConfigurationDraft::Save(QString* reason, const LockWait& wait) const
   };
   const QString path = ConfigurationPath();
   FileLock lock(path);
-  if (!lock.Take(wait)) return refuse(u"Another program is saving it."_s, SaveResult::kLocked);
+  // A save that is sure to be refused tells why.
+  if (!lock.Take(wait) && MayBeSaved(path)) {
+    return refuse(u"Another program is saving it."_s, SaveResult::kLocked);
+  }
   std::optional<IniFile> file = IniFile::Read(path);
   if (!file) return refuse(u"The file cannot be read."_s);
-  if (QFileInfo::exists(path)) {
-    ChangesOf(ReadConfiguration(*file)).Apply(*file);
+  if (file->HasSection(kDimensionSection) || file->HasSection(kCommunicationSection)) {
+    ChangesOf(*file).Apply(*file);
   } else {
-    Apply(*file);  // all of it: nobody has taken single panels out of a file that is gone
+    Apply(*file);  // all of it: nobody has taken single panels out of a file that is gone or empty
   }
   const QByteArray content = file->Content();
   if (content.size() > kLargestIniFile) return refuse(u"The file would be too large."_s);

@@ -99,8 +99,9 @@ class ConfigurationDraft {
   SaveResult Save(QString* reason = nullptr, const LockWait& wait = SleepBetweenTries()) const;
 
  private:
-  /// The same changes, of `now` in place of what this copy was made of.
-  ConfigurationDraft ChangesOf(const Configuration& now) const;
+  /// The same changes, of what `file` says in place of what this copy was made of. A setting that
+  /// `file` lacks stays as it is here: a default in its place would be nobody's choice.
+  ConfigurationDraft ChangesOf(const IniFile& file) const;
 
   Configuration loaded_;
   Configuration values_;

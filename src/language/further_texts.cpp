@@ -262,6 +262,8 @@ constexpr FurtherText kTexts[] = {
     {"txtKeepsFiles",
      "Brivon keeps its files in %1. Make sure that it can write there, then start it again.",
      "a first start that could not lay its files out; %1 is the program folder"},
+    {"txtStartAgain", "Start Brivon again. If no other program is saving it, delete %1 first.",
+     "a first start while another program is saving brivon.ini; %1 is a file"},
     {"txtLicences", "Brivon is under the MIT license, the toolkit Qt %1 under the GNU LGPL 3.",
      "launcher, About; %1 is the toolkit's version"},
     // File types

@@ -36,6 +36,8 @@ class IniFile {
   /// and nothing where there is one that was not read whole, so that no save can cut it short.
   static std::optional<IniFile> Read(const QString& path);
 
+  bool HasSection(QByteArrayView section) const { return NumberOf(section) != 0; }
+
   /// The value of a key, or nothing when the section or the key is missing. At most `longest` bytes
   /// are returned, as a caller's buffer would hold them.
   std::optional<QByteArray> Value(QByteArrayView section, QByteArrayView key,

@@ -41,16 +41,14 @@ bool MakeFolderOf(const QString& file, LayOutFailure& failure) {
 }
 
 /// Copies a file whole or not at all; one that stands there already stays as it is. The copy is a
-/// file like those that the operator makes: what is installed may be read-only.
+/// file like those that the operator makes: what is installed may be read-only. One that cannot be
+/// read is left out, because nothing that the operator may do in that folder mends it.
 bool CopyOnce(const QString& from, const QString& to, LayOutFailure& failure) {
   if (QFileInfo::exists(to) || !MakeFolderOf(to, failure)) return QFileInfo::exists(to);
   QFile source(from);
   const bool is_open = source.open(QIODevice::ReadOnly);
   const QByteArray content = is_open ? source.readAll() : QByteArray();
-  if (source.error() != QFileDevice::NoError) {
-    failure = {SaveResult::kInvalidPath, from, source.errorString()};
-    return false;
-  }
+  if (source.error() != QFileDevice::NoError) return true;
   failure = {SaveResult::kSaved, to, {}};
   failure.result = SaveWholeFile(to, content, &failure.reason);
   return failure.result == SaveResult::kSaved;
@@ -86,9 +84,11 @@ bool LayOutSamples(const QString& installed, const QString& folder, LayOutFailur
   if (QFileInfo::exists(configuration)) return true;
   if (!MakeFolderOf(configuration, found)) return false;
   FileLock lock(configuration);
-  // Whoever has had it lays the same out.
-  if (!lock.Take(SleepBetweenTries()) || QFileInfo::exists(configuration)) {
-    return QFileInfo::exists(configuration);
+  const bool is_taken = lock.Take(SleepBetweenTries());
+  if (QFileInfo::exists(configuration)) return true;  // whoever has had it lays the same out
+  if (!is_taken && MayBeSaved(configuration)) {
+    found = {SaveResult::kLocked, configuration, u"Another program is saving it."_s};
+    return false;
   }
   for (const QString& samples : {u"messages"_s, u"schedules"_s, u"languages"_s}) {
     QDirIterator files(from.filePath(samples), QDir::Files, QDirIterator::Subdirectories);
@@ -98,7 +98,8 @@ bool LayOutSamples(const QString& installed, const QString& folder, LayOutFailur
     }
   }
   const QString sample = from.filePath(kConfigurationFile);
-  return QFileInfo::exists(sample) && CopyOnce(sample, configuration, found);
+  return QFileInfo::exists(sample) && CopyOnce(sample, configuration, found) &&
+         QFileInfo::exists(configuration);
 }
 
 LayOutFailure LayOutProgramFolder() {

@@ -38,7 +38,8 @@ struct LayOutFailure {
 /// stands there is replaced. "brivon.ini" comes last, and where there is one, nothing is laid out;
 /// so that what was interrupted is completed at the next start, and what the operator has deleted
 /// stays deleted. Returns whether all of it stands there now; where something could not be written,
-/// `failure` receives what. Two programs that start at once do it one after the other.
+/// `failure` receives what. A sample that cannot be read is left out. Two programs that start at
+/// once do it one after the other.
 bool LayOutSamples(const QString& installed, const QString& folder,
                    LayOutFailure* failure = nullptr);
 

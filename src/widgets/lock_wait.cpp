@@ -1,6 +1,7 @@
 #include "widgets/lock_wait.h"
 
 #include <memory>
+#include <thread>
 
 #include <QCursor>
 #include <QDeadlineTimer>
@@ -28,6 +29,9 @@ Brivon1::LockWait WaitWithBusyPointer() {
     if (!pointer) pointer = std::make_shared<BusyPointer>();
     QEventLoop loop;
     QTimer::singleShot(Brivon1::kBetweenLockTries, &loop, &QEventLoop::quit);
-    return loop.exec(QEventLoop::ExcludeUserInputEvents) == 0;  // otherwise the program ends
+    const bool is_ending = loop.exec(QEventLoop::ExcludeUserInputEvents) != 0;
+    // What the operator has asked to be saved is saved even so.
+    if (is_ending) std::this_thread::sleep_for(Brivon1::kBetweenLockTries);
+    return true;
   };
 }

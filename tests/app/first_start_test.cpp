@@ -37,6 +37,20 @@ TEST_F(MainWindowTest, AFirstStartOnAFullDiskSaysSo) {
   EXPECT_EQ(reader.Texts(), QStringList{u"Drive not available!"_s});
 }
 
+TEST_F(MainWindowTest, AFirstStartWhileAnotherProgramSavesNamesItsLock) {
+  frmMain window;
+  window.show();
+  const MessageBoxReader reader;
+  TellLayOutFailure(&window, {SaveResult::kLocked, u"/shared/brivon/brivon.ini"_s,
+                              u"Another program is saving it."_s});
+  QCoreApplication::processEvents();
+  ASSERT_EQ(reader.Texts(), QStringList{u"Drive not available!"_s});
+  EXPECT_EQ(reader.Seen().first().informative,
+            u"/shared/brivon/brivon.ini: Another program is saving it.\n"
+            u"Start Brivon again. If no other program is saving it, delete "
+            u"/shared/brivon/brivon.ini.lock first."_s);
+}
+
 TEST_F(MainWindowTest, AnyOtherStartSaysNothing) {
   frmMain window;
   window.show();

@@ -10,6 +10,8 @@
 
 #include <QDateTime>
 #include <QFile>
+#include <QLockFile>
+#include <QSysInfo>
 
 #include "base/folder_of_files.h"
 #include "support/full_disk.h"
@@ -24,10 +26,12 @@ bool GiveUp() { return false; }
 
 class FileLockTest : public FolderOfFiles {
  protected:
-  void MakeAnHourOld(const char* name) const {
+  void MakeAnHourOld(const char* name) const { MakeOld(name, 3600); }
+
+  void MakeOld(const char* name, int seconds) const {
     QFile file(Path(name));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    const QDateTime then = QDateTime::currentDateTimeUtc().addSecs(-3600);
+    const QDateTime then = QDateTime::currentDateTimeUtc().addSecs(-seconds);
     ASSERT_TRUE(file.setFileTime(then, QFileDevice::FileModificationTime));
   }
 
@@ -107,6 +111,45 @@ TEST_F(FileLockTest, OfALivingNamesakeOfAKilledProgramIsTakenOverWhileItIsWaited
   EXPECT_FALSE(FileLock(File()).Take(GiveUp));
   MakeAnHourOld("brivon.ini.lock");
   EXPECT_TRUE(FileLock(File()).Take(GiveUp));
+}
+
+TEST_F(FileLockTest, OfAnotherMachineIsTakenOverLaterThanOneOfThisMachine) {
+  const auto take_at_the_second_try = [this] {
+    int tries = 0;
+    return FileLock(File()).Take([&] { return ++tries == 1; });
+  };
+  const QByteArray here =
+      QByteArray::number(getpid()) + "\n\n" + QSysInfo::machineHostName().toUtf8() + "\n";
+  Write("brivon.ini.lock", here);
+  MakeOld("brivon.ini.lock", 10);
+  EXPECT_TRUE(take_at_the_second_try());
+  Write("brivon.ini.lock", QByteArray::number(getpid()) + "\n\nanother-machine\n");
+  MakeOld("brivon.ini.lock", 10);
+  EXPECT_FALSE(take_at_the_second_try());
+  MakeOld("brivon.ini.lock", 60);
+  EXPECT_TRUE(take_at_the_second_try());
+}
+
+TEST_F(FileLockTest, RemovesWhatWasLeftOfATakeover) {
+  Write("brivon.ini.lock.rmlock", "");
+  {
+    FileLock lock(File());
+    ASSERT_TRUE(lock.Take(GiveUp));
+    EXPECT_EQ(Names(), QStringList{u"brivon.ini.lock"_s});
+  }
+  QLockFile taking_over(Path("brivon.ini.lock.rmlock"));
+  ASSERT_TRUE(taking_over.tryLock(0));
+  EXPECT_TRUE(FileLock(File()).Take(GiveUp));
+  EXPECT_EQ(Names(), QStringList{u"brivon.ini.lock.rmlock"_s});
+}
+
+TEST_F(FileLockTest, OfALinkToNoFileYetIsThatOfItsTarget) {
+  ASSERT_TRUE(QFile::link(Path("shared.ini"), Path("one.ini")));
+  ASSERT_TRUE(QFile::link(u"one.ini"_s, Path("other.ini")));
+  FileLock lock(Path("one.ini"));
+  ASSERT_TRUE(lock.Take(GiveUp));
+  EXPECT_EQ(lock.Path(), Path("shared.ini.lock"));
+  EXPECT_FALSE(FileLock(Path("other.ini")).Take(GiveUp));
 }
 
 TEST_F(FileLockTest, OfALinkIsThatOfItsTarget) {

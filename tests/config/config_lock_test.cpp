@@ -1,4 +1,7 @@
 // OK of the configuration dialog while another program is saving "brivon.ini".
+#include <chrono>
+#include <thread>
+
 #include <QLockFile>
 #include <QTimer>
 
@@ -39,6 +42,25 @@ TEST_F(ConfigLock, OkWaitsForTheOtherWithTheWindowAliveAndTheBusyPointer) {
   EXPECT_EQ(reader_.Texts(), QStringList());
   EXPECT_EQ(window_->result(), QDialog::Accepted);
   EXPECT_FALSE(window_->isVisible());
+  EXPECT_EQ(File(), saved_);
+}
+
+TEST_F(ConfigLock, OkThatWaitsWhileTheSessionEndsIsSavedEvenSo) {
+  std::thread other;
+  QTimer::singleShot(0, window_.get(), [&] {
+    QTimer::singleShot(0, window_.get(), [&] {
+      QCoreApplication::exit();
+      other = std::thread([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        other_.unlock();
+      });
+    });
+    Click("butOK");
+  });
+  QCoreApplication::exec();
+  ASSERT_TRUE(other.joinable());
+  other.join();
+  EXPECT_EQ(reader_.Texts(), QStringList());
   EXPECT_EQ(File(), saved_);
 }
 

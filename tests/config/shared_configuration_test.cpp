@@ -1,4 +1,5 @@
 // Two programs on one "brivon.ini": what each has changed stands in it, whoever saves last.
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "config/applied_draft.h"
+#include "support/as_nobody.h"
 #include "support/program_folder.h"
 
 using namespace Qt::StringLiterals;
@@ -101,6 +103,41 @@ TEST_F(SharedConfiguration, AFileThatIsGoneIsWrittenWhole) {
   EXPECT_EQ(File(),
             "[Dimension Config]\r\nID001=4x96,Tri,10.0.0.1:80\r\n"
             "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=TCPIP\r\n");
+}
+
+TEST_F(SharedConfiguration, AFileThatWasEmptiedIsWrittenWhole) {
+  const ConfigurationDraft mine = Opened();
+  folder_.Configure("");
+  ASSERT_EQ(mine.Save(), SaveResult::kSaved);
+  EXPECT_EQ(File(),
+            "[Dimension Config]\r\nID001=4x96,Tri,10.0.0.1:80\r\nID002=4x96,Tri,10.0.0.2:80\r\n"
+            "[Communication]\r\nBaudrate=9600\r\nComPort=2\r\nSendMode=TCPIP\r\n");
+}
+
+TEST_F(SharedConfiguration, ASettingThatTheOtherRemovedIsWrittenAsTheWindowShowsIt) {
+  folder_.Configure("[Communication]\r\nSendMode=TCPIP\r\nBaudrate=4800\r\nComPort=4\r\n");
+  const ConfigurationDraft mine = Opened();
+  folder_.Configure("[Communication]\r\nSendMode=RS232\r\n");
+  ASSERT_EQ(mine.Save(), SaveResult::kSaved);
+  EXPECT_EQ(File(), "[Communication]\r\nSendMode=RS232\r\nBaudrate=4800\r\nComPort=4\r\n");
+}
+
+TEST_F(SharedConfiguration, WhereTheFolderIsClosedThatIsTheReasonAndNotALeftLock) {
+  const ConfigurationDraft mine = Opened();
+  QLockFile other(folder_.Path(u"brivon.ini.lock"_s));
+  ASSERT_TRUE(other.tryLock(0));
+  const QByteArray folder = QFile::encodeName(folder_.Path({}));
+  ASSERT_EQ(chmod(folder.constData(), 0555), 0);
+  QString reason;
+  SaveResult result = SaveResult::kSaved;
+  {
+    const AsNobody nobody;
+    result = mine.Save(&reason, GiveUp);
+  }
+  ASSERT_EQ(chmod(folder.constData(), 0755), 0);
+  EXPECT_EQ(result, SaveResult::kInvalidPath);
+  EXPECT_EQ(reason, u"Permission denied"_s);
+  EXPECT_EQ(File(), kBefore);
 }
 
 TEST_F(SharedConfiguration, ProgramsThatSaveAllTheTimeLoseNothing) {

@@ -21,7 +21,7 @@ struct DiskFault {
   bool spares_what_frees = false;  ///< Whether what takes no room, such as removing, is as ever.
   bool has_nameless_files = true;
   int cut = kHalf;       ///< How many bytes a short write takes, at most all.
-  bool is_lock = false;  ///< Whether it is of files called "*.lock" alone, or of all others.
+  bool is_lock = false;  ///< Whether it is of "*.lock" and "*.rmlock" alone, or of all others.
   int folder_error = 0;  ///< What a flush of the folder gives, which is none of the calls.
 
   static constexpr int kHalf = -1;

@@ -37,7 +37,7 @@ Function* System(const char* name) {
 
 bool IsLock(const char* path) {
   const char* end = std::strrchr(path, '.');
-  return end != nullptr && std::strcmp(end, ".lock") == 0;
+  return end != nullptr && (std::strcmp(end, ".lock") == 0 || std::strcmp(end, ".rmlock") == 0);
 }
 
 bool IsBelow(const char* path) {

@@ -198,6 +198,26 @@ TEST_P(KilledSavesWithLock, AreTakenOverByTheNextSave) {
   }
 }
 
+TEST_P(KilledSavesWithLock, AreTakenOverByTheNextSaveAlsoWhereTheTakeoverWasKilled) {
+  const auto leave_a_lock = [this] {
+    work_.Edit(++version_);
+    const DiskFault fault{.call = 1, .way = Way::kKill};
+    EXPECT_TRUE(WasKilled(Start(fault, [this] { work_.Save(WayToSave::kSave); })));
+    EXPECT_TRUE(HasLock());
+  };
+  int left = 0;
+  bool was_killed = true;
+  for (int call = 1; was_killed; ++call) {
+    SCOPED_TRACE(testing::Message() << "call " << call);
+    leave_a_lock();
+    const DiskFault fault{.call = call, .way = Way::kKill, .is_lock = true};
+    was_killed = WasKilled(Start(fault, [this] { work_.Save(WayToSave::kSave); }));
+    if (QFileInfo::exists(LockPath() + u".rmlock"_s)) ++left;
+    SaveNext(++version_);
+  }
+  EXPECT_GT(left, 0);
+}
+
 TEST_P(KilledSaves, AtRandomMomentsLeaveTheOldFileOrTheNewOneAndTheNextSaveClearsUp) {
   const int kills = Setting("BRIVON_KILLS", 50);
   const int start = Setting("BRIVON_START", 1);

@@ -117,7 +117,7 @@ void SavedWork::AgeLeftOvers() const {
   const QDateTime then = QDateTime::currentDateTimeUtc().addSecs(-3600);
   const QDir folder(folder_.Path({}));
   for (const QString& name :
-       folder.entryList({u"*.~*~"_s, u"*.lock"_s}, QDir::Files | QDir::Hidden)) {
+       folder.entryList({u"*.~*~"_s, u"*.lock"_s, u"*.rmlock"_s}, QDir::Files | QDir::Hidden)) {
     QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::ReadWrite)) << name.toStdString();
     EXPECT_TRUE(file.setFileTime(then, QFileDevice::FileModificationTime)) << name.toStdString();

@@ -191,6 +191,37 @@ TEST_F(ProgramFolderTest, TwoProgramsThatStartAtOnceLayOutOnce) {
             QStringList{u"brivon.ini"_s});
 }
 
+TEST_F(ProgramFolderTest, ALockThatIsNotLetGoIsToldAndNothingIsLaidOut) {
+  Install();
+  ASSERT_TRUE(QDir().mkpath(Path(u"data/brivon"_s)));
+  QLockFile other(Path(u"data/brivon/brivon.ini.lock"_s));
+  ASSERT_TRUE(other.tryLock(0));
+  LayOutFailure failure;
+  EXPECT_FALSE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s), &failure));
+  EXPECT_EQ(failure.result, SaveResult::kLocked);
+  EXPECT_EQ(failure.path, Path(u"data/brivon/brivon.ini"_s));
+  EXPECT_EQ(failure.reason, u"Another program is saving it."_s);
+  EXPECT_FALSE(QFileInfo::exists(Path(u"data/brivon/messages"_s)));
+}
+
+TEST_F(ProgramFolderTest, ASampleThatCannotBeReadIsLeftOut) {
+  const QFile::Permissions all(0x7777);
+  Install();
+  ASSERT_TRUE(QFile::setPermissions(folder_.path(), all));
+  ASSERT_TRUE(QDir().mkpath(Path(u"data/brivon"_s)));
+  ASSERT_TRUE(QFile::setPermissions(Path(u"data/brivon"_s), all));
+  ASSERT_TRUE(QFile::setPermissions(Path(u"installed/messages/welcome.msg"_s), {}));
+  LayOutFailure failure;
+  {
+    const AsNobody nobody;
+    EXPECT_TRUE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s), &failure));
+  }
+  EXPECT_EQ(failure.result, SaveResult::kSaved);
+  EXPECT_FALSE(QFileInfo::exists(Path(u"data/brivon/messages/welcome.msg"_s)));
+  EXPECT_EQ(Read(u"data/brivon/schedules/every_day.sch"_s), "every day");
+  EXPECT_EQ(Read(u"data/brivon/brivon.ini"_s), "[Files]\r\n");
+}
+
 TEST_F(ProgramFolderTest, WithoutAnInstallationTheFolderIsMadeEmptyAndNothingHasFailed) {
   LayOutFailure failure;
   EXPECT_FALSE(LayOutSamples(Path(u"installed"_s), Path(u"data/brivon"_s), &failure));
