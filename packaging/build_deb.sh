@@ -20,8 +20,6 @@ export SOURCE_DATE_EPOCH
 built_from=$packages/brivon_${version}_commit.txt
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-# Where there is a compiler's cache, it knows the sources again in any folder.
-export CCACHE_BASEDIR=$work
 
 # build FOLDER: lays the sources out in that folder of the work's, and builds beside it.
 build() {
