@@ -4,13 +4,16 @@
 # runs from anywhere. Two builds of the same sources on the same system have the same bytes.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-. tools/run_parts.sh
-path=$(path_to_build_in "$PWD")
-cd "$path"
 
 if ! command -v dpkg-query >/dev/null; then
   echo "The libraries and their licences are taken from Debian's packages; this system has none." >&2
   exit 1
+fi
+# The C library, the compiler's and the desktop's are those of where the folder starts, and older ones
+# than here would not do.
+# shellcheck disable=SC1091
+if [ "$(. /etc/os-release && echo "$ID ${VERSION_ID:-}")" != "debian 12" ]; then
+  echo "This system is not Debian 12: what is made here may start only on systems that are as new." >&2
 fi
 tools/install_missing.sh git xz-utils binutils
 version=$(sed -n 's/^project(Brivon VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
@@ -18,10 +21,14 @@ name=brivon-$version-linux-$(uname -m)
 # Two builds of the same sources say the same time, whenever they are made.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
-work=$path/build/portable
+packages=$PWD/build/packages
+# The compiler's options take no path with a blank, which that of the sources may have.
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+# Where there is a compiler's cache, it knows the sources again in any folder.
+export CCACHE_BASEDIR=$work
 folder=$work/$name
-rm -rf "$work"
-mkdir -p "$work/source" "$folder" build/packages
+mkdir -p "$work/source" "$folder" "$packages"
 git archive HEAD | tar -x -C "$work/source"
 
 # A RUNPATH would not be searched for what libraries and plug-ins themselves need.
@@ -46,5 +53,5 @@ cp "$work/source"/packaging/portable/README.txt "$work/source"/{LICENSE,LICENSES
   tar --sort=name --format=gnu --owner=0 --group=0 --numeric-owner --mtime="@$SOURCE_DATE_EPOCH" \
     -c "$name" | xz -T1 -6 >"$name.tar.xz"
 )
-mv "$work/$name.tar.xz" build/packages/
-ls -l "build/packages/$name.tar.xz"
+mv "$work/$name.tar.xz" "$packages"
+ls -l "$packages/$name.tar.xz"

@@ -33,6 +33,8 @@ hands=(xvfb xdotool x11-utils scrot libglib2.0-bin iproute2 jq)
 # to install programs in.
 mode=root
 [ "$(id -u)" -eq 0 ] || mode=unshare
+# Where nothing may be mounted the root is made all the same, with nothing in /proc.
+[ "$mode" != root ] || unshare --mount true 2>/dev/null || no_root "nothing may be mounted here."
 include=$(IFS=, && echo "${desktop[*]},${hands[*]}")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -48,6 +50,7 @@ make_root_and_try() {
     --aptopt='APT::Install-Recommends "false"' --dpkgopt=force-unsafe-io --format=null \
     --customize-hook='mkdir "$1/trial"' \
     --customize-hook='sync-in trial /trial' \
+    --customize-hook='chroot "$1" test -e /proc/self/fd' \
     --customize-hook='echo "-- in a fresh root"' \
     --customize-hook="chroot \"\$1\" bash /trial/in_root.sh $version || true" \
     --customize-hook='copy-out /trial/status /trial/pictures out' \

@@ -20,7 +20,12 @@ step() {
   shift
   if "$@"; then echo "ok    $what"; else echo "WRONG $what" && failed=$((failed + 1)); fi
 }
-not() { ! "$@"; }
+# A command that says "no": the status of one that could not be carried out is another.
+not() {
+  local status=0
+  "$@" || status=$?
+  [ "$status" -eq 1 ]
+}
 # Waits up to a minute until a command succeeds.
 soon() {
   local i
@@ -92,10 +97,14 @@ xdotool key Return
 step "a page is open" soon window "Message Editor"
 xdotool key ctrl+Return
 step "\"Send\" opens its dialog" soon window "Send Message"
+dialog=$(xdotool getactivewindow || true)
 xdotool key Home Tab 9 ctrl+Return
 step "the panel has this page too" soon grep -q 'safely!' "$root$folder/panels.json"
 windows_called() { [ "$(xdotool search --onlyvisible --name "^$1\$" | wc -l)" -eq "$2" ]; }
-step "a message says so" soon windows_called "Send Message" 2
+# The message has the dialog's title, but is another window.
+message_active() { windows_called "Send Message" 2 && [ "$(xdotool getactivewindow)" != "$dialog" ]; }
+dialog_active() { windows_called "Send Message" 1 && [ "$(xdotool getactivewindow)" = "$dialog" ]; }
+step "a message says so" soon message_active
 import -window root "$pictures/sent.png"
 
 # The system's own libraries and what those need themselves, without the numbers of their versions.
@@ -137,19 +146,23 @@ traced() {
 step "Brivon loads nothing else" not strange < <(mapped "$brivon")
 step "the virtual panel loads nothing else" not strange < <(mapped "$panel")
 step "brivonctl loads nothing else" not strange < <(traced)
-step "they do load the folder's toolkit" grep -qF "$folder/lib/libQt6Widgets.so.6" "/proc/$brivon/maps"
+has_toolkit() { grep -F "$folder/lib/libQt6Core.so.6" >/dev/null; }
+step "Brivon loads the folder's toolkit" has_toolkit < <(mapped "$brivon")
+step "the virtual panel loads it too" has_toolkit < <(mapped "$panel")
+step "brivonctl loads it too" has_toolkit < <(traced)
 
 xdotool key Return
-step "the message closes" soon windows_called "Send Message" 1
+step "the message closes" soon dialog_active
 xdotool key Escape
 step "the dialog closes" soon window "Message Editor"
 xdotool key Escape
 step "the editor closes" soon window "Brivon V.M.2.41M"
 xdotool key alt+e
 ended() { ! kill -0 "$1" 2>/dev/null; }
-step "\"Exit\" ends Brivon" soon ended "$brivon"
-kill "$panel"
-step "the virtual panel ends when it is told to" soon ended "$panel"
+ends_well() { soon ended "$1" && wait "$1"; }
+step "\"Exit\" ends Brivon, without a fault" ends_well "$brivon"
+kill "$panel" || true
+step "the virtual panel ends when it is told to, without a fault" ends_well "$panel"
 step "neither has complained" not grep -v -e '^listening on ' -e '^ready$' "$says/panel" "$says/brivon"
 
 # What was written since, but in the folder.

@@ -31,4 +31,9 @@ soon() {
   done
 }
 
-not() { ! "$@"; }
+# A command that says "no": the status of one that could not be carried out is another.
+not() {
+  local status=0
+  "$@" || status=$?
+  [ "$status" -eq 1 ]
+}

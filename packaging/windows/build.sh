@@ -5,9 +5,6 @@
 # more.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
-. tools/run_parts.sh
-path=$(path_to_build_in "$PWD")
-cd "$path"
 
 toolkit=$(packaging/windows/toolkit.sh)
 tools/install_missing.sh git cmark-gfm qt6-translations-l10n binutils-mingw-w64-x86-64
@@ -16,9 +13,10 @@ name=brivon-$version-windows-x86_64
 # Two builds of the same sources say the same time, whenever they are made.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
-work=$path/build/windows_package
+# The compiler's options take no path with a blank, which that of the sources may have.
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
 folder=$work/$name
-rm -rf "$work"
 mkdir -p "$work/source" "$folder"/{platforms,styles,translations,licenses} build/packages
 git archive HEAD | tar -x -C "$work/source"
 
@@ -45,12 +43,13 @@ cp /usr/share/qt6/translations/qtbase_*.qm "$folder/translations"
 printf '[Paths]\r\nPrefix=.\r\nPlugins=.\r\nTranslations=translations\r\n' >"$folder/qt.conf"
 
 cp -R "$work/build/manual" "$work/source/samples/." "$folder"
-for text in LICENSE CHANGELOG.md; do
+for text in LICENSE LICENSES.md CHANGELOG.md; do
   sed 's/$/\r/' "$work/source/$text" >"$folder/$text.txt"
 done
 sed "s/@TOOLKIT@/$(cut -d ' ' -f 1 "$toolkit/made_of")/; s/\$/\r/" \
   "$work/source/packaging/windows/README.txt" >"$folder/README.txt"
 cp "$toolkit"/licenses/* "$folder/licenses"
+cp /usr/share/doc/qt6-translations-l10n/copyright "$folder/licenses/qt6-translations-l10n.txt"
 
 # Every library that a file of the folder asks for stands in the folder or is one of Windows.
 missing=no

@@ -2,12 +2,13 @@
 # What software centres are told is well formed, with and without pictures; its releases are those
 # of the change log.
 #
-#   metainfo_test.sh SOURCE_FOLDER INSTALLED_TREE CMAKE
+#   metainfo_test.sh SOURCE_FOLDER INSTALLED_TREE CMAKE VERSION
 set -uo pipefail
 . "$1/tests/tools/check.sh"
 source=$1/packaging/desktop
 tree=$2
 cmake=$3
+version=$4
 
 # make TEMPLATE OPTION...: what is made of the change log in $scratch, or why nothing is made.
 make() {
@@ -89,8 +90,8 @@ for id in Brivon VirtualPanel; do
     "$(grep -c '^## ' "$1/CHANGELOG.md")"
   expect "$id is of one desktop entry" "$(sed -n 's/.*desktop-id">\(.*\)<.*/\1/p' "$installed")" \
     "$id.desktop"
-  make "$source/$id.metainfo.xml.in" -DPICTURES_URL=https://example.org/pictures \
-    >"$scratch/$id.metainfo.xml"
+  make "$source/$id.metainfo.xml.in" -DVERSION="$version" \
+    -DPICTURES_URL=https://example.org/pictures >"$scratch/$id.metainfo.xml"
   expect "$id with pictures" "$(judge "$scratch/$id.metainfo.xml")" ""
   pictures=$(sed -n 's|.*<image>https://example.org/pictures/\(.*\)</image>|\1|p' \
     "$scratch/$id.metainfo.xml")
