@@ -30,7 +30,7 @@ build() {
   cat >"$sources/debian/changelog" <<CHANGES
 brivon ($version) unstable; urgency=medium
 
-  * Version $version; CHANGELOG.md says what has changed.
+  * Version $version.
 
  -- The Brivon developers <developers@brivon.org>  $(LC_ALL=C date -R -u -d "@$SOURCE_DATE_EPOCH")
 CHANGES
