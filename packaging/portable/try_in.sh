@@ -50,7 +50,7 @@ operator=(chroot --userspec=clerk "$root" env -i HOME="$home" LANG=C.UTF-8 PATH=
   XDG_RUNTIME_DIR=/run/user/1000)
 
 # The display is the fresh system's; what presses its keys is ours, so that it brings nothing there.
-"${operator[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$says/display" \
+"${operator[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3>"$says/display" \
   >/dev/null 2>&1 &
 trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
 step "there is a display" soon test -s "$says/display"

@@ -79,7 +79,8 @@ as_installed() {
   done
 }
 
-Xvfb "$DISPLAY" -screen 0 1600x1200x24 -nolisten tcp >/dev/null 2>&1 &
+# Else it begins anew when its first caller leaves, and throws out whoever has come meanwhile.
+Xvfb "$DISPLAY" -screen 0 1600x1200x24 -nolisten tcp -noreset >/dev/null 2>&1 &
 step "there is a display" soon xdpyinfo
 openbox >/dev/null 2>&1 &
 step "it has a desktop" soon desktop_runs
