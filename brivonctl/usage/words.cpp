@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include <QList>
+
 #include "base/shell.h"
 
 using namespace Qt::StringLiterals;

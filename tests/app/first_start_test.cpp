@@ -1,6 +1,8 @@
 // A first start at which the program's own files could not be laid out.
 #include "app/first_start.h"
 
+#include <QCoreApplication>
+
 #include "app/launcher.h"
 #include "store/program_folder.h"
 #include "support/message_box_reader.h"
