@@ -7,7 +7,7 @@
 
 namespace Ports {
 
-class AsioPort : public Port {
+class AsioPort final : public Port {
  public:
   AsioPort();
 

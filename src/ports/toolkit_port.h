@@ -9,7 +9,7 @@
 
 namespace Ports {
 
-class ToolkitPort : public Port {
+class ToolkitPort final : public Port {
   Q_OBJECT
 
  public:
