@@ -23,6 +23,8 @@ TEST_F(MainWindowTest, AFirstStartThatCouldNotLayItsFilesOutSaysWhereAndWhy) {
   QCoreApplication::processEvents();
   ASSERT_EQ(reader.Texts(), QStringList{u"Invalid path!"_s});
   EXPECT_EQ(reader.Seen().first().parent, &window);
+  EXPECT_EQ(reader.Seen().first().title, u"Brivon V.M.2.41M"_s);
+  EXPECT_EQ(reader.Seen().first().icon, QMessageBox::NoIcon);
   EXPECT_EQ(reader.Seen().first().informative,
             u"/sealed/brivon: Permission denied\nBrivon keeps its files in "_s +
                 Brivon1::ProgramFolder() +

@@ -28,6 +28,16 @@ class FileLockTest : public FolderOfFiles {
  protected:
   void MakeAnHourOld(const char* name) const { MakeOld(name, 3600); }
 
+  void ExpectLinksToHaveTheirTargetsLock() const {
+    ASSERT_TRUE(QFile::link(Path("shared.ini"), Path("one.ini")));
+    ASSERT_TRUE(QFile::link(u"one.ini"_s, Path("other.ini")));
+    FileLock lock(Path("one.ini"));
+    ASSERT_TRUE(lock.Take(GiveUp));
+    EXPECT_EQ(lock.Path(), Path("shared.ini.lock"));
+    EXPECT_FALSE(FileLock(Path("other.ini")).Take(GiveUp));
+    EXPECT_FALSE(FileLock(Path("shared.ini")).Take(GiveUp));
+  }
+
   void MakeOld(const char* name, int seconds) const {
     QFile file(Path(name));
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
@@ -143,24 +153,11 @@ TEST_F(FileLockTest, RemovesWhatWasLeftOfATakeover) {
   EXPECT_EQ(Names(), QStringList{u"brivon.ini.lock.rmlock"_s});
 }
 
-TEST_F(FileLockTest, OfALinkToNoFileYetIsThatOfItsTarget) {
-  ASSERT_TRUE(QFile::link(Path("shared.ini"), Path("one.ini")));
-  ASSERT_TRUE(QFile::link(u"one.ini"_s, Path("other.ini")));
-  FileLock lock(Path("one.ini"));
-  ASSERT_TRUE(lock.Take(GiveUp));
-  EXPECT_EQ(lock.Path(), Path("shared.ini.lock"));
-  EXPECT_FALSE(FileLock(Path("other.ini")).Take(GiveUp));
-}
+TEST_F(FileLockTest, OfALinkToNoFileYetIsThatOfItsTarget) { ExpectLinksToHaveTheirTargetsLock(); }
 
 TEST_F(FileLockTest, OfALinkIsThatOfItsTarget) {
   Write("shared.ini", "");
-  ASSERT_TRUE(QFile::link(Path("shared.ini"), Path("one.ini")));
-  ASSERT_TRUE(QFile::link(u"one.ini"_s, Path("other.ini")));
-  FileLock lock(Path("one.ini"));
-  ASSERT_TRUE(lock.Take(GiveUp));
-  EXPECT_EQ(lock.Path(), Path("shared.ini.lock"));
-  EXPECT_FALSE(FileLock(Path("other.ini")).Take(GiveUp));
-  EXPECT_FALSE(FileLock(Path("shared.ini")).Take(GiveUp));
+  ExpectLinksToHaveTheirTargetsLock();
 }
 
 TEST_F(FileLockTest, IsNotWaitedForWhereThereIsNoFolder) {
