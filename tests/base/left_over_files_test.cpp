@@ -10,6 +10,7 @@
 
 #include <QDateTime>
 #include <QScopeGuard>
+#include <QSet>
 
 #include "base/files.h"
 #include "base/folder_of_files.h"
@@ -140,6 +141,28 @@ TEST_F(LeftOverFiles, ThatAnotherMachineMayBeWritingStay) {
   WriteOld("a.msg.~brivon-QxAdPl~", "ne");
   WriteOld("a.msg.~brivon-QxAdPm~", "of a clock that is wrong", -60);
   EXPECT_EQ(NamesAfterASave(), QStringList{u"a.msg"_s});
+}
+
+TEST_F(LeftOverFiles, AreCalledBySixLetters) {
+  const QByteArray before = "/tmp/a.msg.~brivon-";
+  QSet<char> letters;
+  for (int i = 0; i < 2000; ++i) {
+    const QByteArray name = SomeLeftOverName("/tmp/a.msg");
+    ASSERT_EQ(name.size(), before.size() + 7);
+    ASSERT_TRUE(name.startsWith(before) && name.endsWith('~')) << name.constData();
+    for (const char letter : name.sliced(before.size(), 6)) letters.insert(letter);
+  }
+  QByteArray sorted;
+  for (int letter = 0; letter < 256; ++letter) {
+    if (letters.contains(static_cast<char>(letter))) sorted.append(static_cast<char>(letter));
+  }
+  EXPECT_EQ(sorted, "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+}
+
+TEST_F(LeftOverFiles, WhereNobodySaysHowLongANameMayBeHave255Bytes) {
+  const QByteArray folder = NativePath("none there") + '/';
+  EXPECT_EQ(LeftOverName(folder + QByteArray(255, 'a'), "QxAdPk"),
+            folder + QByteArray(239, 'a') + ".~brivon-QxAdPk~");
 }
 
 TEST_F(LeftOverFiles, OfALongNameHaveItsBeginning) {

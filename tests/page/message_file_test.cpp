@@ -170,6 +170,10 @@ TEST_F(MessageFile, ASizeCodeWhoseThirdCharacterIsNoLetterAToHIsDroppedAndChange
   EXPECT_EQ(LoadedRow("<L01><SB>a<S1>b<S >c<S>>d"), "abcd|BBBB|AAAA|NNNN");
 }
 
+TEST_F(MessageFile, ACodeBehindTheLastCharacterOfARowIsNoText) {
+  EXPECT_EQ(LoadedRow("<L01><SB>ab<CD>"), "ab|BB|AA|NN");
+}
+
 TEST_F(MessageFile, TheEightSizeCodesSetSizeAndBlinking) {
   EXPECT_EQ(LoadedRow("<L01><SA>a<SB>b<SC>c<SD>d<SE>e<SF>f<SG>g<SH>h<SA>i"),
             "abcdefghi|ABCDABCDA|AAAAAAAAA|NNNNBBBBN");

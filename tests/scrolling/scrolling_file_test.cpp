@@ -79,6 +79,11 @@ TEST_F(ScrollingFile, ABodyMadeOfSECAAndTheTextABReadsAsTwoBlinkingRedCharacters
   EXPECT_EQ(ReadBody("<SE><CA>AB"), "AB|AA|AA|BB");
 }
 
+TEST_F(ScrollingFile, ACodeBehindTheLastCharacterIsNoText) {
+  EXPECT_EQ(ReadBody("<SB><CC>ab<CD>"), "ab|BB|CC|NN");
+  EXPECT_EQ(ReadBody("<SA>"), "|||");
+}
+
 TEST_F(ScrollingFile, ABodyHoldingXInBracketsOrALoneBracketKeepsThoseCharactersAsText) {
   EXPECT_EQ(ReadBody("<SA><CA><X>"), "<X>|AAA|AAA|NNN");
   EXPECT_EQ(ReadBody("<SB><CC>a<b"), "a<b|BBB|CCC|NNN");

@@ -178,6 +178,10 @@ TEST_F(ScrollingTransmission, NorOneThatIsPutTogetherByTakingOutAnother) {
   EXPECT_EQ(Frame("a<C<CA>B>b<C<C<CA>B>>>c<CA", 3, 1), "<ID03><L1>abc<CA\r\n");
 }
 
+TEST_F(ScrollingTransmission, NorOneThatIsPutTogetherWhereTheTextBegins) {
+  EXPECT_EQ(Frame("<C<CA>B>a", 3, 1), "<ID03><L1>a\r\n");
+}
+
 TEST_F(ScrollingTransmission, NothingIsTakenOutBeforeASignThatEndsNoCode) {
   EXPECT_EQ(Frame("a> <CA>b<SC>", 3, 1), "<ID03><L1>a> b<SC>\r\n");
 }
