@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Runs the program at a terminal of 40 columns and returns everything that it has shown there.
-QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment) {
+/// Runs the program at a terminal of that size and returns everything that it has shown there.
+QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment, winsize size) {
   std::vector<QByteArray> texts = {BRIVONCTL};
   for (const QString& word : words) texts.push_back(word.toLocal8Bit());
   std::vector<char*> arguments;
@@ -28,9 +28,6 @@ QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment)
   for (QByteArray& variable : own) variables.push_back(variable.data());
   variables.push_back(nullptr);
 
-  winsize size{};
-  size.ws_row = 10;
-  size.ws_col = 40;
   int terminal = -1;
   const pid_t child = ::forkpty(&terminal, nullptr, nullptr, &size);
   if (child == 0) {
@@ -61,10 +58,10 @@ class BrivonctlTerminal : public testing::Test {
     site_.Fail(1, {.late_ms = 400});
   }
 
-  QByteArray ShownWith(const QList<QByteArray>& environment) const {
+  QByteArray ShownWith(const QList<QByteArray>& environment, winsize size = {10, 40, 0, 0}) const {
     return Shown({u"send"_s, u"page"_s, site_.Page(), u"--page"_s, u"7"_s, u"--to"_s, u"all"_s,
                   u"--folder"_s, site_.Folder().Path({})},
-                 environment);
+                 environment, size);
   }
 
   Site site_{2};
@@ -79,6 +76,17 @@ TEST_F(BrivonctlTerminal, APanelThatMovesHasALineAndTheTableHasColours) {
       << shown.toStdString();
   EXPECT_TRUE(shown.contains("ID002  \x1b[31mfailed   \x1b[0mCannot create TCP link!\r\n"))
       << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, OneThatDoesNotKnowItsSizeHasTheUsualOne) {
+  const QByteArray shown = ShownWith({"TERM=xterm", "LC_ALL=C.UTF-8", "NO_COLOR=1"}, {});
+  EXPECT_TRUE(shown.contains("ID001 Row 1 of 2, attempt 1 of 5\r\n")) << shown.toStdString();
+  EXPECT_FALSE(shown.contains("and 1 more")) << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, OneWithoutANameIsNone) {
+  const QByteArray shown = ShownWith({"LC_ALL=C.UTF-8"});
+  EXPECT_FALSE(shown.contains('\x1b')) << shown.toStdString();
 }
 
 TEST_F(BrivonctlTerminal, WithoutColoursThereAreNone) {

@@ -139,6 +139,7 @@ TEST(ParseFrame, ReadsASchedule) {
 
 TEST(ParseFrame, RefusesAScheduleThatCannotBe) {
   for (const char* text : {"<TK>*****00101A",
+                           "<T@>*****00101A",
                            "<Ta>*****00101A",
                            "<T>*****00101A",
                            "<TA*****00101A",

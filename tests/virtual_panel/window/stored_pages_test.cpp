@@ -93,6 +93,20 @@ TEST_F(StoredPagesTest, TheKeyboardShowsAPage) {
   EXPECT_EQ(engine_.RunningPage(26), 7);
 }
 
+TEST_F(StoredPagesTest, WithoutAShownPageTheKeyboardBeginsNowhere) {
+  Receive("<ID1A><L01><P007>x \r\n<ID1A><L01><P012>x \r\n<ID1A><D012>\r\n");
+  ASSERT_EQ(engine_.ShownPage(26), std::nullopt);
+  window_.activateWindow();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
+  Pages()->setCurrentIndex({});
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), std::nullopt);
+  QTest::keyClick(Pages(), Qt::Key_Right);
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), 7);
+}
+
 TEST_F(StoredPagesTest, ThePageThatIsShownCanBeSeenAmongTheOthers) {
   QByteArray frames;
   for (int page = 100; page < 200; ++page) {
