@@ -195,6 +195,15 @@ TEST(BrivonctlJson, AResultThatCannotBeWrittenIsNoSuccessButThePanelsGetTheirPag
   }
 }
 
+TEST(BrivonctlJson, WhatIsSaidMeanwhileMayBeLost) {
+  Site site(1);
+  ProgramRun run;
+  run.Process().setStandardErrorFile(u"/dev/full"_s);
+  run.To("poll --to 1", In(site));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(run.output.startsWith("ID001  ok ")) << run.output.toStdString();
+}
+
 TEST(BrivonctlJson, AReaderThatLeavesDoesNotKeepThePanelsFromTheirPage) {
   Site site(1);
   QProcess shell;

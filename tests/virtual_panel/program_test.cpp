@@ -107,6 +107,8 @@ TEST_F(ProgramTest, WithoutADisplayThereIsNoWindow) {
   }
   process_.setProcessEnvironment(environment);
   EXPECT_EQ(Refusal(Words("--tcp 0")), u"virtual_panel: there is no display: use --headless\n"_s);
+  environment.insert(u"QT_NO_GLIB"_s, u"1"_s);
+  process_.setProcessEnvironment(environment);
   Start(Words("--headless --tcp 0"));
   EXPECT_EQ(Terminate(), 0);
 }

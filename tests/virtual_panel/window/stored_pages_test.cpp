@@ -140,6 +140,11 @@ TEST_F(StoredPagesTest, WhoeverLooksForAPageWithTheKeyboardIsNotLedAway) {
   const QRect place = Pages()->visualRect(Pages()->currentIndex());
   EXPECT_TRUE(Pages()->viewport()->rect().contains(place.center()));
   EXPECT_EQ(Pages()->currentIndex().row(), 1);
+  // Also when it looks elsewhere and comes back.
+  Find<QTableView>("traffic")->setFocus();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
+  EXPECT_EQ(Pages()->currentIndex().row(), 1);
   // Also when the pages become others.
   Receive("<ID1A><L01><P001>x \r\n");
   EXPECT_EQ(Pages()->currentIndex().data().toString(), u"101"_s);
