@@ -101,7 +101,8 @@ TEST(BrivonctlJson, AConnectionThatThePanelClosesIsTheReason) {
 
 TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
   Site site(1);
-  site.Fail(1, {.silent_answers = 5});
+  const VirtualPanel::Faults once = {.silent_answers = 1, .close_after_frame = 1};
+  site.Fail(1, once);
   ProgramRun run;
   run.To("poll --to 1 --retry 1 --delay-period 0 --json", In(site));
   EXPECT_EQ(run.status, 0);
@@ -114,7 +115,7 @@ TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
   }
   EXPECT_EQ(retries, 1);
 
-  site.Fail(1, {.silent_answers = 5});
+  site.Fail(1, once);
   ProgramRun quiet;
   quiet.To("poll --to 1 --retry 1 --delay-period 0 --json --quiet", In(site));
   EXPECT_EQ(quiet.status, 0);
@@ -123,7 +124,7 @@ TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
   EXPECT_EQ(events[1][u"event"_s], u"panel"_s);
   EXPECT_EQ(events[1][u"transmissions"_s], 2);
 
-  site.Fail(1, {.silent_answers = 5});
+  site.Fail(1, once);
   ProgramRun person;
   person.To("poll --to 1 --retry 1 --delay-period 0", In(site));
   EXPECT_EQ(person.status, 0);
