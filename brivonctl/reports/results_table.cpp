@@ -27,7 +27,7 @@ QStringList Broken(const QString& text, int columns) {
     if (!line.isEmpty()) line += u' ';
     line += word;
   }
-  if (!line.isEmpty()) lines.append(line);
+  lines.append(line);
   return lines;
 }
 

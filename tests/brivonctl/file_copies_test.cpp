@@ -1,6 +1,8 @@
 // What is read of a file once, and what of that remains when the file does not.
 #include "orders/file_copies.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <memory>
 
@@ -12,6 +14,7 @@
 #include "orders/order.h"
 #include "orders/order_checks.h"
 #include "schedule/schedule_reader.h"
+#include "support/as_nobody.h"
 #include "support/program_folder.h"
 #include "support/use_code_page.h"
 
@@ -51,8 +54,9 @@ TEST_F(FileCopiesTest, WhatWasReadStaysWhenTheFileGoes) {
 
 TEST_F(FileCopiesTest, WhatIsMadeLaterIsNotThere) {
   const QString path = folder_.Path(u"a.msg"_s);
-  const FileCopies copies(path);
+  FileCopies copies(path);
   folder_.Write(u"a.msg"_s, kPage);
+  copies.TakeDigest(path);
   EXPECT_FALSE(copies.Exists(path));
   EXPECT_FALSE(Brivon1::IsMessageFile(path, copies));
   EXPECT_EQ(copies.Digest(path), "");
@@ -83,6 +87,41 @@ TEST_F(FileCopiesTest, ANameThatIsSpelledInTheOtherFormIsFoundAsItWasThen) {
 
 TEST_F(FileCopiesTest, AFolderIsNoFile) {
   EXPECT_FALSE(FileCopies(folder_.Path({})).Exists(folder_.Path({})));
+}
+
+TEST_F(FileCopiesTest, AFileThatMayNotBeReadIsThereAndNotReadable) {
+  const QString path = folder_.Write(u"a.msg"_s, kPage);
+  ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0), 0);
+  ASSERT_EQ(::chmod(QFile::encodeName(folder_.Path({})).constData(), 0755), 0);
+  const auto copies = [&] {
+    const AsNobody nobody;
+    return std::make_unique<FileCopies>(path);
+  }();
+  EXPECT_TRUE(copies->Exists(path));
+  EXPECT_EQ(Brivon1::MessageFileReader(path, *copies).Failure().fault,
+            Brivon1::FileFault::kNotReadable);
+  EXPECT_EQ(copies->ReadFailure(), QString());
+}
+
+TEST_F(FileCopiesTest, OfAScheduleThatBreaksOffTheWholeStepsAreKept) {
+  const QString page = folder_.Write(u"a.msg"_s, kPage);
+  const auto has_page_before = [&](const char* rest) {
+    const QByteArray whole = kSchedule;
+    const QString path = folder_.Write(u"a.sch"_s, whole.first(whole.indexOf(rest)));
+    return FileCopies(path).Exists(page);
+  };
+  EXPECT_TRUE(has_page_before("none.msg"));
+  EXPECT_FALSE(has_page_before("5\r\nFlip\r\nnone.msg"));
+}
+
+TEST_F(FileCopiesTest, OfTwoFilesThatCannotBeReadTheFirstIsTold) {
+  const QStringList paths = {u"/proc/self/mem"_s, u"/proc/thread-self/mem"_s};
+  if (!QFile::exists(paths[1])) GTEST_SKIP() << "the system has no such file";
+  const FileCopies copies(folder_.Write(u"a.sch"_s, QByteArray(kSchedule)
+                                                        .replace("a.msg", paths[0].toLatin1())
+                                                        .replace("none.msg", paths[1].toLatin1())));
+  EXPECT_TRUE(copies.ReadFailure().startsWith(paths[0] + u" cannot be read: "_s))
+      << copies.ReadFailure().toStdString();
 }
 
 TEST_F(FileCopiesTest, NoMoreIsKeptThanATransmissionReads) {

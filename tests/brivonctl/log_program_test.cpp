@@ -5,6 +5,7 @@
 
 #include <QCryptographicHash>
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -88,6 +89,22 @@ TEST_F(BrivonctlLog, SeveralProcessesAppendWholeLines) {
   }
   for (const auto& run : runs) EXPECT_EQ(run->Wait().status, 0);
   EXPECT_EQ(Lines().size(), kProcesses * 4);
+}
+
+TEST_F(BrivonctlLog, ALogThatIsLostMeanwhileIsSaidOnceAndNoSuccess) {
+  site_.Fail(1, {.silent = true});
+  ProgramRun run;
+  run.Start("poll --to 1,2 --jobs 1 --quiet", Log());
+  ASSERT_TRUE(WaitUntil([this] { return !site_.Frames(1).isEmpty(); }));
+  const QString log = site_.Folder().Path(u"log"_s);
+  ASSERT_TRUE(QFile::remove(log) && QDir().mkdir(log));
+  site_.Fail(1, {});
+  run.Wait();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.errors.toStdString(),
+            "brivonctl: --log: " + log.toStdString() + ": Is a directory\n");
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(site_.Frames(2).size(), 1);
 }
 
 TEST_F(BrivonctlLog, AProcessThatIsKilledLeavesWholeLines) {

@@ -98,9 +98,12 @@ TEST_F(OrderChecks, AScheduleIsCheckedWithItsMessageFiles) {
   };
   folder_.Write(u"good.sch"_s, schedule("a.msg"));
   folder_.Write(u"bad.sch"_s, schedule("no.msg"));
+  folder_.Write(u"short.sch"_s, schedule("a.msg").replace("Sequence =1", "Sequence =2"));
   EXPECT_EQ(Wrong({Action::kSendSchedule, Path("good.sch"), u"A"_s}), QString());
   EXPECT_EQ(Wrong({Action::kSendSchedule, Path("bad.sch"), u"A"_s}),
             Path("bad.sch") + u": File not found: no.msg"_s);
+  EXPECT_EQ(Wrong({Action::kSendSchedule, Path("short.sch"), u"A"_s}),
+            Path("short.sch") + u": Error in opening file"_s);
   EXPECT_EQ(Checked({Action::kSendSchedule, Path("good.sch"), u"A"_s}, {1, 2}),
             (QStringList{u"1 fits"_s, u"2 Dimension not matched!"_s}));
 }

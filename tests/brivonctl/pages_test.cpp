@@ -49,6 +49,17 @@ TEST_F(Pages, TheManualPageNamesEverySubcommandAndOptionWithItsHelp) {
   }
 }
 
+TEST_F(Pages, NoWordOfTheManualPageIsARequestOfRoff) {
+  line_.Add("dot", ".begins with a dot");
+  line_.Add("quote", "'begins with a quotation mark");
+  line_.Add("path", "C:\\new");
+  const std::string page = ManualPage(line_.Top());
+  for (const char* line :
+       {"\\&.begins with a dot", "\\&'begins with a quotation mark", "C:\\enew"}) {
+    EXPECT_TRUE(HasLine(page, line)) << line << "\n" << page;
+  }
+}
+
 TEST_F(Pages, TheCompletionKnowsWhatMayFollowEachSubcommand) {
   const std::string script = BashCompletion(line_.Top());
   EXPECT_TRUE(HasLine(script, "    'send') words='page --help' ;;")) << script;

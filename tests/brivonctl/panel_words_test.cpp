@@ -59,6 +59,7 @@ TEST(PanelWords, ACommaAddsAndAPlusNarrowsDown) {
 
 TEST(PanelWords, AGroupThatNoPanelBelongsToIsNamed) {
   EXPECT_EQ(Choose(ReadPanelWords("1,8x96"), Configured()).empty.toStdString(), "8x96");
+  EXPECT_EQ(Choose(ReadPanelWords("8x96,9x96"), Configured()).empty.toStdString(), "8x96");
   EXPECT_EQ(Choose(ReadPanelWords("all"), {}).empty.toStdString(), "all");
   EXPECT_EQ(Choose(ReadPanelWords("7"), {}).empty.toStdString(), "");
 }
@@ -82,6 +83,7 @@ TEST(PanelWords, ARangeThatRunsBackwardsAndASizeThatNoPanelHasAreRefused) {
   EXPECT_EQ(Wrong("9-4"), "\"9-4\" runs backwards; write 4-9");
   EXPECT_EQ(Wrong("13x96"), "\"13x96\" is no size; a panel has 1 to 12 rows, as in 4x96");
   EXPECT_EQ(Wrong("0x96"), "\"0x96\" is no size; a panel has 1 to 12 rows, as in 4x96");
+  EXPECT_EQ(Wrong("4x0"), "\"4x0\" is no size; a panel has 1 to 12 rows, as in 4x96");
 }
 
 TEST(PanelWords, ARangeNeverReachesToId0) {

@@ -101,7 +101,8 @@ TEST(BrivonctlJson, AConnectionThatThePanelClosesIsTheReason) {
 
 TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
   Site site(1);
-  site.Fail(1, {.silent_answers = 5});
+  const VirtualPanel::Faults once = {.silent_answers = 1, .close_after_frame = 1};
+  site.Fail(1, once);
   ProgramRun run;
   run.To("poll --to 1 --retry 1 --delay-period 0 --json", In(site));
   EXPECT_EQ(run.status, 0);
@@ -113,6 +114,42 @@ TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
     }
   }
   EXPECT_EQ(retries, 1);
+
+  site.Fail(1, once);
+  ProgramRun quiet;
+  quiet.To("poll --to 1 --retry 1 --delay-period 0 --json --quiet", In(site));
+  EXPECT_EQ(quiet.status, 0);
+  const QList<QJsonObject> events = quiet.Events();
+  ASSERT_EQ(events.size(), 3);
+  EXPECT_EQ(events[1][u"event"_s], u"panel"_s);
+  EXPECT_EQ(events[1][u"transmissions"_s], 2);
+
+  site.Fail(1, once);
+  ProgramRun person;
+  person.To("poll --to 1 --retry 1 --delay-period 0", In(site));
+  EXPECT_EQ(person.status, 0);
+  EXPECT_TRUE(person.errors.startsWith("ID001 once more ")) << person.errors.toStdString();
+  EXPECT_TRUE(person.errors.contains("\nID001 ok ")) << person.errors.toStdString();
+}
+
+TEST(BrivonctlJson, WithFewDescriptorsFewerLinesAreInProgressAndAllAreServed) {
+  Site site(12);
+  struct Few {
+    const char* descriptors;
+    const char* panels;
+    const char* done;
+  };
+  for (const Few& few : {Few{"100", "all", "\"ok\":12,"}, Few{"60", "1,2", "\"ok\":2,"}}) {
+    QProcess shell;
+    shell.start(
+        u"sh"_s,
+        {u"-c"_s, u"ulimit -n \"$2\"; exec \"$0\" poll --to \"$3\" --json --folder \"$1\""_s,
+         QStringLiteral(BRIVONCTL), site.Folder().Path({}), QString::fromLatin1(few.descriptors),
+         QString::fromLatin1(few.panels)});
+    ASSERT_TRUE(WaitUntil([&] { return shell.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(shell.exitCode(), 0) << shell.readAllStandardError().toStdString();
+    EXPECT_TRUE(shell.readAllStandardOutput().contains(few.done)) << few.descriptors;
+  }
 }
 
 TEST(BrivonctlJson, WithoutATerminalAPersonReadsPlainLinesAndTheTableIsTheResult) {
@@ -152,9 +189,20 @@ TEST(BrivonctlJson, AResultThatCannotBeWrittenIsNoSuccessButThePanelsGetTheirPag
     EXPECT_EQ(other.To(line, In(site)).status, 1) << line;
     EXPECT_EQ(other.errors.count("No space left on device\n"), 1) << other.errors.toStdString();
   }
-  ProgramRun help;
-  help.Process().setStandardOutputFile(u"/dev/full"_s);
-  EXPECT_EQ(help.To("--help").status, 1);
+  for (const char* line : {"--help", "--version", "--print-manual-page", "--print-completion"}) {
+    ProgramRun page;
+    page.Process().setStandardOutputFile(u"/dev/full"_s);
+    EXPECT_EQ(page.To(line).status, 1) << line;
+  }
+}
+
+TEST(BrivonctlJson, WhatIsSaidMeanwhileMayBeLost) {
+  Site site(1);
+  ProgramRun run;
+  run.Process().setStandardErrorFile(u"/dev/full"_s);
+  run.To("poll --to 1", In(site));
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(run.output.startsWith("ID001  ok ")) << run.output.toStdString();
 }
 
 TEST(BrivonctlJson, AReaderThatLeavesDoesNotKeepThePanelsFromTheirPage) {

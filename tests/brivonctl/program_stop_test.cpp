@@ -56,6 +56,18 @@ TEST_P(BrivonctlStop, OneSignalLetsTheAttemptsInProgressEndAndSaysWhatIsWhere) {
   EXPECT_EQ(run_.Events().last()[u"status"_s], 130);
 }
 
+TEST_P(BrivonctlStop, APersonIsToldThatTheAttemptsInProgressEnd) {
+  run_.Start("send page --page 7 --to all --jobs 2",
+             {site_.Page(), u"--folder"_s, site_.Folder().Path({})});
+  ASSERT_TRUE(WaitUntil([this] { return !site_.Frames(1).isEmpty(); }));
+  Signal();
+  run_.Wait();
+  EXPECT_EQ(run_.status, 130);
+  EXPECT_EQ(run_.errors.count("stopping after the attempts in progress\n"), 1)
+      << run_.errors.toStdString();
+  EXPECT_TRUE(run_.output.contains("ID001  stopped  Aborted! ")) << run_.output.toStdString();
+}
+
 TEST_P(BrivonctlStop, TheSecondSignalEndsItAtOnce) {
   Begin();
   Signal();

@@ -16,8 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Runs the program at a terminal of 40 columns and returns everything that it has shown there.
-QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment) {
+constexpr char kInterrupt = '\x03';  // the key that a terminal makes a signal of
+
+/// Runs the program at a terminal of that size and returns everything that it has shown there. It
+/// is interrupted once it has shown `awaited`, if anything is awaited.
+QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment, winsize size,
+                 const QByteArray& awaited = {}) {
   std::vector<QByteArray> texts = {BRIVONCTL};
   for (const QString& word : words) texts.push_back(word.toLocal8Bit());
   std::vector<char*> arguments;
@@ -28,9 +32,6 @@ QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment)
   for (QByteArray& variable : own) variables.push_back(variable.data());
   variables.push_back(nullptr);
 
-  winsize size{};
-  size.ws_row = 10;
-  size.ws_col = 40;
   int terminal = -1;
   const pid_t child = ::forkpty(&terminal, nullptr, nullptr, &size);
   if (child == 0) {
@@ -39,6 +40,7 @@ QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment)
   }
   ::fcntl(terminal, F_SETFL, O_NONBLOCK);
   QByteArray shown;
+  bool is_interrupted = awaited.isEmpty();
   int status = -1;
   EXPECT_TRUE(WaitUntil([&] {
     const bool has_ended = ::waitpid(child, &status, WNOHANG) == child;
@@ -46,11 +48,14 @@ QByteArray Shown(const QStringList& words, const QList<QByteArray>& environment)
     for (ssize_t count = 0; (count = ::read(terminal, bytes, sizeof bytes)) > 0;) {
       shown.append(bytes, count);
     }
+    if (!is_interrupted && shown.contains(awaited)) {
+      is_interrupted = ::write(terminal, &kInterrupt, 1) == 1;
+    }
     return has_ended;
   }));
   ::close(terminal);
   EXPECT_TRUE(WIFEXITED(status));
-  EXPECT_EQ(WEXITSTATUS(status), 1);
+  EXPECT_EQ(WEXITSTATUS(status), awaited.isEmpty() ? 1 : 130);
   return shown;
 }
 
@@ -61,10 +66,11 @@ class BrivonctlTerminal : public testing::Test {
     site_.Fail(1, {.late_ms = 400});
   }
 
-  QByteArray ShownWith(const QList<QByteArray>& environment) const {
+  QByteArray ShownWith(const QList<QByteArray>& environment, winsize size = {10, 40, 0, 0},
+                       const QByteArray& awaited = {}) const {
     return Shown({u"send"_s, u"page"_s, site_.Page(), u"--page"_s, u"7"_s, u"--to"_s, u"all"_s,
                   u"--folder"_s, site_.Folder().Path({})},
-                 environment);
+                 environment, size, awaited);
   }
 
   Site site_{2};
@@ -79,6 +85,28 @@ TEST_F(BrivonctlTerminal, APanelThatMovesHasALineAndTheTableHasColours) {
       << shown.toStdString();
   EXPECT_TRUE(shown.contains("ID002  \x1b[31mfailed   \x1b[0mCannot create TCP link!\r\n"))
       << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, WhoeverInterruptsItReadsThatTheAttemptsEnd) {
+  site_.Fail(1, {.silent = true});
+  const QByteArray shown =
+      ShownWith({"TERM=xterm", "LC_ALL=C.UTF-8"}, {10, 80, 0, 0}, "ID001 Row 1 of 2");
+  EXPECT_TRUE(shown.contains(" s, stopping after the attempts in progress\r\n"))
+      << shown.toStdString();
+  // It stands in the total, and in no line of its own.
+  EXPECT_FALSE(shown.contains("\nstopping")) << shown.toStdString();
+  EXPECT_TRUE(shown.contains("ID001  \x1b[33mstopped  \x1b[0mAborted! ")) << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, OneThatDoesNotKnowItsSizeHasTheUsualOne) {
+  const QByteArray shown = ShownWith({"TERM=xterm", "LC_ALL=C.UTF-8", "NO_COLOR=1"}, {});
+  EXPECT_TRUE(shown.contains("ID001 Row 1 of 2, attempt 1 of 5\r\n")) << shown.toStdString();
+  EXPECT_FALSE(shown.contains("and 1 more")) << shown.toStdString();
+}
+
+TEST_F(BrivonctlTerminal, OneWithoutANameIsNone) {
+  const QByteArray shown = ShownWith({"LC_ALL=C.UTF-8"});
+  EXPECT_FALSE(shown.contains('\x1b')) << shown.toStdString();
 }
 
 TEST_F(BrivonctlTerminal, WithoutColoursThereAreNone) {

@@ -242,6 +242,22 @@ TEST(BrivonctlUse, ThePanelsAndTheLinkAreListed) {
   ProgramRun json;
   json.To("list --json --folder", {folder.Path({})});
   EXPECT_EQ(json.Events().first()[u"folder"_s], folder.Path({}));
+  EXPECT_EQ(json.Events().first()[u"link"_s], u"serial"_s);
+}
+
+TEST(BrivonctlUse, WhereNothingIsConfiguredTheListSaysSo) {
+  const TemporaryProgramFolder folder;
+  folder.Configure("[Communication]\r\nSendMode=NONE\r\n");
+  ProgramRun run;
+  run.To("list --folder", {folder.Path({})});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(run.output.contains("\nlink: none; ")) << run.output.toStdString();
+  EXPECT_TRUE(run.output.endsWith("\nno panel is configured\n")) << run.output.toStdString();
+  ProgramRun json;
+  json.To("list --json --folder", {folder.Path({})});
+  ASSERT_EQ(json.Events().size(), 2);
+  EXPECT_EQ(json.Events().first()[u"link"_s], u"none"_s);
+  EXPECT_EQ(json.Events().last()[u"panels"_s], 0);
 }
 
 TEST(BrivonctlUse, TheHelpSaysWhichFolderAndWhatADryRunNeedsNot) {

@@ -65,6 +65,14 @@ TEST(TextReport, ALineForEachPanelThatMovesAndATotalFitTheTerminal) {
                          u"0 of 4 done,..."_s}));
 }
 
+TEST(TextReport, AStopStandsInTheTotal) {
+  TextReport report(true);
+  report.Begin({{}, {1}, {}, Brivon1::SendMode::kTcp, false});
+  report.TakeInStop();
+  EXPECT_EQ(report.MovingLines({true, false, 80, 24}),
+            QStringList{u"0 of 1 done, 0 s, stopping after the attempts in progress"_s});
+}
+
 TEST(ResultsTable, AReasonMovesNoCursorAndKeepsItsBlanks) {
   Summary summary;
   summary.results = {{3, Result::kFailed, u"No"_s, u"two  blanks\x1b[2J"_s}};

@@ -163,6 +163,40 @@ TEST_P(TransmitterTest, AStopBehindAFailureTellsWhatTheFailedTransmissionHasBrou
   EXPECT_TRUE(transmissions_[1].result.reason.endsWith(u"1 of 2 rows have arrived, missing: 1."_s));
 }
 
+TEST_P(TransmitterTest, AStopTellsOfTheTransmissionThatHasComeFurther) {
+  assignment_.further_transmissions = 1;
+  struct Further {
+    int stop_at_step;    // of the second transmission
+    bool falls_silent;   // behind the first row, else before it
+    int rows;            // that the panel has
+    const char* reason;  // how what is told ends
+  };
+  for (const Further& further : {Further{6, false, 1, "1 of 2 rows have arrived, missing: 1."},
+                                 Further{7, true, 1, "1 of 2 rows have arrived, missing: 1."}}) {
+    int step = 0;
+    QList<Transmission> told;
+    if (!further.falls_silent) bench_.Fail({.silent_answers = 5});
+    const Tell tell = [&](const Happening& happening) {
+      if (const auto* transmission = std::get_if<Transmission>(&happening)) {
+        told.append(*transmission);
+      } else if (++step == further.stop_at_step) {
+        bench_.Ports()->timer.stop.made = true;
+      } else if (step == 2 && further.falls_silent) {
+        bench_.Fail({.silent = true});
+      }
+    };
+    Transmitter(assignment_, *bench_.Ports(), tell).Serve({Entry(1)});
+    bench_.Fail({});
+    bench_.Ports()->timer.stop.made = false;
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told[0].result.result, Result::kFailed);
+    EXPECT_EQ(told[1].acknowledged_rows, further.rows);
+    EXPECT_TRUE(told[1].result.reason.endsWith(QLatin1String(further.reason)))
+        << told[1].result.reason.toStdString();
+    EXPECT_EQ(told[1].result.reason.startsWith(u"Transmission failure!"_s), further.falls_silent);
+  }
+}
+
 TEST_P(TransmitterTest, AFileThatChangesMeanwhileIsSentAsItWasChecked) {
   const QByteArray digest = assignment_.order.Digest();
   Serve({1});

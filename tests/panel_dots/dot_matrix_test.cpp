@@ -1,11 +1,44 @@
 #include "panel_dots/dot_matrix.h"
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "dots_as_text.h"
+#include "panel_dots/seen_cells.h"
 
 namespace PanelDots {
 namespace {
+
+TEST(DotMatrixTest, OutsideEverythingIsDarkAndNothingCanBeSet) {
+  DotMatrix matrix(2, 3);
+  for (const auto& [x, y] : {std::pair(-1, 0), {2, 0}, {0, -1}, {0, 3}}) {
+    matrix.Set(x, y, kRedDot);
+    EXPECT_EQ(matrix.At(x, y), kDarkDot) << x << ' ' << y;
+  }
+  EXPECT_EQ(matrix, DotMatrix(2, 3));
+  matrix.Set(1, 2, kGreenDot);
+  EXPECT_EQ(matrix.At(1, 2), kGreenDot);
+  EXPECT_NE(matrix, DotMatrix(2, 3));
+}
+
+TEST(SeenCells, SoManyAreTakenInThatTheFirstCutOneIsAmongThem) {
+  const RowLook without_a_clock;
+  for (const char* begin : {" ", "<DD>"}) {  // what is dark, and what takes no column
+    const QList<Cell> whole = ParseCells(QByteArray(begin).repeated(400) + "HHH");
+    ASSERT_EQ(whole.size(), 403);
+    const QList<Cell> taken =
+        BeginningOf(whole.size(), 12, without_a_clock,
+                    [&](qsizetype characters) { return whole.first(characters); });
+    EXPECT_EQ(FirstCut(taken, 12, without_a_clock), FirstCut(whole, 12, without_a_clock)) << begin;
+    EXPECT_LT(FirstCut(taken, 12, without_a_clock), taken.size()) << begin;
+  }
+  const QList<Cell> letters = ParseCells(QByteArray(400, 'H'));
+  EXPECT_EQ(BeginningOf(letters.size(), 12, without_a_clock,
+                        [&](qsizetype characters) { return letters.first(characters); })
+                .size(),
+            UsualLength(12));
+}
 
 TEST(DotColours, RedGreenAndYellow) {
   EXPECT_EQ(Row("<SB><CA>-<CB>-<CC>-", 15),

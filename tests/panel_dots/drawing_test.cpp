@@ -1,4 +1,5 @@
 #include "drawing_fixture.h"
+#include "panel_dots/dot_painter.h"
 #include "panel_dots/panel_drawing.h"
 
 using namespace Qt::StringLiterals;
@@ -251,6 +252,12 @@ TEST_F(DrawingTest, DrawsIntoAnySize) {
     untouched.fill(Qt::white);
     EXPECT_EQ(image_, untouched) << size.width() << 'x' << size.height();
   }
+  for (const PanelShape& shape : {PanelShape{0, 60, true}, PanelShape{2, 0, true}}) {
+    image_.fill(Qt::white);
+    QPainter painter(&image_);
+    DrawPanel(&painter, QSizeF(100, 100), {shape}, 0);
+    EXPECT_EQ(image_.pixelColor(50, 50), QColor(Qt::white)) << shape.rows << 'x' << shape.columns;
+  }
   for (const QSizeF& size : {QSizeF(2, 2), QSizeF(7, 2), QSizeF(31.5, 90), QSizeF(63, 20.9)}) {
     image_ = QImage(100, 100, QImage::Format_RGB32);
     image_.fill(Qt::white);
@@ -261,6 +268,19 @@ TEST_F(DrawingTest, DrawsIntoAnySize) {
     EXPECT_NE(image_, untouched) << size.width();
     EXPECT_EQ(image_.pixelColor(64, 21), QColor(Qt::white)) << size.width();
   }
+}
+
+TEST_F(DrawingTest, DotsBesideAnImageLeaveItAsItIs) {
+  QImage image(20, 20, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  const QImage untouched = image.copy();
+  const DotPainter painter(4);
+  for (const QPoint& corner : {QPoint(20, 0), QPoint(-24, 0), QPoint(0, 20), QPoint(0, -24)}) {
+    painter.Paint(&image, corner, DotMatrix(6, 6), 0, 6);
+    EXPECT_EQ(image, untouched) << corner.x() << ' ' << corner.y();
+  }
+  painter.Paint(&image, QPoint(0, 0), DotMatrix(6, 6), 0, 6);
+  EXPECT_NE(image, untouched);
 }
 
 TEST_F(DrawingTest, DrawsTheLargestPanel) {

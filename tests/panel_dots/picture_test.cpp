@@ -171,6 +171,8 @@ TEST_F(EnteringTest, TellsWhenItGoesOn) {
 TEST_F(EnteringTest, WhatWasShownOnAPanelOfAnotherSizeIsForgotten) {
   picture_.entrance = Entrance{DotMatrix(3, 3), 'D', kBegan};
   EXPECT_EQ(After(400), after_);
+  picture_.entrance = Entrance{DotMatrix(12, 16), 'D', kBegan};
+  EXPECT_EQ(After(400), after_);
   picture_.entrance = Entrance{DotMatrix(), 'B', kBegan};
   EXPECT_EQ(After(0), after_);
 }

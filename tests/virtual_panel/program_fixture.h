@@ -19,6 +19,9 @@ class ProgramTest : public testing::Test {
 
   void TearDown() override {
     if (process_.state() == QProcess::NotRunning) return;
+    process_.terminate();
+    if (process_.waitForFinished()) return;
+    ADD_FAILURE() << "the program cannot be ended";
     process_.kill();
     process_.waitForFinished();
   }

@@ -1,5 +1,9 @@
 // The program's lines, faults and refusals.
 
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
 #include <QFileInfo>
 #include <QSerialPort>
 
@@ -69,6 +73,65 @@ TEST_F(ProgramTest, LetsTheChosenPanelAnswerTheClock) {
   EXPECT_EQ(Exchange(&socket, "<T2503053140709>\r\n"), "<ID1A>\r\n");
 }
 
+TEST_F(ProgramTest, LetsNobodyAnswerTheClock) {
+  Start(Words("--headless --panel 3:4x96:tri --tcp 0 --clock-answer none"));
+  QTcpSocket socket;
+  Connect(&socket);
+  EXPECT_EQ(Exchange(&socket, "<T2503053140709>\r\n<ID03><?>\r\n"), "<ID03>\r\n");
+}
+
+TEST_F(ProgramTest, AnswersOnASerialPort) {
+  const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  ASSERT_GE(master, 0);
+  ASSERT_EQ(::grantpt(master), 0);
+  ASSERT_EQ(::unlockpt(master), 0);
+  const QString device = QString::fromLocal8Bit(::ptsname(master));
+  Start({u"--headless"_s, u"--serial"_s, device, u"--baud"_s, u"19200"_s});
+  EXPECT_EQ(output_, u"serial %1 at 19200 baud\nready\n"_s.arg(device));
+  ASSERT_EQ(::write(master, "<ID01><?>\r\n", 11), 11);
+  char answer[8] = {};
+  for (std::size_t size = 0; size < sizeof answer;) {
+    const ssize_t count = ::read(master, answer + size, sizeof answer - size);
+    ASSERT_GT(count, 0);
+    size += static_cast<std::size_t>(count);
+  }
+  EXPECT_EQ(QByteArrayView(answer, 8), "<ID01>\r\n");
+  EXPECT_EQ(Terminate(), 0);
+  ::close(master);
+}
+
+TEST_F(ProgramTest, WithoutADisplayThereIsNoWindow) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    environment.remove(QLatin1String(name));
+  }
+  process_.setProcessEnvironment(environment);
+  EXPECT_EQ(Refusal(Words("--tcp 0")), u"virtual_panel: there is no display: use --headless\n"_s);
+  environment.insert(u"QT_NO_GLIB"_s, u"1"_s);
+  process_.setProcessEnvironment(environment);
+  Start(Words("--headless --tcp 0"));
+  EXPECT_EQ(Terminate(), 0);
+}
+
+TEST_F(ProgramTest, HasAWindowWithoutKeepingAPicture) {
+  ShowNoWindow();
+  Start(Words("--tcp 0"));
+  QTcpSocket socket;
+  Connect(&socket);
+  EXPECT_EQ(Exchange(&socket, "<ID01><?>\r\n"), "<ID01>\r\n");
+  EXPECT_EQ(Terminate(), 0);
+}
+
+TEST_F(ProgramTest, SaysItsVersion) {
+  StartProcess({u"--version"_s});
+  ASSERT_TRUE(WaitUntil([&] { return process_.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(process_.exitCode(), 0);
+  const QString said = QString::fromLocal8Bit(process_.readAllStandardOutput());
+  EXPECT_TRUE(
+      QRegularExpression(u"^virtual_panel \\d+\\.\\d+(\\.\\d+)?\n$"_s).match(said).hasMatch())
+      << said.toStdString();
+}
+
 TEST_F(ProgramTest, RefusesALetterOrASpeedThatCannotBe) {
   for (const char* letter : {"K", "AB", "@", "1", ""}) {
     EXPECT_EQ(Refusal({u"--headless"_s, u"--play"_s, QString::fromLatin1(letter)}),
@@ -105,14 +168,21 @@ TEST_F(ProgramTest, RefusesBadUseInWords) {
   EXPECT_TRUE(
       Refusal(Words("--headless --serial /dev/no-program-port")).contains(u"no-program-port"_s));
   EXPECT_TRUE(Refusal(Words("--headless --fault loud")).contains(u"\"loud\""_s));
-  EXPECT_TRUE(Refusal(Words("--headless --clock-answer 9")).contains(u"no such panel"_s));
+  for (const char* panel : {"9", "x", ""}) {
+    EXPECT_EQ(Refusal({u"--headless"_s, u"--clock-answer"_s, QString::fromLatin1(panel)}),
+              u"virtual_panel: clock answer \"%1\": no such panel\n"_s.arg(QLatin1String(panel)));
+  }
   EXPECT_TRUE(Refusal(Words("--headless --log /no/such/folder/log")).contains(u"/no/such"_s));
   EXPECT_TRUE(Refusal(Words("--headless --state /no/such/folder/state")).contains(u"/no/such"_s));
   EXPECT_TRUE(Refusal(Words("--headless --picture p.png")).contains(u"window"_s));
   EXPECT_TRUE(Refusal(Words("--pty --headless")).contains(u"no value"_s));
   EXPECT_TRUE(Refusal(Words("--headless --loud")).contains(u"loud"_s));
   EXPECT_TRUE(Refusal(Words("--headless stray")).contains(u"\"stray\""_s));
-  EXPECT_TRUE(Refusal(Words("--headless --tcp 0 --baud fast")).contains(u"\"fast\""_s));
+  for (const char* rate : {"fast", "0", "-9600"}) {
+    EXPECT_EQ(
+        Refusal({u"--headless"_s, u"--tcp"_s, u"0"_s, u"--baud"_s, QString::fromLatin1(rate)}),
+        u"virtual_panel: baud rate \"%1\": not a number\n"_s.arg(QLatin1String(rate)));
+  }
 }
 
 TEST_F(ProgramTest, IsReachedFromOtherMachinesOnlyWhereThatIsAskedFor) {

@@ -10,7 +10,7 @@ QByteArray LowerCaseDigits(QByteArray acknowledgement) {
   // "<IDhh>": only the digits change their case.
   for (const qsizetype at : {3, 4}) {
     const char digit = acknowledgement[at];
-    if (digit >= 'A' && digit <= 'F') acknowledgement[at] = static_cast<char>(digit - 'A' + 'a');
+    if (digit >= 'A') acknowledgement[at] = static_cast<char>(digit - 'A' + 'a');
   }
   return acknowledgement;
 }

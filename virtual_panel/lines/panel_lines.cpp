@@ -93,6 +93,8 @@ bool PanelLines::OpenSerial(const QString& device, qint32 baud_rate, QString* er
 
 bool PanelLines::Add(std::unique_ptr<Line> line, QString* error) {
   if (!line->open(error)) return false;
+  line->again.setObjectName(u"again"_s);
+  line->again.setParent(this);
   line->again.setInterval(kReplugMs);
   line->again.setSingleShot(true);
   connect(&line->again, &QTimer::timeout, this, [this, line = line.get()] { Reopen(line); });

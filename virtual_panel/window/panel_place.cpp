@@ -186,8 +186,10 @@ void PanelPlace::ArrangeLists(int width, bool keeps_room) {
   const int caption = pages_caption_->sizeHint().width() + lists_->layout()->spacing();
   const bool has_pages = !pages_->isHidden();
   const bool has_schedules = !schedules_->isHidden();
-  int pages_room = width - caption;
-  int schedules_room = width;
+  // What lies between the two stays where one of them stands alone.
+  const int gap = kGap - lists_->layout()->spacing();
+  int pages_room = width - caption - gap;
+  int schedules_room = width - gap;
   if (has_pages && has_schedules) {
     // What the one does not need is the other's; else each has half.
     const int both = width - caption - kGap;

@@ -63,9 +63,12 @@ TEST_F(CheckProgram, WarningsLeaveTheStatusAtNought) {
 
 TEST_F(CheckProgram, QuietTellsOnlyOfProblems) {
   folder_.Write(u"good.msg"_s, Page(1, "<L01>\r\n"));
-  const Ended ended = Run({u"--quiet"_s, u"good.msg"_s, u"gone.msg"_s});
+  folder_.Write(u"none.msg"_s, Page(0, ""));
+  const Ended ended = Run({u"--quiet"_s, u"good.msg"_s, u"none.msg"_s, u"gone.msg"_s});
   EXPECT_EQ(ended.status, 3);
   EXPECT_EQ(ended.output,
+            "none.msg: page message, 0 rows x 96 columns: ok, 1 warning\n"
+            "  line 2: warning: 0 rows: the editor opens an empty page, and it cannot be sent\n"
             "gone.msg: refused\n  error: there is no such file; check the name and its folder\n");
 }
 
@@ -83,7 +86,7 @@ TEST_F(CheckProgram, JsonIsOneObjectALine) {
 }
 
 TEST_F(CheckProgram, FilesMayBeNamedLikeSubcommandsAndStandInBrackets) {
-  const QStringList names = {u"poll"_s, u"list"_s, u"[a]"_s, u"[b,c]"_s};
+  const QStringList names = {u"poll"_s, u"list"_s, u"[a]"_s, u"[b,c]"_s, u"["_s, u"[d"_s, u"e]"_s};
   for (const QString& name : names) folder_.Write(name, Page(1, "<L01>\r\n"));
   const Ended ended = Run(names);
   EXPECT_EQ(ended.status, 0);
@@ -91,7 +94,10 @@ TEST_F(CheckProgram, FilesMayBeNamedLikeSubcommandsAndStandInBrackets) {
             "poll: page message, 1 row x 96 columns: ok\n"
             "list: page message, 1 row x 96 columns: ok\n"
             "./[a]: page message, 1 row x 96 columns: ok\n"
-            "./[b,c]: page message, 1 row x 96 columns: ok\n");
+            "./[b,c]: page message, 1 row x 96 columns: ok\n"
+            "[: page message, 1 row x 96 columns: ok\n"
+            "[d: page message, 1 row x 96 columns: ok\n"
+            "e]: page message, 1 row x 96 columns: ok\n");
 }
 
 TEST_F(CheckProgram, WrongUseGivesTwoAndOneLineOfError) {
@@ -118,16 +124,31 @@ TEST_F(CheckProgram, TheFolderHoldsTheScheduleFilesAndTheCodePage) {
             "letter.msg: page message, 1 row x 96 columns: ok\n");
 }
 
+TEST_F(CheckProgram, AFolderThatIsNoneIsRefused) {
+  folder_.Write(u"good.msg"_s, Page(1, "<L01>\r\n"));
+  const Ended ended = Run({u"--folder"_s, u"nowhere"_s, u"good.msg"_s});
+  EXPECT_EQ(ended.status, 3);
+  EXPECT_EQ(ended.output, "");
+  EXPECT_EQ(ended.errors,
+            "brivonctl: --folder: nowhere is no folder; it must be the one that holds "
+            "brivon.ini\n");
+}
+
 TEST_F(CheckProgram, AResultThatCannotBeWrittenIsNoSuccess) {
   folder_.Write(u"good.msg"_s, Page(1, "<L01>\r\n"));
-  QProcess process;
-  process.setWorkingDirectory(folder_.Path(QString()));
-  process.setStandardOutputFile(u"/dev/full"_s);
-  process.start(QStringLiteral(BRIVONCTL_PROGRAM), {u"check"_s, u"good.msg"_s});
-  ASSERT_TRUE(process.waitForFinished());
-  EXPECT_EQ(process.exitCode(), 1);
-  EXPECT_EQ(process.readAllStandardError().toStdString(),
-            "brivonctl: the result cannot be written: No space left on device\n");
+  for (const QStringList& words :
+       {QStringList{u"check"_s, u"good.msg"_s}, QStringList{u"check"_s, u"--json"_s, u"good.msg"_s},
+        QStringList{u"show"_s, u"good.msg"_s},
+        QStringList{u"show"_s, u"good.msg"_s, u"--output"_s, u"-"_s}}) {
+    QProcess process;
+    process.setWorkingDirectory(folder_.Path(QString()));
+    process.setStandardOutputFile(u"/dev/full"_s);
+    process.start(QStringLiteral(BRIVONCTL_PROGRAM), words);
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 1) << words.join(u' ').toStdString();
+    EXPECT_EQ(process.readAllStandardError().toStdString(),
+              "brivonctl: the result cannot be written: No space left on device\n");
+  }
 }
 
 }  // namespace

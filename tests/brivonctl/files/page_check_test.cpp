@@ -1,4 +1,6 @@
 // What a look through a page message finds.
+#include <algorithm>
+
 #include "brivonctl/files/checked_files.h"
 
 using namespace Qt::StringLiterals;
@@ -41,6 +43,11 @@ TEST_F(PageCheck, AFileOfAnotherKindIsRefusedByItsFirstLine) {
       "  line 1: error: \"*** brivon message file ***\" begins no file of Brivon; expected was "
       "*** Brivon Message File ***, *** Brivon Schedule File *** or "
       "*** Brivon Shift Message File ***\n");
+  EXPECT_EQ(Said(u"a.msg"_s, QByteArray(1'048'577, 'x')),
+            "a.msg: refused\n"
+            "  line 1: error: a line of more than 1048576 bytes begins no file of Brivon; expected "
+            "was *** Brivon Message File ***, *** Brivon Schedule File *** or "
+            "*** Brivon Shift Message File ***\n");
 }
 
 TEST_F(PageCheck, ASizeThatIsNoneIsRefusedInItsLine) {
@@ -121,6 +128,20 @@ TEST_F(PageCheck, SymbolsColoursSizesAndCharactersThatThereAreNoneOfAreNamed) {
             "  line 4: warning: and 2 more of that kind\n");
 }
 
+TEST_F(PageCheck, OfManySymbolsColoursOrSizesTheFirstFiveAreNamed) {
+  const std::string more = "  line 4: warning: and 1 more of that kind\n";
+  const auto expect_five = [&](const QByteArray& line, const std::string& last) {
+    const std::string said = SaidOfRow("<L01><SA><CA>" + line);
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 6) << said;
+    EXPECT_NE(said.find(last + '\n' + more), std::string::npos) << said;
+  };
+  expect_five("~a~b~c~d~e~f", "there is no symbol \"~e\"; there are ~A to ~Z");
+  expect_five("<Ca>a<Cb>a<Cc>a<Cd>a<Ce>a<Cf>a",
+              "there is no colour \"<Ce>\"; there are <CA> to <CP>");
+  expect_five("<SI>a<SJ>a<SK>a<SL>a<SM>a<SN>a",
+              "there is no size \"<SM>\"; there are <SA> to <SH>");
+}
+
 TEST_F(PageCheck, ARowThatThePanelMissesIsToldTheTagThatItNeeds) {
   EXPECT_EQ(SaidOfRow("<L1>abc"),
             "  line 4: warning: with a tag of one digit the panel misses the row; write <L01>\n");
@@ -133,6 +154,13 @@ TEST_F(PageCheck, ARowThatGoesOnInTheColourOfTheRowAboveIsToldApart) {
             "a.msg: page message, 2 rows x 96 columns: ok, 1 warning\n"
             "  line 5: warning: the row begins without a size or a colour: the editor goes on as "
             "the row above ends, the panel begins with <SA><CA>\n");
+  for (const char* begin : {"<SB><CA>", "<SE><CA>"}) {
+    const std::string said =
+        Said(u"a.msg"_s, Page(2, QByteArray("<L01>") + begin + "a\r\n<L02>b\r\n"));
+    EXPECT_NE(said.find("  line 5: warning: the row begins without a size or a colour: "),
+              std::string::npos)
+        << begin << said;
+  }
   EXPECT_EQ(Said(u"a.msg"_s, Page(2, "<L01><SA><CB>a<CA>x\r\n<L02>b\r\n")),
             "a.msg: page message, 2 rows x 96 columns: ok\n");
 }

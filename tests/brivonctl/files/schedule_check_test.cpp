@@ -37,6 +37,28 @@ TEST_F(ScheduleCheck, AValueThatNoScheduleHasIsRefusedInItsLine) {
             "  line 11: error: the line is missing: the file ends before its last step does\n");
 }
 
+TEST_F(ScheduleCheck, TheDayOfTheWeekIsToldByItsName) {
+  const auto told = [this](const QByteArray& day) {
+    return Said(u"s.sch"_s, Schedule(1, Step("a.msg")).replace("Week =2", "Week =" + day));
+  };
+  const std::string begin = "s.sch: schedule, 1 row x 96 columns, 1 step, ";
+  const std::string end = ", hour 8, minute 30: ok\n" + FineFile(8);
+  EXPECT_EQ(told("0"), begin + "every day" + end);
+  EXPECT_EQ(told("1"), begin + "Sunday" + end);
+  EXPECT_EQ(told("7"), begin + "Saturday" + end);
+}
+
+TEST_F(ScheduleCheck, ATimeIsNothingButDigits) {
+  for (const char* hour : {"", "-1", "1x", "/", ":"}) {
+    const std::string said = Said(
+        u"s.sch"_s, Schedule(1, Step("a.msg")).replace("Hour =8", QByteArray("Hour =") + hour));
+    EXPECT_NE(said.find("  line 3: warning: hour \"" + std::string(hour) +
+                        "\", which panels are sent as it stands; expected was 0 to 23 or **\n"),
+              std::string::npos)
+        << said;
+  }
+}
+
 TEST_F(ScheduleCheck, AMessageFileThatCannotBeShownRefusesTheSchedule) {
   folder_.Write(u"wide.msg"_s, Page(1, "<L01>\r\n").replace("96", "192"));
   folder_.Write(u"bad.msg"_s, Page(1, "<L02>\r\n"));
@@ -124,6 +146,13 @@ TEST_F(ScheduleCheck, OfTwoFilesWhoseNamesDifferInCapitalsAloneOneIsNeverShown) 
           FineFile(8) +
           "  line 11: warning: this page is never shown: the name differs from that of line 8 "
           "in capital letters alone, and that page is shown in its place\n");
+}
+
+TEST_F(ScheduleCheck, TwoNamesOfOneFileShowTheSamePage) {
+  ASSERT_TRUE(QFile::link(folder_.Path(u"a.msg"_s), folder_.Path(u"A.MSG"_s)));
+  EXPECT_EQ(Said(u"s.sch"_s, Schedule(2, Step("a.msg") + Step("A.MSG"))),
+            "s.sch: schedule, 1 row x 96 columns, 2 steps, Monday, hour 8, minute 30: ok\n" +
+                FineFile(8));
 }
 
 TEST_F(ScheduleCheck, AScheduleWithoutFilesCannotBeSent) {

@@ -21,6 +21,12 @@ TEST_F(ScrollingCheck, WithoutASecondLineItIsRefused) {
             "  line 2: error: the message is missing: the file ends behind its first line\n");
 }
 
+TEST_F(ScrollingCheck, ALineThatIsTooLongIsRefused) {
+  EXPECT_EQ(Said(u"a.srl"_s, kHeader + QByteArray(1'048'577, 'x') + "\r\n"),
+            "a.srl: scrolling message: refused\n"
+            "  line 2: error: the line has more than 1048576 bytes\n");
+}
+
 TEST_F(ScrollingCheck, WhatOnlyAPageReplacesScrollsAsItStands) {
   EXPECT_EQ(Said(u"a.srl"_s, kHeader + "<SA><CA>HH:MM ~A\r\n"),
             "a.srl: scrolling message, 8 characters: ok, 2 warnings\n"

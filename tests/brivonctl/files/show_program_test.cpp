@@ -77,6 +77,20 @@ TEST_F(ShowProgram, AFileOfTheSystemIsNotReplacedByAPicture) {
                 "brivonctl: --output: a.msg holds a page message and is not replaced; name another "
                 "file\n");
   EXPECT_EQ(folder_.Read(u"a.msg"_s), before);
+  folder_.Write(u"s.sch"_s, Schedule(1, Step("a.msg")));
+  ExpectRefusal({u"a.msg"_s, u"--output"_s, u"s.sch"_s}, 2,
+                "brivonctl: --output: s.sch holds a schedule and is not replaced; name another "
+                "file\n");
+  folder_.Write(u"a.srl"_s, "*** Brivon Shift Message File ***\r\n<SA><CA>Go\r\n");
+  ExpectRefusal({u"a.msg"_s, u"--output"_s, u"a.srl"_s}, 2,
+                "brivonctl: --output: a.srl holds a scrolling message and is not replaced; name "
+                "another file\n");
+}
+
+TEST_F(ShowProgram, AFolderThatIsNoneIsRefused) {
+  ExpectRefusal({u"a.msg"_s, u"--folder"_s, u"nowhere"_s}, 3,
+                "brivonctl: --folder: nowhere is no folder; it must be the one that holds "
+                "brivon.ini\n");
 }
 
 TEST_F(ShowProgram, APictureTakesThePlaceOfNothingButAPictureOrAnEmptyFile) {

@@ -57,15 +57,19 @@ TEST_F(ShowTerminal, ItsWidthDecidesHowManyDotsShareACharacter) {
 TEST_F(ShowTerminal, ItsEnvironmentDecidesOnTheColours) {
   EXPECT_NE(ShownIn(80, {"TERM=xterm", "LC_ALL=C.UTF-8"}).find("\x1B[0;38;5;46;48;5;235m▀"),
             std::string::npos);
-  EXPECT_NE(ShownIn(80, {"TERM=xterm", "LC_ALL=C.UTF-8", "COLORTERM=truecolor"})
-                .find("\x1B[0;38;2;64;232;44;48;2;38;32;31m▀"),
-            std::string::npos);
+  for (const char* every : {"COLORTERM=truecolor", "COLORTERM=24bit"}) {
+    EXPECT_NE(ShownIn(80, {"TERM=xterm", "LC_ALL=C.UTF-8", every})
+                  .find("\x1B[0;38;2;64;232;44;48;2;38;32;31m▀"),
+              std::string::npos)
+        << every;
+  }
 }
 
 TEST_F(ShowTerminal, OneThatShowsNoBlocksGetsLetters) {
   const std::string cut = ".gg\r\n..g\r\n..g\r\n..g >\r\n..g\r\n..g\r\n.gg\r\n...\r\n";
   EXPECT_EQ(ShownIn(5, {"TERM=dumb", "LC_ALL=C.UTF-8"}), cut);
   EXPECT_EQ(ShownIn(5, {"TERM=xterm", "LC_ALL=C"}), cut);
+  EXPECT_EQ(ShownIn(5, {"LC_ALL=C.UTF-8"}), cut);
 }
 
 }  // namespace

@@ -91,6 +91,17 @@ TEST_F(ShownFiles, WhatIsNotSentIsNotShown) {
             "line 8: gone.msg: there is no such file; check the name and its folder");
   EXPECT_EQ(refusal(u"s.sch"_s, Schedule(1, Step(""))),
             "no step names a message file: it cannot be sent");
+  folder_.Write(u"narrow.msg"_s, Page(1, "<L01>\r\n").replace("96", "4"));
+  EXPECT_EQ(refusal(u"s.sch"_s, Schedule(1, Step("narrow.msg")).replace("96", "4")),
+            "line 8: narrow.msg is a page that cannot be sent");
+  QByteArray steps;
+  for (char name = 'a'; name < 'a' + 27; ++name) {
+    const QByteArray file = "page" + QByteArray::number(name - 'a' + 1) + ".msg";
+    folder_.Write(QString::fromLatin1(file), Page(1, "<L01>\r\n"));
+    steps += Step(file);
+  }
+  EXPECT_EQ(refusal(u"s.sch"_s, Schedule(27, steps)),
+            "more than 26 different message files: it cannot be sent");
   EXPECT_EQ(ReadShownFile(folder_.Path(u"gone"_s), false, kClock).refusal.toStdString(),
             "there is no such file; check the name and its folder");
 }

@@ -38,6 +38,11 @@ TEST(TerminalPictureTest, ARowThatGoesOnBehindThePanelHasAMark) {
             ".rrr..\n..r...\n..r...\n..r... >\n..r...\n..r...\n.rrr..\n......\n");
 }
 
+TEST(TerminalPictureTest, TheMarkHasAColourOfItsOwnWhereThereAreColours) {
+  const std::string shown = Shown("<SA><CA>II", 6, {true, Colours::k256, 80});
+  EXPECT_NE(shown.find("▀\x1B[0m \x1B[0;38;5;214m▸\x1B[0m\n"), std::string::npos) << shown;
+}
+
 TEST(TerminalPictureTest, WhatIsWiderThanTheTerminalIsCut) {
   EXPECT_EQ(Shown("<SA><CA>I", 6, {false, Colours::kNone, 5}),
             ".rr\n..r\n..r\n..r >\n..r\n..r\n.rr\n...\n");

@@ -24,10 +24,27 @@ TEST(PanelDescription, RefusesTheBroadcastAddressInWords) {
 }
 
 TEST(PanelDescription, RefusesWhatIsOutOfRangeOrMalformed) {
-  for (const char* text :
-       {"", "1", "1:4x96", "1:4x96:tri:", "256:4x96:tri", "-1:4x96:tri", "1:0x96:tri",
-        "1:13x96:tri", "1:4x0:tri", "1:4x3001:tri", "1:4x96:Tri", "1:4x96:", "x:4x96:tri",
-        "1:4:tri", "1:4x9x6:tri", "1: 4x96:tri", "+1:4x96:tri", "99999999999:4x96:tri"}) {
+  for (const char* text : {"",
+                           "1",
+                           "1:4x96",
+                           "1:4x96:tri:",
+                           "256:4x96:tri",
+                           "-1:4x96:tri",
+                           "1:0x96:tri",
+                           "1:13x96:tri",
+                           "1:4x0:tri",
+                           "1:4x3001:tri",
+                           "1:4x96:Tri",
+                           "1:4x96:",
+                           "x:4x96:tri",
+                           "1:4:tri",
+                           "1:4x9x6:tri",
+                           "1: 4x96:tri",
+                           "+1:4x96:tri",
+                           "99999999999:4x96:tri",
+                           ":4x96:tri",
+                           "1:x96:tri",
+                           "1:4x:tri"}) {
     QString error;
     EXPECT_FALSE(ParsePanelDescription(QString::fromLatin1(text), &error)) << text;
     EXPECT_FALSE(error.isEmpty()) << text;

@@ -113,14 +113,18 @@ TEST_F(FaultTest, CanBeTakenAwayAgain) {
 }
 
 TEST(ParseFault, RefusesWhatItDoesNotKnow) {
-  for (const char* text : {"", "loud", "silent:", "silent:0", "silent:-1", "silent:x", "garbage:1",
-                           "late", "close-after", "flood:3", "late:99999999999", "pieces:0"}) {
+  for (const char* text :
+       {"", "loud", "silent:", "silent:0", "silent:-1", "silent:x", "garbage:1", "late",
+        "close-after", "flood:3", "late:99999999999", "late:1000001", "pieces:0"}) {
     Faults faults;
     QString error;
     EXPECT_FALSE(ParseFault(QString::fromLatin1(text), &faults, &error)) << text;
     EXPECT_TRUE(error.contains(u"close-after:N"_s)) << text;
     EXPECT_EQ(faults, Faults{}) << text;
   }
+  Faults faults;
+  EXPECT_TRUE(ParseFault(u"late:1000000"_s, &faults, nullptr));
+  EXPECT_EQ(faults.late_ms, 1'000'000);
 }
 
 TEST(FaultNames, NameTheFaultsAsTheyAreParsed) {

@@ -139,6 +139,7 @@ TEST(ParseFrame, ReadsASchedule) {
 
 TEST(ParseFrame, RefusesAScheduleThatCannotBe) {
   for (const char* text : {"<TK>*****00101A",
+                           "<T@>*****00101A",
                            "<Ta>*****00101A",
                            "<T>*****00101A",
                            "<TA*****00101A",
@@ -213,8 +214,9 @@ TEST(ParseFrame, KeepsTheAddressOfWhatItDoesNotUnderstand) {
 }
 
 TEST(ParseFrame, IsForNobodyWithoutAnUpperCaseAddress) {
-  for (const char* text : {"", "\r\n", "<", "<ID", "<ID0A", "<ID0a><?>", "<IDG0><?>", "<id0A><?>",
-                           "x<ID0A><?>", "<?>", "<ID0AA><?>"}) {
+  for (const char* text :
+       {"", "\r\n", "<", "<ID", "<ID0A", "<ID0a><?>", "<IDG0><?>", "<ID@0><?>", "<ID0:><?>",
+        "<ID/0><?>", "<id0A><?>", "x<ID0A><?>", "<?>", "<ID0AA><?>"}) {
     EXPECT_EQ(ParseFrame(text).addressee, kNobody) << text;
   }
 }

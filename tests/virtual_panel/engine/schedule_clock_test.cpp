@@ -90,6 +90,8 @@ TEST_F(ScheduleTest, TheFirstChangeOfAllPanelsIsTheNext) {
   EXPECT_EQ(engine_.NextChange(now_), now_.addSecs(10));
   engine_.Receive("<ID03><D*>\r\n");
   EXPECT_EQ(engine_.NextChange(now_), now_.addSecs(20));
+  engine_.Receive("<ID03><TA>*****00150A,00220B\r\n");
+  EXPECT_EQ(engine_.NextChange(now_), now_.addSecs(20));
 }
 
 TEST_F(ScheduleTest, ChangesExactlyWhenItSays) {

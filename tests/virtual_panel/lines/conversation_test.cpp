@@ -14,10 +14,11 @@ class HeldOutlet : public Outlet {
  public:
   void Send(const QByteArray& bytes) override { sent += bytes; }
   qint64 Unsent() const override { return unsent; }
-  void HangUp() override {}
+  void HangUp() override { ++hang_ups; }
 
   QByteArray sent;
   qint64 unsent = 0;
+  int hang_ups = 0;
 };
 
 class ConversationTest : public testing::Test {
@@ -49,6 +50,22 @@ TEST_F(ConversationTest, KeepsNoEndlessLineOfLateAnswers) {
   // Those that follow are answered again.
   conversation_.Receive("<ID1A><?>\r\n");
   EXPECT_TRUE(WaitUntil([&] { return outlet_.sent.size() == qsizetype{8} * 10'001; }));
+}
+
+TEST_F(ConversationTest, HearsNothingMoreOnceItHasHungUp) {
+  Faults faults;
+  faults.close_after_frame = 1;
+  engine_.SetFaults(faults);
+  conversation_.Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(outlet_.hang_ups, 1);
+  conversation_.Receive("<ID1A><D*>\r\n");
+  EXPECT_EQ(outlet_.sent, "<ID1A>\r\n");
+  EXPECT_EQ(outlet_.hang_ups, 1);
+  EXPECT_EQ(engine_.FrameCount(), 1);
+  // A line that is opened anew is heard again.
+  conversation_.Reset();
+  conversation_.Receive("<ID1A><?>\r\n");
+  EXPECT_EQ(outlet_.sent, "<ID1A>\r\n<ID1A>\r\n");
 }
 
 }  // namespace

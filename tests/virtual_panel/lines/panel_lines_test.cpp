@@ -5,9 +5,11 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include "lines/pty_line.h"
 #include "support/wait_until.h"
 
 using namespace Qt::StringLiterals;
@@ -50,7 +52,8 @@ TEST_F(PanelLinesTest, SaysWhereThePanelsAreReached) {
 }
 
 TEST_F(PanelLinesTest, RefusesAnAddressThatIsNone) {
-  for (const char* address : {"", "x", "127.0.0.1:", "127.0.0.1:x", "300.1.1.1:1", ":70000"}) {
+  for (const char* address :
+       {"", "x", "127.0.0.1:", "127.0.0.1:x", "300.1.1.1:1", ":70000", "[::1:0"}) {
     EXPECT_FALSE(lines_.OpenTcp(QString::fromLatin1(address), &error_)) << address;
     EXPECT_TRUE(error_.endsWith(u"expected ADDRESS:PORT or PORT"_s)) << address;
   }
@@ -70,6 +73,11 @@ TEST_F(PanelLinesTest, RefusesAnAddressThatOtherMachinesReachUnlessItIsExposed) 
   }
   lines_.SetExposed(true);
   EXPECT_TRUE(lines_.OpenTcp(u"0.0.0.0:0"_s, &error_)) << error_.toStdString();
+}
+
+TEST_F(PanelLinesTest, AnAddressWithColonsStandsInBrackets) {
+  if (!lines_.OpenTcp(u"[::1]:0"_s, &error_)) GTEST_SKIP() << error_.toStdString();
+  EXPECT_EQ(lines_.Descriptions(), QStringList{u"listening on tcp [::1]:%1"_s.arg(Port())});
 }
 
 TEST_F(PanelLinesTest, UnpluggedNobodyIsAnsweredUntilPluggedInAgain) {
@@ -127,6 +135,14 @@ TEST_F(PanelLinesTest, APortThatIsTakenMeanwhileIsOpenedAsSoonAsItIsFree) {
     lines_.SetPlugged(false);
     EXPECT_EQ(lines_.Descriptions(), QStringList{u"tcp 127.0.0.1:%1 unplugged"_s.arg(port)});
     lines_.SetPlugged(true);
+    EXPECT_EQ(failed.count(), 2);
+    // It is tried again and again, and said once.
+    auto* again = lines_.findChild<QTimer*>(u"again"_s);
+    const QSignalSpy attempts(again, &QTimer::timeout);
+    again->setInterval(1);
+    again->start();
+    EXPECT_TRUE(WaitUntil([&] { return attempts.count() >= 3; }));
+    EXPECT_EQ(failed.count(), 2);
   }
   EXPECT_TRUE(WaitUntil([&] { return Port() == port; }));
   EXPECT_EQ(Poll(port), "<ID1A>\r\n");
@@ -151,6 +167,54 @@ TEST_F(PanelLinesTest, ATerminalThatAFaultHasPulledIsPluggedInAgain) {
   EXPECT_TRUE(WaitUntil([&] { return opened.count() > 0; }));
   EXPECT_EQ(closed, QStringList{u"pty %1 unplugged"_s.arg(link)});
   EXPECT_TRUE(QFile::exists(link));
+}
+
+TEST_F(PanelLinesTest, WhatAFaultHasPulledIsNotSaidOnceMoreWhenItIsUnplugged) {
+  QTemporaryDir folder;
+  const QString link = folder.filePath(u"panels"_s);
+  ASSERT_TRUE(lines_.OpenPty(link, &error_)) << error_.toStdString();
+  Faults faults;
+  faults.close_after_frame = 1;
+  engine_.SetFaults(faults);
+  const QSignalSpy closed(&lines_, &PanelLines::Closed);
+  QFile terminal(link);
+  ASSERT_TRUE(terminal.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+  terminal.write("<ID1A><?>\n");
+  ASSERT_TRUE(WaitUntil([&] { return closed.count() > 0; }));
+  lines_.SetPlugged(false);
+  EXPECT_EQ(closed.count(), 1);
+  EXPECT_EQ(lines_.Descriptions(), QStringList{u"pty %1 unplugged"_s.arg(link)});
+}
+
+TEST_F(PanelLinesTest, AnAdapterThatIsPulledIsSaidAndPluggedInAgain) {
+  PtyLine adapter(&engine_);
+  QTemporaryDir folder;
+  const QString device = folder.filePath(u"adapter"_s);
+  ASSERT_TRUE(adapter.Open(device)) << adapter.ErrorString().toStdString();
+  ASSERT_TRUE(lines_.OpenSerial(device, 19200, &error_)) << error_.toStdString();
+  const QString name = u"serial %1 at 19200 baud"_s.arg(device);
+  EXPECT_EQ(lines_.Descriptions(), QStringList{name});
+
+  // Whoever unplugs it himself hears of no failure.
+  const QSignalSpy opened(&lines_, &PanelLines::Opened);
+  const QSignalSpy failed(&lines_, &PanelLines::Failed);
+  const QSignalSpy closed(&lines_, &PanelLines::Closed);
+  lines_.SetPlugged(false);
+  EXPECT_EQ(lines_.Descriptions(), QStringList{name + u" unplugged"_s});
+  EXPECT_EQ(closed.count(), 1);
+  EXPECT_EQ(failed.count(), 0);
+  lines_.SetPlugged(true);
+  EXPECT_EQ(lines_.Descriptions(), QStringList{name});
+  EXPECT_EQ(opened.count(), 1);
+
+  adapter.Unplug();
+  ASSERT_TRUE(WaitUntil([&] { return failed.count() > 0; }));
+  EXPECT_TRUE(failed[0][0].toString().startsWith(u"serial port %1: "_s.arg(device)));
+  ASSERT_EQ(closed.count(), 2);
+  EXPECT_EQ(closed[1][0].toString(), name + u" unplugged"_s);
+  ASSERT_TRUE(adapter.Open(device)) << adapter.ErrorString().toStdString();
+  EXPECT_TRUE(WaitUntil([&] { return opened.count() == 2; }));
+  EXPECT_EQ(lines_.Descriptions(), QStringList{name});
 }
 
 TEST_F(PanelLinesTest, RefusesADeviceThatIsNotThere) {

@@ -177,6 +177,21 @@ TEST_F(PtyLineTest, RemovesItsLinkAtTheEnd) {
   EXPECT_FALSE(QFileInfo(link).isSymLink());
 }
 
+TEST_F(PtyLineTest, LeavesALinkThatSomebodyHasMadeInItsPlace) {
+  ASSERT_TRUE(QFile::remove(link_));
+  ASSERT_TRUE(QFile::link(folder_.path(), link_));
+  line_.Unplug();
+  EXPECT_EQ(QFile::symLinkTarget(link_), folder_.path());
+}
+
+TEST_F(PtyLineTest, AnswersWithoutALinkToo) {
+  PtyLine other(&engine_);
+  ASSERT_TRUE(other.Open({})) << other.ErrorString().toStdString();
+  QSerialPort port;
+  OpenPort(&port, other.DeviceName());
+  EXPECT_EQ(Exchange(&port, "<ID1A><?>\r\n"), "<ID1A>\r\n");
+}
+
 TEST_F(PtyLineTest, ReplacesAStaleLinkOfItsKind) {
   const QString link = folder_.filePath(u"stale"_s);
   ASSERT_TRUE(QFile::link(u"/dev/pts/99999"_s, link));

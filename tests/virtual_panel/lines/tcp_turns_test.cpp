@@ -1,4 +1,7 @@
 // Callers of a TCP line have their turns, so that what stands beside them is served too.
+#include <sys/resource.h>
+
+#include <algorithm>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -50,6 +53,22 @@ TEST(TcpTurns, EveryLineKeepsSomeDescriptorsForTheOthers) {
   EXPECT_EQ(MostConnections(128, 2), 32);
   EXPECT_EQ(MostConnections(64, 1), 1);
   EXPECT_EQ(MostConnections(0, 3), 1);
+}
+
+TEST(TcpTurns, AsManyDescriptorsAreAskedForAsTheSystemMayGive) {
+  rlimit before = {};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit low = before;
+  low.rlim_cur = std::min<rlim_t>(before.rlim_cur, 256);
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
+  const auto most = static_cast<int>(std::min<rlim_t>(before.rlim_max, kMostDescriptors));
+  EXPECT_EQ(RaiseDescriptorLimit(), most);
+  rlimit raised = {};
+  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &raised), 0);
+  EXPECT_EQ(raised.rlim_cur, static_cast<rlim_t>(most));
+  // What there is already is enough.
+  EXPECT_EQ(RaiseDescriptorLimit(), most);
+  EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
 }
 
 }  // namespace

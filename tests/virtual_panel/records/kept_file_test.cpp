@@ -189,6 +189,22 @@ TEST_F(WholeFileTest, SaysThatItsFolderIsGoneAndWhenItIsBack) {
   EXPECT_EQ(TakeSaid(), QStringList{u"the state %1 is written again"_s.arg(path_)});
 }
 
+TEST_F(WholeFileTest, SaysNothingMoreWhereTheReasonBecomesAnotherOne) {
+  RemoveFolder();
+  EXPECT_FALSE(file_.Write());
+  TakeSaid();
+  MakeFolder();
+  ASSERT_TRUE(QDir().mkdir(path_));
+  EXPECT_FALSE(file_.Write());
+  EXPECT_EQ(TakeSaid(), QStringList());
+  EXPECT_EQ(file_.TroubleText(),
+            u"the state %1 cannot be written: It is no ordinary file"_s.arg(path_));
+  ASSERT_TRUE(QDir().rmdir(path_));
+  EXPECT_TRUE(file_.Write());
+  EXPECT_EQ(TakeSaid(), QStringList{u"the state %1 is written again"_s.arg(path_)});
+  EXPECT_EQ(file_.TroubleText(), QString());
+}
+
 TEST_F(WholeFileTest, NeverReplacesWhatIsNoOrdinaryFile) {
   const QString pipe = folder_ + u"/pipe"_s;
   ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);

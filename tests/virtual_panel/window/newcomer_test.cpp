@@ -53,6 +53,29 @@ TEST_F(WindowTest, WhatIsTooLongForTheStatusLineIsCutVisiblyAndSaidInItsToolTip)
             like.grab().toImage().convertToFormat(QImage::Format_RGB32));
 }
 
+TEST_F(WindowTest, WhatHasRoomInTheStatusLineNeedsNoToolTip) {
+  window_.SetLines(u"listening"_s);
+  auto* label = Find<ElidedLabel>("lines");
+  ASSERT_TRUE(WaitUntil([&] { return label->isVisible() && !label->IsElided(); }));
+  QToolTip::hideText();
+  const QPoint middle = label->rect().center();
+  QHelpEvent help(QEvent::ToolTip, middle, label->mapToGlobal(middle));
+  QApplication::sendEvent(label, &help);
+  EXPECT_EQ(QToolTip::text(), QString());
+}
+
+TEST_F(WindowTest, AToolTipOfItsOwnIsSaidInPlaceOfTheText) {
+  window_.SetUnwrittenFiles({u"log"_s, QString(200, u'x')}, {u"why"_s});
+  window_.resize(400, 300);
+  auto* label = Find<ElidedLabel>("unwritten_files");
+  ASSERT_TRUE(WaitUntil([&] { return label->isVisible() && label->IsElided(); }));
+  const QPoint middle = label->rect().center();
+  QHelpEvent help(QEvent::ToolTip, middle, label->mapToGlobal(middle));
+  QApplication::sendEvent(label, &help);
+  EXPECT_EQ(ShownText(QToolTip::text()), u"why"_s);
+  QToolTip::hideText();
+}
+
 TEST_F(WindowTest, IsNotWidenedByItsStatusLine) {
   window_.SetLines(u"pty "_s + u"long/"_s.repeated(100));
   engine_.SetFaults(AllFaults());

@@ -1,5 +1,7 @@
 // How large the panels are shown.
 
+#include "window/panel_sizes.h"
+
 #include <QScrollBar>
 #include <QTest>
 
@@ -59,6 +61,12 @@ TEST(SeveralPanels, HaveLargerDotsWhereTheyMustBeScrolledAnyway) {
   };
   EXPECT_TRUE(WaitUntil([&] { return distance(1) == 3 && distance(2) == 3 && distance(3) == 2; }))
       << distance(1) << ' ' << distance(2) << ' ' << distance(3);
+}
+
+TEST(SeveralPanels, HaveNoDotsThatAreNoDotsAnyMore) {
+  EXPECT_EQ(DotDistances({QSizeF(10, 12)}, {4000, 4000, 1}), std::vector<double>{24});
+  EXPECT_EQ(DotDistances({QSizeF(10, 12)}, {4000, 240, 1}), std::vector<double>{20});
+  EXPECT_EQ(DotDistances({QSizeF(10, 12)}, {100, 4000, 1}), std::vector<double>{10});
 }
 
 }  // namespace

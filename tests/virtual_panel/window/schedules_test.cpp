@@ -79,6 +79,17 @@ TEST_F(SchedulesTest, ListsThePanelsSchedules) {
   EXPECT_EQ(Schedules(3).size(), 1);
 }
 
+TEST_F(SchedulesTest, OfManyEntriesTheFirstTwentyAreInTheToolTip) {
+  QByteArray entries = "00105A";
+  for (int entry = 2; entry <= 20; ++entry) entries += ",00105A";
+  Receive("<ID1A><TB>10830" + entries + "\r\n<ID1A><TC>10830" + entries + ",00205B\r\n");
+  const QStringList twenty = Button(26, 'B')->toolTip().split(QLatin1Char('\n'));
+  EXPECT_EQ(twenty.size(), 20);
+  EXPECT_EQ(twenty.last(), u"20. page 1, 5 s, Appear"_s);
+  EXPECT_EQ(Button(26, 'C')->toolTip().split(QLatin1Char('\n')),
+            twenty + QStringList{QString(QChar(0x2026))});
+}
+
 TEST_F(SchedulesTest, SaysWhatIsPlaying) {
   Receive("<ID1A><TB>*10**01305A,01407D,01503H\r\n");
   EXPECT_EQ(PlayingLine(26),

@@ -135,12 +135,18 @@ TEST(ManyPanels, KeepTheirSizeWherePagesAndSchedulesAreScrolledTo) {
       return text;
     };
     const std::string before = sizes();
-    const QSignalSpy refreshed(&window, &PanelWindow::Refreshed);
-    engine.Receive(ManyPages().replace("<ID1A>", "<ID00>"));
-    engine.Receive(AllSchedules().replace("<ID1A>", "<ID00>"));
-    ASSERT_TRUE(WaitUntil([&] { return refreshed.count() > 0; }));
-    EXPECT_EQ(sizes(), before) << count;
+    const auto expect_same = [&](const QByteArray& frames, const char* what) {
+      const QSignalSpy refreshed(&window, &PanelWindow::Refreshed);
+      engine.Receive(QByteArray(frames).replace("<ID1A>", "<ID00>"));
+      ASSERT_TRUE(WaitUntil([&] { return refreshed.count() > 0; }));
+      EXPECT_EQ(sizes(), before) << count << ' ' << what;
+    };
+    expect_same(AllSchedules(), "schedules alone");
+    EXPECT_TRUE(window.findChild<QPushButton*>(u"schedule_1_A"_s)->isVisible());
+    expect_same("<ID1A><D*>\r\n", "nothing");
+    expect_same(ManyPages(), "pages alone");
     EXPECT_TRUE(window.findChild<PageStrip*>(u"pages_1"_s)->isVisible());
+    expect_same(AllSchedules(), "both");
   }
 }
 

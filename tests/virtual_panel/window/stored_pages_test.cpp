@@ -93,6 +93,20 @@ TEST_F(StoredPagesTest, TheKeyboardShowsAPage) {
   EXPECT_EQ(engine_.RunningPage(26), 7);
 }
 
+TEST_F(StoredPagesTest, WithoutAShownPageTheKeyboardBeginsNowhere) {
+  Receive("<ID1A><L01><P007>x \r\n<ID1A><L01><P012>x \r\n<ID1A><D012>\r\n");
+  ASSERT_EQ(engine_.ShownPage(26), std::nullopt);
+  window_.activateWindow();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
+  Pages()->setCurrentIndex({});
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), std::nullopt);
+  QTest::keyClick(Pages(), Qt::Key_Right);
+  QTest::keyClick(Pages(), Qt::Key_Return);
+  EXPECT_EQ(engine_.RunningPage(26), 7);
+}
+
 TEST_F(StoredPagesTest, ThePageThatIsShownCanBeSeenAmongTheOthers) {
   QByteArray frames;
   for (int page = 100; page < 200; ++page) {
@@ -125,6 +139,11 @@ TEST_F(StoredPagesTest, WhoeverLooksForAPageWithTheKeyboardIsNotLedAway) {
   Receive("<ID1A><RP199>\r\n");
   const QRect place = Pages()->visualRect(Pages()->currentIndex());
   EXPECT_TRUE(Pages()->viewport()->rect().contains(place.center()));
+  EXPECT_EQ(Pages()->currentIndex().row(), 1);
+  // Also when it looks elsewhere and comes back.
+  Find<QTableView>("traffic")->setFocus();
+  Pages()->setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return Pages()->hasFocus(); }));
   EXPECT_EQ(Pages()->currentIndex().row(), 1);
   // Also when the pages become others.
   Receive("<ID1A><L01><P001>x \r\n");

@@ -27,6 +27,16 @@ TEST_F(WindowTest, ListsTheTrafficReadably) {
   EXPECT_EQ(Text(1, 2), u"-"_s);
 }
 
+TEST(TrafficBefore, WhatCameBeforeTheWindowIsListedToo) {
+  PanelEngine engine({{26, 4, 96, true}});
+  engine.Receive("<ID1A><?>\r\n<ID1A><RP007>\r\n");
+  const PanelWindow window(&engine);
+  const QAbstractItemModel* traffic = window.findChild<QTableView*>(u"traffic"_s)->model();
+  ASSERT_EQ(traffic->rowCount(), 2);
+  EXPECT_EQ(traffic->index(0, 3).data().toString(), u"poll"_s);
+  EXPECT_EQ(traffic->index(1, 3).data().toString(), u"run page 7: an empty page"_s);
+}
+
 TEST_F(WindowTest, SaysHowLateAnAnswerIs) {
   Faults faults;
   faults.late_ms = 2000;

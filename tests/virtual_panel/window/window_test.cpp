@@ -143,6 +143,14 @@ TEST_F(WindowTest, ScrollsAtTheSpeedThatIsSet) {
   window_.SetScrollSpeed(1000);
   EXPECT_EQ(timer->interval(), 20);
   EXPECT_EQ(Find<PanelView>("panel_26")->Picture().scroll_speed, 1000);
+  // Of several texts it waits for the one that moves next.
+  window_.SetScrollSpeed(1);
+  now_ = now_.addMSecs(300);
+  Receive("<ID1A><L3>text\r\n");
+  EXPECT_EQ(timer->interval(), 700);
+  now_ = now_.addMSecs(800);
+  Receive("<ID1A><?>\r\n<ID1A><L01><P001>x \r\n");
+  EXPECT_EQ(timer->interval(), 200);
 }
 
 }  // namespace
