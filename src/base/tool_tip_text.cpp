@@ -1,6 +1,7 @@
 #include "base/tool_tip_text.h"
 
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,11 @@ QString ToolTipText(QString text, LongLines lines) {
   if (!Qt::mightBeRichText(text)) return text;
   if (lines == LongLines::kWhole) return Qt::convertFromPlainText(text);
   return u"<p style=\"white-space:pre-wrap\">%1</p>"_s.arg(text.toHtmlEscaped());
+}
+
+QString ShownByToolTip(const QString& tool_tip) {
+  if (!Qt::mightBeRichText(tool_tip)) return tool_tip;
+  return QTextDocumentFragment::fromHtml(tool_tip).toPlainText();
 }
 
 }  // namespace Brivon1

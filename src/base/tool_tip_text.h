@@ -13,4 +13,7 @@ enum class LongLines { kWhole, kBroken };
 /// HTML.
 QString ToolTipText(QString text, LongLines lines);
 
+/// The text that a tool tip shows, which may be one of ToolTipText().
+QString ShownByToolTip(const QString& tool_tip);
+
 }  // namespace Brivon1

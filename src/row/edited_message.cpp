@@ -131,7 +131,7 @@ LeftOut EditedMessage::Paste(const QString& text) {
     if (at > 0) row.Home();
     // Of several lines an empty first one takes the place of the selection too.
     if (at == 0 && typed.bytes.isEmpty() && !typed.refused && pasted.lines.size() > 1) {
-      is_typing = is_typing || row.HasSelection();
+      is_typing = row.HasSelection();
       row.RemoveSelection();
     }
     const TypingResult result = TypeAllInto(row, typed.bytes, attributes_, Places());

@@ -13,10 +13,9 @@
 #include <QRadioButton>
 #include <QShortcut>
 #include <QStringList>
-#include <QTextDocumentFragment>
-#include <QToolTip>
 #include <QWidget>
 
+#include "base/tool_tip_text.h"
 #include "widgets/caption_button.h"
 #include "widgets/fitted_text.h"
 #include "widgets/letter_choice.h"
@@ -132,8 +131,7 @@ class ButtonLetters : public QObject {
 
   // A screen reader is told what the tool tip shows.
   static void Describe(QAbstractButton& button) {
-    QString text = button.toolTip();
-    if (Qt::mightBeRichText(text)) text = QTextDocumentFragment::fromHtml(text).toPlainText();
+    const QString text = Brivon1::ShownByToolTip(button.toolTip());
     button.setAccessibleDescription(text.isEmpty() ? LetterText(button)
                                                    : text + u'\n' + LetterText(button));
   }
@@ -146,12 +144,9 @@ class ButtonLetters : public QObject {
     const QString letter = LetterText(*button);
     if (letter.isEmpty()) return false;
     const auto* caption = qobject_cast<const CaptionButton*>(button);
-    const QString tip = caption == nullptr ? button->toolTip() : caption->WholeToolTip();
-    if (Qt::mightBeRichText(tip)) {
-      QToolTip::showText(event.globalPos(), tip + u"<p>"_s + letter.toHtmlEscaped(), button);
-    } else {
-      ShowPlainToolTip(event, tip.isEmpty() ? letter : tip + u'\n' + letter, button);
-    }
+    const QString tip =
+        caption == nullptr ? Brivon1::ShownByToolTip(button->toolTip()) : caption->WholeToolTip();
+    ShowPlainToolTip(event, tip.isEmpty() ? letter : tip + u'\n' + letter, button);
     return true;
   }
 

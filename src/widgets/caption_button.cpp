@@ -7,6 +7,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include "base/tool_tip_text.h"
 #include "widgets/plain_tool_tip.h"
 
 namespace {
@@ -129,8 +130,9 @@ void CaptionButton::paintEvent(QPaintEvent* /*event*/) {
 }
 
 QString CaptionButton::WholeToolTip() const {
-  if (Fit().complete) return toolTip();
-  return toolTip().isEmpty() ? ShownCaption() : ShownCaption() + QLatin1Char('\n') + toolTip();
+  const QString tip = Brivon1::ShownByToolTip(toolTip());
+  if (Fit().complete) return tip;
+  return tip.isEmpty() ? ShownCaption() : ShownCaption() + QLatin1Char('\n') + tip;
 }
 
 bool CaptionButton::event(QEvent* event) {

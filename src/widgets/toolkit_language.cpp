@@ -10,7 +10,6 @@
 using namespace Qt::StringLiterals;
 
 void UseToolkitLanguage(QObject* owner) {
-  if (!ModuleLanguage::IsLanguageActive()) return;
   const QString name = ModuleLanguage::ReadLangString(u"Language"_s, u"Locale"_s, QString());
   const QLocale locale = name.isEmpty() ? QLocale::system() : QLocale(name);
   const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);

@@ -6,6 +6,6 @@ class QObject;
 
 /// Takes them from the toolkit's translations into the language of the key "Locale" in section
 /// "Language" of the language file ("de", "pt_BR"), or into the system's where the file has no such
-/// key, for as long as `owner` lives. They stay English without the language flag, and where the
-/// toolkit has no such translation.
+/// key, for as long as `owner` lives. They stay English where the toolkit has no such translation.
+/// Called only with the language flag.
 void UseToolkitLanguage(QObject* owner);

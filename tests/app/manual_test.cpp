@@ -135,6 +135,20 @@ TEST_P(F1, SaysWhereTheManualShouldBeWhereItIsMissing) {
   EXPECT_EQ(browser.Opened(), QList<QUrl>());
 }
 
+// The platform of the tests opens nothing.
+TEST(ManualWithoutABrowser, F1SaysWhereItIs) {
+  const TemporaryProgramFolder folder;
+  QDir(folder.Path(QString())).mkpath(u"manual"_s);
+  const QString manual = folder.Write(u"manual/manual.html"_s, "manual");
+  const MessageBoxReader boxes;
+  frmPage window(nullptr);
+  window.show();
+  PressF1(window);
+  ASSERT_TRUE(WaitUntil([&] { return !boxes.Seen().isEmpty(); }));
+  EXPECT_EQ(boxes.Texts(), QStringList{u"No program opens the manual."_s});
+  EXPECT_EQ(boxes.Remedies(), QStringList{u"It is here:\n"_s + manual});
+}
+
 INSTANTIATE_TEST_SUITE_P(Windows, F1, testing::ValuesIn(kWindows),
                          [](const auto& test) { return std::string(test.param.name); });
 

@@ -2,6 +2,7 @@
 // while the program's real windows are open.
 #include <QApplication>
 #include <QDir>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -155,6 +156,21 @@ TEST_F(SessionEndTest, WorkDoneAfterTheAnswerIsAskedAboutWhenTheSessionEnds) {
   InScrollingEditor([](QWidget* editor) {
     EXPECT_EQ(session->AskToEnd(SessionManager::Questions::kAllowed), "ready");
     Type(editor);
+    MessageBoxReader boxes;
+    boxes.Answer(QMessageBox::Cancel);
+    session->End();
+    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
+    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
+    EXPECT_TRUE(editor->isVisible());
+  });
+}
+
+TEST_F(SessionEndTest, SoIsWhatAnInputMethodHasTyped) {
+  InScrollingEditor([](QWidget* editor) {
+    EXPECT_EQ(session->AskToEnd(SessionManager::Questions::kAllowed), "ready");
+    QInputMethodEvent typed;
+    typed.setCommitString(Text("x"));
+    QCoreApplication::sendEvent(editor->findChild<QWidget*>(Text("Picture1")), &typed);
     MessageBoxReader boxes;
     boxes.Answer(QMessageBox::Cancel);
     session->End();

@@ -88,6 +88,13 @@ TEST_F(FileChecks, TheTextOfAScrollingFileIsItsSecondLine) {
   EXPECT_EQ(text("*** Another Header Of The Same Length ***\r\nx\r\n"), "none");
 }
 
+TEST_F(FileChecks, OfAFileThatIsNoMessageFileNoRowIsRead) {
+  MessageFileReader message(Write(kMessage));
+  EXPECT_EQ(message.NextRowLine(), "<L01>");
+  MessageFileReader schedule(Write(kSchedule));
+  EXPECT_EQ(schedule.NextRowLine(), std::nullopt);
+}
+
 TEST_F(FileChecks, AScrollingFileOf29BytesIsRefused) {
   EXPECT_FALSE(Scrolling(QByteArray("*** Brivon Shift Message File ***").first(29)));
 }

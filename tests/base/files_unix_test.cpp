@@ -62,6 +62,12 @@ TEST_F(UnixFiles, StrangeNamesAreSavedUnderExactlyThatName) {
   }
 }
 
+TEST_F(UnixFiles, APathThatTheSystemWouldCutIsInvalid) {
+  const QString path = Path("a.msg") + QChar(0) + u"b.msg"_s;
+  EXPECT_EQ(SaveWholeFile(path, "new"), SaveResult::kInvalidPath);
+  EXPECT_EQ(Names(), QStringList());
+}
+
 TEST_F(UnixFiles, ASaveOntoAPipeOrADeviceIsAnInvalidPath) {
   ASSERT_EQ(mkfifo(QFile::encodeName(Path("pipe")).constData(), 0600), 0);
   EXPECT_EQ(SaveWholeFile(Path("pipe"), "x"), SaveResult::kInvalidPath);

@@ -77,6 +77,8 @@ TEST_F(LeftOverFiles, OfAnotherNameStay) {
                            "a.msg.~brivon-QxAdP~",
                            "a.msg.~brivon-QxAdPkE~",
                            "a.msg.~brivon-QxAdPk",
+                           "a.msg.~brivon-QxAdPkE",
+                           "a.msg.~brivon-QxAdP{~",
                            "a.msg.~brivon-QxAdPk~~",
                            "a.msg.~brivon-QxAdPk~.msg",
                            "a.msg.brivon-QxAdPk~",
@@ -183,6 +185,8 @@ TEST_F(LeftOverFiles, OfALongNameHaveItsBeginning) {
                  "\xC3\xA4"
                  "aaaaaaaaaa",
              QByteArray(237, 'a') + "\xC3\xA4");
+  // A name in another code page may look like one half of a character only.
+  expect_cut(QByteArray(240, '\xA4'), "");
 }
 
 TEST_F(LeftOverFiles, DoNotKeepALongNameFromBeingSavedAgain) {
@@ -207,6 +211,23 @@ TEST_F(LeftOverFiles, OfSomebodyElseStayUnlessTheFileIsTheirs) {
   EXPECT_EQ(NamesAfterASave(), (QStringList{u"a.msg"_s, u"a.msg.~brivon-QxAdPk~"_s}));
   ASSERT_EQ(chown(NativePath("a.msg").constData(), kOwner, 0), 0);
   EXPECT_EQ(NamesAfterASave(), QStringList{u"a.msg"_s});
+}
+
+TEST_F(LeftOverFiles, ThatMayNotBeWrittenStayAndTheFileIsSaved) {
+  ASSERT_EQ(chmod(QFile::encodeName(folder_.path()).constData(), 0777), 0);
+  // The superuser may write everything, so the file is saved as somebody else.
+  const bool is_superuser = geteuid() == 0;
+  if (is_superuser) {
+    ASSERT_EQ(seteuid(65534), 0);
+  }
+  const auto return_rights = qScopeGuard([is_superuser] {
+    if (is_superuser) {
+      EXPECT_EQ(seteuid(0), 0);
+    }
+  });
+  WriteOld("a.msg.~brivon-QxAdPk~", "ne");
+  ASSERT_EQ(chmod(NativePath("a.msg.~brivon-QxAdPk~").constData(), 0444), 0);
+  EXPECT_EQ(NamesAfterASave(), (QStringList{u"a.msg"_s, u"a.msg.~brivon-QxAdPk~"_s}));
 }
 
 TEST_F(LeftOverFiles, StayWhereTheSaveIsRefusedForItsPath) {

@@ -55,6 +55,18 @@ TEST_F(SavesThroughLinks, ToNothingInALinkedFolderMakeTheFileWhereTheSystemLooks
   EXPECT_FALSE(QFile::exists(Path("x.msg")));
 }
 
+TEST_F(SavesThroughLinks, ByItsNameAloneAreOfTheFolderThatTheProgramWorksIn) {
+  MakeFolder("real");
+  Link("real/x.msg", "a.msg");
+  Write("real/x.msg", "old");
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder_.path()));
+  EXPECT_EQ(SaveWholeFile(u"a.msg"_s, "new"), SaveResult::kSaved);
+  ASSERT_TRUE(QDir::setCurrent(before));
+  EXPECT_EQ(Read(Path("real/x.msg")), "new");
+  EXPECT_EQ(LinkAt("a.msg"), "real/x.msg");
+}
+
 TEST_F(SavesThroughLinks, OverSeveralLinksReachTheLast) {
   MakeFolder("real");
   Link("second", "first");

@@ -136,6 +136,15 @@ TEST_F(Commands, SetClockOfAllPanelsIsDoneWhenItHasLeft) {
   EXPECT_EQ(time_.Now(), 600) << "18 bytes";
 }
 
+TEST_F(Commands, SetClockThatIsStoppedIsATransmissionError) {
+  link_.SendAt(300);
+  for (const int id : {0, 26}) {
+    timer_.stop = {};
+    time_.Schedule(time_.Now() + 50, [this] { timer_.stop.made = true; });
+    ExpectReport(Run(PanelCommand::kSetClock, id), u"Transmission error!"_s, kTitle, false);
+  }
+}
+
 TEST_F(Commands, SetClockOverTcpReportsFinishedEvenWhenNoPanelAnswers) {
   ExpectReport(Run(PanelCommand::kSetClock, 26, {}, SendMode::kTcp), u"Set Clock Finished!"_s,
                kTitle, true);

@@ -1,6 +1,7 @@
 // The configuration dialog's address box: what it takes, when it is checked, and with how many
 // messages.
 #include <QApplication>
+#include <QMenu>
 #include <QPushButton>
 
 #include "config/config_dialog.h"
@@ -221,6 +222,19 @@ TEST_F(BadAddressTest, SwitchingToAnotherWindowShowsNoMessage) {
   EXPECT_EQ(Box("txtIPAddress")->text(), Text("10.0.0.255"));
   window_->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  QTest::keyClick(Box("txtIPAddress"), Qt::Key_Tab);
+  ExpectRefused();
+}
+
+TEST_F(BadAddressTest, AMenuInFrontShowsNoMessage) {
+  Prepare();
+  QMenu menu(window_.get());
+  menu.addAction(Text("Paste"));
+  menu.popup(window_->mapToGlobal(QPoint(0, 0)));
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(reader_.Seen().isEmpty());
+  menu.close();
+  EXPECT_EQ(Box("txtIPAddress")->text(), Text("10.0.0.255"));
   QTest::keyClick(Box("txtIPAddress"), Qt::Key_Tab);
   ExpectRefused();
 }

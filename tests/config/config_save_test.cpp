@@ -140,6 +140,14 @@ TEST_F(ConfigDialogTest, AStoredBaudRateOrPortWithoutAnOptionStaysUnlessAnotherI
   EXPECT_EQ(File(), "[Communication]\r\nBaudrate=600\r\nComPort=1\r\nSendMode=RS232\r\n");
 }
 
+TEST_F(ConfigDialogTest, AStoredPortBelowTheFirstOneChoosesNoLineAndStays) {
+  const QByteArray ini = "[Communication]\r\nBaudrate=4800\r\nComPort=0\r\nSendMode=RS232\r\n";
+  Open(ini);
+  EXPECT_TRUE(Ports()->selectedItems().isEmpty());
+  Click("butOK");
+  EXPECT_EQ(File(), ini);
+}
+
 TEST_F(ConfigDialogTest, APortLineStaysChosen) {
   Open(kTwoPanels);
   QTest::mouseClick(Ports()->viewport(), Qt::LeftButton, Qt::ControlModifier,

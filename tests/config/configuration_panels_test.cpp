@@ -149,6 +149,7 @@ TEST(ConfigurationDraftTest, TheBoxesOfAHandWrittenPanelHoldWhatAddWouldTake) {
             (PanelBoxes{Text("1"), QString(), Text("96"), 1, Text("0.0.0.0"), QString()}));
   EXPECT_EQ(draft.Boxes(2).address, Text("0.0.0.0"));
   EXPECT_EQ(draft.Boxes(3).address, Text("0.0.0.0"));
+  EXPECT_EQ(draft.Boxes(4).rows, QString());  // of a panel that is not configured
 }
 
 TEST(ConfigurationDraftTest, AColumnCountOf1000AndMoreIsReadBackShort) {

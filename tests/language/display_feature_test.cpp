@@ -165,6 +165,7 @@ TEST(DisplayFeatureTest, AChosenNameThatTheFileCannotHoldOrThatReadsAsAnotherIsS
     EXPECT_EQ(FeatureNames().ToStore(Text(chosen), QString()), Text(stored)) << chosen;
     EXPECT_EQ(FeatureNames().ToStore(Text(chosen), Text("Flip")), Text(stored)) << chosen;
   }
+  EXPECT_EQ(FeatureNames().ToStore(Text("no entry"), QString()), Text("Appear"));
 }
 
 TEST(DisplayFeatureTest, TheTenthNameOfALanguageIsStoredAndFoundAgain) {

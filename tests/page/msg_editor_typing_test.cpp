@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 
@@ -268,6 +269,17 @@ TEST_F(MsgEditor, WhatWasTypedIntoAnotherPageIsNotTakenBack) {
   New(1, 80);
   Key(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(RowLines(), "<L01>\r\n");
+}
+
+TEST_F(MsgEditor, OfARowThatIsTooLongToKeepItsAttributesTheTextIsCopied) {
+  constexpr int kLength = 1'000'001;
+  Open(folder_.Write(Text("long.msg"),
+                     "*** Brivon Message File ***\r\nRow = 1\r\nCol = 80\r\n<L01>" +
+                         QByteArray(kLength, 'a') + "\r\n"));
+  Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
+  EXPECT_TRUE(copied.text() == QString(kLength, QLatin1Char('a')));
+  EXPECT_EQ(copied.formats(), QStringList(Text("text/plain")));
 }
 
 TEST_F(MsgEditor, AFileOfVeryLongRowsCanBeEdited) {

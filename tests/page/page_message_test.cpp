@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "page/page_of.h"
+#include "support/use_code_page.h"
 
 namespace {
 
@@ -81,6 +82,9 @@ TEST(PageMessage, AWordIsLettersAndDigitsOrTheOtherCharactersBetweenThem) {
   EXPECT_EQ(back("Gr\xF6\xDF"
                  "e 4"),
             "6 0 0");
+  const UseCodePage vietnamese(1258);
+  EXPECT_EQ(forth("Vi\xEA\xF2t Nam"), "6 9 9");  // its mark is a character of its own
+  EXPECT_EQ(back("Vi\xEA\xF2t Nam"), "6 0 0");
 }
 
 TEST(PageMessage, UpOnRow1AndDownOnRowROrRow12DoNothing) {

@@ -117,6 +117,12 @@ TEST(PageMessage, ControlCharactersTypedAreIgnoredAndNoEdit) {
   EXPECT_FALSE(page.IsModified());
 }
 
+TEST(PageMessage, WithoutATextNothingIsTyped) {
+  PageMessage page = PageOf(1, 80);
+  EXPECT_EQ(page.Type(1, QString()), Brivon1::LeftOut());
+  EXPECT_FALSE(page.IsModified());
+}
+
 TEST(PageMessage, ATypedCharacterWithoutAByteIsARefusedKey) {
   PageMessage page = PageOf(1, 80);
   page.Type(1, u"\u4e2d"_s);

@@ -214,6 +214,22 @@ TEST_F(PagePreviewTest, DateAndTimeAreThoseOfNowAndTurnWithTheMinute) {
   EXPECT_FALSE(painted.intersects(Strip(2)));
 }
 
+TEST_F(PagePreviewTest, AClockThatJumpsByWholeHoursOrDaysTurnsTheDateAndTheTime) {
+  Show(1, 192);
+  TypeIn(1, "DD MMM YYYY HH:MM");
+  preview_.Refresh();
+  const auto text = [&] {
+    return PanelDots::RowText(preview_.Picture().rows[1], preview_.Picture().clock);
+  };
+  EXPECT_EQ(text(), u"05 MAR 2026 14:07"_s);
+  now_ = now_.addSecs(3600);
+  preview_.SetBlinkingHidden(true);
+  EXPECT_EQ(text(), u"05 MAR 2026 15:07"_s);
+  now_ = now_.addDays(1);
+  preview_.SetBlinkingHidden(false);
+  EXPECT_EQ(text(), u"06 MAR 2026 15:07"_s);
+}
+
 TEST_F(PagePreviewTest, WhileItIsHiddenNothingIsWorkedOutAndWhenItIsShownItIsUpToDate) {
   Show(2, 96);
   preview_.hide();
@@ -238,6 +254,23 @@ TEST_F(PagePreviewTest, AWidePanelMovesAlongWithItsRows) {
   EXPECT_EQ(preview_.Corner().x(), preview_.width() - panel);
   preview_.Follow({(kRowsWidth - 650) / 2, 650, kRowsWidth});
   EXPECT_NEAR(preview_.Corner().x(), (preview_.width() - panel) / 2, 2);
+}
+
+TEST_F(PagePreviewTest, ACursorThatIsOutOfSightDoesNotHoldAWidePanel) {
+  Show(8, 3000);
+  page_.TypeAll(QByteArray(400, 'x'));
+  preview_.Refresh();
+  preview_.Follow({-5, 650, 600 * 12 + 5});
+  EXPECT_EQ(preview_.Corner().x(), 0);
+}
+
+TEST_F(PagePreviewTest, AWidePanelWhoseRowsAreAllInSightBeginsAtItsLeftEdge) {
+  Show(1, 500);
+  constexpr int kRowsWidth = 100 * 12 + 5;
+  preview_.Follow({kRowsWidth - 650, 650, kRowsWidth});
+  EXPECT_LT(preview_.Corner().x(), 0);
+  preview_.Follow({-5, 1300, kRowsWidth});
+  EXPECT_EQ(preview_.Corner().x(), 0);
 }
 
 TEST_F(PagePreviewTest, WhatMovedWhileItWasHiddenAndANewSizeLeaveItWithItsRows) {
@@ -287,6 +320,13 @@ TEST_F(PagePreviewTest, WithoutAPageThereIsNothingToSee) {
   const QImage image = preview_.grab().toImage();
   EXPECT_EQ(image.pixelColor(50, 50), preview_.palette().color(QPalette::Window));
   EXPECT_EQ(preview_.minimumSizeHint().height(), 0);
+}
+
+TEST_F(PagePreviewTest, OfAPageWithoutColumnsThereIsNothingToSee) {
+  Show(2, 0, {200, 100});
+  QImage nothing(preview_.size(), QImage::Format_RGB32);
+  nothing.fill(preview_.palette().color(QPalette::Window));
+  EXPECT_EQ(preview_.grab().toImage().convertToFormat(QImage::Format_RGB32), nothing);
 }
 
 }  // namespace

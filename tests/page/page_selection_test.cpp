@@ -148,6 +148,9 @@ TEST(PageSelection, PastedCharactersKeepTheirAttributesAndObeyTheTypingRule) {
   EXPECT_EQ(Shown(page.Row(1)), "abca|DDDD|PPPP|BBBB");
   page.Undo();
   EXPECT_EQ(page.Row(1).Text(), "abc");
+  page.SetModified(false);
+  EXPECT_EQ(page.Paste(Brivon1::PageRow()), (LeftOut{}));  // what held keys alone
+  EXPECT_FALSE(page.IsModified());
 }
 
 TEST(PageSelection, AnotherRowEndsIt) {

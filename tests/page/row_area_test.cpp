@@ -1,8 +1,11 @@
 #include "page/row_area.h"
 
+#include <utility>
+
 #include <QLabel>
 #include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -177,6 +180,16 @@ TEST_F(RowAreaTest, AMoveByHandStaysWhileTheCursorIsInSight) {
   EXPECT_EQ(Left(), 5);
 }
 
+TEST_F(RowAreaTest, AMoveByHandBeyondTheEndStaysToo) {
+  Show(2, 3000);
+  Type(page_, QByteArray(600, 'x'));
+  area_.FollowCursor();
+  const int end = Left();
+  area_.MoveRows(-10);
+  area_.FollowCursor();
+  EXPECT_EQ(Left(), end - 10);
+}
+
 TEST_F(RowAreaTest, TheScrollBarShowsAndSetsThePlace) {
   Show(2, 3000);
   EXPECT_EQ(bar_.minimum(), 0);
@@ -218,6 +231,17 @@ TEST_F(RowAreaTest, TheWheelMovesAWidePageSidewaysWhereAllRowsAreInSight) {
   EXPECT_EQ(Left(), 5);
 }
 
+TEST_F(RowAreaTest, AWheelThatTurnsSidewaysMovesALowPageSideways) {
+  Show(12, 3000);
+  area_.resize(500, 120);
+  const QPointF at(5, 5);
+  QWheelEvent turn(at, area_.mapToGlobal(at), {}, {-120, -30}, Qt::NoButton, Qt::NoModifier,
+                   Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&area_, &turn);
+  EXPECT_EQ(Left(), 5 - 3 * 12);
+  EXPECT_EQ(area_.Surface(1).y(), 4);
+}
+
 TEST_F(RowAreaTest, AWiderAreaShowsMoreOfThePage) {
   Show(2, 3000);
   bar_.setValue(bar_.maximum());
@@ -226,6 +250,28 @@ TEST_F(RowAreaTest, AWiderAreaShowsMoreOfThePage) {
   bar_.setValue(100);
   area_.resize(1000, area_.height());
   EXPECT_EQ(Left(), 5 - 100);
+}
+
+TEST_F(RowAreaTest, AWiderAreaLeavesAPageThatWasMovedBeyondItsEndsByHand) {
+  Show(2, 80);
+  area_.MoveRows(100);
+  area_.resize(600, area_.height());
+  EXPECT_EQ(Left(), 5 + 100);
+  area_.MoveRows(-3100);
+  area_.resize(700, area_.height());
+  EXPECT_EQ(Left(), 5 - 3000);
+}
+
+TEST_F(RowAreaTest, TheMarkOfWhereTheDotsEndStandsOutOnALightAndOnADarkGround) {
+  Show(1, 80);
+  area_.MarkDotsEnd(1, 3);
+  for (const auto& [ground, mark] : {std::pair(QColor(Qt::white), QColor(184, 96, 0)),
+                                     std::pair(QColor(Qt::black), QColor(255, 176, 0))}) {
+    area_.setPalette(QPalette(ground));
+    const QRect row = area_.Surface(1).geometry();
+    const QImage image = area_.Surface(1).parentWidget()->grab().toImage();
+    EXPECT_EQ(image.pixelColor(row.left() + 3 * 12, row.bottom() + 1), mark);
+  }
 }
 
 TEST_F(RowAreaTest, TheNumbersStandBesideTheRowsAndTheCurrentOneIsMarked) {

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "panel_line/panel_connection.h"
 #include "store/system_port.h"
+#include "support/virtual_time.h"
 
 using namespace Qt::StringLiterals;
 
@@ -195,6 +197,21 @@ TEST(Links, AConnectionThatTheProgramsEndCutsShortIsNotUsed) {
   ScriptedSocket socket(clock);
   EXPECT_FALSE(OpenTcpLink(socket, clock, u"192.168.1.50"_s, 2101));
   EXPECT_LT(clock.now, 1500);
+}
+
+TEST(Links, WithoutASendModeOrAnAddressNothingIsOpened) {
+  SteppingClock clock;
+  ScriptedPort port(clock);
+  ScriptedSocket socket(clock);
+  VirtualTime time;
+  VirtualTickTimer timer(time);
+  PanelConnection connection({port, socket, timer, clock});
+  EXPECT_FALSE(connection.Open(SendMode::kNone, {}, {"10.0.0.1", 80}));
+  EXPECT_FALSE(connection.Open(SendMode::kTcp, {}, {}));
+  EXPECT_EQ(connection.FailureReason(),
+            u"No usable network address is configured for this panel."_s);
+  EXPECT_TRUE(port.moves.isEmpty());
+  EXPECT_TRUE(socket.requests.isEmpty());
 }
 
 TEST(Links, SendModeEmptySelectsNeitherLink) {

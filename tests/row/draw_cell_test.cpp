@@ -200,6 +200,11 @@ TEST(DrawCell, AnyOtherColourLetterBlanksACellOf12By20) {
   }
 }
 
+TEST(DrawCell, ALetterThatIsNoSizeDrawsTheFirstOne) {
+  for (const char size : {'@', 'E', 'a', '\0'})
+    EXPECT_EQ(Cell('H', size, 'A'), Cell('H', 'A', 'A'));
+}
+
 TEST(DrawCell, ABlankCharacterPaintsItsBoxAndNothingElse) {
   for (const char colour : {'A', 'B', 'C', 'D', 'I', 'P'}) {
     QImage empty(30, 30, QImage::Format_RGB32);

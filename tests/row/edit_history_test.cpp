@@ -43,6 +43,13 @@ TEST(EditHistoryTest, TheLastEditCanBeTakenBackHoweverLongItsRowIs) {
   EXPECT_EQ(UndoesAfter(3, RowOf(4'000'001)), 1);
 }
 
+TEST(EditHistoryTest, AnEditThatHasNoneToJoinIsOneOfItsOwn) {
+  EditHistory history;
+  history.JoinNext();
+  history.Record({1, RowOf(1)});
+  EXPECT_EQ(UndoesAll(history), 1);
+}
+
 TEST(EditHistoryTest, AnEditThatIsJoinedForgetsNoOther) {
   EditHistory history;
   history.Record({7, RowOf(1)});

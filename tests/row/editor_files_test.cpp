@@ -5,7 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMimeData>
 #include <QTest>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -332,6 +334,19 @@ TEST_P(RowEditor, AnythingButOneFileIsNotTakenAsADrop) {
   EXPECT_TRUE(boxes.Seen().isEmpty());
   EXPECT_EQ(FileName(), before);
   ExpectCursor(1, 1);
+}
+
+TEST_P(RowEditor, ADropThatADialogOvertakesOpensNothing) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(WriteWork("a", "<SA><CA>ab"))});
+  ASSERT_TRUE(BeginDrop(window_, data));
+  const ModalWindowDriver open(Text("CMDialog1"), [](QWidget* dialog) {
+    QCoreApplication::processEvents();
+    dialog->close();
+  });
+  Press("butOpen");
+  EXPECT_EQ(open.Count(), 1);
+  EXPECT_EQ(FileName(), folder_.Path(Text(kind_.new_file)));
 }
 
 TEST_P(RowEditor, BehindADialogNothingIsTakenAsADrop) {

@@ -160,6 +160,11 @@ TEST_P(RowEditor, ShiftWithF10OpensTheMenuBelowTheCursor) {
   menu->close();
 }
 
+TEST_P(RowEditor, F10AloneIsTheWindows) {
+  Key(Qt::Key_F10);
+  EXPECT_EQ(Surface()->findChild<QMenu*>(), nullptr);
+}
+
 TEST_P(RowEditor, TheMenuLeavesTheSelectionAndTheCursor) {
   Keys("abcd");
   Key(Qt::Key_Left, Qt::ShiftModifier);

@@ -141,6 +141,16 @@ TEST_P(RowEditor, AMouseDraggedSelects) {
   EXPECT_EQ(Framed(Surface()), "1-3");
 }
 
+TEST_P(RowEditor, AMouseWhosePressOrReleaseWentElsewhereSelectsNothing) {
+  Keys("abcdef");
+  QTest::mouseRelease(Surface(), Qt::LeftButton, {}, QPoint(13, 10));
+  EXPECT_EQ(CursorCell(Surface()), 6);
+  QTest::mousePress(Surface(), Qt::LeftButton, {}, QPoint(13, 10));
+  Move(Surface(), 49, Qt::RightButton);
+  EXPECT_EQ(Framed(Surface()), "-");
+  EXPECT_EQ(CursorCell(Surface()), 1);
+}
+
 TEST_P(RowEditor, ADoubleClickSelectsTheWordBelowIt) {
   Keys("ab, cde");
   QTest::mouseDClick(Surface(), Qt::LeftButton, {}, QPoint(71, 10));

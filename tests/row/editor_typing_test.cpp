@@ -186,6 +186,9 @@ TEST_P(RowEditor, OnlyTheLeftButtonMovesTheCursor) {
     QTest::mouseClick(Surface(), button, {}, QPoint(12, 10));
     EXPECT_EQ(CursorCell(Surface()), 4);
     ExpectCursor(4, 4);
+    QTest::mouseDClick(Surface(), button, {}, QPoint(12, 10));
+    EXPECT_EQ(CursorCell(Surface()), 4);
+    ExpectCursor(4, 4);
   }
   QMetaObject::invokeMethod(Find<QTimer>("Timer1"), "timeout");
   EXPECT_EQ(CursorCell(Surface()), -1);

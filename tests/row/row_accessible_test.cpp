@@ -119,6 +119,7 @@ TEST_F(RowAccessible, IsAnEditableTextThatHasItsNameAndItsText) {
   EXPECT_EQ(Text().text(2, 6), u"ad w"_s);
   EXPECT_EQ(Text().text(-3, 99), u"Road works"_s);
   EXPECT_EQ(Text().text(6, 2), QString());
+  EXPECT_EQ(Accessible().valueInterface(), nullptr);
 }
 
 TEST_F(RowAccessible, EachByteIsTheLetterThatTheOperatorSees) {

@@ -82,7 +82,7 @@ TEST(RowSelection, WhatIsRefusedLeavesIt) {
   PageRow row = RowOf("abcdef");
   row.Select(1, 3);
   EXPECT_TRUE(TypeAllInto(row, "\r", kPlain, 6).is_typing);
-  EXPECT_FALSE(TypeAllInto(row, "\t\x1b", kPlain, 6).is_typing);
+  EXPECT_FALSE(TypeAllInto(row, "\t\x1b\x7f", kPlain, 6).is_typing);
   EXPECT_TRUE(TypeAllInto(row, "X", kPlain, 4).is_typing);  // the row is longer than it may be
   EXPECT_EQ(Selected(row), "a[bc]|def");
   EXPECT_TRUE(TypeAllInto(row, "X", kPlain, 5).is_typing);

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -164,6 +165,31 @@ TEST_F(DelayDialogTest, LeavingTheFieldEmptyPutsTheLastValidDelayBack) {
   QTest::keyClick(Delay(), Qt::Key_Tab);
   EXPECT_EQ(window_->focusWidget(), List());
   EXPECT_EQ(Delay()->text(), Text("12"));
+}
+
+TEST_F(DelayDialogTest, AMenuOrAnotherWindowInFrontLeavesAnEmptyFieldEmpty) {
+  Brivon1::DialogDelay = 12;
+  Open();
+  Empty();
+  QMenu menu(window_.get());
+  menu.addAction(Text("Paste"));
+  menu.popup(window_->mapToGlobal(QPoint(0, 0)));
+  EXPECT_EQ(Delay()->text(), QString());
+  menu.close();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  EXPECT_EQ(Delay()->text(), QString());
+}
+
+TEST_F(DelayDialogTest, AFieldThatIsLeftWithADelayKeepsIt) {
+  Brivon1::DialogDelay = 12;
+  Open();
+  Empty();
+  Type("7");
+  QTest::keyClick(Delay(), Qt::Key_Tab);
+  EXPECT_EQ(Delay()->text(), Text("7"));
 }
 
 TEST_F(DelayDialogTest, OkWithAnEmptyFieldReturnsTheLastValidDelay) {

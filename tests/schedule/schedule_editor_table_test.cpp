@@ -157,6 +157,8 @@ TEST_F(ScheduleEditor, ToolTipsShowTheWholePathLetterByLetter) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return IsItalic(0); }, 60000));
   EXPECT_EQ(shown_letters(), path + Text("\nFile not found"));
   EXPECT_EQ(tool_tip(1, 3), Text("Flip"));
+  tool_tip(2, 3);  // behind "End" stands nothing
+  EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
   // A heading that is cut has one too.
   auto* heading = Table()->horizontalHeader()->viewport();
   QHelpEvent help(QEvent::ToolTip, QPoint(200, 5), heading->mapToGlobal(QPoint(200, 5)));

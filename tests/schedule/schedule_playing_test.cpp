@@ -1,4 +1,5 @@
 // A schedule that is played in its editor.
+#include <QMouseEvent>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -156,6 +157,16 @@ TEST_F(SchedulePlayingTest, AKeyThatIsHeldStopsItAndDoesNothingElse) {
   EXPECT_FALSE(Window().isVisible()) << "pressed anew";
 }
 
+TEST_F(SchedulePlayingTest, BesideAKeyThatIsHeldAnotherOneIsTheTablesAgain) {
+  OpenThreePages();
+  Click(1);
+  Play();
+  QTest::simulateEvent(Table(), true, Qt::Key_F3, Qt::NoModifier, QString(), false);
+  ExpectStopped();
+  QTest::simulateEvent(Table(), true, Qt::Key_Down, Qt::NoModifier, QString(), true);
+  EXPECT_EQ(Table()->SelectedPosition(), 2);
+}
+
 TEST_F(SchedulePlayingTest, AnyClickStopsItAndDoesNothingElse) {
   OpenThreePages();
   Click(2);
@@ -187,6 +198,23 @@ TEST_F(SchedulePlayingTest, ADoubleClickStopsItAndDoesNothingElse) {
   EXPECT_EQ(dialogs.Count(), 0);
 }
 
+TEST_F(SchedulePlayingTest, TheSecondHalfOfADoubleClickDoesNothingEither) {
+  OpenThreePages();
+  Click(2);
+  Play();
+  const ModalWindowDriver dialogs({}, [](QWidget* dialog) { dialog->close(); });
+  QWidget* table = Table()->viewport();
+  const QPoint at = Cell(2, 2);
+  QTest::mouseClick(table, Qt::LeftButton, {}, at);
+  ExpectStopped();
+  QMouseEvent second(QEvent::MouseButtonDblClick, at, table->mapToGlobal(at), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(table, &second);
+  QTest::mouseRelease(table, Qt::LeftButton, {}, at);
+  ExpectUntouched();
+  EXPECT_EQ(dialogs.Count(), 0);
+}
+
 TEST_F(SchedulePlayingTest, ItEndsWithWhatItPlays) {
   OpenThreePages();
   Play();
@@ -198,6 +226,42 @@ TEST_F(SchedulePlayingTest, ItEndsWithWhatItPlays) {
   Window().close();
   ExpectStopped();
   EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(SchedulePlayingTest, AScreenReaderSelectsAnotherStepMeanwhileAndPressesTheButtonToStop) {
+  OpenThreePages();
+  Play();
+  Table()->selectRow(2);
+  EXPECT_TRUE(IsPlaying());
+  EXPECT_EQ(Name(Picture()), "Step 1: 1.msg");
+  Button("butPlay")->click();
+  ExpectStopped();
+  EXPECT_EQ(Name(Picture()), "Step 3: 3.msg");
+  EXPECT_EQ(Row(), Text("3"));
+}
+
+TEST_F(SchedulePlayingTest, ATickAheadOfItsTimeChangesNothing) {
+  OpenThreePages();
+  Play();
+  now_ = now_.addMSecs(4999);
+  QMetaObject::invokeMethod(Timer("step_timer_"), "timeout", Qt::DirectConnection);
+  EXPECT_EQ(Table()->PlayingPosition(), 1);
+  EXPECT_EQ(Timer("step_timer_")->interval(), 1);
+}
+
+TEST_F(SchedulePlayingTest, AStepThatIsMetAgainAWholeLoopLaterEntersAnew) {
+  OpenThreePages();
+  Click(2);
+  Play();
+  const auto began = [this] {
+    const auto& entrance = Picture()->Picture().entrance;
+    return entrance ? entrance->began_ms : 0;
+  };
+  const qint64 first = began();
+  now_ = now_.addMSecs(8000);  // the computer has slept
+  QMetaObject::invokeMethod(Timer("step_timer_"), "timeout", Qt::DirectConnection);
+  EXPECT_EQ(Table()->PlayingPosition(), 2);
+  EXPECT_EQ(began(), first + 8000);
 }
 
 TEST_F(SchedulePlayingTest, ItEndsWhereThePreviewIsHidden) {

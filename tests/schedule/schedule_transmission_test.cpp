@@ -149,6 +149,11 @@ TEST_F(ScheduleTransmission, AnHourThatIsNoNumberIsKeptAsItIs) {
             "<ID0A><TA>*ab7pm00105A\r\n");
 }
 
+TEST_F(ScheduleTransmission, AnHourThatIsMissingStaysSo) {
+  EXPECT_EQ(ScheduleFrame("Week =0\r\nHour =\r\nMin =\r\n", {Message(u"a.msg"_s, "A")}),
+            "<ID0A><TA>*00105A\r\n");
+}
+
 TEST_F(ScheduleTransmission, ANumberWithBlanksOrLeadingZerosIsWrittenWithTwoDigits) {
   EXPECT_EQ(ScheduleFrame("Week =0\r\nHour = 8 \r\nMin =007\r\n", {Message(u"a.msg"_s, "A")}),
             "<ID0A><TA>*080700105A\r\n");

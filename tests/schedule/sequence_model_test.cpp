@@ -106,6 +106,9 @@ TEST_F(SequenceModelTest, AColumnTakesAnotherHeadingAndThereIsNoFifthColumn) {
   EXPECT_EQ(changes.count(), 1);
   EXPECT_FALSE(model_.setHeaderData(4, Qt::Horizontal, u"x"_s));
   EXPECT_FALSE(model_.setHeaderData(-1, Qt::Horizontal, u"x"_s));
+  EXPECT_FALSE(model_.setHeaderData(2, Qt::Vertical, u"x"_s));
+  EXPECT_FALSE(model_.setHeaderData(2, Qt::Horizontal, u"x"_s, Qt::ToolTipRole));
+  EXPECT_EQ(model_.headerData(2, Qt::Horizontal), u"Dauer"_s);
   EXPECT_EQ(model_.headerData(4, Qt::Horizontal).toString(), QString());
   EXPECT_EQ(model_.headerData(-1, Qt::Horizontal).toString(), QString());
 }

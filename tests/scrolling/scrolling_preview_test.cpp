@@ -81,6 +81,18 @@ TEST_F(ScrollingPreviewTest, AClickLetsItRunAndTypingLetsItRest) {
   EXPECT_TRUE(Preview()->IsRunning());
   ClickPicture();
   EXPECT_FALSE(Preview()->IsRunning());
+  QTest::mouseClick(Picture(), Qt::RightButton);
+  EXPECT_FALSE(Preview()->IsRunning());
+}
+
+TEST_F(ScrollingPreviewTest, ATextThatRunsRunsOnWhenTheWindowComesBack) {
+  Type("Hello");
+  ClickPicture();
+  window_->hide();
+  window_->show();
+  EXPECT_TRUE(Preview()->IsRunning());
+  EXPECT_FALSE(Picture()->Picture().scrolling_texts.isEmpty());
+  EXPECT_EQ(Button()->text(), u"Stop"_s);
 }
 
 TEST_F(ScrollingPreviewTest, AtRestItBeginsWhereTheRowAboveDoes) {

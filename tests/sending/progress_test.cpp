@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "sending/progress_view.h"
 #include "sending/sending_words.h"
 #include "sending/window_over_line.h"
 
@@ -126,6 +127,25 @@ TEST_P(ProgressOfAWindow, OfASilentPanelIsSaidWithTheFailureAndWhatToDo) {
 TEST(ProgressText, GivesTheSecondsThatTheLastBytesNeed) {
   EXPECT_EQ(ProgressText({.milliseconds_left = 1}), u"The last bytes are leaving, 1 s left"_s);
   EXPECT_EQ(ProgressText({.milliseconds_left = 61000}), u"The last bytes are leaving, 61 s left"_s);
+}
+
+TEST(ProgressView, OneThatHasBegunIsNotBegunAgain) {
+  ProgressView view;
+  view.Begin();
+  view.Show({.row = 3, .rows = 4, .attempt = 1});
+  view.Begin();
+  EXPECT_EQ(view.findChild<QProgressBar*>()->value(), 2);
+  EXPECT_EQ(view.findChild<QProgressBar*>()->maximum(), 4);
+}
+
+TEST(FailureText, BlamesThePanelOnlyWhereItsLastAttemptWasNotAnswered) {
+  const Brivon1::Progress last{.row = 1, .rows = 2, .attempt = 5, .attempts = 5};
+  const QString arrived = u"0 of 2 rows have arrived, missing: 2."_s;
+  const QString tried = u"Panel ID 26 was tried 5 times.\n"_s + arrived;
+  EXPECT_EQ(Brivon1::FailureText(last, 26, 1), arrived);
+  EXPECT_EQ(Brivon1::FailureText(last, 26, 0), tried);
+  EXPECT_EQ(Brivon1::FailureText(last, 26, -1),
+            u"No response from display panel. Please check connection.\n"_s + tried);
 }
 
 TEST(ProgressText, TakesAFilesNameAsItIs) {

@@ -44,5 +44,13 @@ TEST_F(UnixIniFile, AFileWithoutPermissionIsAnEmptyOneToReadAndNoneToChange) {
   EXPECT_FALSE(is_read);
 }
 
+TEST_F(UnixIniFile, AFileThatTheSystemFailsToReadIsAnEmptyOneToReadAndNoneToChange) {
+  const QString path = u"/proc/self/mem"_s;  // an ordinary file whose beginning is never there
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) GTEST_SKIP() << file.errorString().toStdString();
+  EXPECT_EQ(IniFile::Load(path).Content(), "");
+  EXPECT_FALSE(IniFile::Read(path));
+}
+
 }  // namespace
 }  // namespace Brivon1

@@ -10,18 +10,25 @@
 #include <QUrl>
 #include <QWidget>
 
-/// Drags `data` into `target` and drops it there, as far as it is let. Whether it is taken, as a
-/// copy.
-inline bool Drop(QWidget& target, const QMimeData& data,
-                 Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction) {
+/// Drags `data` into `target` and drops it there, as far as it is let; what follows is still to
+/// come. Whether it is taken, as a copy.
+inline bool BeginDrop(QWidget& target, const QMimeData& data,
+                      Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction) {
   QDragEnterEvent enter(QPoint(5, 5), actions, &data, Qt::LeftButton, Qt::NoModifier);
   enter.ignore();
   QCoreApplication::sendEvent(&target, &enter);
   QDropEvent drop(QPointF(5, 5), actions, &data, Qt::LeftButton, Qt::NoModifier);
   drop.ignore();
   if (enter.isAccepted()) QCoreApplication::sendEvent(&target, &drop);
-  QCoreApplication::processEvents();
   return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
+}
+
+/// The same, with what follows.
+inline bool Drop(QWidget& target, const QMimeData& data,
+                 Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction) {
+  const bool is_taken = BeginDrop(target, data, actions);
+  QCoreApplication::processEvents();
+  return is_taken;
 }
 
 inline bool DropFiles(QWidget& target, const QStringList& paths) {

@@ -4,7 +4,10 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QScreen>
+#include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -120,6 +123,43 @@ TEST(CaptionRoom, AWindowThatFitsTheScreenKeepsItsLetters) {
   EXPECT_EQ(window.font(), natural);
 }
 
+TEST(CaptionRoom, AWindowWhoseLettersAreNotWhatIsTooHighKeepsThem) {
+  Window window({kLong});
+  auto* high = new QWidget;
+  high->setMinimumHeight(2 * window.screen()->availableSize().height());
+  window.layout()->addWidget(high);
+  const QFont natural = window.font();
+  window.ShowIt();
+  EXPECT_EQ(window.font(), natural);
+  window.buttons_.first()->setText(kLong + kLong);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.font(), natural);
+}
+
+TEST(CaptionRoom, LettersGetNoSmallerThanCanBeRead) {
+  Window window(QStringList(30, QString(9, u'W')));
+  const qreal natural = window.font().pointSizeF();
+  window.ShowIt();
+  EXPECT_LT(window.font().pointSizeF(), natural);
+  EXPECT_GE(window.font().pointSizeF(), natural * kSmallestScale);
+}
+
+TEST(CaptionRoom, ATitleThatIsCutStandsInTheFramesToolTip) {
+  CaptionBox frame(u"Anzeigedauer in Sekunden"_s);
+  frame.resize(30, 60);
+  frame.show();
+  const auto tool_tip = [&frame] {
+    QToolTip::hideText();  // takes its time
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
+    QHelpEvent help(QEvent::ToolTip, {1, 1}, frame.mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(&frame, &help);
+    return QToolTip::text();
+  };
+  EXPECT_EQ(tool_tip(), frame.title());
+  frame.resize(900, 60);
+  EXPECT_EQ(tool_tip(), QString());
+}
+
 TEST(CaptionRoom, AFrameIsAsWideAsItsTitleUnlessThatIsVeryLong) {
   CaptionBox frame(u"Anzeigedauer in Sekunden"_s);
   EXPECT_GE(frame.minimumSizeHint().width(), frame.fontMetrics().horizontalAdvance(frame.title()));
@@ -137,13 +177,14 @@ TEST(CaptionRoom, AnOptionTakesTheLinesOfItsCaption) {
 }
 
 // What "M" looks like beside a button that has no room for its caption, and alone.
-QImage PictureOfM(const QString& beside, const QFont& font) {
+QImage PictureOfM(const QString& beside, const QFont& font, bool is_hidden = false, int y = 0) {
   QWidget row;
   CaptionButton button(u"M"_s, &row);
   button.setGeometry(0, 0, 90, 40);
   button.setFont(font);
   CaptionButton other(beside, &row);
-  other.setGeometry(90, 0, 90, 40);
+  other.setGeometry(90, y, 90, 40);
+  other.setHidden(is_hidden);
   return button.grab().toImage();
 }
 
@@ -157,6 +198,9 @@ TEST(CaptionRoom, WhereAButtonCannotGrowTheLettersOfItsWholeRowGetSmaller) {
   smaller.setPointSizeF(smaller.pointSizeF() * scale);
   EXPECT_NE(PictureOfM(tight, lone.font()), PictureOfM(u"OK"_s, lone.font()));
   EXPECT_EQ(PictureOfM(tight, lone.font()), PictureOfM(u"OK"_s, smaller));
+  // One that is hidden or stands in another row does not count.
+  EXPECT_EQ(PictureOfM(tight, lone.font(), true), PictureOfM(u"OK"_s, lone.font()));
+  EXPECT_EQ(PictureOfM(tight, lone.font(), false, 50), PictureOfM(u"OK"_s, lone.font()));
 }
 
 }  // namespace

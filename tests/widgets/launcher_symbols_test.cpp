@@ -101,4 +101,8 @@ TEST(LauncherSymbolsTest, AColourThatCannotBeReadKeepsItsHue) {
   EXPECT_LT(on_light.lightness(), QColor(255, 230, 90).lightness());
 }
 
+TEST(LauncherSymbolsTest, WhereNoColourCanBeReadItIsBlackOrWhite) {
+  EXPECT_EQ(ReadableOn({Qt::white, Qt::black, Qt::red}, Qt::red), QColor(Qt::white));
+}
+
 }  // namespace

@@ -102,6 +102,22 @@ TEST_F(MessageBoxes, AShortRemedyStandsOnOneLine) {
   });
 }
 
+TEST_F(MessageBoxes, OnlyAQuestionGivesWayToTheSaveQuestion) {
+  QMessageBox told(QMessageBox::Information, u"Told"_s, u"A message"_s, QMessageBox::Ok, &window_);
+  QMessageBox asked(QMessageBox::Question, u"Asked"_s, u"A question"_s, QMessageBox::Ok, &window_);
+  told.show();
+  asked.show();
+  bool is_told = false;
+  bool is_asked = true;
+  const BoxLook look([&](QMessageBox& /*box*/) {
+    is_told = told.isVisible();
+    is_asked = asked.isVisible();
+  });
+  EXPECT_EQ(AskToSave(&window_), SaveAnswer::kCancel);
+  EXPECT_TRUE(is_told);
+  EXPECT_FALSE(is_asked);
+}
+
 TEST_F(MessageBoxes, AMessageWithoutARemedyIsAsItWas) {
   const BoxLook look([](QMessageBox& box) {
     EXPECT_EQ(box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_s), nullptr);
