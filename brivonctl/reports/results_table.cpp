@@ -27,7 +27,7 @@ QStringList Broken(const QString& text, int columns) {
     if (!line.isEmpty()) line += u' ';
     line += word;
   }
-  lines.append(line);
+  if (!line.isEmpty()) lines.append(line);
   return lines;
 }
 

@@ -14,6 +14,7 @@
 
 #include "base/files.h"
 #include "base/folder_of_files.h"
+#include "support/as_nobody.h"
 
 using namespace Qt::StringLiterals;
 
@@ -215,16 +216,7 @@ TEST_F(LeftOverFiles, OfSomebodyElseStayUnlessTheFileIsTheirs) {
 
 TEST_F(LeftOverFiles, ThatMayNotBeWrittenStayAndTheFileIsSaved) {
   ASSERT_EQ(chmod(QFile::encodeName(folder_.path()).constData(), 0777), 0);
-  // The superuser may write everything, so the file is saved as somebody else.
-  const bool is_superuser = geteuid() == 0;
-  if (is_superuser) {
-    ASSERT_EQ(seteuid(65534), 0);
-  }
-  const auto return_rights = qScopeGuard([is_superuser] {
-    if (is_superuser) {
-      EXPECT_EQ(seteuid(0), 0);
-    }
-  });
+  const AsNobody as_nobody;
   WriteOld("a.msg.~brivon-QxAdPk~", "ne");
   ASSERT_EQ(chmod(NativePath("a.msg.~brivon-QxAdPk~").constData(), 0444), 0);
   EXPECT_EQ(NamesAfterASave(), (QStringList{u"a.msg"_s, u"a.msg.~brivon-QxAdPk~"_s}));

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "reports/json_events.h"
+#include "reports/json_report.h"
 #include "support/text.h"
 #include "usage/json_line.h"
 
@@ -45,6 +46,29 @@ TEST(JsonEvents, AStartSaysWhatIsSentToWhom) {
                         true}),
             R"({"event":"start","version":1,"action":"send schedule","file":"/tmp/a.sch",)"
             R"("sha256":"ef","letter":"B","panels":[1],"link":"serial","dry_run":true})");
+}
+
+TEST(JsonEvents, EveryActionHasItsName) {
+  const auto action = [](Action action) { return ActionName(action).toStdString(); };
+  EXPECT_EQ(action(Action::kSendPage), "send page");
+  EXPECT_EQ(action(Action::kSendSchedule), "send schedule");
+  EXPECT_EQ(action(Action::kSendScrolling), "send scrolling");
+  EXPECT_EQ(action(Action::kPoll), "poll");
+  EXPECT_EQ(action(Action::kRunPage), "run");
+  EXPECT_EQ(action(Action::kDeletePage), "delete");
+  EXPECT_EQ(action(Action::kDeleteAll), "delete-all");
+  EXPECT_EQ(action(Action::kSetClock), "clock");
+}
+
+TEST(JsonEvents, ThatTheLastBytesLeaveIsNoStep) {
+  JsonReport report(false);
+  testing::internal::CaptureStdout();
+  report.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1}});
+  report.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1, .milliseconds_left = 0}});
+  report.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1, .milliseconds_left = 70}});
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            R"({"event":"row","panel":4,"row":2,"rows":12,"attempt":1,"attempts":5})"
+            "\n");
 }
 
 TEST(JsonEvents, AStepIsARowWhereItIsOneOfAPage) {

@@ -132,7 +132,7 @@ TEST(BrivonctlJson, AWholeTransmissionThatIsRepeatedIsToldAsARetry) {
   EXPECT_TRUE(person.errors.contains("\nID001 ok ")) << person.errors.toStdString();
 }
 
-TEST(BrivonctlJson, WithFewDescriptorsFewerLinesAreInProgressAndAllAreServed) {
+TEST(BrivonctlJson, WithFewDescriptorsAllPanelsAreServed) {
   Site site(12);
   struct Few {
     const char* descriptors;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSerialPort>
 
 #include "program_fixture.h"
@@ -81,23 +82,24 @@ TEST_F(ProgramTest, LetsNobodyAnswerTheClock) {
 }
 
 TEST_F(ProgramTest, AnswersOnASerialPort) {
-  const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
   ASSERT_GE(master, 0);
+  const auto closed = qScopeGuard([master] { ::close(master); });
   ASSERT_EQ(::grantpt(master), 0);
   ASSERT_EQ(::unlockpt(master), 0);
   const QString device = QString::fromLocal8Bit(::ptsname(master));
   Start({u"--headless"_s, u"--serial"_s, device, u"--baud"_s, u"19200"_s});
   EXPECT_EQ(output_, u"serial %1 at 19200 baud\nready\n"_s.arg(device));
   ASSERT_EQ(::write(master, "<ID01><?>\r\n", 11), 11);
-  char answer[8] = {};
-  for (std::size_t size = 0; size < sizeof answer;) {
-    const ssize_t count = ::read(master, answer + size, sizeof answer - size);
-    ASSERT_GT(count, 0);
-    size += static_cast<std::size_t>(count);
-  }
-  EXPECT_EQ(QByteArrayView(answer, 8), "<ID01>\r\n");
+  QByteArray answer;
+  EXPECT_TRUE(WaitUntil([&] {
+    char bytes[64];
+    const ssize_t count = ::read(master, bytes, sizeof bytes);
+    if (count > 0) answer.append(bytes, count);
+    return answer.size() >= 8;
+  }));
+  EXPECT_EQ(answer, "<ID01>\r\n");
   EXPECT_EQ(Terminate(), 0);
-  ::close(master);
 }
 
 TEST_F(ProgramTest, WithoutADisplayThereIsNoWindow) {

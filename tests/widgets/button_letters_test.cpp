@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QTest>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -41,7 +42,11 @@ class LettersOfButtons : public testing::Test {
   }
 
   /// What a tool tip shows, which may be written as HTML.
-  static QString Shown(const QString& tool_tip) { return Brivon1::ShownByToolTip(tool_tip); }
+  static QString Shown(const QString& tool_tip) {
+    QTextDocument document;
+    Qt::mightBeRichText(tool_tip) ? document.setHtml(tool_tip) : document.setPlainText(tool_tip);
+    return document.toPlainText();
+  }
 
   QWidget window_;
 };

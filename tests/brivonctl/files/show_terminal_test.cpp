@@ -69,6 +69,7 @@ TEST_F(ShowTerminal, OneThatShowsNoBlocksGetsLetters) {
   const std::string cut = ".gg\r\n..g\r\n..g\r\n..g >\r\n..g\r\n..g\r\n.gg\r\n...\r\n";
   EXPECT_EQ(ShownIn(5, {"TERM=dumb", "LC_ALL=C.UTF-8"}), cut);
   EXPECT_EQ(ShownIn(5, {"TERM=xterm", "LC_ALL=C"}), cut);
+  EXPECT_EQ(ShownIn(5, {"TERM=xterm", "LC_ALL=xx_YY.UTF-8"}), cut);  // which nobody has installed
   EXPECT_EQ(ShownIn(5, {"LC_ALL=C.UTF-8"}), cut);
 }
 
