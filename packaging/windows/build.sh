@@ -16,6 +16,8 @@ export SOURCE_DATE_EPOCH
 # The compiler's options take no path with a blank, which that of the sources may have.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+# Where there is a compiler's cache, it knows the sources again in any folder.
+export CCACHE_BASEDIR=$work
 folder=$work/$name
 mkdir -p "$work/source" build/packages
 git archive HEAD | tar -x -C "$work/source"
@@ -28,7 +30,9 @@ packaging/windows/folder.sh "$work/source" "$work/build" "$folder"
 (
   cd "$work"
   find "$name" -type f | LC_ALL=C sort >files
-  cmake -E tar cf "$name.zip" --format=zip "--mtime=@$SOURCE_DATE_EPOCH" --files-from=files
+  # The archive holds local times.
+  TZ=UTC cmake -E tar cf "$name.zip" --format=zip --files-from=files \
+    "--mtime=$(date -u -d "@$SOURCE_DATE_EPOCH" '+%Y-%m-%d %H:%M:%S UTC')"
 )
 mv "$work/$name.zip" build/packages/
 ls -l "build/packages/$name.zip"
