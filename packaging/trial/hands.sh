@@ -1,5 +1,5 @@
-# An operator's hands and eyes on a display, to be sourced behind steps.sh. Pictures go into the folder
-# `pictures` of the caller.
+# An operator's hands and eyes on a display, to be sourced behind steps.sh. Pictures go into the
+# folder `pictures` of the caller.
 # shellcheck shell=bash
 
 # Waits until the window of that title has the keyboard.

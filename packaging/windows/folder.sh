@@ -29,6 +29,10 @@ cp /usr/share/qt6/translations/qtbase_*.qm "$folder/translations"
 printf '[Paths]\r\nPrefix=.\r\nPlugins=.\r\nTranslations=translations\r\n' >"$folder/qt.conf"
 
 cp -R "$build/manual" "$source/samples/." "$folder"
+# Its examples name the ports as they are called here.
+sed -i 's|/dev/ttyS1 |COM2 |; s|^;Com2=/dev/ttyUSB0|;Com2=COM12|; \|^;Com3=/dev/|d' \
+  "$folder/brivon.ini"
+if grep -n /dev/ "$folder/brivon.ini" >&2; then exit 1; fi
 for text in LICENSE LICENSES.md CHANGELOG.md; do
   sed 's/$/\r/' "$source/$text" >"$folder/$text.txt"
 done

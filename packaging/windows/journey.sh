@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Goes an operator's way with the programs for Windows, under Wine on a virtual display: unpacks the
-# archive of build.sh (or copies the folder $1, as folder.sh lays it out), presses keys, sends pages over TCP and over
-# a serial line to the virtual panel, and reads in its record what has arrived. The pictures of the
-# way go into build/windows_pictures/. Takes some minutes.
+# archive of build.sh (or copies the folder $1, as folder.sh lays it out), presses keys, sends pages
+# over TCP and over a serial line to the virtual panel, reads in its record what has arrived, and
+# logs off. The pictures of the way go into build/windows_pictures/. Takes a minute or two.
 set -euo pipefail
 [ -z "${1:-}" ] || given=$(realpath "$1")
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
@@ -207,10 +207,33 @@ step "the panel is ready at COM13" start_panel --serial COM13
 step "brivonctl names the port" eval 'says brivonctl.exe list | grep -F COM12'
 step "brivonctl sends a page" ctl_sends send page 'messages\lane_closed.msg' --page 9
 step "the panel has it" soon row_arrived 9 "<SC><CA>LANE 2 CLOSED "
-step "brivonctl sends a scrolling message" ctl_sends send scrolling 'messages\roadworks.srl' --line 2
+step "brivonctl sends a scrolling message" ctl_sends send scrolling 'messages\roadworks.srl' \
+  --line 2
 step "the panel has it" soon scrolls
 start_brivon
 send_welcome 8
 end_brivon
 step "the panel ends when it is told to" end_panel
+
+echo "-- the operator logs off"
+start_brivon
+step "\"Message\" opens the page editor" opens alt+m "Message Editor"
+editor=$(xdotool getactivewindow || true)
+step "\"New\" asks for the size" opens ctrl+n "New"
+press Return
+step "and leads back" window "Message Editor"
+write "Not saved"
+wine wineboot --end-session >/dev/null 2>&1 &
+step "what is not saved is asked about" soon message_has_keyboard "Message Editor" "$editor"
+picture log_off
+press Escape
+step "\"Cancel\" leads back" soon dialog_has_keyboard "Message Editor" "$editor"
+step "and Brivon goes on" not ended "$brivon"
+wine wineboot --end-session >/dev/null 2>&1 &
+step "it asks once more" soon message_has_keyboard "Message Editor" "$editor"
+press alt+n
+step "\"No\" lets Brivon end" soon ended "$brivon"
+# The system has ended it.
+wait "$brivon" 2>/dev/null || true
+step "the page is not saved" not test -e NEW.MSG
 no_step_failed
