@@ -1,6 +1,7 @@
 #include "brivonctl/list_panels.h"
 
 #include <QByteArrayList>
+#include <QDir>
 
 #include "base/code_page.h"
 #include "orders/order.h"
@@ -60,16 +61,16 @@ void PrintTable(const Configuration& configuration) {
             (address.isEmpty() ? u"no address"_s : Harmless(address)) + u'\n';
   }
   if (text.isEmpty()) text = u"no panel is configured\n"_s;
-  PrintText(Stream::kOutput, u"folder: "_s + Harmless(Brivon1::ProgramFolder()) + u'\n' +
-                                 Harmless(LinkText(configuration)) +
-                                 u", delay period %1 ms\n"_s.arg(configuration.delay_period) +
-                                 text);
+  PrintText(Stream::kOutput,
+            u"folder: "_s + Harmless(QDir::toNativeSeparators(Brivon1::ProgramFolder())) + u'\n' +
+                Harmless(LinkText(configuration)) +
+                u", delay period %1 ms\n"_s.arg(configuration.delay_period) + text);
 }
 
 void PrintEvents(const Configuration& configuration) {
   JsonLine link;
   link.Add("event", u"start"_s).Add("version", kJsonVersion).Add("action", u"list"_s);
-  link.Add("folder", Brivon1::ProgramFolder());
+  link.Add("folder", QDir::toNativeSeparators(Brivon1::ProgramFolder()));
   link.Add("link", ModeName(configuration.Mode()));
   link.Add("device", Brivon1::SerialDevice(configuration, configuration.com_port));
   link.Add("baud_rate", configuration.baud_rate).Add("delay_period", configuration.delay_period);

@@ -6,6 +6,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . ./steps.sh
+. ./hands.sh
 
 visit=$1
 pictures=$2
@@ -36,40 +37,10 @@ from_menu() {
   exec "${command[@]}" "${@:2}"
 }
 
-# Waits until the window of that title has the keyboard.
-window() { soon has_keyboard "$1"; }
-has_keyboard() { [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "$1" ]; }
-
-press() { xdotool key --delay 60 "$@"; }
-# opens KEY TITLE: presses the key that opens the window of that title, and once more where it was
-# lost because the program had yet to hear that its window has the keyboard.
-opens() {
-  local from
-  from=$(xdotool getactivewindow getwindowname)
-  for _ in 1 2; do
-    if has_keyboard "$from"; then press "$1"; fi
-    if window "$2"; then return 0; fi
-  done
-  return 1
-}
-write() { xdotool type --delay 30 "$1"; }
-picture() { scrot --overwrite "$pictures/$1.png"; }
-
-desktop_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
-# The message of a dialog has its title too, but is another window.
-message_has_keyboard() {
-  windows_called "$1" 2 && [ "$(xdotool getactivewindow 2>/dev/null)" != "$dialog" ]
-}
-dialog_has_keyboard() {
-  windows_called "$1" 1 && [ "$(xdotool getactivewindow 2>/dev/null)" = "$dialog" ]
-}
-windows_called() { [ "$(xdotool search --onlyvisible --name "^$1\$" | wc -l)" -eq "$2" ]; }
 said_ready() { grep -qx ready "$HOME/panel-says"; }
 has_opened() { [ -f "$opened" ] && [ "$(tail -n 1 "$opened")" = "$1" ]; }
-file_is() { [ -f "$1" ] && cmp "$1" <(printf '%b' "$2"); }
 # The first row of a page that panel 1 holds.
 row_arrived() { [ "$(jq -r ".panels[0].pages[\"$1\"][\"1\"]" "$record")" = "$2" ]; }
-ended() { ! kill -0 "$1" 2>/dev/null; }
 brivonctl_names_folder() { [ "$(brivonctl list | head -n 1)" = "folder: $folder" ]; }
 
 as_installed() {
@@ -118,10 +89,10 @@ first_page() {
   write "7"
   press ctrl+Return
   step "the panel has the page" soon row_arrived 7 "<SA><CA>Hello, everyone "
-  step "a message says so" soon message_has_keyboard "Send Message"
+  step "a message says so" soon message_has_keyboard "Send Message" "$dialog"
   picture page_sent
   press Return
-  step "the message is closed" soon dialog_has_keyboard "Send Message"
+  step "the message is closed" soon dialog_has_keyboard "Send Message" "$dialog"
   press Escape
   step "the dialog is closed" window "Message Editor"
   press Escape
