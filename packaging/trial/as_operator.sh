@@ -59,7 +59,7 @@ step "it has a desktop" soon desktop_runs
 from_menu org.brivon.VirtualPanel --state "$record" >"$HOME/panel-says" 2>&1 &
 panel=$!
 step "the menu's virtual panel is ready" soon said_ready
-step "it has its window" window "Virtual panel"
+step "it has its window" soon windows_called "Virtual panel" 1
 
 from_menu org.brivon.Brivon >"$HOME/brivon-says" 2>&1 &
 brivon=$!
