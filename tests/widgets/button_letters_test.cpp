@@ -6,12 +6,12 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QTest>
-#include <QTextDocument>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
 
 #include "base/tool_tip_text.h"
+#include "support/shown_text.h"
 #include "widgets/caption_button.h"
 
 using namespace Qt::StringLiterals;
@@ -41,13 +41,6 @@ class LettersOfButtons : public testing::Test {
     return QToolTip::text();
   }
 
-  /// What a tool tip shows, which may be written as HTML.
-  static QString Shown(const QString& tool_tip) {
-    QTextDocument document;
-    Qt::mightBeRichText(tool_tip) ? document.setHtml(tool_tip) : document.setPlainText(tool_tip);
-    return document.toPlainText();
-  }
-
   QWidget window_;
 };
 
@@ -65,7 +58,7 @@ TEST_F(LettersOfButtons, AToolTipThatLooksLikeMarkupIsShownLetterByLetter) {
   save->setToolTip(Brivon1::ToolTipText(u"a <b>bold</b> name"_s, Brivon1::LongLines::kWhole));
   Show();
   EXPECT_EQ(save->accessibleDescription(), u"a <b>bold</b> name\nAlt+S"_s);
-  EXPECT_EQ(Shown(ToolTipOf(save)), u"a <b>bold</b> name\nAlt+S"_s);
+  EXPECT_EQ(ShownText(ToolTipOf(save)), u"a <b>bold</b> name\nAlt+S"_s);
 }
 
 TEST_F(LettersOfButtons, ACutCaptionThatLooksLikeMarkupIsShownLetterByLetter) {
@@ -74,8 +67,8 @@ TEST_F(LettersOfButtons, ACutCaptionThatLooksLikeMarkupIsShownLetterByLetter) {
   save->resize(60, 30);
   Show();
   ASSERT_FALSE(save->Fit().complete);
-  EXPECT_EQ(Shown(ToolTipOf(save)), save->text() + u"\n<i>Ctrl+S</i>\n"_s +
-                                        save->shortcut().toString(QKeySequence::NativeText));
+  EXPECT_EQ(ShownText(ToolTipOf(save)), save->text() + u"\n<i>Ctrl+S</i>\n"_s +
+                                            save->shortcut().toString(QKeySequence::NativeText));
 }
 
 TEST_F(LettersOfButtons, AWindowsKeyThatIsNoLetterTakesNone) {

@@ -4,26 +4,15 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QSignalSpy>
-#include <QTextDocument>
 
 #include <gtest/gtest.h>
 
 #include "support/led_of.h"
+#include "support/shown_text.h"
 #include "support/wait_until.h"
 #include "window/panel_window.h"
 
 namespace VirtualPanel {
-
-// What a tool tip of this text says when it is shown.
-inline QString ShownText(const QString& tool_tip) {
-  QTextDocument document;
-  if (Qt::mightBeRichText(tool_tip)) {
-    document.setHtml(tool_tip);
-  } else {
-    document.setPlainText(tool_tip);
-  }
-  return document.toPlainText();
-}
 
 /// What the label shows: its text without what the toolkit takes for markup in it.
 inline QString Shown(QLabel* label) {
