@@ -142,7 +142,7 @@ class RealCase {
 
     if (fault_ == LineFault::kCloseAfter && line_ == LineKind::kSerial) {
       // The port goes once its last answer has been read.
-      EXPECT_TRUE(QTest::qWaitFor([&] { return !bench_.Pty().IsPlugged(); }));
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !bench_.Port().IsPlugged(); }));
     }
     hasty_.HurryTicks(false);
     hasty_.HurryConnecting(true);
