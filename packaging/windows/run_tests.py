@@ -13,13 +13,15 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import sys
+import tempfile
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
-LONGEST = 900  # seconds, of a whole program
+LONGEST = 300  # seconds, of a whole program
 LONGEST_LEFT_OUT = 60
 
 Program = collections.namedtuple("Program", "name path environment")
@@ -113,14 +115,20 @@ class Wine:
     def run(self, program, longest, *options):
         """What the program says, and how it ends; None where it does not."""
         command = ["wine", program.path, "--gtest_color=no", *options]
-        try:
-            done = subprocess.run(
-                command, env=self.environment | program.environment, timeout=longest,
-                cwd=os.path.dirname(program.path), stdin=subprocess.DEVNULL, capture_output=True)
-        except subprocess.TimeoutExpired as hung:
-            return (hung.stdout or b"").decode(errors="replace"), None
-        said = (done.stdout + done.stderr).decode(errors="replace")
-        return said.replace("\r\n", "\n"), done.returncode
+        # A file, since whoever a hung program has started would hold a pipe open.
+        with tempfile.TemporaryFile() as output:
+            process = subprocess.Popen(
+                command, env=self.environment | program.environment, stdin=subprocess.DEVNULL,
+                cwd=os.path.dirname(program.path), stdout=output, stderr=subprocess.STDOUT,
+                start_new_session=True)
+            try:
+                status = process.wait(longest)
+            except subprocess.TimeoutExpired:
+                os.killpg(process.pid, signal.SIGKILL)
+                process.wait()
+                status = None
+            output.seek(0)
+            return output.read().decode(errors="replace").replace("\r\n", "\n"), status
 
 
 def tests_of(said, result):
