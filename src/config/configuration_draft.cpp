@@ -1,5 +1,6 @@
 #include "config/configuration_draft.h"
 
+#include <QDir>
 #include <QStringList>
 
 #include "base/code_page.h"
@@ -120,7 +121,7 @@ QString ConfigurationRemedy(SaveResult result, const QString& reason, const QStr
     case SaveResult::kLocked:
       return why(TranslateMessage(
                      u"Press \"%1\" again. If no other program is saving it, delete %2 first."_s)
-                     .arg(button, FileLock(ConfigurationPath()).Path()));
+                     .arg(button, QDir::toNativeSeparators(FileLock(ConfigurationPath()).Path())));
   }
   return {};
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QDir>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -27,7 +28,7 @@ QString DraggedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   if (urls.size() != 1 || !urls.first().isLocalFile()) return {};
   if (!event.possibleActions().testFlag(Qt::CopyAction)) return {};
-  const QString path = urls.first().toLocalFile();
+  const QString path = QDir::toNativeSeparators(urls.first().toLocalFile());
   return QFileInfo(path).isFile() ? path : QString();
 }
 

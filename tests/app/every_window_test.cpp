@@ -1,6 +1,4 @@
 // The captions of every window that there is.
-#include <sys/stat.h>
-
 #include <functional>
 #include <memory>
 #include <optional>
@@ -27,6 +25,7 @@
 #include "schedule/frmDelay.h"
 #include "schedule/frmSchedule.h"
 #include "schedule/frmSendSch.h"
+#include "support/pipe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -168,8 +167,7 @@ TEST_P(EveryWindowTest, CaptionsOf200CharactersMakeNoWindowWiderThanTheScreen) {
 TEST_P(EveryWindowTest, WithTheFlagClearTheFileIsNeverOpened) {
   folder_.Write(Text("brivon.ini"), "[Dimension Config]\r\nID001=4x96,Mono\r\n");
   // A reader would wait for ever at this pipe.
-  const QByteArray path = QFile::encodeName(folder_.Path(Text("langSetting.INI")));
-  ASSERT_EQ(mkfifo(path.constData(), 0600), 0);
+  ASSERT_TRUE(MakePipe(folder_.Path(Text("langSetting.INI"))));
   ModuleLanguage::SetLanguageActive(false);
   const auto window = GetParam().create();
   EXPECT_FALSE(ModuleLanguage::IsLanguageActive());

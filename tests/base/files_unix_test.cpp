@@ -96,7 +96,7 @@ TEST_F(UnixFiles, ASaveIntoAFolderWithoutPermissionIsAnInvalidPathAndKeepsTheOld
   EXPECT_EQ(Names(), QStringList{u"a.msg"_s});
 }
 
-constexpr rlim_t kRoom = 4096;
+constexpr qint64 kRoom = 4096;
 
 TEST_F(UnixFiles, ASaveOntoAFullDiskKeepsTheOldFileWholeAndLeavesNothingBeside) {
   const QString file = Write("a.msg", "old");

@@ -3,7 +3,6 @@
 #include "orders/crew.h"
 
 #include <pthread.h>
-#include <sys/resource.h>
 
 #include <map>
 #include <set>
@@ -167,18 +166,6 @@ TEST_F(CrewTest, WithoutAThreadItIsEmptyAndNothingIsSent) {
   EXPECT_TRUE(queue.TakeAll().empty());
 }
 #endif
-
-TEST(EventQueue, WithoutADescriptorItIsNotOpen) {
-  EXPECT_TRUE(EventQueue().IsOpen());
-  rlimit usual = {};
-  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
-  rlimit none = usual;
-  none.rlim_cur = 0;
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-  const EventQueue queue;
-  ::setrlimit(RLIMIT_NOFILE, &usual);
-  EXPECT_FALSE(queue.IsOpen());
-}
 
 }  // namespace
 }  // namespace BrivonCtl

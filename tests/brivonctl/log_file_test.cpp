@@ -1,7 +1,5 @@
 #include "reports/log_file.h"
 
-#include <sys/stat.h>
-
 #include <cerrno>
 #include <set>
 #include <thread>
@@ -11,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include "support/pipe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,14 +58,17 @@ TEST_F(LogFileTest, AFileThatWasMovedAwayIsMadeAnew) {
   EXPECT_EQ(Content(), "two\n");
 }
 
-TEST_F(LogFileTest, AFolderAPipeAndAFileInNoFolderAreNoLogs) {
+TEST_F(LogFileTest, AFolderAndAFileInNoFolderAreNoLogs) {
   LogFile folder(folder_.path());
   EXPECT_FALSE(folder.Check());
   EXPECT_EQ(folder.ErrorText(), folder_.path() + u": "_s + qt_error_string(EISDIR));
   LogFile nowhere(folder_.filePath(u"no/log"_s));
   EXPECT_FALSE(nowhere.Check());
   EXPECT_EQ(nowhere.ErrorText(), folder_.filePath(u"no/log: "_s) + qt_error_string(ENOENT));
-  ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
+}
+
+TEST_F(LogFileTest, APipeIsNoLog) {
+  ASSERT_TRUE(MakePipe(Path()));
   LogFile pipe(Path());
   EXPECT_FALSE(pipe.Check());
   EXPECT_EQ(pipe.ErrorText(), Path() + u": no ordinary file"_s);

@@ -9,9 +9,11 @@
 #include <QList>
 #include <QString>
 
+#include <gtest/gtest.h>
+
 #include "engine/panel_engine.h"
-#include "lines/pty_line.h"
 #include "lines/tcp_line.h"
+#include "support/panel_port.h"
 #include "support/program_folder.h"
 #include "support/wait_until.h"
 
@@ -84,9 +86,9 @@ class Site : public SiteFolder {
 /// Panels 1 to 3 at one line: a TCP port, or a pseudo-terminal.
 class OneLine : public SiteFolder {
  public:
-  explicit OneLine(bool is_serial) : tcp_(&engine_), pty_(&engine_) {
+  explicit OneLine(bool is_serial) : tcp_(&engine_), port_(&engine_) {
     const QString device = Folder().Path(QStringLiteral("panel-line"));
-    if (is_serial ? !pty_.Open(device) : !tcp_.Listen()) qFatal("cannot open the line");
+    EXPECT_TRUE(is_serial ? port_.Open(device) : tcp_.Listen()) << "the line cannot be opened";
     Folder().Configure(
         "[Dimension Config]\r\n" + Entry(1, tcp_.Port()) + Entry(2, tcp_.Port()) +
         Entry(3, tcp_.Port()) + "[Communication]\r\nSendMode=" + (is_serial ? "RS232" : "TCPIP") +
@@ -96,15 +98,15 @@ class OneLine : public SiteFolder {
   void Fail(const VirtualPanel::Faults& faults) { engine_.SetFaults(faults); }
 
   /// As an adapter that is pulled.
-  void Unplug() { pty_.Unplug(); }
+  void Unplug() { port_.Unplug(); }
 
   /// Whether nobody holds the line open any more; waits for it.
   bool IsReleased() {
-    return WaitUntil([this] { return tcp_.ConnectionCount() == 0 && !pty_.IsInUse(); });
+    return WaitUntil([this] { return tcp_.ConnectionCount() == 0 && !port_.IsInUse(); });
   }
 
  private:
   VirtualPanel::PanelEngine engine_{{{1, 2, 96, true}, {2, 2, 96, true}, {3, 2, 96, true}}};
   VirtualPanel::TcpLine tcp_;
-  VirtualPanel::PtyLine pty_;
+  PanelPort port_;
 };

@@ -1,7 +1,4 @@
 // The configuration dialog's OK and Cancel: what is written, kept and reported.
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <functional>
 #include <map>
 #include <random>
@@ -13,7 +10,6 @@
 
 #include "config/config_dialog.h"
 #include "store/configuration_store.h"
-#include "support/as_nobody.h"
 #include "support/full_disk.h"
 
 using namespace Qt::StringLiterals;
@@ -224,54 +220,6 @@ TEST_F(ConfigDialogTest, AFileThatIsNotReadWholeIsNeverReplaced) {
   ExpectOneBox("Invalid path!");
   EXPECT_TRUE(window_->isVisible());
   EXPECT_EQ(File(), large);
-}
-
-TEST_F(ConfigDialogTest, AFolderWithoutPermissionIsReportedAndTheDialogStaysOpen) {
-  Open(kTwoPanels);
-  Click("opt9600");
-  const QByteArray folder = QFile::encodeName(QFileInfo(folder_.Path(Text("x"))).path());
-  ASSERT_EQ(chmod(folder.constData(), 0555), 0);
-  // The superuser may write everywhere, so the save is done as somebody else.
-  const bool is_superuser = geteuid() == 0;
-  if (is_superuser) {
-    ASSERT_EQ(seteuid(65534), 0);
-  }
-  Click("butOK");
-  if (is_superuser) {
-    ASSERT_EQ(seteuid(0), 0);
-  }
-  ASSERT_EQ(chmod(folder.constData(), 0755), 0);
-  ExpectOneBox("Invalid path!");
-  EXPECT_EQ(reader_.Seen().first().informative,
-            folder_.Path(Text("brivon.ini")) +
-                Text(": Permission denied\nMake sure that this file can be read and written, then "
-                     "press \"OK\" again."));
-  EXPECT_TRUE(window_->isVisible());
-  EXPECT_TRUE(Option("opt9600")->isChecked());
-  EXPECT_EQ(File(), kTwoPanels);
-}
-
-TEST_F(ConfigDialogTest, AFileThatMayNotBeWrittenIsReadAndTheRefusedSaveNamesIt) {
-  folder_.Write(Text("brivon.ini"), kTwoPanels);
-  const QString path = folder_.Path(Text("brivon.ini"));
-  const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-  ASSERT_EQ(chmod(QFile::encodeName(path).constData(), 0444), 0);
-  ASSERT_EQ(chmod(folder.constData(), 0777), 0);
-  {
-    const AsNobody nobody;
-    Open();
-    EXPECT_EQ(Lines(), (QStringList{Text(kLine1), Text(kLine12)}));
-    Click("opt9600");
-    Click("butOK");
-  }
-  ExpectOneBox("Invalid path!");
-  EXPECT_EQ(reader_.Seen().first().informative,
-            path + Text(": Permission denied\nMake sure that this file can be read and written, "
-                        "then press \"OK\" again."));
-  EXPECT_TRUE(window_->isVisible());
-  EXPECT_EQ(File(), kTwoPanels);
-  EXPECT_EQ(QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden),
-            QStringList{Text("brivon.ini")});
 }
 
 TEST_F(ConfigDialogTest, AnEntryWhoseAddressIsOnlyItsColourWordIsWrittenWithTwoFieldsAsItWas) {

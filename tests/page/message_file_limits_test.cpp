@@ -1,6 +1,4 @@
 // Message files of any bytes and any size, and disks that take none.
-#include <sys/stat.h>
-
 #include <random>
 
 #include <QDir>
@@ -12,6 +10,7 @@
 #include "page/message_file_fixture.h"
 #include "support/bytes_read.h"
 #include "support/full_disk.h"
+#include "support/pipe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -53,8 +52,11 @@ TEST_F(MessageFile, WhatIsNoFileIsRefused) {
   EXPECT_FALSE(LoadMessageFile(Path() + u"/below a file.msg"_s));
   EXPECT_FALSE(LoadMessageFile(u"/dev/zero"_s));
   EXPECT_FALSE(LoadMessageFile(u"/proc/self/mem"_s));
+}
+
+TEST_F(MessageFile, APipeIsRefused) {
   const QString pipe = Path(u"pipe.msg"_s);
-  ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+  ASSERT_TRUE(MakePipe(pipe));
   EXPECT_FALSE(LoadMessageFile(pipe));  // nobody writes: opening it would wait for ever
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
 #include <QString>
 #include <QTemporaryDir>
@@ -39,7 +40,9 @@ class ScheduleFile : public testing::Test {
     return content;
   }
 
-  QString Path(const QString& name = QStringLiteral("week.sch")) { return folder_.filePath(name); }
+  QString Path(const QString& name = QStringLiteral("week.sch")) {
+    return QDir::toNativeSeparators(folder_.filePath(name));
+  }
 
   QString Write(const QByteArray& content, const QString& name = QStringLiteral("week.sch")) {
     QFile file(Path(name));

@@ -128,7 +128,7 @@ TEST_P(RealLine, ALineLostAfterTheLastAnswerHasSentEveryRow) {
   SendDialog dialog = Open();
   EXPECT_EQ(dialog.Send(), QStringList{kFinished});
   EXPECT_EQ(bench_.Engine().Page(26, 1).size(), 4);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench_.Pty().IsPlugged(); }));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !bench_.Port().IsPlugged(); }));
   ExpectTheNextSendWorks(dialog);
 }
 

@@ -34,7 +34,7 @@ void Bench::Configure(quint16 tcp_port, int delay_period) {
 }
 
 PanelBench::PanelBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels)
-    : Bench(kind, panels), tcp_(&Engine()), pty_(&Engine()) {
+    : Bench(kind, panels), tcp_(&Engine()), port_(&Engine()) {
   PlugIn();
   Configure();
 }
@@ -42,12 +42,12 @@ PanelBench::PanelBench(LineKind kind, const QList<VirtualPanel::PanelDescription
 void PanelBench::Unplug() {
   tcp_port_ = tcp_.Port();
   tcp_.Close();
-  pty_.Unplug();
+  port_.Unplug();
 }
 
 void PanelBench::PlugIn() {
   if (kind_ == LineKind::kSerial) {
-    if (!pty_.IsPlugged() && !pty_.Open(Device())) qFatal("cannot open a pseudo-terminal");
+    EXPECT_TRUE(port_.IsPlugged() || port_.Open(Device())) << "no pseudo-terminal";
     return;
   }
   // Another program may have the freed port for a moment.
@@ -60,7 +60,7 @@ void PanelBench::PlugIn() {
 
 bool PanelBench::IsReleased() {
   return kind_ == LineKind::kTcp ? QTest::qWaitFor([this] { return tcp_.ConnectionCount() == 0; })
-                                 : QTest::qWaitFor([this] { return !pty_.IsInUse(); });
+                                 : QTest::qWaitFor([this] { return !port_.IsInUse(); });
 }
 
 void PanelBench::Configure(int delay_period) {

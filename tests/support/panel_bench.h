@@ -11,10 +11,10 @@
 #include <gtest/gtest.h>
 
 #include "engine/panel_engine.h"
-#include "lines/pty_line.h"
 #include "lines/tcp_line.h"
 #include "panel_line/panel_connection.h"
 #include "support/memory_line.h"
+#include "support/panel_port.h"
 #include "support/program_folder.h"
 #include "support/virtual_time.h"
 
@@ -59,7 +59,7 @@ class PanelBench : public Bench {
   PanelBench(LineKind kind, const QList<VirtualPanel::PanelDescription>& panels);
 
   VirtualPanel::TcpLine& Tcp() { return tcp_; }
-  VirtualPanel::PtyLine& Pty() { return pty_; }
+  const PanelPort& Port() const { return port_; }
 
   /// Cuts the line as a pulled plug does; makes it usable again.
   void Unplug();
@@ -72,7 +72,7 @@ class PanelBench : public Bench {
 
  private:
   VirtualPanel::TcpLine tcp_;
-  VirtualPanel::PtyLine pty_;
+  PanelPort port_;
   quint16 tcp_port_ = 0;  // any free one at first, the same one ever after
 };
 

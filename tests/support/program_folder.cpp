@@ -1,5 +1,6 @@
 #include "support/program_folder.h"
 
+#include <QDir>
 #include <QFile>
 
 #include "language/module_language.h"
@@ -15,7 +16,9 @@ TemporaryProgramFolder::~TemporaryProgramFolder() {
   Brivon1::SetProgramFolder(QString());
 }
 
-QString TemporaryProgramFolder::Path(const QString& name) const { return folder_.filePath(name); }
+QString TemporaryProgramFolder::Path(const QString& name) const {
+  return QDir::toNativeSeparators(folder_.filePath(name));
+}
 
 QString TemporaryProgramFolder::Write(const QString& name, const QByteArray& content) const {
   QFile file(Path(name));

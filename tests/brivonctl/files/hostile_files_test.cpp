@@ -1,6 +1,4 @@
 // Any bytes give a report, and what a reader accepts is accepted.
-#include <sys/stat.h>
-
 #include <random>
 
 #include "brivonctl/files/checked_files.h"
@@ -8,6 +6,7 @@
 #include "page/message_file.h"
 #include "schedule/schedule_file.h"
 #include "scrolling/scrolling_file.h"
+#include "support/pipe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -105,7 +104,7 @@ TEST_F(HostileFiles, TheLongestRowsGiveAReport) {
 
 TEST_F(HostileFiles, APipeIsNotWaitedFor) {
   const QString path = folder_.Path(u"pipe.msg"_s);
-  ASSERT_EQ(::mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+  ASSERT_TRUE(MakePipe(path));
   EXPECT_EQ(SaidOf(path),
             "pipe.msg: refused\n  error: this is a device or a pipe; a file was expected\n");
 }

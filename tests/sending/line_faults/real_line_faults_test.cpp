@@ -1,8 +1,6 @@
 // The faults of a line over lines that are really there, a TCP port on loopback and a
 // pseudo-terminal: a part of them, in which nobody waits for what does not come any more, and with
 // BRIVON_LINE_FAULTS=all in the environment every one in its own time.
-#include <sys/socket.h>
-
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTcpSocket>
@@ -12,6 +10,7 @@
 
 #include "panel_line/window_ports.h"
 #include "sending/line_faults/fault_checks.h"
+#include "support/abrupt_end.h"
 
 using namespace Qt::StringLiterals;
 
@@ -143,7 +142,7 @@ class RealCase {
 
     if (fault_ == LineFault::kCloseAfter && line_ == LineKind::kSerial) {
       // The port goes once its last answer has been read.
-      EXPECT_TRUE(QTest::qWaitFor([&] { return !bench_.Pty().IsPlugged(); }));
+      EXPECT_TRUE(QTest::qWaitFor([&] { return !bench_.Port().IsPlugged(); }));
     }
     hasty_.HurryTicks(false);
     hasty_.HurryConnecting(true);
@@ -199,9 +198,7 @@ class RealCase {
     switch (fault_) {
       case LineFault::kReset:
         for (const auto* socket : bench_.Tcp().findChildren<QTcpSocket*>()) {
-          const linger at_once{1, 0};
-          ::setsockopt(static_cast<int>(socket->socketDescriptor()), SOL_SOCKET, SO_LINGER,
-                       &at_once, sizeof at_once);
+          ResetOnClose(socket->socketDescriptor());
         }
         bench_.Tcp().DropConnections();
         break;

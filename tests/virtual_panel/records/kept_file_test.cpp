@@ -1,7 +1,5 @@
 #include "records/kept_file.h"
 
-#include <sys/stat.h>
-
 #include <QDir>
 #include <QFile>
 #include <QStringList>
@@ -10,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "support/full_disk.h"
+#include "support/pipe_file.h"
 #include "support/wait_until.h"
 
 using namespace Qt::StringLiterals;
@@ -207,14 +206,12 @@ TEST_F(WholeFileTest, SaysNothingMoreWhereTheReasonBecomesAnotherOne) {
 
 TEST_F(WholeFileTest, NeverReplacesWhatIsNoOrdinaryFile) {
   const QString pipe = folder_ + u"/pipe"_s;
-  ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+  ASSERT_TRUE(MakePipe(pipe));
   WholeFile file(u"state"_s, pipe, [] { return QByteArray("text"); });
   EXPECT_FALSE(file.Write());
   EXPECT_EQ(file.TroubleText(),
             u"the state %1 cannot be written: It is no ordinary file"_s.arg(pipe));
-  struct stat found = {};
-  ASSERT_EQ(::stat(QFile::encodeName(pipe).constData(), &found), 0);
-  EXPECT_TRUE(S_ISFIFO(found.st_mode));
+  EXPECT_TRUE(IsPipe(pipe));
 }
 
 }  // namespace
