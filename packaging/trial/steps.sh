@@ -19,10 +19,13 @@ step() {
 
 no_step_failed() { [ "$failed_steps" -eq 0 ]; }
 
+# What a command said that has not succeeded yet.
+said_soon=$(mktemp)
+
 # Carries the command out until it succeeds, for half a minute.
 soon() {
   local deadline=$((SECONDS + 30))
-  until "$@" >"${said_soon:=$(mktemp)}" 2>&1; do
+  until "$@" >"$said_soon" 2>&1; do
     if [ "$SECONDS" -ge "$deadline" ]; then
       cat "$said_soon"
       return 1

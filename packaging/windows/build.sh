@@ -25,7 +25,7 @@ git archive HEAD | tar -x -C "$work/source"
 packaging/windows/configure.sh "$work/source" "$work/build" -DCMAKE_BUILD_TYPE=Release \
   -DBUILD_TESTING=OFF "-DCMAKE_CXX_FLAGS=-ffile-prefix-map=$work=."
 cmake --build "$work/build" --target brivon virtual_panel brivonctl manual
-packaging/windows/folder.sh "$work/source" "$work/build" "$folder"
+"$work/source/packaging/windows/folder.sh" "$work/source" "$work/build" "$folder"
 
 (
   cd "$work"

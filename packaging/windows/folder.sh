@@ -2,9 +2,9 @@
 # Lays the folder $3 out, which runs from anywhere: the programs that were built for Windows of the
 # sources $1 in $2, every library that they bring along, manual, samples and licences.
 set -euo pipefail
-source=$1
-build=$2
-folder=$3
+source=$(realpath "$1")
+build=$(realpath "$2")
+folder=$(realpath -m "$3")
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 tools/install_missing.sh qt6-translations-l10n binutils-mingw-w64-x86-64
 toolkit=${XDG_CACHE_HOME:-$HOME/.cache}/brivon/windows/toolkit

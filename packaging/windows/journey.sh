@@ -4,6 +4,7 @@
 # over TCP and over a serial line to the virtual panel, reads in its record what has arrived, and
 # logs off. The pictures of the way go into build/windows_pictures/. Takes a minute or two.
 set -euo pipefail
+given=
 [ -z "${1:-}" ] || given=$(realpath "$1")
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 . packaging/trial/steps.sh
@@ -16,6 +17,8 @@ archive=$PWD/build/packages/brivon-$version-windows-x86_64.zip
 pictures=$PWD/build/windows_pictures
 mkdir -p "$pictures"
 work=$(mktemp -d)
+# Wine finds no folder whose name its characters lack.
+export LC_ALL=C.UTF-8
 export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml="
 
 end() {
@@ -23,7 +26,7 @@ end() {
   # shellcheck disable=SC2046 # a number a word
   kill $(jobs -p) 2>/dev/null || true
   wait || true
-  rm -rf "$work"
+  rm -rf "$work" "$said_soon"
 }
 trap end EXIT
 
@@ -31,7 +34,7 @@ trap end EXIT
 folder=$work/wine/drive_c/наши\ табло
 on_windows='C:\наши табло'
 lay_folder_out() {
-  if [ -n "${given:-}" ]; then
+  if [ -n "$given" ]; then
     cp -R "$given" "$folder"
   else
     unzip -q "$archive" -d "$work/unpacked" && mv "$work/unpacked/"*/ "$folder"
@@ -104,7 +107,6 @@ panel=
 start_panel() {
   wine virtual_panel.exe --panel 1:4x96:tri --state panels.json "$@" >"$work/panel-says" 2>&1 &
   panel=$!
-  soon said_ready
 }
 end_panel() {
   wine taskkill /im virtual_panel.exe && soon ended "$panel"
@@ -158,7 +160,8 @@ send_welcome() {
 
 echo "-- over the network"
 step "brivonctl says its version" says_line "brivonctl $version" brivonctl.exe --version
-step "the virtual panel is ready" start_panel --tcp 127.0.0.1:0
+start_panel --tcp 127.0.0.1:0
+step "the virtual panel is ready" soon said_ready
 step "it has its window" window "Virtual panel"
 sed -i "s/^\(ID001=.*\):2101/\1:$(listens_on)/" brivon.ini
 step "brivonctl names the folder" says_line "folder: $on_windows" brivonctl.exe list
@@ -203,7 +206,8 @@ step "the panel ends when it is told to" end_panel
 
 echo "-- over a serial line"
 send_over RS232
-step "the panel is ready at COM13" start_panel --serial COM13
+start_panel --serial COM13
+step "the panel is ready at COM13" soon said_ready
 step "brivonctl names the port" eval 'says brivonctl.exe list | grep -F COM12'
 step "brivonctl sends a page" ctl_sends send page 'messages\lane_closed.msg' --page 9
 step "the panel has it" soon row_arrived 9 "<SC><CA>LANE 2 CLOSED "

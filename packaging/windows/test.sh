@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds the tests for Windows, from the sources as they were committed last, and runs them under
-# Wine, the serial ports too. Takes the names of test programs; without any it runs all, which takes
-# an hour or two the first time and a quarter of an hour ever after. Says a line of each program and a summary. What cannot hold there
-# is named in left_out_tests.txt. The first run of all makes the toolkit too (toolkit.sh).
+# Wine, the serial ports too. Takes the names of test programs; without any it runs all. Says a line
+# of each program and a summary. What cannot hold there is named in left_out_tests.txt. The first run
+# of all makes the toolkit too (toolkit.sh).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 

@@ -49,15 +49,15 @@ TEST(JsonEvents, AStartSaysWhatIsSentToWhom) {
 }
 
 TEST(JsonEvents, EveryActionHasItsName) {
-  const auto action = [](Action action) { return ActionName(action).toStdString(); };
-  EXPECT_EQ(action(Action::kSendPage), "send page");
-  EXPECT_EQ(action(Action::kSendSchedule), "send schedule");
-  EXPECT_EQ(action(Action::kSendScrolling), "send scrolling");
-  EXPECT_EQ(action(Action::kPoll), "poll");
-  EXPECT_EQ(action(Action::kRunPage), "run");
-  EXPECT_EQ(action(Action::kDeletePage), "delete");
-  EXPECT_EQ(action(Action::kDeleteAll), "delete-all");
-  EXPECT_EQ(action(Action::kSetClock), "clock");
+  const auto name = [](Action action) { return ActionName(action).toStdString(); };
+  EXPECT_EQ(name(Action::kSendPage), "send page");
+  EXPECT_EQ(name(Action::kSendSchedule), "send schedule");
+  EXPECT_EQ(name(Action::kSendScrolling), "send scrolling");
+  EXPECT_EQ(name(Action::kPoll), "poll");
+  EXPECT_EQ(name(Action::kRunPage), "run");
+  EXPECT_EQ(name(Action::kDeletePage), "delete");
+  EXPECT_EQ(name(Action::kDeleteAll), "delete-all");
+  EXPECT_EQ(name(Action::kSetClock), "clock");
 }
 
 TEST(JsonEvents, ThatTheLastBytesLeaveIsNoStep) {
