@@ -88,8 +88,11 @@ class OneLine : public SiteFolder {
  public:
   explicit OneLine(bool is_serial) : tcp_(&engine_), port_(&engine_) {
     const QString device = Folder().Path(QStringLiteral("panel-line"));
-    if (is_serial) EXPECT_TRUE(port_.Open(device)) << "no pseudo-terminal";
-    if (!is_serial && !tcp_.Listen()) qFatal("cannot listen on loopback");
+    if (is_serial) {
+      EXPECT_TRUE(port_.Open(device)) << "no pseudo-terminal";
+    } else if (!tcp_.Listen()) {
+      qFatal("cannot listen on loopback");
+    }
     Folder().Configure(
         "[Dimension Config]\r\n" + Entry(1, tcp_.Port()) + Entry(2, tcp_.Port()) +
         Entry(3, tcp_.Port()) + "[Communication]\r\nSendMode=" + (is_serial ? "RS232" : "TCPIP") +
