@@ -221,6 +221,15 @@ TEST_F(MsgEditor, AnInputMethodsTextGoesThroughTheTypingRule) {
   EXPECT_TRUE(enabled.value(Qt::ImEnabled).toBool());
 }
 
+TEST_F(MsgEditor, AnInputMethodIsToldWhatIsSelected) {
+  New(1, 80);
+  Keys("abcd");
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  Key(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_EQ(Row(1)->inputMethodQuery(Qt::ImCursorPosition).toInt(), 2);
+  EXPECT_EQ(Row(1)->inputMethodQuery(Qt::ImAnchorPosition).toInt(), 4);
+}
+
 TEST_F(MsgEditor, APasteFillsTheRowAndNoMore) {
   New(2, 80);
   Keys("xyz");
