@@ -60,9 +60,11 @@ TEST(JsonEvents, EveryActionHasItsName) {
   EXPECT_EQ(name(Action::kSetClock), "clock");
 }
 
-TEST(JsonEvents, ThatTheLastBytesLeaveIsNoStep) {
+TEST(JsonEvents, ThatTheLastBytesLeaveIsNoStepAndAQuietReportHasNone) {
   JsonReport report(false);
+  JsonReport quiet(true);
   testing::internal::CaptureStdout();
+  quiet.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1}});
   report.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1}});
   report.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1, .milliseconds_left = 0}});
   report.TakeIn(Step{4, {.row = 2, .rows = 12, .attempt = 1, .milliseconds_left = 70}});
