@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Builds the tests for Windows, from the sources as they were committed last, and runs them under
-# Wine, the serial ports too. Takes the names of test programs; without any it runs all, which takes
-# an hour or two the first time and a quarter of an hour ever after. Says a line of each program and a summary. What cannot hold there
-# is named in left_out_tests.txt. The first run of all makes the toolkit too (toolkit.sh).
+# Wine, the serial ports too. Takes the names of test programs; without any it runs all. Says a line
+# of each program and a summary. What cannot hold there is named in left_out_tests.txt. The first run
+# of all makes the toolkit too (toolkit.sh).
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 toolkit=$(packaging/windows/toolkit.sh)
-tools/install_missing.sh git python3 wine wine64 libboost-dev g++-mingw-w64-x86-64-posix
+tools/install_missing.sh git python3 wine wine64 libboost-dev g++-mingw-w64-x86-64-posix \
+  fonts-dejavu-core
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/brivon/windows/tests
 mkdir -p "$cache"
 # The clone stays for the next run, which builds what has changed since.
