@@ -23,6 +23,8 @@ HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
 LONGEST = 300  # seconds, of a whole program
 LONGEST_LEFT_OUT = 60
+# Of a folder's fonts the toolkit takes any; these are what it finds on a Linux desktop.
+FONTS = [f"/usr/share/fonts/truetype/dejavu/DejaVuSans{style}.ttf" for style in ("", "-Bold")]
 
 Program = collections.namedtuple("Program", "name path environment")
 LeftOut = collections.namedtuple("LeftOut", "kind name pattern")
@@ -73,7 +75,7 @@ def declared():
 class Wine:
     """A Windows of its own, whose server ends with the tests."""
 
-    def __init__(self, toolkit):
+    def __init__(self, toolkit, fonts):
         cache = pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache")
         compiler = subprocess.run(
             ["x86_64-w64-mingw32-g++-posix", "-print-libgcc-file-name"], check=True, text=True,
@@ -89,7 +91,8 @@ class Wine:
         self.environment |= {
             "WINEPREFIX": str(cache / "brivon/windows/wine_tests"), "WINEDEBUG": "-all",
             "WINEPATH": ";".join("Z:" + folder.replace("/", "\\") for folder in folders),
-            "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+            "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8", "TZ": "UTC",
+            "QT_QPA_FONTDIR": "Z:" + str(fonts).replace("/", "\\")}
         self.environment.pop("DISPLAY", None)
 
     def __enter__(self):
@@ -115,10 +118,13 @@ class Wine:
     def run(self, program, longest, *options):
         """What the program says, and how it ends; None where it does not."""
         command = ["wine", program.path, "--gtest_color=no", *options]
+        # Wine hands these on by another name alone.
+        environment = {"WINE" + name if name.startswith("QT_") else name: value
+                       for name, value in (self.environment | program.environment).items()}
         # A file, since whoever a hung program has started would hold a pipe open.
         with tempfile.TemporaryFile() as output:
             process = subprocess.Popen(
-                command, env=self.environment | program.environment, stdin=subprocess.DEVNULL,
+                command, env=environment, stdin=subprocess.DEVNULL,
                 cwd=os.path.dirname(program.path), stdout=output, stderr=subprocess.STDOUT,
                 start_new_session=True)
             try:
@@ -225,17 +231,23 @@ def main():
     shutil.rmtree(logs, ignore_errors=True)
     logs.mkdir()
 
+    fonts = arguments.build.resolve() / "fonts"
+    fonts.mkdir(exist_ok=True)
+    for font in FONTS:
+        shutil.copy(font, fonts)
+
     good = check_not_built(left_out, programs)
     failed = 0
     tests = 0
     tried = 0
-    with Wine(arguments.toolkit) as wine:
+    with Wine(arguments.toolkit, fonts) as wine:
         for program in chosen:
             patterns = [entry.pattern for entry in left_out
                         if entry.kind == "test" and entry.name == program.name]
-            passed, all_passed = run_program(wine, program, patterns, logs)
-            tests += passed
-            failed += not all_passed
+            if "*" not in patterns:
+                passed, all_passed = run_program(wine, program, patterns, logs)
+                tests += passed
+                failed += not all_passed
             for pattern in patterns:
                 tried += 1
                 good = try_left_out(wine, program, pattern) and good

@@ -7,7 +7,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 toolkit=$(packaging/windows/toolkit.sh)
-tools/install_missing.sh git python3 wine wine64 libboost-dev g++-mingw-w64-x86-64-posix
+tools/install_missing.sh git python3 wine wine64 libboost-dev g++-mingw-w64-x86-64-posix \
+  fonts-dejavu-core
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/brivon/windows/tests
 mkdir -p "$cache"
 # The clone stays for the next run, which builds what has changed since.

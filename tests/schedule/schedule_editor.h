@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QClipboard>
+#include <QDir>
 #include <QFont>
 #include <QGuiApplication>
 #include <QLabel>
@@ -179,7 +180,9 @@ class ScheduleEditor : public testing::Test {
     for (int row = 0; row < Table()->model()->rowCount(); ++row) {
       QStringList cells;
       for (int column = 0; column < 4; ++column) cells.append(At(row, column).data().toString());
-      rows.append(cells.join(QLatin1Char('|')).remove(folder_.Path(QString()) + QLatin1Char('/')));
+      rows.append(
+          cells.join(QLatin1Char('|'))
+              .remove(QDir::toNativeSeparators(folder_.Path(QString()) + QLatin1Char('/'))));
     }
     return rows;
   }

@@ -8,13 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-// The linker takes these in place of the toolkit's, also for what the toolkit itself tells.
-bool QAccessible::isActive() { return AccessibleEvents::current_ != nullptr; }
-
-void QAccessible::updateAccessibility(QAccessibleEvent* event) {
-  if (AccessibleEvents::current_ != nullptr) AccessibleEvents::current_->Record(*event);
-}
-
 namespace {
 
 QString WithCursor(QAccessibleTextCursorEvent& event, const QString& change) {

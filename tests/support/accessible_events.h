@@ -11,8 +11,8 @@
 /// Takes down what is told as long as it lives; there is one at a time.
 class AccessibleEvents {
  public:
-  AccessibleEvents() { current_ = this; }
-  ~AccessibleEvents() { current_ = nullptr; }
+  AccessibleEvents();
+  ~AccessibleEvents();
 
   AccessibleEvents(const AccessibleEvents&) = delete;
   AccessibleEvents& operator=(const AccessibleEvents&) = delete;

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include <QDir>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -38,7 +39,7 @@ class CheckedFiles : public testing::Test {
 
   std::string SaidOf(const QString& path) {
     return BrivonCtl::ReportText(BrivonCtl::CheckFile(path))
-        .remove(folder_.Path(QString()) + u'/')
+        .remove(QDir::toNativeSeparators(folder_.Path(QString()) + u'/'))
         .toStdString();
   }
 
