@@ -49,9 +49,14 @@ bool SessionEnd::eventFilter(QObject* object, QEvent* event) {
       event->type() == QEvent::InputMethod) {
     may_end_ = false;
   }
-  // Windows that have been asked already are not asked again when the session ends.
-  if (event->type() == QEvent::Quit && may_end_) {
-    QCoreApplication::exit();
+  // Windows that have been asked already are not asked again. The toolkit would pass over one that
+  // is being closed, though its question is still open.
+  if (event->type() == QEvent::Quit) {
+    if (may_end_ || MayEnd([] { return true; })) {
+      QCoreApplication::exit();
+    } else {
+      event->ignore();
+    }
     return true;
   }
   return QObject::eventFilter(object, event);

@@ -214,6 +214,28 @@ TEST_F(SessionEndTest, AQuestionThatIsOpenGivesWayToTheSessions) {
   EXPECT_NE(folder_.Read(Text("NEW.SRL")), "");
 }
 
+TEST_F(SessionEndTest, AnEndThatComesWhileAWindowIsBeingClosedAsksOnceMore) {
+  InScrollingEditor([](QWidget* editor) {
+    Type(editor);
+    int boxes = 0;
+    const ModalWindowDriver driver(QString(), [&](QWidget* box) {
+      if (++boxes == 1) {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+        EXPECT_FALSE(quit.isAccepted());
+        EXPECT_FALSE(box->isVisible());
+        box->close();
+      } else {
+        QTest::mouseClick(qobject_cast<QMessageBox*>(box)->button(QMessageBox::Cancel),
+                          Qt::LeftButton);
+      }
+    });
+    editor->close();
+    EXPECT_EQ(boxes, 2);
+    EXPECT_TRUE(editor->isVisible());
+  });
+}
+
 TEST_F(SessionEndTest, TheEditorBehindItsSendDialogAsks) {
   InScrollingEditor([](QWidget* editor) {
     Type(editor);
