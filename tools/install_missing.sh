@@ -12,8 +12,8 @@ packages=(
 )
 if [ "${1:-}" = --tests ]; then
   shift
-  packages+=(libgtest-dev libbenchmark-dev libboost-dev libsm-dev libfreetype-dev xfonts-base xvfb
-    desktop-file-utils appstream shared-mime-info libglib2.0-bin)
+  packages+=(libgtest-dev libgmock-dev libbenchmark-dev libboost-dev libsm-dev libfreetype-dev
+    xfonts-base xvfb desktop-file-utils appstream shared-mime-info libglib2.0-bin)
 fi
 packages+=("$@")
 
