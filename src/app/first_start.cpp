@@ -16,7 +16,7 @@ void TellLayOutFailure(QWidget* launcher, const Brivon1::LayOutFailure& failure)
       failure.result == Brivon1::SaveResult::kLocked
           ? TranslateMessage(
                 u"Start Brivon again. If no other program is saving it, delete %1 first."_s)
-                .arg(QDir::toNativeSeparators(Brivon1::FileLock(failure.path).Path()))
+                .arg(Brivon1::FileLock(failure.path).Path())
           : TranslateMessage(
                 u"Brivon keeps its files in %1. Make sure that it can write there, then start it again."_s)
                 .arg(QDir::toNativeSeparators(Brivon1::ProgramFolder()));

@@ -5,8 +5,8 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 
-#include <QLockFile>
 #include <QString>
 
 namespace Brivon1 {
@@ -28,6 +28,10 @@ class FileLock {
   /// Of the file at `path`, which need not exist; where it is a link, of the link's
   /// target, which need not exist either.
   explicit FileLock(const QString& path);
+  ~FileLock();
+
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
 
   /// Returns whether no other program holds the lock, for as long as this object lives: it is
   /// taken, or there can be none, because the folder or the disk refuses it; whatever else they
@@ -35,11 +39,13 @@ class FileLock {
   /// user's and closed to this one, or the disk has no locks.
   bool Take(const LockWait& wait);
 
-  /// The path of the file that is the lock.
-  QString Path() const { return file_.fileName(); }
+  /// The path of the file that is the lock, as this system writes it.
+  QString Path() const;
 
  private:
-  QLockFile file_;
+  struct LockFile;
+
+  std::unique_ptr<LockFile> file_;
 };
 
 }  // namespace Brivon1

@@ -1,6 +1,5 @@
 #include "config/configuration_draft.h"
 
-#include <QDir>
 #include <QStringList>
 
 #include "base/code_page.h"
@@ -121,7 +120,7 @@ QString ConfigurationRemedy(SaveResult result, const QString& reason, const QStr
     case SaveResult::kLocked:
       return why(TranslateMessage(
                      u"Press \"%1\" again. If no other program is saving it, delete %2 first."_s)
-                     .arg(button, QDir::toNativeSeparators(FileLock(ConfigurationPath()).Path())));
+                     .arg(button, FileLock(ConfigurationPath()).Path()));
   }
   return {};
 }
