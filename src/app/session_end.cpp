@@ -46,7 +46,7 @@ bool SessionEnd::MayLeave(const std::function<bool()>& may_ask) const {
 bool SessionEnd::eventFilter(QObject* object, QEvent* event) {
   // Other programs may still be asking, and the operator goes on here meanwhile.
   if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress ||
-      event->type() == QEvent::InputMethod) {
+      event->type() == QEvent::InputMethod || event->type() == QEvent::Drop) {
     may_end_ = false;
   }
   // Windows that have been asked already are not asked again. The toolkit would pass over one that

@@ -1,4 +1,5 @@
-// The end of the desktop's session: at log-out and shutdown the desktop asks its programs first.
+// The end of the desktop's session: at log-out and shutdown the desktop asks its programs first. An
+// end of the program that nobody has asked about is asked about alike.
 #pragma once
 
 #include <functional>

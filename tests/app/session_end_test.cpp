@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "app/frmMain.h"
+#include "support/dropped_files.h"
 #include "support/message_box_reader.h"
 #include "support/panel_bench.h"
 #include "support/program_folder.h"
@@ -171,6 +172,22 @@ TEST_F(SessionEndTest, SoIsWhatAnInputMethodHasTyped) {
     QInputMethodEvent typed;
     typed.setCommitString(Text("x"));
     QCoreApplication::sendEvent(editor->findChild<QWidget*>(Text("Picture1")), &typed);
+    MessageBoxReader boxes;
+    boxes.Answer(QMessageBox::Cancel);
+    session->End();
+    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
+    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
+    EXPECT_TRUE(editor->isVisible());
+  });
+}
+
+TEST_F(SessionEndTest, AndWhatWasDraggedThere) {
+  WorkIn("frmSchedule", "butSchEdit", [](QWidget* editor) {
+    New(editor);
+    EXPECT_EQ(session->AskToEnd(SessionManager::Questions::kAllowed), "ready");
+    QMimeData hour;
+    hour.setText(Text("7"));
+    EXPECT_TRUE(Drop(*editor->findChild<QLineEdit*>(Text("txtHour")), hour));
     MessageBoxReader boxes;
     boxes.Answer(QMessageBox::Cancel);
     session->End();
