@@ -1,11 +1,6 @@
 // What is read of a file once, and what of that remains when the file does not.
 #include "orders/file_copies.h"
 
-#include <sys/stat.h>
-
-#include <cerrno>
-#include <memory>
-
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -14,7 +9,6 @@
 #include "orders/order.h"
 #include "orders/order_checks.h"
 #include "schedule/schedule_reader.h"
-#include "support/as_nobody.h"
 #include "support/program_folder.h"
 #include "support/use_code_page.h"
 
@@ -87,20 +81,6 @@ TEST_F(FileCopiesTest, ANameThatIsSpelledInTheOtherFormIsFoundAsItWasThen) {
 
 TEST_F(FileCopiesTest, AFolderIsNoFile) {
   EXPECT_FALSE(FileCopies(folder_.Path({})).Exists(folder_.Path({})));
-}
-
-TEST_F(FileCopiesTest, AFileThatMayNotBeReadIsThereAndNotReadable) {
-  const QString path = folder_.Write(u"a.msg"_s, kPage);
-  ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0), 0);
-  ASSERT_EQ(::chmod(QFile::encodeName(folder_.Path({})).constData(), 0755), 0);
-  const auto copies = [&] {
-    const AsNobody nobody;
-    return std::make_unique<FileCopies>(path);
-  }();
-  EXPECT_TRUE(copies->Exists(path));
-  EXPECT_EQ(Brivon1::MessageFileReader(path, *copies).Failure().fault,
-            Brivon1::FileFault::kNotReadable);
-  EXPECT_EQ(copies->ReadFailure(), QString());
 }
 
 TEST_F(FileCopiesTest, OfAScheduleThatBreaksOffTheWholeStepsAreKept) {
