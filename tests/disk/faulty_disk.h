@@ -4,6 +4,8 @@
 
 #include <sys/types.h>
 
+#include <cerrno>
+
 /// What fails, and how. It crosses the border of a library that knows nothing of the toolkit.
 struct DiskFault {
   enum class Way : int {
@@ -23,6 +25,7 @@ struct DiskFault {
   int cut = kHalf;       ///< How many bytes a short write takes, at most all.
   bool is_lock = false;  ///< Whether it is of "*.lock" and "*.rmlock" alone, or of all others.
   int folder_error = 0;  ///< What a flush of the folder gives, which is none of the calls.
+  int nameless_error = EOPNOTSUPP;  ///< What a disk without nameless files gives for one.
 
   static constexpr int kHalf = -1;
 };

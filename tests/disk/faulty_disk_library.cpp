@@ -107,7 +107,7 @@ int Open(const char* name, int folder, const char* path, int flags, mode_t mode)
   const bool is_nameless = (flags & O_TMPFILE) == O_TMPFILE;
   const bool is_ours = IsBelow(path) && (flags & (O_WRONLY | O_RDWR | O_CREAT)) != 0;
   if (is_ours && is_nameless && !disk.fault.has_nameless_files) {
-    errno = EOPNOTSUPP;
+    errno = disk.fault.nameless_error;
     return -1;
   }
   if (is_ours && Fails(name)) return -1;

@@ -123,6 +123,23 @@ TEST(PageMessage, WithoutATextNothingIsTyped) {
   EXPECT_FALSE(page.IsModified());
 }
 
+TEST(PageMessage, WhatIsTypedGoesToTheRowThatIsNamed) {
+  PageMessage page = PageOf(3, 80);
+  page.Type(2, u"x"_s);
+  EXPECT_EQ(page.EditedNumber(), 2);
+  EXPECT_EQ(page.Row(1).Text(), "");
+  EXPECT_EQ(page.Row(2).Text(), "x");
+}
+
+TEST(PageMessage, OneLetterIsAKeyAndMoreAreNone) {
+  PageMessage page = PageOf(1, 80);
+  EXPECT_TRUE(page.Type(1, u"x"_s).is_key);
+  // One letter of two parts.
+  EXPECT_TRUE(page.Type(1, u"e\u0301"_s).is_key);
+  EXPECT_FALSE(page.Type(1, u"xy"_s).is_key);
+  EXPECT_FALSE(page.Type(1, QString()).is_key);
+}
+
 TEST(PageMessage, ATypedCharacterWithoutAByteIsARefusedKey) {
   PageMessage page = PageOf(1, 80);
   page.Type(1, u"\u4e2d"_s);
