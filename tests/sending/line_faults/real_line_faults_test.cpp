@@ -160,6 +160,8 @@ class RealCase {
  private:
   void LookAtFrame() {
     ++frames_;
+    // The answer to the frame before it has come by now.
+    if (frames_ == frame_ && IsFinal(fault_)) hasty_.HurryTicks(true);
     if (frames_ == frame_ - 1 && fault_ != LineFault::kCloseAfter) SetIn();
     // Not from inside the panel, which is still at the frame.
     if (frames_ == frame_ && !PanelFault(fault_) && fault_ != LineFault::kCloseAfter) {
@@ -173,7 +175,6 @@ class RealCase {
       bench_.Fail({.close_after_frame = frame_});
     } else {
       bench_.Fail(PanelFault(fault_).value_or(VirtualPanel::Faults{.silent = true}));
-      if (IsFinal(fault_)) hasty_.HurryTicks(true);
     }
   }
 
