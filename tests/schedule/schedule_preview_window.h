@@ -13,6 +13,9 @@
 
 class SchedulePreviewWindow : public ScheduleEditor {
  protected:
+  // The window reads the time to its end.
+  ~SchedulePreviewWindow() override { window_.reset(); }
+
   std::unique_ptr<frmSchedule> MakeWindow() override {
     return std::make_unique<frmSchedule>(nullptr, is_there_, [this] { return now_; });
   }
