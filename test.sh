@@ -9,6 +9,7 @@ cd "$path"
 
 preset=${1:-release}
 tools/install_missing.sh --tests
+[ "$preset" != ci-clang ] || tools/install_missing.sh clang libclang-rt-dev llvm
 cmake --preset "$preset" -DBUILD_TESTING=ON -DBRIVON_VIRTUAL_PANEL=ON -DBRIVON_CTL=ON >/dev/null
 cmake --build --preset "$preset"
 QT_QPA_PLATFORM=offscreen ctest --preset "$preset"

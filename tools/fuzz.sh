@@ -25,7 +25,7 @@ fi
 case $2 in *s) seconds=${2%s} ;; *) seconds=$(($2 * 60)) ;; esac
 start=${3:-$((RANDOM * 32768 + RANDOM + 1))}
 
-tools/install_missing.sh clang libclang-rt-dev
+tools/install_missing.sh clang libclang-rt-dev llvm
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 

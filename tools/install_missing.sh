@@ -36,6 +36,7 @@ appstream:appstreamcli:appstreamcli
 shared-mime-info:update-mime-database:update-mime-database
 libglib2.0-bin:gio:gio
 clang:clang++:Clang
+llvm:llvm-symbolizer:llvm-symbolizer
 clang-format:clang-format:clang-format of Clang 14
 clang-tidy:clang-tidy:clang-tidy of Clang 14
 gcovr:gcovr:gcovr

@@ -8,8 +8,8 @@ path=$(path_to_build_in "$PWD")
 cd "$path"
 [ $# -gt 0 ] || set -- src panel_dots virtual_panel brivonctl
 
-tools/install_missing.sh --tests clang clang-tidy python3
-# The build leaves what the sources include and nobody wrote: forms, precompiled headers.
+tools/install_missing.sh --tests clang libclang-rt-dev llvm clang-tidy python3
+# Clang's build leaves what the sources include and nobody wrote: forms, precompiled headers.
 cmake --preset ci-clang >/dev/null
 cmake --build --preset ci-clang
 # Those for Windows are not compiled here.

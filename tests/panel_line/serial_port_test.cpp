@@ -19,6 +19,7 @@
 #include "panel_line/serial_link.h"
 #include "port_kinds.h"
 #include "support/raw_terminal.h"
+#include "support/sanitizers.h"
 
 using namespace Qt::StringLiterals;
 
@@ -54,9 +55,9 @@ class SerialPortTest : public testing::TestWithParam<Ports::PortKind> {
 INSTANTIATE_TEST_SUITE_P(Ports, SerialPortTest, Ports::kPortKinds, Ports::PortKindName);
 
 TEST_P(SerialPortTest, WhereNoMoreFilesCanBeOpenedThePortSaysSo) {
-#if defined(__SANITIZE_ADDRESS__)
-  GTEST_SKIP() << "The sanitizers open files of their own to look at an exception.";
-#endif
+  if (kAddressSanitizer) {
+    GTEST_SKIP() << "The sanitizers open files of their own to look at an exception.";
+  }
   constexpr int kMostFiles = 20;
   int room = 0;
   for (bool opened = false; !opened && room < kMostFiles; ++room) {

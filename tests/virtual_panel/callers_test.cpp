@@ -15,19 +15,15 @@
 #include <QSerialPort>
 
 #include "program_fixture.h"
+#include "support/sanitizers.h"
 
 using namespace Qt::StringLiterals;
 
 namespace VirtualPanel {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMemoryCounts = false;  // the sanitizer's own is many times as much
-constexpr qint64 kLongestWaitMs = 5000;
-#else
-constexpr bool kMemoryCounts = true;
-constexpr qint64 kLongestWaitMs = 1000;
-#endif
+constexpr bool kMemoryCounts = !kAddressSanitizer;  // the sanitizer's own is many times as much
+constexpr qint64 kLongestWaitMs = kAddressSanitizer ? 5000 : 1000;
 
 constexpr char kPoll[] = "<ID01><?>\r\n";
 constexpr char kAnswer[] = "<ID01>\r\n";
