@@ -43,12 +43,15 @@ cp /usr/share/doc/qt6-translations-l10n/copyright "$folder/licenses/qt6-translat
 
 # Every library that a file of the folder asks for stands in the folder or is one of Windows.
 missing=no
+files=$(find "$folder" -name '*.exe' -o -name '*.dll')
 while read -r file; do
+  libraries=$(tool objdump -p "$file" | sed -n 's/^\tDLL Name: //p')
+  [ -n "$libraries" ] || { echo "$file asks for no library at all." >&2 && missing=yes; }
   while read -r library; do
     [ ! -e "$folder/$library" ] || continue
     case $library in
       Qt6* | lib*) echo "$file asks for $library, which is not in the folder." >&2 && missing=yes ;;
     esac
-  done < <(tool objdump -p "$file" | sed -n 's/^\tDLL Name: //p')
-done < <(find "$folder" -name '*.exe' -o -name '*.dll')
+  done <<<"$libraries"
+done <<<"$files"
 [ "$missing" = no ]
