@@ -10,6 +10,10 @@ namespace {
 constexpr qint64 kFloodAhead = 16'384;
 constexpr qsizetype kFloodPiece = 4096;
 constexpr char kFloodByte = 'U';
+// After so much it rests for a moment, which the other end does not notice: on Windows whoever
+// always has something to write would keep all others from their turn.
+constexpr qint64 kFloodTurn = 1'048'576;
+constexpr int kFloodRestMs = 1;
 
 }  // namespace
 
@@ -19,6 +23,9 @@ Conversation::Conversation(PanelEngine* engine, QString line, Outlet* outlet, QO
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &Conversation::Play);
+  flood_rest_.setSingleShot(true);
+  flood_rest_.setTimerType(Qt::PreciseTimer);
+  connect(&flood_rest_, &QTimer::timeout, this, &Conversation::BytesHaveLeft);
 }
 
 void Conversation::Receive(QByteArrayView bytes) {
@@ -35,7 +42,7 @@ void Conversation::Receive(QByteArrayView bytes) {
 }
 
 void Conversation::BytesHaveLeft() {
-  if (flooding_) Flood();
+  if (flooding_ && !flood_rest_.isActive()) Flood();
 }
 
 qint64 Conversation::Held() const {
@@ -48,7 +55,9 @@ void Conversation::Reset() {
   splitter_ = FrameSplitter();
   steps_.clear();
   timer_.stop();
+  flood_rest_.stop();
   flooding_ = false;
+  flooded_ = 0;
   hung_up_ = false;
 }
 
@@ -66,7 +75,7 @@ void Conversation::Play() {
         break;
       case Answer::Step::kFlood:
         flooding_ = true;
-        Flood();
+        if (!flood_rest_.isActive()) Flood();
         break;
       case Answer::Step::kClose:
         hung_up_ = true;
@@ -84,6 +93,12 @@ void Conversation::Flood() {
     return;
   }
   while (outlet_->Unsent() < kFloodAhead) {
+    if (flooded_ >= kFloodTurn) {
+      flooded_ = 0;
+      flood_rest_.start(kFloodRestMs);
+      return;
+    }
+    flooded_ += kFloodPiece;
     const qint64 before = outlet_->Unsent();
     outlet_->Send(QByteArray(kFloodPiece, kFloodByte));
     // An outlet that passes everything on at once is fed again when the event loop comes round.

@@ -64,6 +64,8 @@ class Conversation : public QObject {
   QQueue<Step> steps_;
   QTimer timer_;
   bool flooding_ = false;
+  qint64 flooded_ = 0;  // since the flood has rested last
+  QTimer flood_rest_;
   bool hung_up_ = false;
 };
 

@@ -52,6 +52,16 @@ TEST_F(ConversationTest, KeepsNoEndlessLineOfLateAnswers) {
   EXPECT_TRUE(WaitUntil([&] { return outlet_.sent.size() == qsizetype{8} * 10'001; }));
 }
 
+TEST_F(ConversationTest, AFloodRestsAfterAMegabyteAndGoesOn) {
+  Faults faults;
+  faults.flood = true;
+  engine_.SetFaults(faults);
+  conversation_.Receive("<ID1A><?>\r\n");
+  for (int pass = 0; pass < 300; ++pass) conversation_.BytesHaveLeft();
+  EXPECT_EQ(outlet_.sent.size(), qsizetype{8} + 1'048'576);
+  EXPECT_TRUE(WaitUntil([&] { return outlet_.sent.size() > qsizetype{8} + 1'048'576; }));
+}
+
 TEST_F(ConversationTest, HearsNothingMoreOnceItHasHungUp) {
   Faults faults;
   faults.close_after_frame = 1;
