@@ -1,6 +1,7 @@
 // What the launcher says about the program itself.
 #include <QAction>
 #include <QCoreApplication>
+#include <QDir>
 
 #include "app/launcher.h"
 #include "store/program_folder.h"
@@ -10,9 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString ShownFolder() { return QDir::toNativeSeparators(Brivon1::ProgramFolder()); }
+
 TEST_F(MainWindowTest, TheToolTipNamesTheProgramFolder) {
   const frmMain window;
-  EXPECT_EQ(window.toolTip(), u"Program folder: "_s + Brivon1::ProgramFolder());
+  EXPECT_EQ(window.toolTip(), u"Program folder: "_s + ShownFolder());
 }
 
 TEST_F(MainWindowTest, AboutSaysTheVersionTheFolderAndTheLicences) {
@@ -31,7 +34,7 @@ TEST_F(MainWindowTest, AboutSaysTheVersionTheFolderAndTheLicences) {
   EXPECT_EQ(reader.Seen().first().text, u"Brivon 9.87"_s);
   const QStringList lines = reader.Seen().first().informative.split(u'\n');
   ASSERT_EQ(lines.size(), 2);
-  EXPECT_EQ(lines[0], u"Program folder: "_s + Brivon1::ProgramFolder());
+  EXPECT_EQ(lines[0], u"Program folder: "_s + ShownFolder());
   EXPECT_TRUE(lines[1].startsWith(u"Brivon is under the MIT license, the toolkit Qt 6."_s));
 }
 
@@ -42,7 +45,7 @@ TEST_F(MainWindowTest, AboutSpeaksTheLanguageOfTheFile) {
                 "ber\r\ntxtProgramFolder=Ordner: %1\r\n");
   const frmMain window;
   EXPECT_EQ(window.actions().first()->text(), u"Über"_s);
-  EXPECT_EQ(window.toolTip(), u"Ordner: "_s + Brivon1::ProgramFolder());
+  EXPECT_EQ(window.toolTip(), u"Ordner: "_s + ShownFolder());
 }
 
 }  // namespace

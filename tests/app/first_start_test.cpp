@@ -2,6 +2,8 @@
 #include "app/first_start.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 
 #include "app/launcher.h"
 #include "store/program_folder.h"
@@ -26,8 +28,9 @@ TEST_F(MainWindowTest, AFirstStartThatCouldNotLayItsFilesOutSaysWhereAndWhy) {
   EXPECT_EQ(reader.Seen().first().title, u"Brivon V.M.2.41M"_s);
   EXPECT_EQ(reader.Seen().first().icon, QMessageBox::NoIcon);
   EXPECT_EQ(reader.Seen().first().informative,
-            u"/sealed/brivon: Permission denied\nBrivon keeps its files in "_s +
-                Brivon1::ProgramFolder() +
+            QDir::toNativeSeparators(u"/sealed/brivon"_s) +
+                u": Permission denied\nBrivon keeps its files in "_s +
+                QDir::toNativeSeparators(Brivon1::ProgramFolder()) +
                 u". Make sure that it can write there, then start it again."_s);
 }
 
@@ -49,10 +52,14 @@ TEST_F(MainWindowTest, AFirstStartWhileAnotherProgramSavesNamesItsLock) {
                               u"Another program is saving it."_s});
   QCoreApplication::processEvents();
   ASSERT_EQ(reader.Texts(), QStringList{u"Drive not available!"_s});
+  const QString configuration = u"/shared/brivon/brivon.ini"_s;
+  // A path without a drive's letter stands on the program's.
+  const QString lock = QFileInfo(configuration).absoluteFilePath() + u".lock"_s;
   EXPECT_EQ(reader.Seen().first().informative,
-            u"/shared/brivon/brivon.ini: Another program is saving it.\n"
-            u"Start Brivon again. If no other program is saving it, delete "
-            u"/shared/brivon/brivon.ini.lock first."_s);
+            QDir::toNativeSeparators(configuration) +
+                u": Another program is saving it.\n"
+                u"Start Brivon again. If no other program is saving it, delete "_s +
+                QDir::toNativeSeparators(lock) + u" first."_s);
 }
 
 TEST_F(MainWindowTest, AnyOtherStartSaysNothing) {

@@ -114,7 +114,7 @@ TEST_P(F1, OpensTheWindowsChapterInTheBrowser) {
   QFile::remove(page);
   PressF1(*window);
   ASSERT_EQ(browser.Opened().size(), 2);
-  EXPECT_EQ(browser.Opened()[1].toString(), u"file://"_s + manual + u'#' + anchor);
+  EXPECT_EQ(browser.Opened()[1].toString(), QUrl::fromLocalFile(manual).toString() + u'#' + anchor);
   EXPECT_EQ(boxes.Texts(), QStringList());
 }
 

@@ -207,9 +207,10 @@ TEST(BrivonctlUse, AConfigurationThatIsNoFileIsRefused) {
   ASSERT_TRUE(QDir().mkdir(path));
   ProgramRun run;
   run.To("poll --to all --folder", {folder.path()});
-  ExpectComplaint(
-      run, path.toLocal8Bit() + " cannot be read; it must be an ordinary file that you may read",
-      3);
+  ExpectComplaint(run,
+                  QDir::toNativeSeparators(path).toLocal8Bit() +
+                      " cannot be read; it must be an ordinary file that you may read",
+                  3);
 }
 
 TEST(BrivonctlUse, AnEmptyNameIsNoneOfTheProgramsOwn) {
@@ -232,16 +233,17 @@ TEST(BrivonctlUse, ThePanelsAndTheLinkAreListed) {
       "[Dimension Config]\r\nID001=4x96,Tri,10.0.0.1:80\r\nID012=12x192,Mono\r\n"
       "[Communication]\r\nSendMode=RS232\r\nBaudrate=9600\r\nComPort=2\r\nDelay Period=300\r\n"
       "[Serial Ports]\r\nCom2=/dev/ttyUSB0\r\n");
+  const QString shown = QDir::toNativeSeparators(folder.Path({}));
   ProgramRun run;
   run.To("list --folder", {folder.Path({})});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output.toStdString(),
-            "folder: " + folder.Path({}).toStdString() +
+            "folder: " + shown.toStdString() +
                 "\nlink: serial, /dev/ttyUSB0, 9600 baud, delay period 300 ms\n"
                 "ID001  4x96     tri  10.0.0.1:80\nID012  12x192   mono no address\n");
   ProgramRun json;
   json.To("list --json --folder", {folder.Path({})});
-  EXPECT_EQ(json.Events().first()[u"folder"_s], folder.Path({}));
+  EXPECT_EQ(json.Events().first()[u"folder"_s], shown);
   EXPECT_EQ(json.Events().first()[u"link"_s], u"serial"_s);
 }
 

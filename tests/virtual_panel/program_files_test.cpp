@@ -59,7 +59,8 @@ TEST_F(ProgramTest, PlaysAScheduleOnDemandAndKeepsItsStateUpToDate) {
   const auto panel = [&](int index) -> QJsonObject {
     return QJsonDocument::fromJson(Contents(state))
         .object()[u"panels"_s]
-        .toArray()[index]
+        .toArray()
+        .at(index)
         .toObject();
   };
   const auto playing = [&](int index) -> QJsonValue { return panel(index)[u"playing"_s]; };
