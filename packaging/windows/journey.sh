@@ -132,9 +132,9 @@ end_brivon() {
   step "without a fault" test "$status" -eq 0
 }
 
-# From the launcher: opens the page welcome.msg, sends it as page $1, and comes back.
-send_welcome() {
-  local dialog
+# From the launcher: opens the page welcome.msg and begins to send it as page $1; `dialog` is the
+# dialog's window.
+begin_welcome() {
   step "\"Message\" opens the page editor" opens alt+m "Message Editor"
   step "\"Open\" asks for a page" opens ctrl+o "Open Message"
   picture "open_message_$1"
@@ -146,15 +146,24 @@ send_welcome() {
   press Home Tab
   write "$1"
   press ctrl+Return
-  step "the panel has the page" soon row_arrived "$1" "$welcome "
-  step "a message says so" soon message_has_keyboard "Send Message" "$dialog"
-  picture "page_$1_sent"
+}
+
+# Back to the launcher, from the message about what was sent.
+leave_message() {
   press Return
   step "the message is closed" soon dialog_has_keyboard "Send Message" "$dialog"
   press Escape
   step "the dialog is closed" window "Message Editor"
   press Escape
   step "the editor is closed" window "Brivon V.M.2.41M"
+}
+
+send_welcome() {
+  begin_welcome "$1"
+  step "the panel has the page" soon row_arrived "$1" "$welcome "
+  step "a message says so" soon message_has_keyboard "Send Message" "$dialog"
+  picture "page_$1_sent"
+  leave_message
   picture "panel_shows_page_$1"
 }
 
@@ -201,6 +210,28 @@ look_at alt+s "Schedule" schedule_editor
 look_at alt+r "Scrolling Message" scrolling_editor
 look_at alt+c "Configuration" config
 look_at alt+o "Command" command
+end_brivon
+step "the panel ends when it is told to" end_panel
+
+echo "-- at a panel that talks without end"
+start_panel --tcp 127.0.0.1:0 --fault flood
+step "the panel is ready" soon said_ready
+sed -i "s/^\(ID001=.*127.0.0.1\):[0-9]*/\1:$(listens_on)/" brivon.ini
+start_brivon
+begin_welcome 6
+begun=$SECONDS
+step "it is given up" soon message_has_keyboard "Send Message" "$dialog"
+step "after its attempts and no later" test $((SECONDS - begun)) -lt 9
+picture "flooded"
+leave_message
+begin_welcome 6
+sleep 1
+begun=$SECONDS
+press Escape
+step "\"Stop\" ends it" soon message_has_keyboard "Send Message" "$dialog"
+step "at once" test $((SECONDS - begun)) -lt 3
+picture "flooded_and_stopped"
+leave_message
 end_brivon
 step "the panel ends when it is told to" end_panel
 
