@@ -68,9 +68,14 @@ void Conversation::Play() {
       timer_.start(static_cast<int>(wait));
       return;
     }
-    const Answer answer = steps_.dequeue().answer;
+    Answer answer = steps_.dequeue().answer;
     switch (answer.step) {
       case Answer::Step::kSend:
+        // Else the answer might be read before the flood has begun.
+        if (IsFloodDue()) {
+          answer.bytes.append(kFloodPiece, kFloodByte);
+          flooded_ += kFloodPiece;
+        }
         if (outlet_->Unsent() + answer.bytes.size() <= kMostUnsent) outlet_->Send(answer.bytes);
         break;
       case Answer::Step::kFlood:
@@ -85,6 +90,11 @@ void Conversation::Play() {
         break;
     }
   }
+}
+
+bool Conversation::IsFloodDue() const {
+  return engine_->CurrentFaults().flood && !steps_.isEmpty() &&
+         steps_.head().answer.step == Answer::Step::kFlood && steps_.head().due <= clock_.elapsed();
 }
 
 void Conversation::Flood() {

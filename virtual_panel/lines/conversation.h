@@ -55,6 +55,7 @@ class Conversation : public QObject {
 
   void Play();
   void Flood();
+  bool IsFloodDue() const;
 
   PanelEngine* engine_;
   QString line_;

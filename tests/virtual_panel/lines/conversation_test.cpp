@@ -12,11 +12,15 @@ namespace {
 // Keeps what is sent, and says what it is told of what has not left yet.
 class HeldOutlet : public Outlet {
  public:
-  void Send(const QByteArray& bytes) override { sent += bytes; }
+  void Send(const QByteArray& bytes) override {
+    sent += bytes;
+    sends.append(bytes);
+  }
   qint64 Unsent() const override { return unsent; }
   void HangUp() override { ++hang_ups; }
 
   QByteArray sent;
+  QList<QByteArray> sends;
   qint64 unsent = 0;
   int hang_ups = 0;
 };
@@ -50,6 +54,15 @@ TEST_F(ConversationTest, KeepsNoEndlessLineOfLateAnswers) {
   // Those that follow are answered again.
   conversation_.Receive("<ID1A><?>\r\n");
   EXPECT_TRUE(WaitUntil([&] { return outlet_.sent.size() == qsizetype{8} * 10'001; }));
+}
+
+TEST_F(ConversationTest, NoAnswerLeavesByItselfBeforeAFlood) {
+  Faults faults;
+  faults.flood = true;
+  engine_.SetFaults(faults);
+  conversation_.Receive("<ID1A><?>\r\n");
+  ASSERT_FALSE(outlet_.sends.isEmpty());
+  EXPECT_TRUE(outlet_.sends[0].startsWith("<ID1A>\r\nU"));
 }
 
 TEST_F(ConversationTest, AFloodRestsAfterAMegabyteAndGoesOn) {
