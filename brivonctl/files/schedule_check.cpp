@@ -137,8 +137,9 @@ void CheckDetails(const ScheduleStep& step, const Brivon1::FeatureNames& feature
 /// Of two files whose names differ in capital letters alone, the first is shown for both.
 void CheckLetters(const ScheduleStep& step, const ScheduleStep& first, FileReport* report) {
   if (step.name == first.name) return;
-  const QString file = QFileInfo(NamedFile(step.name)).canonicalFilePath();
-  if (file.isEmpty() || file == QFileInfo(NamedFile(first.name)).canonicalFilePath()) return;
+  // Windows takes both names for one file.
+  const QFileInfo file(NamedFile(step.name));
+  if (!file.exists() || file == QFileInfo(NamedFile(first.name))) return;
   report->Warn(step.line,
                u"this page is never shown: the name differs from that of line %1 in "
                "capital letters alone, and that page is shown in its place"_s.arg(first.line));

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include <QDir>
 #include <QFileInfo>
 
 #include "orders/order_checks.h"
@@ -25,7 +26,7 @@ void AddNumber(JsonLine& line, const Order& order) {
 
 void AddFile(JsonLine& line, const Order& order, const QByteArray& digest) {
   if (!SendsFile(order.action)) return;
-  line.Add("file", QFileInfo(order.SentPath()).absoluteFilePath());
+  line.Add("file", QDir::toNativeSeparators(QFileInfo(order.SentPath()).absoluteFilePath()));
   line.Add("sha256", QString::fromLatin1(digest));
 }
 
