@@ -63,6 +63,16 @@ class SessionEndTest : public testing::Test {
     QTest::mouseClick(Button(editor, "butNew"), Qt::LeftButton);
   }
 
+  /// Lets the session end after all; "Cancel" keeps the program.
+  static void ExpectAQuestionAtTheEnd(QWidget* editor) {
+    MessageBoxReader boxes;
+    boxes.Answer(QMessageBox::Cancel);
+    session->End();
+    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
+    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
+    EXPECT_TRUE(editor->isVisible());
+  }
+
   static QPushButton* Button(QWidget* window, const char* name) {
     return window->findChild<QPushButton*>(Text(name));
   }
@@ -157,12 +167,7 @@ TEST_F(SessionEndTest, WorkDoneAfterTheAnswerIsAskedAboutWhenTheSessionEnds) {
   InScrollingEditor([](QWidget* editor) {
     EXPECT_EQ(session->AskToEnd(SessionManager::Questions::kAllowed), "ready");
     Type(editor);
-    MessageBoxReader boxes;
-    boxes.Answer(QMessageBox::Cancel);
-    session->End();
-    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
-    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
-    EXPECT_TRUE(editor->isVisible());
+    ExpectAQuestionAtTheEnd(editor);
   });
 }
 
@@ -172,12 +177,7 @@ TEST_F(SessionEndTest, SoIsWhatAnInputMethodHasTyped) {
     QInputMethodEvent typed;
     typed.setCommitString(Text("x"));
     QCoreApplication::sendEvent(editor->findChild<QWidget*>(Text("Picture1")), &typed);
-    MessageBoxReader boxes;
-    boxes.Answer(QMessageBox::Cancel);
-    session->End();
-    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
-    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
-    EXPECT_TRUE(editor->isVisible());
+    ExpectAQuestionAtTheEnd(editor);
   });
 }
 
@@ -188,12 +188,7 @@ TEST_F(SessionEndTest, AndWhatWasDraggedThere) {
     QMimeData hour;
     hour.setText(Text("7"));
     EXPECT_TRUE(Drop(*editor->findChild<QLineEdit*>(Text("txtHour")), hour));
-    MessageBoxReader boxes;
-    boxes.Answer(QMessageBox::Cancel);
-    session->End();
-    EXPECT_TRUE(QTest::qWaitFor([&boxes] { return !boxes.Seen().isEmpty(); }));
-    EXPECT_EQ(boxes.Texts(), QStringList{Text(kQuestion)});
-    EXPECT_TRUE(editor->isVisible());
+    ExpectAQuestionAtTheEnd(editor);
   });
 }
 
