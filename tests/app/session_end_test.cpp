@@ -248,6 +248,14 @@ TEST_F(SessionEndTest, AnEndThatComesWhileAWindowIsBeingClosedAsksOnceMore) {
   });
 }
 
+TEST_F(SessionEndTest, AnEndThatNobodyAskedAboutEndsTheProgramWhereNothingIsUnsaved) {
+  QTimer::singleShot(0, &launcher_, [] {
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+  });
+  EXPECT_EQ(QApplication::exec(), 0);
+}
+
 TEST_F(SessionEndTest, TheEditorBehindItsSendDialogAsks) {
   InScrollingEditor([](QWidget* editor) {
     Type(editor);

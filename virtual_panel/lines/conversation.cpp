@@ -72,7 +72,7 @@ void Conversation::Play() {
     switch (answer.step) {
       case Answer::Step::kSend:
         // Else the answer might be read before the flood has begun.
-        if (IsFloodDue()) {
+        if (IsFloodNext()) {
           answer.bytes.append(kFloodPiece, kFloodByte);
           flooded_ += kFloodPiece;
         }
@@ -92,9 +92,9 @@ void Conversation::Play() {
   }
 }
 
-bool Conversation::IsFloodDue() const {
+bool Conversation::IsFloodNext() const {
   return engine_->CurrentFaults().flood && !steps_.isEmpty() &&
-         steps_.head().answer.step == Answer::Step::kFlood && steps_.head().due <= clock_.elapsed();
+         steps_.head().answer.step == Answer::Step::kFlood;
 }
 
 void Conversation::Flood() {

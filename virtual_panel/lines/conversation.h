@@ -55,7 +55,7 @@ class Conversation : public QObject {
 
   void Play();
   void Flood();
-  bool IsFloodDue() const;
+  bool IsFloodNext() const;
 
   PanelEngine* engine_;
   QString line_;

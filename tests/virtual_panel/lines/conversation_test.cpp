@@ -65,6 +65,28 @@ TEST_F(ConversationTest, NoAnswerLeavesByItselfBeforeAFlood) {
   EXPECT_TRUE(outlet_.sends[0].startsWith("<ID1A>\r\nU"));
 }
 
+TEST_F(ConversationTest, OfAnAnswerInPiecesTheLastOneLeavesWithTheFlood) {
+  Faults faults;
+  faults.pieces = 2;
+  faults.flood = true;
+  engine_.SetFaults(faults);
+  conversation_.Receive("<ID1A><?>\r\n");
+  ASSERT_TRUE(WaitUntil([&] { return outlet_.sends.size() >= 2; }));
+  EXPECT_EQ(outlet_.sends[0], "<ID1");
+  EXPECT_TRUE(outlet_.sends[1].startsWith("A>\r\nU"));
+}
+
+TEST_F(ConversationTest, AnAnswerFromBeforeTheFaultBringsNoFlood) {
+  Faults faults;
+  faults.late_ms = 1;
+  engine_.SetFaults(faults);
+  conversation_.Receive("<ID1A><?>\r\n");
+  faults.flood = true;
+  engine_.SetFaults(faults);
+  ASSERT_TRUE(WaitUntil([&] { return !outlet_.sends.isEmpty(); }));
+  EXPECT_EQ(outlet_.sends, QList<QByteArray>{"<ID1A>\r\n"});
+}
+
 TEST_F(ConversationTest, AFloodRestsAfterAMegabyteAndGoesOn) {
   Faults faults;
   faults.flood = true;
